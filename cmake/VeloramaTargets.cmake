@@ -1,0 +1,60 @@
+# What every target of the project shares, and the two functions that make a
+# layer of the program and the test program of a layer.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+set(VELORAMA_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
+
+add_library(velorama_common INTERFACE)
+target_compile_options(velorama_common INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wold-style-cast -Wcast-align -Wunused -Wnull-dereference -Wformat=2 -Werror)
+target_compile_definitions(velorama_common INTERFACE
+  QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  QT_NO_FOREACH QT_USE_QSTRINGBUILDER QT_STRICT_ITERATORS
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(VELORAMA_SANITIZE)
+  target_compile_options(velorama_common INTERFACE
+    -fsanitize=${VELORAMA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined
+    -Wno-null-dereference)
+  target_link_options(velorama_common INTERFACE -fsanitize=${VELORAMA_SANITIZE})
+endif()
+
+# velorama_layer(name LIBS ...): the folder's sources as a static library. A
+# layer sees only what it names here, so a call to the left does not link.
+function(velorama_layer name)
+  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_library(velorama_${name} STATIC ${sources})
+  target_include_directories(velorama_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(velorama_${name} PUBLIC velorama_common ${ARG_LIBS})
+endfunction()
+
+# velorama_tests(name LIBS ...): tests/<name>/*_test.cpp as one program. It runs
+# without a display, in a temporary home, and fails on any warning Qt prints.
+function(velorama_tests name)
+  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${name}/*.cpp ${PROJECT_SOURCE_DIR}/tests/${name}/*.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${name} ${sources})
+  target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(test_${name} PRIVATE VELORAMA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(test_${name} PRIVATE velorama_test_support ${ARG_LIBS})
+  add_test(NAME ${name} COMMAND test_${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

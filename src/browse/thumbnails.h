@@ -1,0 +1,35 @@
+#pragma once
+
+#include "controls/image_list.h"
+#include "imaging/look_ahead.h"
+
+namespace velorama {
+
+/// Makes the two kinds of thumbnail: 64 pixels with a black frame for the found list, 90 pixels for
+/// the slide list. Images are keyed by the picture's full path.
+class Thumbnails {
+public:
+    /// Device pixels to the logical pixel: thumbnails are composed in device pixels.
+    Thumbnails(ImageList& imlFOUNDICONS, ImageList& imlTHUMBNAILS, LookAhead& pictures,
+               double devicePixelRatio = 1);
+
+    static constexpr int foundCell = 64;
+    static constexpr int slideCell = 90;
+
+    /// Adds an image to imlFOUNDICONS; lets pending events run before and after.
+    void FoundThumbnailAdd(const QString& Path);
+    /// Adds an image to imlTHUMBNAILS.
+    void SlideThumbnailAdd(const QString& Path);
+    /// Number of the first image whose key occurs in the path, 0 if none.
+    int FoundIconIndex(const QString& Path) const;
+    int SlideIconIndex(const QString& Path) const;
+
+    /// Announces the files whose thumbnails come next, soonest first.
+    void expectFound(const QStringList& paths);
+    void expectSlides(const QStringList& paths);
+
+    /// The picture that stands for none: image "dummy" of the found list.
+    QImage placeholder() const;
+};
+
+}  // namespace velorama

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QTreeView>
+
+#include <memory>
+
+namespace velorama {
+
+/// A tree of the folders of this machine: the user's pictures folder, the home folder, the whole
+/// computer, mounted media. Folders are read when they are opened.
+class FolderTree : public QTreeView {
+    Q_OBJECT
+public:
+    explicit FolderTree(QWidget* parent = nullptr);
+    ~FolderTree() override;
+
+    /// Path of the current folder.
+    QString Path() const;
+    /// Makes a folder current, opening the tree down to it, and raises NodeChange, also where it is
+    /// the current one already. A folder that is not there is kept as the path all the same; the tree
+    /// then shows the nearest one above it. An empty path does nothing.
+    void setPath(const QString& path);
+
+signals:
+    /// Another folder has become current; `path` is the node's key.
+    void NodeChange(const QString& path);
+    void KeyDown(int keyCode, int shift);
+    void GotFocus();
+};
+
+}  // namespace velorama

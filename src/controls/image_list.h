@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QHash>
+#include <QImage>
+#include <QObject>
+#include <QString>
+
+#include <vector>
+
+namespace velorama {
+
+/// Images under unique text keys, numbered from 1 in the order they were added.
+class ImageList : public QObject {
+    Q_OBJECT
+public:
+    explicit ImageList(QObject* parent = nullptr);
+
+    int Count() const;
+    /// Adds at the end. False, and nothing happens, if the key is there already or empty.
+    bool Add(const QString& key, const QImage& image);
+    void Clear();
+    /// Image `index` (from 1); a null image outside the list.
+    QImage image(int index) const;
+    QString Key(int index) const;
+    /// Number of the image with exactly this key, 0 if none.
+    int indexOf(const QString& key) const;
+    /// Number of the first image whose key occurs anywhere in `text`, case-sensitive; 0 if none. Fast
+    /// also with thousands of images: its cost does not grow with their number.
+    int firstKeyWithin(const QString& text) const;
+
+    /// Size of an image in logical pixels. Refused (false) once images exist.
+    bool setImageSize(QSize size);
+    QSize ImageSize() const;
+
+signals:
+    void changed();
+};
+
+}  // namespace velorama

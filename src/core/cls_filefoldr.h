@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace velorama {
+
+/// Paths and the file system. A step that fails gives the type's empty value.
+class clsFILEFOLDR {
+public:
+    void FileCopyNew(const QString& Source, const QString& Target) const;
+    bool FileExists(const QString& Path) const;
+    bool FolderExists(const QString& Path) const;
+    /// One level only: parents are not made.
+    void FolderCreate(const QString& Path) const;
+    QString FileNameFromPath(const QString& Path, bool CheckExists) const;
+    QString FileSlashCheck(const QString& Path) const;
+    QString FolderPathFromFilename(const QString& Path) const;
+};
+
+}  // namespace velorama

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QChar>
+#include <QString>
+
+namespace velorama {
+
+/// The one module that knows what a path looks like. A path is text in the form that the user's
+/// system gives; its separator is the one its own form uses. No other code tests for a separator.
+
+/// `\` if the path starts with a drive letter and a colon or holds a backslash and no slash,
+/// otherwise `/`.
+QChar pathSeparator(const QString& path);
+
+/// True for the root of a drive: `C:\` or `/`.
+bool isDriveRoot(const QString& path);
+
+/// Number of characters up to which a path of this form is too short to get a separator added: the
+/// length of a drive root, 3 or 1.
+qsizetype driveRootLength(const QString& path);
+
+/// `folder`, the folder's own separator, `name`. Adds the separator also where `folder` already ends
+/// in one.
+QString joinPath(const QString& folder, const QString& name);
+
+/// The file of this machine that a path means: the path itself if it exists; otherwise the one that
+/// differs only in letter case or in the kind of slash, as a case-blind system would find it;
+/// otherwise the path unchanged. The first match in name order wins.
+QString hostFile(const QString& path);
+
+}  // namespace velorama

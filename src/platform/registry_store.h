@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace velorama {
+
+enum class Hive : quint32 {
+    ClassesRoot = 0x80000000U,
+    CurrentUser = 0x80000001U,
+    LocalMachine = 0x80000002U,
+};
+
+enum class ValueType : int { Text = 1, ExpandableText = 2, Number = 4 };
+
+/// One stored value. Text is UTF-8 without a terminator; a number is its decimal text.
+struct RegistryValue {
+    ValueType type = ValueType::Text;
+    QByteArray data;
+    bool operator==(const RegistryValue&) const = default;
+};
+
+/// The system's settings store: hives of keys of named values. Key paths (segments joined by `\`) and
+/// value names ignore letter case. A write is visible at once to every reader in this process.
+/// No call blocks on a disk and none throws.
+class RegistryStore {
+public:
+    RegistryStore() = default;
+    RegistryStore(const RegistryStore&) = delete;
+    RegistryStore& operator=(const RegistryStore&) = delete;
+    virtual ~RegistryStore() = default;
+
+    /// True if the key holds a value or stands above one that does. Asking creates nothing.
+    virtual bool hasKey(Hive hive, const QString& key) const = 0;
+    virtual std::optional<RegistryValue> value(Hive hive, const QString& key,
+                                               const QString& name) const = 0;
+    /// False if the store takes no writes in this hive.
+    virtual bool setValue(Hive hive, const QString& key, const QString& name,
+                          const RegistryValue& value) = 0;
+    virtual bool removeValue(Hive hive, const QString& key, const QString& name) = 0;
+
+    /// Blocks until everything written so far is on disk, or writing it has failed once.
+    virtual void flush() {}
+};
+
+}  // namespace velorama

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+namespace velorama {
+
+/// The desktop's way to open things, and the places it gives to programs.
+class Shell {
+public:
+    Shell() = default;
+    Shell(const Shell&) = delete;
+    Shell& operator=(const Shell&) = delete;
+    virtual ~Shell() = default;
+
+    /// Hands a file or an address to the program the desktop has for it. Does not wait; true if
+    /// something was asked to open it. No shell ever interprets the text.
+    virtual bool open(const QString& target) = 0;
+    /// Folder of a CSIDL number (5 documents, 39 pictures), with the closing separator for 5; empty if
+    /// the system has none.
+    virtual QString specialFolder(int folderId) const = 0;
+};
+
+std::unique_ptr<Shell> makeDesktopShell();
+
+/// `$XDG_DATA_HOME/velorama`: what the user sees as the application's folder. Asking creates nothing.
+QString applicationFolder();
+/// Folder of the data installed with the program (pictures of web albums, help), read only.
+QString programDataFolder();
+/// Full path of a file of the program's data: in the application's folder if it is there, otherwise
+/// in the installed data.
+QString programFile(const QString& name);
+
+}  // namespace velorama
