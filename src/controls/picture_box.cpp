@@ -1,7 +1,6 @@
 #include "controls/picture_box.h"
 
 #include "controls/twips.h"
-#include "platform/numbers.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -11,10 +10,6 @@ namespace {
 
 float twips(qreal logicalPixels) {
     return static_cast<float>(logicalPixels) * twipsPerLogicalPixel;
-}
-
-int deviceLength(float length, float twipsPerPixel) {
-    return static_cast<int>(roundHalfEven(static_cast<double>(length / twipsPerPixel)));
 }
 
 }  // namespace
@@ -45,6 +40,7 @@ QImage& PictureBox::Image() {
         const bool whole = picture_.size() == scaleSize() && !picture_.hasAlphaChannel();
         image_ = whole ? picture_ : blank();
     }
+    image_.setDevicePixelRatio(devicePixelRatioF());
     return image_;
 }
 
@@ -75,25 +71,24 @@ void PictureBox::Cls() {
 }
 
 QSize PictureBox::scaleSize() const {
-    return {deviceLength(Width(*this), TwipsPerPixelX(*this)),
-            deviceLength(Height(*this), TwipsPerPixelY(*this))};
+    return {toPixels(Width(*this), TwipsPerPixelX(*this)),
+            toPixels(Height(*this), TwipsPerPixelY(*this))};
 }
 
 void PictureBox::Refresh() { repaint(); }
 
 void PictureBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    QImage shown = Image();
+    const QImage& shown = Image();
     if (shown.isNull()) {
         painter.fillRect(event->rect(), backColor_);
         return;
     }
     // A fractional scale can leave a sliver of the box beyond its image.
-    const QSizeF covered = QSizeF(shown.size()) / devicePixelRatioF();
+    const QSizeF covered = shown.deviceIndependentSize();
     if (covered.width() < width() || covered.height() < height()) {
         painter.fillRect(rect(), backColor_);
     }
-    shown.setDevicePixelRatio(devicePixelRatioF());
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.drawImage(QPoint(), shown);
 }

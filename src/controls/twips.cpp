@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include <array>
+#include <cmath>
 
 namespace velorama {
 namespace {
@@ -58,6 +59,8 @@ void write(QWidget& widget, Edge edge, float twips) {
     }
 }
 
+bool isSize(float twips) { return std::isfinite(twips) && twips >= 0; }
+
 QSize screenSize(const QWidget& widget) {
     const QScreen* screen = widget.screen();
     return screen ? screen->geometry().size() : QSize();
@@ -80,7 +83,7 @@ void setLeft(QWidget& widget, float twips) { write(widget, LeftEdge, twips); }
 void setTop(QWidget& widget, float twips) { write(widget, TopEdge, twips); }
 
 bool setWidth(QWidget& widget, float twips) {
-    if (twips < 0) {
+    if (!isSize(twips)) {
         return false;
     }
     write(widget, WidthEdge, twips);
@@ -88,7 +91,7 @@ bool setWidth(QWidget& widget, float twips) {
 }
 
 bool setHeight(QWidget& widget, float twips) {
-    if (twips < 0) {
+    if (!isSize(twips)) {
         return false;
     }
     write(widget, HeightEdge, twips);
@@ -110,8 +113,10 @@ float screenHeight(const QWidget& widget) {
     return static_cast<float>(screenSize(widget).height()) * twipsPerLogicalPixel;
 }
 
-int toPixels(float twips) {
-    return static_cast<int>(roundHalfEven(static_cast<double>(twips / twipsPerLogicalPixel)));
+int toPixels(float twips) { return toPixels(twips, twipsPerLogicalPixel); }
+
+int toPixels(float twips, float twipsPerPixel) {
+    return static_cast<int>(roundHalfEven(static_cast<double>(twips / twipsPerPixel)));
 }
 
 }  // namespace velorama

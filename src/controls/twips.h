@@ -21,7 +21,7 @@ float Height(const QWidget& widget);
 
 void setLeft(QWidget& widget, float twips);
 void setTop(QWidget& widget, float twips);
-/// A negative size is refused: nothing changes and false comes back.
+/// A size that is negative or no number is refused: nothing changes and false comes back.
 bool setWidth(QWidget& widget, float twips);
 bool setHeight(QWidget& widget, float twips);
 
@@ -34,5 +34,7 @@ float screenHeight(const QWidget& widget);
 
 /// Whole logical pixels of a length in twips, halves to even.
 int toPixels(float twips);
+/// Whole pixels of a length in twips at `twipsPerPixel`, halves to even.
+int toPixels(float twips, float twipsPerPixel);
 
 }  // namespace velorama

@@ -1,0 +1,65 @@
+#include "player/fade_transition.h"
+
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "imaging/blend.h"
+#include "imaging/scaling.h"
+
+namespace velorama {
+namespace {
+
+constexpr qint32 lastStep = 240;
+constexpr Colour white = 0xFFFFFF;
+
+}  // namespace
+
+FadeTransition::FadeTransition(PictureBox& picPREVIEW, PictureBox& picSLIDERESIZE,
+                               QTimer& tmrFADETRANS, LookAhead& pictures)
+    : picPREVIEW_(picPREVIEW),
+      picSLIDERESIZE_(picSLIDERESIZE),
+      tmrFADETRANS_(tmrFADETRANS),
+      pictures_(pictures) {}
+
+QSize FadeTransition::areaSize() const {
+    return {toPixels(Width(picPREVIEW_), TwipsPerPixelX(picPREVIEW_)),
+            toPixels(Height(picPREVIEW_), TwipsPerPixelY(picPREVIEW_))};
+}
+
+void FadeTransition::LoadFadeSource(const QString& SlidePath) {
+    picPREVIEW_.keepImage();
+    FadeAlpha = 0;
+    picSLIDERESIZE_.Cls();
+    Picture source = pictures_.load(SlidePath, Fit::area(areaSize()));
+    if (source.isNull()) {
+        source = pictureFromBitmap(picSLIDERESIZE_.Picture());
+    }
+    const QSize size = areaSize();
+    picSLIDERESIZE_.setPicture(
+        PictureResize(source, size.width(), size.height(), white, true).bitmap);
+    tmrFADETRANS_.start();
+}
+
+void FadeTransition::loadUnscaled(const QString& SlidePath) {
+    picSLIDERESIZE_.Cls();
+    const Picture source = pictures_.load(SlidePath, Fit::whole());
+    if (!source.isNull()) {
+        picSLIDERESIZE_.setPicture(source.bitmap);
+    }
+}
+
+void FadeTransition::step() {
+    FadeAlpha = qMin(FadeAlpha, lastStep) + 1;
+    BlendValue = FadeAlpha << 16;
+    QImage& target = picPREVIEW_.Image();
+    if (!picSLIDERESIZE_.Picture().isNull() && picSLIDERESIZE_.Picture().size() != target.size()) {
+        // The form was resized in the middle of the fade.
+        picSLIDERESIZE_.setPicture(resampled(picSLIDERESIZE_.Picture(), target.size()));
+    }
+    AlphaBlend(target, picSLIDERESIZE_.Image(), (BlendValue >> 16) & 0xFF);
+    picPREVIEW_.Refresh();
+    if (FadeAlpha == lastStep) {
+        tmrFADETRANS_.stop();
+    }
+}
+
+}  // namespace velorama

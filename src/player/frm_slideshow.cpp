@@ -1,0 +1,334 @@
+#include "player/frm_slideshow.h"
+
+#include "controls/keys.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "core/show_colours.h"
+#include "platform/events.h"
+#include "platform/numbers.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <limits>
+
+namespace velorama {
+namespace {
+
+constexpr int designInterval = 6000;
+constexpr int designTransition = 15;
+
+// A timer runs on whole milliseconds above 0; any other value leaves it as it was.
+void setInterval(QTimer& timer, std::optional<double> milliseconds) {
+    if (milliseconds && *milliseconds >= 0.5 && *milliseconds <= std::numeric_limits<int>::max()) {
+        timer.setInterval(static_cast<int>(roundHalfEven(*milliseconds)));
+    }
+}
+
+QString configured(const QString& name, const QString& fallback) {
+    return loadSetting(QStringLiteral("\\frmCONFIG\\Items"), name, fallback);
+}
+
+}  // namespace
+
+/// Marks that a procedure of the form is running, for as long as it lives: events that run inside may
+/// unload the form, which must then outlive the procedure.
+class frmSLIDESHOW::Running {
+public:
+    explicit Running(frmSLIDESHOW& form) : form_(form) { ++form_.running_; }
+    ~Running() {
+        if (--form_.running_ == 0 && form_.unloaded_) {
+            form_.deleteLater();
+        }
+    }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    frmSLIDESHOW& form_;
+};
+
+frmSLIDESHOW::frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver)
+    : picBORDERFRAME(this),
+      picPREVIEW(this),
+      imgPREVIEW98(this),
+      picSLIDERESIZE(this),
+      picCONTROLBAR(this),
+      host_(host),
+      screenSaver_(screenSaver),
+      pictures_(1),
+      fitting_(*this, picPREVIEW, picBORDERFRAME, imgPREVIEW98),
+      fade_(picPREVIEW, picSLIDERESIZE, tmrFADETRANS, pictures_) {
+    setObjectName(QStringLiteral("frmSLIDESHOW"));
+    setWindowTitle(libTxt.ProductName);
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setCursor(Qt::BlankCursor);
+    designControls();
+}
+
+frmSLIDESHOW::~frmSLIDESHOW() = default;
+
+void frmSLIDESHOW::designControls() {
+    picBORDERFRAME.setObjectName(QStringLiteral("picBORDERFRAME"));
+    picPREVIEW.setObjectName(QStringLiteral("picPREVIEW"));
+    imgPREVIEW98.setObjectName(QStringLiteral("imgPREVIEW98"));
+    picSLIDERESIZE.setObjectName(QStringLiteral("picSLIDERESIZE"));
+    picCONTROLBAR.setCursor(Qt::ArrowCursor);
+    picPREVIEW.setAutoSize(true);
+    picSLIDERESIZE.setAutoSize(true);
+    imgPREVIEW98.setStretch(true);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{&picBORDERFRAME, &picPREVIEW,
+                                                           &imgPREVIEW98, &picSLIDERESIZE}) {
+        hidden->hide();
+    }
+    setLeft(picSLIDERESIZE, -2610);
+    for (PictureBox* box : {&picPREVIEW, &picBORDERFRAME, &picSLIDERESIZE, &imgPREVIEW98}) {
+        connect(box, &PictureBox::MouseUp, this, &frmSLIDESHOW::Form_MouseUp);
+    }
+    connect(&picCONTROLBAR.lblDESC, &Label::MouseUp, this, &frmSLIDESHOW::Form_MouseUp);
+
+    tmrSLIDESHOW.setTimerType(Qt::PreciseTimer);
+    tmrFADETRANS.setTimerType(Qt::PreciseTimer);
+    tmrSLIDESHOW.setInterval(designInterval);
+    tmrFADETRANS.setInterval(designTransition);
+    connect(&tmrSLIDESHOW, &QTimer::timeout, this, &frmSLIDESHOW::tmrSLIDESHOW_Timer);
+    connect(&tmrFADETRANS, &QTimer::timeout, this, &frmSLIDESHOW::tmrFADETRANS_Timer);
+}
+
+void frmSLIDESHOW::load(QScreen* screen) {
+    const Running running(*this);
+    if (screen) {
+        setScreen(screen);
+        setGeometry(screen->geometry());
+    }
+    showFullScreen();
+    Form_Resize();
+    paintBackground();
+    readIntervals();
+    picPREVIEW.hide();
+    slides.begin();
+    restartPeriod();
+    Paused = false;
+    slides.wrapAfterTick();
+    host_.setVisible(false);
+    activateWindow();
+    screenSaver_.inhibit();
+    Form_KeyDown(KeyRight, 0);
+    Paused = false;
+    picCONTROLBAR.applyAutoHide();
+}
+
+void frmSLIDESHOW::Unload() {
+    if (unloaded_) {
+        return;
+    }
+    const Running running(*this);
+    unloaded_ = true;
+    tmrSLIDESHOW.stop();
+    tmrFADETRANS.stop();
+    screenSaver_.release();
+    host_.setVisible(true);
+    hide();
+}
+
+void frmSLIDESHOW::readIntervals() {
+    const auto seconds = decimalNumber(configured(QStringLiteral("INTERVAL"), QStringLiteral("4")));
+    setInterval(tmrSLIDESHOW, seconds ? std::optional(*seconds * 1000) : std::nullopt);
+    const auto milliseconds =
+        wholeNumber(configured(QStringLiteral("TRANSITION"), QStringLiteral("15")));
+    setInterval(tmrFADETRANS, milliseconds ? std::optional<double>(*milliseconds) : std::nullopt);
+}
+
+void frmSLIDESHOW::paintBackground() {
+    const QSize pixels = size() * devicePixelRatioF();
+    if (background_.size() == pixels) {
+        return;
+    }
+    background_ = QImage(pixels, QImage::Format_RGB32);
+    if (!background_.isNull()) {
+        background_.fill(Qt::black);
+        GradientPaint(background_, 45, showBackground(), showGradient());
+        background_.setDevicePixelRatio(devicePixelRatioF());
+    }
+    update();
+}
+
+void frmSLIDESHOW::restartPeriod() { tmrSLIDESHOW.start(); }
+
+void frmSLIDESHOW::tmrSLIDESHOW_Timer() {
+    if (Paused || unloaded_) {
+        return;
+    }
+    const Running running(*this);
+    slides.advanceByTick();
+    showSlide(Advance::Tick);
+    slides.wrapAfterTick();
+    lookAhead();
+    DoEvents();
+}
+
+void frmSLIDESHOW::tmrFADETRANS_Timer() {
+    if (unloaded_) {
+        return;
+    }
+    const Running running(*this);
+    picBORDERFRAME.show();
+    imgPREVIEW98.setVisible(!isModernSystem());
+    picPREVIEW.setVisible(isModernSystem());
+    fade_.step();
+}
+
+void frmSLIDESHOW::Form_KeyDown(int KeyCode, int) {
+    if (unloaded_) {
+        return;
+    }
+    const Running running(*this);
+    tmrFADETRANS.stop();
+    if (KeyCode != KeyRight && KeyCode != KeyLeft) {
+        Unload();
+        return;
+    }
+    SlideSequence::Step step{};
+    do {
+        restartPeriod();
+        step = KeyCode == KeyRight ? slides.stepRight() : slides.stepLeft();
+    } while (step == SlideSequence::Step::Missing);
+    if (step == SlideSequence::Step::End) {
+        return;
+    }
+    showSlide(KeyCode == KeyRight ? Advance::Right : Advance::Left);
+    if (KeyCode == KeyLeft && slides.SlideIndex > slides.SlideCount) {
+        slides.SlideIndex = 0;
+    }
+    lookAhead();
+}
+
+void frmSLIDESHOW::showSlide(Advance way) {
+    if (!isModernSystem()) {
+        showOnOldSystem(way);
+    } else {
+        fade_.LoadFadeSource(slides.SlidePath);
+        fitting_.ResizePic();
+        if (way == Advance::Tick) {
+            fitting_.CenterPreview();
+        }
+    }
+    SlideCaption = CaptionFromPath(slides.SlidePath);
+    ShowStatusLabels();
+    if (isModernSystem() && way != Advance::Tick) {
+        fitting_.CenterPreview();
+    }
+    if (unloaded_) {
+        // A key pressed meanwhile has ended the show: no timer may run on.
+        tmrFADETRANS.stop();
+        tmrSLIDESHOW.stop();
+    }
+}
+
+void frmSLIDESHOW::showOnOldSystem(Advance way) {
+    if (way != Advance::Left) {
+        imgPREVIEW98.hide();
+        picPREVIEW.hide();
+    }
+    if (way != Advance::Tick) {
+        fade_.loadUnscaled(slides.SlidePath);
+    }
+    fitting_.setOldArea();
+    if (way == Advance::Tick) {
+        fade_.loadUnscaled(slides.SlidePath);
+    }
+    fitting_.shapeOldArea(picSLIDERESIZE.scaleSize());
+    if (way == Advance::Tick || way == Advance::Left) {
+        picPREVIEW.setPicture({});
+        setWidth(imgPREVIEW98, Width(picPREVIEW));
+        setHeight(imgPREVIEW98, Height(picPREVIEW));
+    }
+    imgPREVIEW98.setPicture(picSLIDERESIZE.Image());
+    fitting_.ResizePic();
+}
+
+void frmSLIDESHOW::ShowStatusLabels() {
+    picCONTROLBAR.lblDESC.setCaption(SlideCaption);
+    picCONTROLBAR.lblNOCOUNT.setCaption(decimalText(slides.SlideIndex) + QStringLiteral(" of ") +
+                                        decimalText(slides.SlideCount));
+    picCONTROLBAR.lblSTATUS.setCaption(Paused ? QStringLiteral("Slideshow Now Paused") : QString());
+}
+
+void frmSLIDESHOW::lookAhead() {
+    if (!unloaded_ && isModernSystem()) {
+        pictures_.expect({slides.upcoming()}, Fit::area(fade_.areaSize()));
+    }
+}
+
+void frmSLIDESHOW::ResizePic() { fitting_.ResizePic(); }
+
+void frmSLIDESHOW::Form_Resize() {
+    const Running running(*this);
+    fitting_.setArea();
+    fitting_.CenterPreview();
+    fitting_.ResizePic();
+    picCONTROLBAR.layOut(Width(*this), Height(*this));
+}
+
+void frmSLIDESHOW::Form_MouseUp() {
+    if (unloaded_) {
+        return;
+    }
+    Paused = !Paused;
+    ShowStatusLabels();
+    if (Paused) {
+        screenSaver_.release();
+    } else {
+        screenSaver_.inhibit();
+        restartPeriod();
+    }
+}
+
+void frmSLIDESHOW::Form_MouseMove(float y) { picCONTROLBAR.pointerMoved(Height(*this), y); }
+
+void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
+    const bool arrow = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    if (event->isAutoRepeat() && !arrow) {
+        return;  // The key that started the show, still held down, must not end it.
+    }
+    Form_KeyDown(keyCode(*event), shiftMask(event->modifiers()));
+}
+
+// A click on the bare background does nothing.
+void frmSLIDESHOW::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+void frmSLIDESHOW::mouseMoveEvent(QMouseEvent* event) {
+    Form_MouseMove(static_cast<float>(event->position().y()) * twipsPerLogicalPixel);
+}
+
+void frmSLIDESHOW::resizeEvent(QResizeEvent*) {
+    if (unloaded_) {
+        return;
+    }
+    Form_Resize();
+    paintBackground();
+}
+
+void frmSLIDESHOW::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    if (background_.isNull()) {
+        painter.fillRect(event->rect(), Qt::black);
+        return;
+    }
+    painter.drawImage(QPoint(), background_);
+}
+
+void frmSLIDESHOW::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    Unload();
+}
+
+// Tab is a key like any other here: it leaves the show.
+bool frmSLIDESHOW::focusNextPrevChild(bool) { return false; }
+
+}  // namespace velorama

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "controls/picture_box.h"
+#include "imaging/look_ahead.h"
+#include "platform/screen_saver.h"
+#include "player/control_bar.h"
+#include "player/fade_transition.h"
+#include "player/slide_fitting.h"
+#include "player/slide_sequence.h"
+
+#include <QTimer>
+
+#include <memory>
+
+namespace velorama {
+
+/// What the player needs of the main window.
+class ShowHost {
+public:
+    ShowHost() = default;
+    ShowHost(const ShowHost&) = delete;
+    ShowHost& operator=(const ShowHost&) = delete;
+    virtual ~ShowHost() = default;
+    virtual void setVisible(bool visible) = 0;
+};
+
+/// The full-screen show. It is made on the heap, opened with `load`, and deletes itself once it has
+/// been unloaded and none of its procedures is running.
+class frmSLIDESHOW : public QWidget {
+    Q_OBJECT
+public:
+    frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver);
+    ~frmSLIDESHOW() override;
+
+    /// Opens the show over the whole of `screen` and shows the first slide. The main window is hidden
+    /// on the way.
+    void load(QScreen* screen);
+    /// Ends the show: the main window is visible again.
+    void Unload();
+    bool isUnloaded() const { return unloaded_; }
+
+    void ResizePic();
+
+    // The handlers, public for those who drive them without a clock.
+    void tmrSLIDESHOW_Timer();
+    void tmrFADETRANS_Timer();
+    void Form_KeyDown(int KeyCode, int Shift);
+    void Form_MouseUp();
+    void Form_MouseMove(float y);
+    void Form_Resize();
+
+    bool Paused = false;
+    QString SlideCaption;
+
+    PictureBox picBORDERFRAME;
+    PictureBox picPREVIEW;
+    PictureBox imgPREVIEW98;
+    PictureBox picSLIDERESIZE;
+    ControlBar picCONTROLBAR;
+    QTimer tmrSLIDESHOW;
+    QTimer tmrFADETRANS;
+    SlideSequence slides;
+
+    const FadeTransition& fade() const { return fade_; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    class Running;
+    enum class Advance { Tick, Right, Left };
+
+    void designControls();
+    void readIntervals();
+    void paintBackground();
+    void showSlide(Advance way);
+    void showOnOldSystem(Advance way);
+    void ShowStatusLabels();
+    void lookAhead();
+    void restartPeriod();
+
+    ShowHost& host_;
+    ScreenSaver& screenSaver_;
+    LookAhead pictures_;
+    SlideFitting fitting_;
+    FadeTransition fade_;
+    QImage background_;
+    int running_ = 0;
+    bool unloaded_ = false;
+};
+
+}  // namespace velorama
