@@ -1,0 +1,135 @@
+#!/bin/bash
+# show_without_display.sh PROGRAM PICTURES OUT [ARGUMENT...]: plays the folder PICTURES on an X server
+# in memory, driven by keys, and leaves screenshots in OUT. Succeeds only if the program did all of
+# it, wrote nothing to its error stream and ended with 0. Touches nothing of the user's.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/first_folder.sh"
+
+program=$1 pictures=$2 out=$3
+shift 3
+
+home=$(mktemp -d)
+pids=()
+
+end_all() {
+    local i
+    for ((i = ${#pids[@]} - 1; i >= 0; i--)); do
+        kill "${pids[i]}" 2>/dev/null || true
+        wait "${pids[i]}" 2>/dev/null || true
+    done
+    rm -rf "$home"
+}
+trap end_all EXIT
+
+fail() {
+    echo "velorama: $1" >&2
+    cat "$home/errors" >&2 2>/dev/null || true
+    exit 1
+}
+
+# until_true COMMAND...: tries for 30 seconds.
+until_true() {
+    local tries
+    for ((tries = 0; tries < 150; tries++)); do
+        if "$@" >/dev/null 2>&1; then
+            return
+        fi
+        sleep 0.2
+    done
+    return 1
+}
+
+start_desktop() {
+    export HOME=$home XDG_CONFIG_HOME=$home/.config XDG_DATA_HOME=$home/.local/share
+    export XDG_CACHE_HOME=$home/.cache XDG_RUNTIME_DIR=$home/runtime QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+    mkdir -m 700 "$XDG_RUNTIME_DIR"
+    Xvfb -displayfd 3 -screen 0 1920x1080x24 -noreset -nolisten tcp 3>"$home/display" 2>/dev/null &
+    pids+=($!)
+    until_true test -s "$home/display" || fail "the X server did not start"
+    DISPLAY=:$(<"$home/display")
+    export DISPLAY
+    unset WAYLAND_DISPLAY
+    dbus-daemon --session --nofork --address="unix:path=$XDG_RUNTIME_DIR/bus" 2>/dev/null &
+    pids+=($!)
+    export DBUS_SESSION_BUS_ADDRESS=unix:path=$XDG_RUNTIME_DIR/bus
+    until_true test -S "$XDG_RUNTIME_DIR/bus" || fail "the session bus did not start"
+    openbox --sm-disable >/dev/null 2>&1 &
+    pids+=($!)
+    until_true wm_runs || fail "the window manager did not start"
+}
+
+wm_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+
+# A slow fade, so that a screenshot falls into its middle.
+choose_settings() {
+    offer_folder "$XDG_CONFIG_HOME" "$pictures"
+    store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' INTERVAL 8
+    store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' TRANSITION 60
+}
+
+start_program() {
+    (cd "$pictures" && exec "$program" "$@") 2>"$home/errors" &
+    running=$!
+    pids+=("$running")
+    window=$(until_true main_window && main_window) || fail "no window came up"
+    xdotool windowactivate --sync "$window" windowsize "$window" 1280 860 \
+        windowmove "$window" 320 90
+}
+
+main_window() { xdotool search --all --onlyvisible --pid "$running" --name '^Velorama' | grep -m1 .; }
+
+# Slides that are in no album: the program asks whether to save them, and N is No.
+has_ended() {
+    ! kill -0 "$running" 2>/dev/null || { xdotool key n; false; }
+}
+
+press() {
+    kill -0 "$running" 2>/dev/null || fail "the program ended too early"
+    xdotool key --delay 60 "$@"
+}
+
+# The entry is grey until the folder has been read, so it is tried again.
+add_all_pictures() {
+    press Escape
+    press alt+d
+    press d
+    sleep 0.5
+    (($(store_text "$XDG_CONFIG_HOME" 'frmSLIDESHOW\Items' Items) > 0))
+}
+
+picture_of() {
+    import -silent -window root "$out/$1.png"
+    [[ -s $out/$1.png ]] || fail "no screenshot of $1"
+}
+
+start_desktop
+choose_settings
+start_program "$@"
+mkdir -p "$out"
+rm -f "$out"/main-window.png "$out"/fade.png "$out"/slide.png
+
+press ctrl+Tab
+until_true add_all_pictures || fail "no picture of $pictures became a slide"
+sleep 2
+picture_of main-window
+
+press F5
+sleep 6
+press Right
+sleep 1.2
+picture_of fade
+sleep 6
+picture_of slide
+cmp -s "$out/fade.png" "$out/slide.png" && fail "the show stands still"
+
+press Escape
+until_true main_window || fail "the main window did not come back"
+xdotool windowactivate --sync "$window"
+press alt+F4
+until_true has_ended || fail "the program did not end"
+status=0
+wait "$running" || status=$?
+((status == 0)) || fail "the program ended with $status"
+[[ ! -s $home/errors ]] || fail "the program wrote to its error stream:"
+
+echo "Screenshots: $out/main-window.png, $out/fade.png, $out/slide.png"
