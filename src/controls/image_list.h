@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QObject>
 #include <QString>
+#include <QStringView>
 
 #include <vector>
 
@@ -24,8 +25,8 @@ public:
     QString Key(int index) const;
     /// Number of the image with exactly this key, 0 if none.
     int indexOf(const QString& key) const;
-    /// Number of the first image whose key occurs anywhere in `text`, case-sensitive; 0 if none. Fast
-    /// also with thousands of images: its cost does not grow with their number.
+    /// Number of the first image whose key occurs anywhere in `text`, case-sensitive; 0 if none.
+    /// Fast also with thousands of images: its cost does not grow with their number.
     int firstKeyWithin(const QString& text) const;
 
     /// Size of an image in logical pixels. Refused (false) once images exist.
@@ -34,6 +35,22 @@ public:
 
 signals:
     void changed();
+
+private:
+    struct Entry {
+        QString key;
+        QImage image;
+    };
+
+    int firstKeyAt(const QString& text, qsizetype start) const;
+    void rememberLength(const QString& key);
+
+    std::vector<Entry> entries_;
+    // The views point into the keys of entries_, whose text stays where it is.
+    QHash<QStringView, int> numbers_;
+    // For each first character of a key the lengths that keys with it have, rising.
+    QHash<QChar, std::vector<qsizetype>> lengths_;
+    QSize size_;
 };
 
 }  // namespace velorama

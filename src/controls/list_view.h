@@ -2,21 +2,24 @@
 
 #include "controls/image_list.h"
 
+#include <QHash>
 #include <QListView>
 #include <QPointer>
 
+#include <deque>
 #include <memory>
 
 namespace velorama {
 
+class ListModel;
 class ListView;
 
 /// One item of a ListView. It belongs to its list and dies with Remove and Clear.
 class ListItem {
 public:
     QString Key() const;
-    /// False, and nothing changes, if another item has this key. An empty key is allowed on any number
-    /// of items.
+    /// False, and nothing changes, if another item has this key. An empty key is allowed on any
+    /// number of items.
     bool setKey(const QString& key);
     QString Text() const;
     void setText(const QString& text);
@@ -26,11 +29,25 @@ public:
     /// Position in the list, from 1.
     int Index() const;
     bool Selected() const;
+    /// An item that becomes selected becomes the current one too; the others stay selected.
     void setSelected(bool selected);
+
+private:
+    friend class ListView;
+    ListItem(ListView& list, const QString& key, const QString& text, int icon);
+    void changed();
+
+    ListView& list_;
+    QString key_;
+    QString text_;
+    int icon_;
+    // Right only while the list has numbered its items.
+    int position_ = 0;
+    bool selected_ = false;
 };
 
-/// A list view of icons with captions: ordered items with unique keys, several of them selected, one
-/// of them current, captions edited in place.
+/// A list view of icons with captions: ordered items with unique keys, several of them selected,
+/// one of them current, captions edited in place.
 class ListView : public QListView {
     Q_OBJECT
 public:
@@ -46,8 +63,9 @@ public:
 
     // -- ListItems --
     int Count() const;
-    /// Inserts so that the new item has position `index`, 1 to Count + 1. Null, and nothing changes,
-    /// if the index is outside or another item has the key. The first item added becomes current.
+    /// Inserts so that the new item has position `index`, 1 to Count + 1. Null, and nothing
+    /// changes, if the index is outside or another item has the key. The first item added becomes
+    /// current.
     ListItem* Add(int index, const QString& key, const QString& text, int icon);
     /// Null outside 1 to Count.
     ListItem* item(int index) const;
@@ -68,7 +86,8 @@ public:
 
 signals:
     void GotFocus();
-    /// A press of the left button, or of the keyboard's way to it.
+    /// The left button has been released, on an item or beside one; not at the end of a double
+    /// click.
     void Click();
     void DblClick();
     /// Before the list's own handling of the key. Codes and masks of controls/keys.h.
@@ -76,8 +95,57 @@ signals:
     void KeyPress(int keyAscii);
     /// Button 1 left, 2 right, 4 middle; position in twips within the control.
     void MouseUp(int button, int shift, float x, float y);
-    /// After the user has edited the caption of the current item; the item has the new text already.
+    /// After the user has edited the caption of the current item; the item has the new text
+    /// already.
     void AfterLabelEdit(const QString& newText);
+
+protected:
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+
+private:
+    friend class ListItem;
+    friend class ListModel;
+
+    // The items are the truth; the model that Qt works on is withdrawn at the first change of the
+    // rows and published again when something is to be seen or touched. So thousands of changes in
+    // one go cost what they cost here, and nothing in the view.
+    void withdraw();
+    void publish();
+    void publishIfVisible();
+    void publishSelection();
+    bool isPublished() const;
+
+    bool holds(int index) const { return index >= 1 && index <= Count(); }
+    int positionOf(const ListItem& item) const;
+    void layOutCells();
+    void iconsChanged();
+    void textEdited(ListItem& item, const QString& text);
+    void paintEmptyText();
+
+    std::deque<std::unique_ptr<ListItem>> items_;
+    QHash<QString, ListItem*> keys_;
+    ListItem* current_ = nullptr;
+    mutable bool numbered_ = true;
+
+    ListModel* model_;
+    QPointer<ImageList> icons_;
+    QString emptyText_;
+    QPoint scroll_;
+    Arrangement arrangement_ = Arrangement::Wrapped;
+    bool publishing_ = false;
+    bool pressed_ = false;
 };
 
 }  // namespace velorama

@@ -1,0 +1,113 @@
+#include "controls/list_delegate.h"
+
+#include "controls/list_model.h"
+
+#include <QLineEdit>
+#include <QPainter>
+#include <QtMath>
+
+namespace velorama {
+namespace {
+
+constexpr int Padding = 4;
+constexpr int Spacing = 2;
+constexpr int LeastWidth = 72;
+constexpr qreal Radius = 5;
+constexpr float SelectedTint = 0.30F;
+constexpr float IdleTint = 0.18F;
+constexpr float HoverTint = 0.12F;
+
+float tint(const QStyleOptionViewItem& option) {
+    if (option.state.testFlag(QStyle::State_Selected)) {
+        return option.state.testFlag(QStyle::State_Active) && option.widget != nullptr &&
+                       option.widget->hasFocus()
+                   ? SelectedTint
+                   : IdleTint;
+    }
+    return option.state.testFlag(QStyle::State_MouseOver) ? HoverTint : 0;
+}
+
+void paintGround(QPainter& painter, const QStyleOptionViewItem& option) {
+    const QRectF ground = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+    QColor colour = option.palette.color(QPalette::Active, QPalette::Highlight);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        painter.setPen(QPen(colour, 1));
+    } else {
+        painter.setPen(Qt::NoPen);
+    }
+    colour.setAlphaF(tint(option));
+    painter.setBrush(colour);
+    painter.drawRoundedRect(ground, Radius, Radius);
+}
+
+// Image pixels fall on whole pixels of the screen, or a thumbnail would look soft at 150 %.
+void paintImage(QPainter& painter, const QImage& image, const QRect& area) {
+    const QSizeF size = image.deviceIndependentSize();
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const auto snapped = [ratio](qreal value) { return qRound(value * ratio) / ratio; };
+    const QPointF corner(snapped(area.x() + (area.width() - size.width()) / 2),
+                         snapped(area.y() + (area.height() - size.height()) / 2));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                          !qFuzzyCompare(ratio, image.devicePixelRatioF()));
+    painter.drawImage(corner, image);
+}
+
+}  // namespace
+
+ListDelegate::ListDelegate(QObject* parent) : QStyledItemDelegate(parent) {}
+
+QSize ListDelegate::cellSize(QSize image, const QFontMetrics& font) {
+    return {qMax(image.width() + 4 * Padding, LeastWidth),
+            qMax(image.height(), 0) + font.height() + 2 * Padding + 2 * Spacing};
+}
+
+QRect ListDelegate::captionArea(const QRect& cell, const QFontMetrics& font) {
+    return {cell.left() + Padding, cell.bottom() - Padding - font.height() + 1,
+            cell.width() - 2 * Padding, font.height()};
+}
+
+QRect ListDelegate::imageArea(const QRect& cell, const QFontMetrics& font) {
+    return {cell.left(), cell.top() + Padding, cell.width(),
+            captionArea(cell, font).top() - Spacing - cell.top() - Padding};
+}
+
+void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    painter->save();
+    paintGround(*painter, option);
+    const int number = index.data(ListModel::IconRole).toInt();
+    if (icons_ != nullptr && number > 0) {
+        paintImage(*painter, icons_->image(number), imageArea(option.rect, option.fontMetrics));
+    }
+    const QRect area = captionArea(option.rect, option.fontMetrics);
+    const QString caption = index.data(Qt::DisplayRole).toString().simplified();
+    painter->setFont(option.font);
+    painter->setPen(option.palette.color(option.widget != nullptr && option.widget->isEnabled()
+                                             ? QPalette::Active
+                                             : QPalette::Disabled,
+                                         QPalette::Text));
+    painter->drawText(area, Qt::AlignCenter,
+                      option.fontMetrics.elidedText(caption, Qt::ElideMiddle, area.width()));
+    painter->restore();
+}
+
+QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+    return cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), option.fontMetrics);
+}
+
+QWidget* ListDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex&) const {
+    auto* editor = new QLineEdit(parent);
+    editor->setAlignment(Qt::AlignCenter);
+    return editor;
+}
+
+void ListDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex&) const {
+    const int height = editor->sizeHint().height();
+    editor->setGeometry(option.rect.left(), option.rect.bottom() - height + 1, option.rect.width(),
+                        height);
+}
+
+}  // namespace velorama

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QAbstractButton>
+
+namespace velorama {
+
+/// A flat button of a symbol, a caption, or both. Space and Enter press it. Without a caption its
+/// tooltip is its name for assistive tools.
+class cbtn : public QAbstractButton {
+    Q_OBJECT
+public:
+    explicit cbtn(QWidget* parent = nullptr);
+
+    /// Name of a symbol (controls/icon.h); it is painted in this button's own colours. Empty: none,
+    /// and the icon of QAbstractButton counts.
+    void setSymbol(const QString& name);
+    QString Symbol() const { return symbol_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+signals:
+    void Click();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool hasIcon() const;
+    void paintGround(QPainter& painter) const;
+    void paintIcon(QPainter& painter, const QRect& place) const;
+    QColor textColour() const;
+
+    QString symbol_;
+};
+
+}  // namespace velorama
