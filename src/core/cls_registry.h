@@ -12,13 +12,15 @@ constexpr qint32 HKEY_CURRENT_USER = static_cast<qint32>(0x80000001U);
 constexpr qint32 HKEY_LOCAL_MACHINE = static_cast<qint32>(0x80000002U);
 inline const QString hiveCurrentUser = QStringLiteral("-2147483647");
 
-/// Reads and writes settings, and asks the system for its version, its folders and its link handler.
+/// Reads and writes settings, and asks the system for its version, its folders and its link
+/// handler.
 class clsREGISTRY {
 public:
     clsREGISTRY(RegistryStore& store, Shell& shell);
 
-    /// The text stored; `Default` if the key is absent or may not be opened for writing, if the value
-    /// is absent or no text, or has 255 bytes or more. A text stored empty comes back as 255 blanks.
+    /// The text stored; `Default` if the key is absent or may not be opened for writing, if the
+    /// value is absent or no text, or has 255 bytes or more. A text stored empty comes back as 255
+    /// blanks.
     QString StringLoad(qint32 Hive, const QString& KeyPath, const QString& ValueName,
                        const QString& Default) const;
     /// `Hive` as decimal text of the signed number. True if the value was written.

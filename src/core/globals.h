@@ -26,8 +26,8 @@ extern bool FormLoading;
 /// "SELECTED" or "FOUND": the list the user touched last.
 extern QString ActiveList;
 
-/// Makes all service objects over a store and a shell, in the order of the start. The store and the
-/// shell must outlive them.
+/// Makes all service objects over a store and a shell, in the order of the start, and takes
+/// SystemVersion from the store. The store and the shell must outlive them.
 void makeServices(RegistryStore& store, Shell& shell);
 /// Releases them again.
 void releaseServices();

@@ -1,16 +1,16 @@
 #pragma once
 
 #include "platform/registry_store.h"
+#include "platform/registry_table.h"
 
-#include <QHash>
-
-#include <map>
+#include <QSet>
 
 namespace velorama {
 
-/// A store that lives in memory only: for tests, and the face of the one on disk.
+/// A store that lives in memory only.
 class MemoryRegistryStore : public RegistryStore {
 public:
+    bool isWritable(Hive hive) const override;
     bool hasKey(Hive hive, const QString& key) const override;
     std::optional<RegistryValue> value(Hive hive, const QString& key,
                                        const QString& name) const override;
@@ -20,6 +20,10 @@ public:
 
     /// Makes a hive refuse writes, and so full-access opening too, as for a plain user account.
     void setReadOnly(Hive hive, bool readOnly);
+
+private:
+    RegistryTable table_;
+    QSet<quint32> readOnly_;
 };
 
 }  // namespace velorama

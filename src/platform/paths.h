@@ -12,6 +12,9 @@ namespace velorama {
 /// otherwise `/`.
 QChar pathSeparator(const QString& path);
 
+/// The one of the two separators that is not the path's own.
+QChar otherSeparator(const QString& path);
+
 /// True for the root of a drive: `C:\` or `/`.
 bool isDriveRoot(const QString& path);
 
@@ -19,13 +22,22 @@ bool isDriveRoot(const QString& path);
 /// length of a drive root, 3 or 1.
 qsizetype driveRootLength(const QString& path);
 
-/// `folder`, the folder's own separator, `name`. Adds the separator also where `folder` already ends
-/// in one.
+/// `folder`, the folder's own separator, `name`. Adds the separator also where `folder` already
+/// ends in one.
 QString joinPath(const QString& folder, const QString& name);
+
+/// Text behind the path's last separator; behind the last one of the other kind if its own does not
+/// occur; the whole path if neither does. Empty for a path that ends in its separator.
+QString lastSegment(const QString& path);
 
 /// The file of this machine that a path means: the path itself if it exists; otherwise the one that
 /// differs only in letter case or in the kind of slash, as a case-blind system would find it;
 /// otherwise the path unchanged. The first match in name order wins.
 QString hostFile(const QString& path);
+
+/// Where a new file or folder of that path belongs on this machine: folders above it are found as
+/// in `hostFile`, what does not exist keeps its name. Empty if this machine cannot have such a
+/// path.
+QString hostPlace(const QString& path);
 
 }  // namespace velorama

@@ -22,8 +22,8 @@ struct RegistryValue {
     bool operator==(const RegistryValue&) const = default;
 };
 
-/// The system's settings store: hives of keys of named values. Key paths (segments joined by `\`) and
-/// value names ignore letter case. A write is visible at once to every reader in this process.
+/// The system's settings store: hives of keys of named values. Key paths (segments joined by `\`)
+/// and value names ignore letter case. A write is visible at once to every reader in this process.
 /// No call blocks on a disk and none throws.
 class RegistryStore {
 public:
@@ -32,6 +32,8 @@ public:
     RegistryStore& operator=(const RegistryStore&) = delete;
     virtual ~RegistryStore() = default;
 
+    /// False where the account may not write: a key of this hive cannot be opened with full access.
+    virtual bool isWritable(Hive) const { return true; }
     /// True if the key holds a value or stands above one that does. Asking creates nothing.
     virtual bool hasKey(Hive hive, const QString& key) const = 0;
     virtual std::optional<RegistryValue> value(Hive hive, const QString& key,
@@ -39,6 +41,7 @@ public:
     /// False if the store takes no writes in this hive.
     virtual bool setValue(Hive hive, const QString& key, const QString& name,
                           const RegistryValue& value) = 0;
+    /// True if there was such a value and it is gone.
     virtual bool removeValue(Hive hive, const QString& key, const QString& name) = 0;
 
     /// Blocks until everything written so far is on disk, or writing it has failed once.

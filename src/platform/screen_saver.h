@@ -16,8 +16,8 @@ public:
     virtual void release() {}
 };
 
-/// Over the session bus: `org.freedesktop.ScreenSaver`, else the desktop portal. Silent where there is
-/// no bus or nobody answers.
+/// Over the session bus: `org.freedesktop.ScreenSaver`, else the desktop portal. Silent where there
+/// is no bus or nobody answers.
 std::unique_ptr<ScreenSaver> makeSessionScreenSaver();
 
 }  // namespace velorama

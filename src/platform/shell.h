@@ -17,14 +17,15 @@ public:
     /// Hands a file or an address to the program the desktop has for it. Does not wait; true if
     /// something was asked to open it. No shell ever interprets the text.
     virtual bool open(const QString& target) = 0;
-    /// Folder of a CSIDL number (5 documents, 39 pictures), with the closing separator for 5; empty if
-    /// the system has none.
+    /// Folder of a CSIDL number (5 documents, 39 pictures), with the closing separator for 5; empty
+    /// if the system has none.
     virtual QString specialFolder(int folderId) const = 0;
 };
 
 std::unique_ptr<Shell> makeDesktopShell();
 
-/// `$XDG_DATA_HOME/velorama`: what the user sees as the application's folder. Asking creates nothing.
+/// `$XDG_DATA_HOME/velorama`: what the user sees as the application's folder. Asking creates
+/// nothing.
 QString applicationFolder();
 /// Folder of the data installed with the program (pictures of web albums, help), read only.
 QString programDataFolder();

@@ -15,9 +15,9 @@ constexpr Colour systemColour(int index) {
 /// Number of entries of the system's colour table.
 constexpr int systemColourCount = 25;
 
-/// Plain colour (0x00BBGGRR) of entry `index` of the system's colour table, taken from the palette of
-/// the running application; 0 for an index outside the table. Entries used here: 2 active caption,
-/// 5 window background, 13 highlight, 15 button face, 16 button shadow, 20 3D highlight.
+/// Plain colour (0x00BBGGRR) of entry `index` of the system's colour table, taken from the palette
+/// of the running application; 0 for an index outside the table. Entries used here: 2 active
+/// caption, 5 window background, 13 highlight, 15 button face, 16 button shadow, 20 3D highlight.
 Colour GetSysColor(int index);
 
 /// Plain colour that `colour` means, system colours looked up; -1 for an index outside the table.

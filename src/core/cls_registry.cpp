@@ -1,0 +1,83 @@
+#include "core/cls_registry.h"
+
+#include "core/lib_txt.h"
+#include "platform/numbers.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velorama {
+namespace {
+
+constexpr qsizetype bufferSize = 255;  // bytes a read has room for, the terminator included
+
+bool isText(ValueType type) {
+    return type == ValueType::Text || type == ValueType::ExpandableText;
+}
+
+/// Addresses that are complete without a protocol in front.
+const std::array<QLatin1String, 5> protocols = {QLatin1String("http://"), QLatin1String("mailto:"),
+                                                QLatin1String("news:"), QLatin1String("ftp:"),
+                                                QLatin1String("https:")};
+
+bool isComplete(const QString& link) {
+    const QString lower = link.toLower();
+    return std::any_of(protocols.begin(), protocols.end(),
+                       [&lower](QLatin1String protocol) { return lower.contains(protocol); });
+}
+
+}  // namespace
+
+clsREGISTRY::clsREGISTRY(RegistryStore& store, Shell& shell) : store_(store), shell_(shell) {}
+
+QString clsREGISTRY::StringLoad(qint32 Hive, const QString& KeyPath, const QString& ValueName,
+                                const QString& Default) const {
+    const auto hive = static_cast<velorama::Hive>(Hive);
+    if (!store_.isWritable(hive)) {
+        return Default;
+    }
+    const std::optional<RegistryValue> stored = store_.value(hive, KeyPath, ValueName);
+    if (!stored || !isText(stored->type) || stored->data.size() >= bufferSize) {
+        return Default;
+    }
+    return stored->data.isEmpty() ? QString(bufferSize, u' ') : QString::fromUtf8(stored->data);
+}
+
+bool clsREGISTRY::StringSave(const QString& Hive, const QString& KeyPath, const QString& ValueName,
+                             const QString& Value) {
+    const std::optional<qint32> hive = wholeNumber(Hive);
+    return hive && store_.setValue(static_cast<velorama::Hive>(*hive), KeyPath, ValueName,
+                                   {ValueType::Text, Value.toUtf8()});
+}
+
+QString clsREGISTRY::WindowsVersion() const {
+    const QString version = StringLoad(
+        HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION"),
+        QStringLiteral("CurrentVersion"), QString());
+    if (!version.isEmpty()) {
+        return version;
+    }
+    return StringLoad(HKEY_LOCAL_MACHINE,
+                      QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS\\CURRENTVERSION"),
+                      QStringLiteral("VersionNumber"), QString());
+}
+
+QString clsREGISTRY::SpecialFLDRWindows(qint32 FolderId) const {
+    return shell_.specialFolder(FolderId);
+}
+
+QString clsREGISTRY::SpecialFLDRMyDocuments() const {
+    return SpecialFLDRWindows(5);
+}
+
+void clsREGISTRY::InternetLinkRun(const QString& /*HWnd*/, const QString& Protocol,
+                                  const QString& Link) const {
+    if (Link.isEmpty()) {
+        return;
+    }
+    const QString protocol = Protocol.isEmpty() ? libTxt.ProtocolFile : Protocol;
+    const bool whole = protocol == libTxt.ProtocolHttp || isComplete(Link);
+    shell_.open(whole ? Link : protocol + Link);
+}
+
+}  // namespace velorama

@@ -1,0 +1,156 @@
+#include "platform/paths.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+
+namespace velorama {
+namespace {
+
+bool isAsciiLetter(QChar c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
+}
+
+bool hasDrive(const QString& path) {
+    return path.size() >= 2 && isAsciiLetter(path[0]) && path[1] == u':';
+}
+
+bool isSlash(QChar c) {
+    return c == u'/' || c == u'\\';
+}
+
+/// The names of one folder by their case-folded form. A missing file is often one of many in the
+/// same folder, so the folder read last is kept for as long as it does not change.
+class FolderNames {
+public:
+    /// Name as it stands in the folder, empty if there is none. `folder` ends in a slash.
+    QString find(const QString& folder, const QString& name) {
+        const QDateTime changed = QFileInfo(folder).lastModified();
+        if (folder != folder_ || changed != changed_ || !settled_) {
+            read(folder, changed);
+        }
+        return names_.value(name.toCaseFolded());
+    }
+
+private:
+    void read(const QString& folder, const QDateTime& changed) {
+        // A folder changed a moment ago may change again without a new time stamp.
+        settled_ = changed.msecsTo(QDateTime::currentDateTime()) > 2000;
+        folder_ = folder;
+        changed_ = changed;
+        names_.clear();
+        const QStringList names = QDir(folder).entryList(
+            QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+        for (const QString& name : names) {
+            const QString folded = name.toCaseFolded();
+            if (!names_.contains(folded)) {
+                names_.insert(folded, name);
+            }
+        }
+    }
+
+    QString folder_;
+    QDateTime changed_;
+    bool settled_ = false;
+    QHash<QString, QString> names_;
+};
+
+QStringList segments(const QString& path) {
+    QString plain = path;
+    plain.replace(u'\\', u'/');
+    return plain.split(u'/', Qt::SkipEmptyParts);
+}
+
+struct Walk {
+    QString reached;  // the part of the path that stands on this machine
+    QString missing;  // the rest, empty if all was found
+};
+
+/// Follows the path one folder at a time, the exact name first, then one that differs in case.
+Walk walk(const QString& path) {
+    thread_local FolderNames folderNames;
+    const QStringList parts = segments(path);
+    QString folder = isSlash(path[0]) ? QStringLiteral("/") : QString();
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        QString name = parts[i];
+        if (!QFileInfo::exists(folder + name)) {
+            name = folderNames.find(folder.isEmpty() ? QStringLiteral("./") : folder, name);
+        }
+        if (name.isEmpty()) {
+            return {folder, parts.mid(i).join(u'/')};
+        }
+        folder += name;
+        if (i + 1 < parts.size()) {
+            folder += u'/';
+        }
+    }
+    return {folder, QString()};
+}
+
+/// False for a path that no file of this machine can have.
+bool canStandHere(const QString& path) {
+    if (path.isEmpty() || path.contains(QChar(u'\0'))) {
+        return false;
+    }
+#ifdef Q_OS_WIN
+    return true;
+#else
+    return !hasDrive(path) || !path.mid(2).contains(u'\\');
+#endif
+}
+
+}  // namespace
+
+QChar pathSeparator(const QString& path) {
+    const bool windowsForm = hasDrive(path) || (path.contains(u'\\') && !path.contains(u'/'));
+    return windowsForm ? u'\\' : u'/';
+}
+
+QChar otherSeparator(const QString& path) {
+    return pathSeparator(path) == u'\\' ? u'/' : u'\\';
+}
+
+bool isDriveRoot(const QString& path) {
+    if (hasDrive(path)) {
+        return path.size() == 3 && path[2] == u'\\';
+    }
+    return path == u'/';
+}
+
+qsizetype driveRootLength(const QString& path) {
+    return pathSeparator(path) == u'\\' ? 3 : 1;
+}
+
+QString joinPath(const QString& folder, const QString& name) {
+    return folder + pathSeparator(folder) + name;
+}
+
+QString lastSegment(const QString& path) {
+    qsizetype at = path.lastIndexOf(pathSeparator(path));
+    if (at < 0) {
+        at = path.lastIndexOf(otherSeparator(path));
+    }
+    return path.mid(at + 1);
+}
+
+QString hostFile(const QString& path) {
+    if (!canStandHere(path) || QFileInfo::exists(path)) {
+        return path;
+    }
+    const Walk found = walk(path);
+    return found.missing.isEmpty() ? found.reached : path;
+}
+
+QString hostPlace(const QString& path) {
+    if (!canStandHere(path)) {
+        return QString();
+    }
+    if (QFileInfo::exists(path)) {
+        return path;
+    }
+    const Walk found = walk(path);
+    return found.reached + found.missing;
+}
+
+}  // namespace velorama
