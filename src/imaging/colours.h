@@ -22,7 +22,8 @@ Colour ColorMix(Colour first, Colour second, int weight);
 
 class clsCOLRSTYLE {
 public:
-    /// Page colour "#RRGGBB" of a plain colour given as decimal text; nothing if the text is no number.
+    /// Page colour "#RRGGBB" of a plain colour given as decimal text; nothing if the text is no
+    /// number.
     std::optional<QString> ColorSTRtoHTML(const QString& colour) const;
 
     /// Lightens or darkens a colour by adding `amount` to its channels; blue goes by 192ths with

@@ -8,8 +8,8 @@
 
 namespace velorama {
 
-/// Paints a two-colour linear gradient at any angle as a run of one-pixel lines perpendicular to its
-/// direction.
+/// Paints a two-colour linear gradient at any angle as a run of one-pixel lines perpendicular to
+/// its direction.
 class clsPICGRDNT {
 public:
     /// Degrees, 0 to below 360: 0 runs left to right, 90 bottom to top.
@@ -20,8 +20,8 @@ public:
     Colour Color2() const { return color2_; }
     void Color2(Colour colour);
 
-    /// Paints the whole bitmap (32 bits a pixel). False if nothing was drawn: width or height of 1 or
-    /// below.
+    /// Paints the whole bitmap (32 bits a pixel). False if nothing was drawn: width or height of 1
+    /// or below.
     bool Draw(QImage& target) const;
 
     /// `steps` colours (at least 2) from `first` to `last`. The step is an `steps`th of the way, so

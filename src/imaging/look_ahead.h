@@ -9,8 +9,8 @@
 namespace velorama {
 
 /// Loads pictures ahead of their use on worker threads. What `load` returns is what loading at that
-/// moment would return, `Picture::fitted` filled in besides: work ahead counts only while the file's
-/// size and time of change are those it was made from.
+/// moment would return, `Picture::fitted` filled in besides: work ahead counts only while the
+/// file's size and time of change are those it was made from.
 class LookAhead {
 public:
     /// `threads` 0: one per processor.
@@ -19,8 +19,8 @@ public:
     LookAhead& operator=(const LookAhead&) = delete;
     ~LookAhead();
 
-    /// Names the pictures wanted next, soonest first. Work on any other is dropped; work already done
-    /// or running on these is kept. Does not block.
+    /// Names the pictures wanted next, soonest first. Work on any other is dropped; work already
+    /// done or running on these is kept. Does not block.
     void expect(const QStringList& paths, const Fit& fit);
 
     /// The picture, from the work ahead where there is any, else loaded now by the caller's thread.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -14,9 +15,11 @@ struct Picture {
     PictureType Type = PictureType::None;
     /// Width and height of the picture as a viewer shows it, orientation applied.
     QSize size;
-    /// QImage::Format_RGB32, or Format_ARGB32_Premultiplied where the picture has see-through parts.
+    /// QImage::Format_RGB32, or Format_ARGB32_Premultiplied where the picture has see-through
+    /// parts.
     QImage bitmap;
-    /// Where a worker has already fitted the picture (see `fittedBitmap`): the result, otherwise null.
+    /// Where a worker has already fitted the picture (see `fittedBitmap`): the result, otherwise
+    /// null.
     QImage fitted;
 
     bool isNull() const { return Type == PictureType::None; }
@@ -38,19 +41,22 @@ struct Fit {
     static Fit cell(int pixels) { return {Kind::Cell, QSize(pixels, pixels)}; }
 };
 
-/// Size in pixels, fractions kept, of a picture in a square cell: the longer side becomes `cell`, the
-/// other keeps the aspect; a square picture fills the cell. Empty size in, empty size out.
+/// Size in pixels, fractions kept, of a picture in a square cell: the longer side becomes `cell`,
+/// the other keeps the aspect; a square picture fills the cell. Empty size in, empty size out.
 QSizeF cellSize(QSize picture, int cell);
 
 /// Pixel size of the bitmap that `fit` asks for: the area, or the cell size rounded with halves to
 /// even and at least 1.
 QSize fitTarget(QSize picture, const Fit& fit);
 
-/// Loads a picture file: JPEG, GIF (first frame), BMP or PNG, told by its content and not by its name.
-/// EXIF orientation is applied, colours come out as sRGB. `fit` says what for, so that a JPEG may be
-/// decoded smaller (never below twice the linear size needed, which keeps it above 36 dB of a full
-/// decode). Anything that cannot be read, is damaged beyond use or would need more than 512 MiB gives
-/// a null picture. Safe on any thread; never throws.
+/// Loads a picture file: JPEG, GIF (first frame), BMP or PNG, told by its content and not by its
+/// name. EXIF orientation is applied, colours come out as sRGB. `fit` says what for, so that a JPEG
+/// may be decoded smaller (never below twice the linear size needed, which keeps it above 36 dB of
+/// a full decode). Anything that cannot be read, is damaged beyond use or would need more than 512
+/// MiB gives a null picture. Safe on any thread; never throws.
 Picture LoadPicture(const QString& path, const Fit& fit = Fit::whole());
+
+/// The same from the bytes of a picture file.
+Picture decodePicture(QByteArrayView bytes, const Fit& fit = Fit::whole());
 
 }  // namespace velorama

@@ -1,0 +1,230 @@
+#include "imaging/decoding.h"
+
+#include <QtGlobal>
+
+#include <csetjmp>
+#include <cstdio>
+#include <vector>
+
+#include <jpeglib.h>
+
+namespace velorama {
+namespace {
+
+/// More scans than any camera or program writes; a file with more only wants to cost time.
+constexpr int scanLimit = 200;
+
+/// Errors of the library jump back to where `attempt` was called; its warnings stay silent.
+struct ErrorExit {
+    jpeg_error_mgr manager;
+    std::jmp_buf back;
+};
+
+[[noreturn]] void leave(j_common_ptr info) {
+    std::longjmp(reinterpret_cast<ErrorExit*>(info->err)->back, 1);
+}
+
+void beSilent(j_common_ptr) {}
+
+void limitScans(j_common_ptr info) {
+    if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > scanLimit) {
+        leave(info);
+    }
+}
+
+/// Runs a step that calls the library; false if the library gave up. The step must not own
+/// anything.
+template <typename Step>
+[[gnu::noinline]] bool attempt(ErrorExit& errors, const Step& step) {
+    if (setjmp(errors.back) != 0) {
+        return false;
+    }
+    step();
+    return true;
+}
+
+/// A product of two channels over 255, rounded.
+uchar product(int a, int b) {
+    const int t = a * b + 128;
+    return static_cast<uchar>((t + (t >> 8)) >> 8);
+}
+
+/// Four inks to a pixel; `ink` is 0 where bytes mean light, 255 where they mean ink.
+QRgb fromInks(const uchar* inks, int ink) {
+    const int key = inks[3] ^ ink;
+    return qRgb(product(inks[0] ^ ink, key), product(inks[1] ^ ink, key),
+                product(inks[2] ^ ink, key));
+}
+
+class JpegFile {
+public:
+    explicit JpegFile(QByteArrayView bytes);
+    JpegFile(const JpegFile&) = delete;
+    JpegFile& operator=(const JpegFile&) = delete;
+    ~JpegFile() { jpeg_destroy_decompress(&info_); }
+
+    bool readHeader();
+    QSize size() const;
+    int orientation() const;
+    QColorSpace colourSpace();
+    /// Null if the library gives up or the memory does not suffice.
+    QImage decoded(int eighths, qint64 copies);
+
+private:
+    bool isPlausible() const;
+    bool isInked() const { return info_.out_color_space == JCS_CMYK; }
+    void readRows(uchar* pixels, qsizetype stride, uchar* inks);
+
+    QByteArrayView bytes_;
+    jpeg_decompress_struct info_{};
+    jpeg_progress_mgr progress_{};
+    ErrorExit errors_{};
+    bool made_ = false;
+};
+
+JpegFile::JpegFile(QByteArrayView bytes) : bytes_(bytes) {
+    info_.err = jpeg_std_error(&errors_.manager);
+    errors_.manager.error_exit = leave;
+    errors_.manager.output_message = beSilent;
+    progress_.progress_monitor = limitScans;
+    made_ = attempt(errors_, [this] { jpeg_create_decompress(&info_); });
+}
+
+bool JpegFile::readHeader() {
+    return made_ &&
+           attempt(errors_,
+                   [this] {
+                       info_.progress = &progress_;
+                       jpeg_mem_src(&info_, reinterpret_cast<const uchar*>(bytes_.data()),
+                                    static_cast<unsigned long>(bytes_.size()));
+                       jpeg_save_markers(&info_, JPEG_APP0 + 1, 0xFFFF);
+                       jpeg_save_markers(&info_, JPEG_APP0 + 2, 0xFFFF);
+                       jpeg_read_header(&info_, TRUE);
+                   }) &&
+           isPlausible();
+}
+
+/// Each block of 64 pixels takes a bit at least. A file with less than a sixteenth of that has lost
+/// nearly all of its picture, or never had one and only claims its size.
+bool JpegFile::isPlausible() const {
+    const qint64 blocks = qint64(info_.image_width) * info_.image_height / 64;
+    return blocks <= bytes_.size() * 8 * 16;
+}
+
+QSize JpegFile::size() const {
+    return {static_cast<int>(info_.image_width), static_cast<int>(info_.image_height)};
+}
+
+int JpegFile::orientation() const {
+    for (auto marker = info_.marker_list; marker != nullptr; marker = marker->next) {
+        if (marker->marker == JPEG_APP0 + 1) {
+            const int found = exifOrientation(QByteArrayView(marker->data, marker->data_length));
+            if (found != 0) {
+                return found;
+            }
+        }
+    }
+    return 1;
+}
+
+QColorSpace JpegFile::colourSpace() {
+    JOCTET* data = nullptr;
+    unsigned int length = 0;
+    if (!attempt(errors_, [&] { jpeg_read_icc_profile(&info_, &data, &length); }) ||
+        data == nullptr) {
+        return {};
+    }
+    const QByteArray profile(reinterpret_cast<const char*>(data), length);
+    std::free(data);
+    // Only profiles of three colours say something about the pixels this reader gives.
+    const bool isRgb = QByteArrayView(profile).sliced(0, qMin(20, profile.size())).endsWith("RGB ");
+    return isRgb ? QColorSpace::fromIccProfile(profile) : QColorSpace();
+}
+
+QImage JpegFile::decoded(int eighths, qint64 copies) {
+    const bool inked = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
+    info_.scale_num = static_cast<unsigned>(eighths);
+    info_.scale_denom = 8;
+    info_.out_color_space = inked ? JCS_CMYK : JCS_EXT_BGRA;
+    info_.dct_method = JDCT_ISLOW;
+    if (!attempt(errors_, [this] { jpeg_calc_output_dimensions(&info_); })) {
+        return {};
+    }
+    const qint64 bitmapBytes = qint64(info_.output_width) * info_.output_height * 4;
+    const qint64 left = pictureMemory - bytes_.size() - copies * bitmapBytes;
+    if (left <= 0) {
+        return {};
+    }
+    QImage bitmap(static_cast<int>(info_.output_width), static_cast<int>(info_.output_height),
+                  QImage::Format_RGB32);
+    if (bitmap.isNull()) {
+        return {};
+    }
+    std::vector<uchar> inks(inked ? static_cast<size_t>(bitmap.bytesPerLine()) : 0);
+    uchar* pixels = bitmap.bits();
+    const bool done = attempt(errors_, [&] {
+        info_.mem->max_memory_to_use = static_cast<long>(left);
+        jpeg_start_decompress(&info_);
+        readRows(pixels, bitmap.bytesPerLine(), inks.data());
+        // Not finished on purpose: what follows the last row is of no use.
+    });
+    return done ? bitmap : QImage();
+}
+
+void JpegFile::readRows(uchar* pixels, qsizetype stride, uchar* inks) {
+    constexpr JDIMENSION rowsAtOnce = 8;
+    while (info_.output_scanline < info_.output_height) {
+        uchar* first = pixels + qsizetype(info_.output_scanline) * stride;
+        if (!isInked()) {
+            JSAMPROW rows[rowsAtOnce];
+            const JDIMENSION count = qMin(rowsAtOnce, info_.output_height - info_.output_scanline);
+            for (JDIMENSION i = 0; i < count; ++i) {
+                rows[i] = first + qsizetype(i) * stride;
+            }
+            jpeg_read_scanlines(&info_, rows, count);
+        } else {
+            jpeg_read_scanlines(&info_, &inks, 1);
+            const int ink = info_.saw_Adobe_marker ? 0 : 255;
+            for (JDIMENSION x = 0; x < info_.output_width; ++x) {
+                reinterpret_cast<QRgb*>(first)[x] = fromInks(inks + 4 * x, ink);
+            }
+        }
+    }
+}
+
+}  // namespace
+
+int jpegEighths(QSize size, const Fit& fit) {
+    constexpr qint64 smallPicture = 256 * 256;
+    if (fit.kind == Fit::Kind::Whole || qint64(size.width()) * size.height() <= smallPicture) {
+        return 8;
+    }
+    const QSizeF wanted = fit.kind == Fit::Kind::Cell
+                              ? cellSize(size, fit.box.width())
+                              : QSizeF(size).scaled(fit.box, Qt::KeepAspectRatio);
+    const double needed = 2 * qMax(wanted.width() / size.width(), wanted.height() / size.height());
+    for (const int eighths : {1, 2, 4}) {
+        if (eighths / 8.0 >= needed) {
+            return eighths;
+        }
+    }
+    return 8;
+}
+
+Picture readJpeg(QByteArrayView bytes, const Fit& fit) {
+    JpegFile file(bytes);
+    if (!file.readHeader()) {
+        return {};
+    }
+    const int orientation = file.orientation();
+    const QSize shown = orientation >= 5 ? file.size().transposed() : file.size();
+    const QColorSpace space = file.colourSpace();
+    QImage bitmap = file.decoded(jpegEighths(shown, fit), orientation > 1 ? 2 : 1);
+    if (bitmap.isNull()) {
+        return {};
+    }
+    convertToSrgb(bitmap, space);
+    return {PictureType::Bitmap, shown, oriented(std::move(bitmap), orientation), {}};
+}
+
+}  // namespace velorama
