@@ -2,9 +2,9 @@
 
 #include <QTreeView>
 
-#include <memory>
-
 namespace velorama {
+
+class FolderModel;
 
 /// A tree of the folders of this machine: the user's pictures folder, the home folder, the whole
 /// computer, mounted media. Folders are read when they are opened.
@@ -17,8 +17,8 @@ public:
     /// Path of the current folder.
     QString Path() const;
     /// Makes a folder current, opening the tree down to it, and raises NodeChange, also where it is
-    /// the current one already. A folder that is not there is kept as the path all the same; the tree
-    /// then shows the nearest one above it. An empty path does nothing.
+    /// the current one already. A folder that is not there is kept as the path all the same; the
+    /// tree then shows the nearest one above it. An empty path does nothing.
     void setPath(const QString& path);
 
 signals:
@@ -26,6 +26,26 @@ signals:
     void NodeChange(const QString& path);
     void KeyDown(int keyCode, int shift);
     void GotFocus();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    void leaveCollapsed(const QModelIndex& folder);
+    void reveal(const QString& path);
+    void announce();
+
+    FolderModel* model_;
+    QString path_;
+    // While the tree moves its current folder itself, or is not done with an event of the user's.
+    bool silent_ = false;
+    bool changed_ = false;
 };
 
 }  // namespace velorama
