@@ -94,15 +94,14 @@ void RegistryTable::load(AddressedValue&& entry) {
     }
 }
 
-template <typename Wanted>
-std::vector<AddressedValue> RegistryTable::take(Wanted wanted) {
+std::vector<AddressedValue> RegistryTable::takeChanges() {
     std::vector<AddressedValue> taken;
     for (const Hive hive : hiveOrder) {
         for (auto& [key, values] : hives_[indexOf(hive)]) {
-            for (auto& [name, slot] : values) {
-                if (wanted(slot)) {
-                    taken.push_back({hive, key, name, slot.value});
-                    slot.changed = false;
+            for (auto& [name, one] : values) {
+                if (one.changed) {
+                    taken.push_back({hive, key, name, one.value});
+                    one.changed = false;
                 }
             }
         }
@@ -110,12 +109,18 @@ std::vector<AddressedValue> RegistryTable::take(Wanted wanted) {
     return taken;
 }
 
-std::vector<AddressedValue> RegistryTable::takeChanges() {
-    return take([](const Slot& one) { return one.changed; });
-}
-
-std::vector<AddressedValue> RegistryTable::takeAll() {
-    return take([](const Slot& one) { return one.changed || one.value.has_value(); });
+std::vector<AddressedValue> RegistryTable::all() const {
+    std::vector<AddressedValue> entries;
+    for (const Hive hive : hiveOrder) {
+        for (const auto& [key, values] : hives_[indexOf(hive)]) {
+            for (const auto& [name, one] : values) {
+                if (one.value) {
+                    entries.push_back({hive, key, name, one.value});
+                }
+            }
+        }
+    }
+    return entries;
 }
 
 void RegistryTable::giveBack(const std::vector<AddressedValue>& changes) {

@@ -38,8 +38,8 @@ public:
     void forgetRemoved();
     /// Takes over the open changes of another table.
     void adoptChanges(const RegistryTable& other);
-    /// Every value there is; none of them counts as changed after.
-    std::vector<AddressedValue> takeAll();
+    /// Every value there is.
+    std::vector<AddressedValue> all() const;
 
 private:
     struct FoldedHash {
@@ -61,8 +61,6 @@ private:
     using Keys = FoldedMap<Key>;
 
     Slot& slot(Hive hive, const QString& key, const QString& name);
-    template <typename Wanted>
-    std::vector<AddressedValue> take(Wanted wanted);
 
     std::array<Keys, 3> hives_;
 };

@@ -14,8 +14,9 @@ namespace velorama {
 /// - A full disk or a read-only folder: values live on in memory and are tried again later.
 /// - A damaged file is moved aside (`registry.sqlite.damaged-<date>-<time>`), kept, and a new one
 ///   begun.
-/// - The file comes into being with the first write. `CurrentVersion` under HKLM is there from the
-///   start (see `seedSystemValues`).
+/// - The file comes into being with the first write. `CurrentVersion` under HKLM is in memory from
+/// the
+///   start where the file has none.
 class SqliteRegistryStore : public RegistryStore {
 public:
     /// `file` is the full path of the database; its folder is made with the first write.
