@@ -1,0 +1,37 @@
+#include "core/globals.h"
+#include "core/lib_txt.h"
+#include "platform/screen_saver.h"
+#include "platform/shell.h"
+#include "platform/sqlite_registry_store.h"
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QIcon>
+
+int main(int argc, char** argv) {
+    using namespace velorama;
+    Q_INIT_RESOURCE(velorama);
+    QApplication::setApplicationName(QStringLiteral("velorama"));
+    QApplication::setDesktopFileName(QStringLiteral("velorama"));
+    QApplication app(argc, argv);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/velorama.svg")));
+    // The main window is hidden during a show, and no window is then the last one.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    fillTextConstants(QDate::currentDate().year(), ServerRoot());
+    SqliteRegistryStore store(SqliteRegistryStore::standardFile());
+    const auto shell = makeDesktopShell();
+    const auto screenSaver = makeSessionScreenSaver();
+    makeServices(store, *shell);
+    int result = 0;
+    {
+        mfrmPRGMAIN mainWindow(*screenSaver);
+        mainWindow.Form_Load();
+        if (!mainWindow.isUnloaded()) {
+            result = QApplication::exec();
+        }
+    }
+    releaseServices();
+    return result;
+}

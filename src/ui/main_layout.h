@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ui/main_controls.h"
+
+#include <QLineF>
+
+namespace velorama {
+
+/// Places and tints the main window's controls by its size. Everything in twips.
+class MainLayout {
+public:
+    explicit MainLayout(MainControls& controls);
+
+    void Form_Resize();
+    void VBarLayout();
+
+    /// One step of a drag of the splitter: the pointer at `x` within it, `button` 1 while held.
+    void dragSplitter(int button, float x);
+    /// The same by the keyboard: the splitter moves by `step` and the lists follow.
+    void moveSplitter(float step);
+
+    /// Gives the pages and buttons their colour.
+    void applyPageColour();
+
+    /// The separator line behind the controls, in logical pixels of the surface.
+    QLineF separator() const { return separator_; }
+
+private:
+    void tintBand();
+    void tintSlideBar();
+    void placeSlideBar();
+
+    MainControls& c_;
+    QLineF separator_;
+};
+
+}  // namespace velorama

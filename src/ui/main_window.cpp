@@ -1,0 +1,301 @@
+#include "ui/main_window.h"
+
+#include "browse/screen_pointer.h"
+#include "controls/keys.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "core/lib_txt.h"
+#include "platform/events.h"
+#include "platform/numbers.h"
+#include "platform/shell.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QPainter>
+
+namespace velorama {
+namespace {
+
+// The window's inner surface at design, and the smallest window, in twips.
+constexpr float designWidth = 11040;
+constexpr float designHeight = 7200;
+constexpr int smallestWidth = 500;
+constexpr int smallestHeight = 400;
+
+constexpr float splitterKeyStep = 150;
+
+const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
+const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
+
+}  // namespace
+
+/// The window's client area: all controls stand on it.
+class mfrmPRGMAIN::Surface : public QWidget {
+public:
+    explicit Surface(mfrmPRGMAIN& form) : QWidget(&form), form_(form) {}
+
+protected:
+    void resizeEvent(QResizeEvent*) override {
+        if (form_.loaded_) {
+            form_.Form_Resize();
+        }
+    }
+
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawLine(form_.layout_.separator());
+    }
+
+private:
+    mfrmPRGMAIN& form_;
+};
+
+mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver)
+    : screenSaver_(screenSaver),
+      surface_(new Surface(*this)),
+      controls_(*surface_),
+      menus_(*menuBar()),
+      layout_(controls_),
+      thumbnails_(controls_.imlFOUNDICONS, controls_.imlTHUMBNAILS, pictures_, devicePixelRatioF()),
+      slides_(slideListControls(), thumbnails_, [this](const PopupRequest& r) { popup(r); }),
+      found_({controls_.ftvFOLDER, &controls_.flbFOUND, controls_.lvwFOUND,
+              &controls_.imlFOUNDICONS, controls_.prgBARSLIDES},
+             thumbnails_, foundListCalls()) {
+    setObjectName(QStringLiteral("mfrmPRGMAIN"));
+    setWindowTitle(libTxt.ProductName);
+    setCentralWidget(surface_);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setMinimumSize(smallestWidth, smallestHeight);
+    resize(toPixels(designWidth), toPixels(designHeight) + menuBar()->sizeHint().height());
+    connectCommands();
+    connectSplitter();
+    setTabOrders();
+}
+
+mfrmPRGMAIN::~mfrmPRGMAIN() { delete show_; }
+
+SlideListControls mfrmPRGMAIN::slideListControls() {
+    SlideListControls given;
+    given.form = surface_;
+    given.lvwSLIDEBAR = controls_.lvwSLIDEBAR;
+    given.lvwFOUND = controls_.lvwFOUND;
+    given.flbFOUND = &controls_.flbFOUND;
+    given.imlTHUMBNAILS = &controls_.imlTHUMBNAILS;
+    given.prgBARSLIDES = controls_.prgBARSLIDES;
+    std::copy(controls_.cbtnCONTROLS.begin(), controls_.cbtnCONTROLS.end(),
+              given.cbtnCONTROLS.begin());
+    given.mnuEDITADD = menus_.mnuEDITADD;
+    given.mnuEDITADDALL = menus_.mnuEDITADDALL;
+    given.mnuEDITCLEAR = menus_.mnuEDITCLEAR;
+    given.mnuEDITCLEARALL = menus_.mnuEDITCLEARALL;
+    given.mnuFILESTART = menus_.mnuFILESTART;
+    return given;
+}
+
+FoundListCalls mfrmPRGMAIN::foundListCalls() {
+    FoundListCalls calls;
+    calls.FoundButtonsCheck = [this] {
+        slides_.FoundButtonsCheck();
+        updateFoundCount();
+    };
+    calls.SelectChk = [this] { slides_.SelectChk(); };
+    calls.selectFirstSlide = [this] { slides_.selectFirstSlide(); };
+    calls.Add = [this] { slides_.Add(); };
+    calls.ListKeysCheck = [this](int code, int shift) { slides_.ListKeysCheck(code, shift); };
+    calls.popup = [this](const PopupRequest& request) { popup(request); };
+    return calls;
+}
+
+void mfrmPRGMAIN::connectCommands() {
+    const auto on = [this](QAction* entry, auto handler) {
+        connect(entry, &QAction::triggered, this, handler);
+    };
+    on(menus_.mnuFILESTART, [this] { mnuFILESTART_Click(); });
+    on(menus_.mnuFILEEXIT, [this] { close(); });
+    on(menus_.mnuEDITADD, [this] { slides_.Add(); });
+    on(menus_.mnuEDITADDALL, [this] { slides_.AddAll(); });
+    on(menus_.mnuEDITCLEAR, [this] {
+        slides_.Clear();
+        slides_.SelectChk();
+    });
+    on(menus_.mnuEDITCLEARALL, [this] { slides_.ClearAll(); });
+    on(menus_.mnuFOUNDADD, [this] { slides_.Add(); });
+    on(menus_.mnuFOUNDADDALL, [this] { slides_.AddAll(); });
+    on(menus_.mnuSELECTEDCLEAR, [this] { slides_.Clear(); });
+    on(menus_.mnuSELECTEDCLEARALL, [this] { slides_.ClearAll(); });
+
+    const auto press = [this](std::size_t index, auto action) {
+        connect(controls_.cbtnCONTROLS.at(index), &cbtn::Click, this, [this, action] {
+            action();
+            slides_.SelectChk();
+        });
+    };
+    press(0, [this] { menus_.mnuEDITADD->trigger(); });
+    press(1, [this] { menus_.mnuEDITADDALL->trigger(); });
+    press(2, [this] { menus_.mnuEDITCLEAR->trigger(); });
+    press(3, [this] { menus_.mnuEDITCLEARALL->trigger(); });
+    press(4, [this] { slides_.MoveBack(); });
+    press(5, [this] { slides_.MoveForward(); });
+    press(6, [this] { menus_.mnuFILESTART->trigger(); });
+
+    connect(controls_.tabPAGES, &tab::Click, this, &mfrmPRGMAIN::tabPAGES_Click);
+}
+
+void mfrmPRGMAIN::connectSplitter() {
+    PictureBox* bar = controls_.picVBAR;
+    connect(bar, &PictureBox::MouseMove, this,
+            [this](int button, float x, float) { layout_.dragSplitter(button, x); });
+    connect(bar, &PictureBox::MouseUp, this, [this] { layout_.VBarLayout(); });
+    connect(bar, &PictureBox::KeyDown, this, [this](int code, int shift) {
+        if (code == KeyLeft || code == KeyRight) {
+            layout_.moveSplitter(code == KeyLeft ? -splitterKeyStep : splitterKeyStep);
+        }
+        slides_.ListKeysCheck(code, shift);
+    });
+}
+
+void mfrmPRGMAIN::setTabOrders() {
+    QWidget* before = controls_.tabPAGES;
+    const auto then = [&before](QWidget* next) {
+        QWidget::setTabOrder(before, next);
+        before = next;
+    };
+    then(controls_.ftvFOLDER);
+    then(controls_.picVBAR);
+    then(controls_.lvwFOUND);
+    for (cbtn* button : controls_.cbtnCONTROLS) {
+        then(button);
+    }
+    then(controls_.lvwSLIDEBAR);
+}
+
+void mfrmPRGMAIN::popup(const PopupRequest& request) {
+    const bool found = request.menu == PopupRequest::Menu::mnuFOUNDTOP;
+    QMenu* menu = found ? menus_.mnuFOUNDTOP : menus_.mnuSELECTEDTOP;
+    const QWidget* list = ActiveList == QLatin1String("FOUND")
+                              ? static_cast<QWidget*>(controls_.lvwFOUND)
+                              : static_cast<QWidget*>(controls_.lvwSLIDEBAR);
+    menu->setDefaultAction(request.firstIsDefault ? menu->actions().value(0) : nullptr);
+    const QPoint place(toPixels(request.x), toPixels(request.y));
+    menu->popup(list->parentWidget()->mapToGlobal(place));
+}
+
+void mfrmPRGMAIN::updateFoundCount() {
+    const int count = controls_.flbFOUND.ListCount();
+    const QString noun = count == 1 ? QStringLiteral(" picture") : QStringLiteral(" pictures");
+    controls_.lblFOUNDCOUNT->setCaption(count == 0 ? QString() : decimalText(count) + noun);
+}
+
+void mfrmPRGMAIN::tabPAGES_Click(const QString& caption) {
+    if (caption == QLatin1String("Pictures")) {
+        controls_.picframPICTURES->show();
+        controls_.ftvFOLDER->setFocus();
+    }
+}
+
+void mfrmPRGMAIN::mnuFILESTART_Click() {
+    slides_.StartSave();
+    if (show_) {
+        return;
+    }
+    show_ = new frmSLIDESHOW(*this, screenSaver_);
+    show_->load(screen());
+}
+
+void mfrmPRGMAIN::Form_Load() {
+    FormLoading = true;
+    controls_.lvwSLIDEBAR->setFont(QFont(QStringLiteral("Arial"), 7));
+    ActiveList = QStringLiteral("SELECTED");
+    controls_.lvwSLIDEBAR->hide();
+    layout_.applyPageColour();
+    menus_.setKeyHints();
+    gRegistry->FormDimensionsSetup(*this, true);
+    const QString splitter =
+        loadSetting(toolSettings, QStringLiteral("Splitter Bar Left"), QStringLiteral("3585"));
+    if (const auto left = decimalNumber(splitter)) {
+        setLeft(*controls_.picVBAR, static_cast<float>(*left));
+    }
+    tabPAGES_Click(QStringLiteral("Pictures"));
+    disableCommands();
+    VBarLayout();
+    DoEvents();
+    loaded_ = true;
+    Form_Resize();
+    QMainWindow::show();
+    VBarLayout();
+    DoEvents();
+    controls_.flbFOUND.setPattern(pictureMask);
+    DoEvents();
+    DoEvents();
+    showFirst();
+    setScreenPointer(ScreenPointer::Default);
+    controls_.lvwSLIDEBAR->show();
+    VBarLayout();
+    DoEvents();
+    Form_Resize();
+    FormLoading = false;
+    controls_.ftvFOLDER->setPath(
+        loadSetting(toolSettings, QStringLiteral("Files Location"), applicationFolder()));
+}
+
+void mfrmPRGMAIN::disableCommands() {
+    for (const std::size_t index : {3, 6, 2, 4, 5, 0, 1}) {
+        controls_.cbtnCONTROLS.at(index)->setEnabled(false);
+    }
+    for (QAction* entry : {menus_.mnuEDITCLEAR, menus_.mnuEDITCLEARALL, menus_.mnuEDITADD,
+                           menus_.mnuEDITADDALL, menus_.mnuFILESTART}) {
+        entry->setEnabled(false);
+    }
+}
+
+void mfrmPRGMAIN::showFirst() {
+    ActiveList = QStringLiteral("SELECTED");
+    slides_.selectFirstSlide();
+    ActiveList = QStringLiteral("SELECTED");
+}
+
+void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) { Cancel = false; }
+
+void mfrmPRGMAIN::Form_Unload() {
+    unloaded_ = true;
+    found_.stop();
+    slides_.stop();
+    slides_.SELECTIONSAVE();
+    gRegistry->FormDimensionsSave(*this, true);
+    saveSetting(toolSettings, QStringLiteral("Splitter Bar Left"),
+                singleText(Left(*controls_.picVBAR)));
+    if (show_) {
+        show_->Unload();
+    }
+    hide();
+    QCoreApplication::quit();
+}
+
+void mfrmPRGMAIN::closeEvent(QCloseEvent* event) {
+    if (unloaded_) {
+        return;
+    }
+    bool Cancel = false;
+    Form_QueryUnload(Cancel);
+    event->setAccepted(!Cancel);
+    if (!Cancel) {
+        Form_Unload();
+    }
+}
+
+void mfrmPRGMAIN::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (!loaded_ || unloaded_) {
+        return;
+    }
+    if (event->type() == QEvent::PaletteChange) {
+        layout_.applyPageColour();
+    }
+    if (event->type() == QEvent::ActivationChange ? isActiveWindow()
+                                                  : event->type() == QEvent::PaletteChange) {
+        Form_Resize();
+    }
+}
+
+}  // namespace velorama

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "albums/slide_list.h"
+#include "browse/found_list.h"
+#include "player/frm_slideshow.h"
+#include "ui/main_layout.h"
+#include "ui/main_menus.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+namespace velorama {
+
+/// The main window: makes the controls, owns the classes that work on them, and forwards its handlers
+/// to these.
+class mfrmPRGMAIN : public QMainWindow, private ShowHost {
+    Q_OBJECT
+public:
+    explicit mfrmPRGMAIN(ScreenSaver& screenSaver);
+    ~mfrmPRGMAIN() override;
+
+    /// Restores the window and everything in it, in the order of the start. The window is visible
+    /// before the first folder is listed; events run inside.
+    void Form_Load();
+    /// True once the window has been closed for good.
+    bool isUnloaded() const { return unloaded_; }
+
+    void Form_Resize() { layout_.Form_Resize(); }
+    void VBarLayout() { layout_.VBarLayout(); }
+
+    void mnuFILESTART_Click();
+
+    MainControls& controls() { return controls_; }
+    MainMenus& menus() { return menus_; }
+    SlideList& slides() { return slides_; }
+    QPointer<frmSLIDESHOW> slideShow() const { return show_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    class Surface;
+
+    void setVisible(bool visible) override { QMainWindow::setVisible(visible); }
+    SlideListControls slideListControls();
+    FoundListCalls foundListCalls();
+    void connectCommands();
+    void connectSplitter();
+    void setTabOrders();
+    void popup(const PopupRequest& request);
+    void updateFoundCount();
+    void tabPAGES_Click(const QString& caption);
+
+    void disableCommands();
+    void showFirst();
+    void Form_QueryUnload(bool& Cancel);
+    void Form_Unload();
+
+    ScreenSaver& screenSaver_;
+    Surface* surface_;
+    MainControls controls_;
+    MainMenus menus_;
+    MainLayout layout_;
+    LookAhead pictures_;
+    Thumbnails thumbnails_;
+    SlideList slides_;
+    FoundList found_;
+    QPointer<frmSLIDESHOW> show_;
+    bool loaded_ = false;
+    bool unloaded_ = false;
+};
+
+}  // namespace velorama
