@@ -3,6 +3,8 @@
 #include "controls/image_list.h"
 #include "imaging/look_ahead.h"
 
+#include <QPointer>
+
 namespace velorama {
 
 /// Makes the two kinds of thumbnail: 64 pixels with a black frame for the found list, 90 pixels for
@@ -30,6 +32,17 @@ public:
 
     /// The picture that stands for none: image "dummy" of the found list.
     QImage placeholder() const;
+
+private:
+    /// Side of a cell in device pixels.
+    int devicePixels(int cell) const;
+    QImage blankCell(int cell) const;
+
+    // Events run while a thumbnail is made, the closing of the window among them.
+    QPointer<ImageList> imlFOUNDICONS_;
+    QPointer<ImageList> imlTHUMBNAILS_;
+    LookAhead& pictures_;
+    double ratio_;
 };
 
 }  // namespace velorama

@@ -1,0 +1,262 @@
+#include "albums/slide_list.h"
+
+#include "albums/slide_settings.h"
+#include "browse/screen_pointer.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "platform/numbers.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+#include <utility>
+
+namespace velorama {
+namespace {
+
+// A damaged count in the settings must not hold the program up; beyond what the list held, no more
+// paths than this are blanked.
+constexpr int mostBlanked = 100'000;
+
+void enable(QAbstractButton* button, bool on) {
+    if (button) {
+        button->setEnabled(on);
+    }
+}
+
+void enable(QAction* action, bool on) {
+    if (action) {
+        action->setEnabled(on);
+    }
+}
+
+}  // namespace
+
+SlideList::SlideList(const SlideListControls& controls, Thumbnails& thumbnails, PopupHandler popup,
+                     QObject* parent)
+    : QObject(parent), c_(controls), thumbnails_(thumbnails), popup_(std::move(popup)) {
+    connectEvents();
+}
+
+// The list view is hidden while it changes. Whoever works it from the keyboard stays in it.
+void SlideList::hideSlides() {
+    hadFocus_ = hadFocus_ || c_.lvwSLIDEBAR->hasFocus();
+    c_.lvwSLIDEBAR->setVisible(false);
+}
+
+void SlideList::showSlides() {
+    c_.lvwSLIDEBAR->setVisible(true);
+    if (std::exchange(hadFocus_, false)) {
+        c_.lvwSLIDEBAR->setFocus();
+    }
+}
+
+void SlideList::Add() {
+    settle();
+    c_.lvwFOUND->setVisible(false);
+    c_.lvwSLIDEBAR->setVisible(false);
+    const QPointer<SlideList> self = this;
+    addSelected();
+    if (!self) {
+        return;
+    }
+    FoundButtonsCheck();
+    SelectChk();
+    c_.lvwFOUND->setVisible(true);
+    markModified();
+    c_.lvwFOUND->setFocus();
+    c_.lvwSLIDEBAR->setVisible(true);
+}
+
+void SlideList::addSelected() {
+    beginBatch();
+    const QPointer<SlideList> self = this;
+    const int count = c_.lvwFOUND->Count();
+    for (int i = 1; self && !stopped_ && i <= count; ++i) {
+        const ListItem* row = c_.lvwFOUND->item(i);
+        if (row && row->Selected()) {
+            expectSelected(i);
+            insert(i - 1);
+        }
+    }
+    if (self) {
+        endBatch();
+    }
+}
+
+void SlideList::AddAll() {
+    settle();
+    hideSlides();
+    c_.prgBARSLIDES->setValue(0);
+    c_.prgBARSLIDES->setVisible(true);
+    setScreenPointer(ScreenPointer::Hourglass);
+    const QPointer<SlideList> self = this;
+    addFolder();
+    setScreenPointer(ScreenPointer::Default);
+    if (!self) {
+        return;
+    }
+    c_.prgBARSLIDES->setVisible(false);
+    FoundButtonsCheck();
+    SelectChk();
+    c_.lvwFOUND->setVisible(true);
+    markModified();
+    showSlides();
+}
+
+/// From the last file to the first: each goes in at position 1, which leaves them in folder order.
+void SlideList::addFolder() {
+    beginBatch();
+    const QPointer<SlideList> self = this;
+    for (int i = c_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
+        c_.prgBARSLIDES->setMax(c_.flbFOUND->ListCount());
+        c_.prgBARSLIDES->setValue(c_.flbFOUND->ListCount() - i);
+        expectAbove(i);
+        insert(i);
+    }
+    if (self) {
+        endBatch();
+    }
+}
+
+void SlideList::Clear() {
+    settle();
+    hideSlides();
+    FoundButtonsCheck();
+    SelectChk();
+    // The count before the removal: it is put right when the list is next saved.
+    const int count = c_.lvwSLIDEBAR->Count();
+    saveSetting(slideItemsKey, slideItemsName, QString::number(count));
+    if (!removeSelected()) {
+        c_.lvwSLIDEBAR->Remove(count);
+    }
+    if (ListItem* current = c_.lvwSLIDEBAR->SelectedItem()) {
+        current->setSelected(true);
+    }
+    lvwSLIDEBAR_Click();
+    markModified();
+    showSlides();
+}
+
+bool SlideList::removeSelected() {
+    bool removed = false;
+    for (int i = c_.lvwSLIDEBAR->Count(); i >= 1; --i) {
+        if (c_.lvwSLIDEBAR->item(i)->Selected()) {
+            c_.lvwSLIDEBAR->Remove(i);
+            removed = true;
+        }
+    }
+    return removed;
+}
+
+void SlideList::ClearAll() {
+    settle();
+    hideSlides();
+    const int most = std::max(c_.lvwSLIDEBAR->Count(), mostBlanked);
+    const QString stored = loadSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
+    c_.lvwSLIDEBAR->Clear();
+    for (const int i : {6, 3, 2, 4, 5}) {
+        enable(c_.cbtnCONTROLS.at(i), false);
+    }
+    for (QAction* entry : {c_.mnuFILESTART, c_.mnuEDITCLEARALL, c_.mnuEDITCLEAR}) {
+        enable(entry, false);
+    }
+    enable(c_.cbtnWEBALBUM, false);
+    blankSelection(std::min(wholeNumber(stored).value_or(0), most));
+    FoundButtonsCheck();
+    SelectChk();
+    markModified();
+    showSlides();
+}
+
+void SlideList::blankSelection(int count) {
+    if (count < 1) {
+        return;
+    }
+    for (int i = 1; i <= count; ++i) {
+        saveSetting(slideSelectionKey, QString::number(i), QString());
+    }
+    saveSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
+}
+
+void SlideList::move(int step) {
+    settle();
+    ListItem* s = c_.lvwSLIDEBAR->SelectedItem();
+    ListItem* t = s ? c_.lvwSLIDEBAR->item(s->Index() + step) : nullptr;
+    if (!t) {
+        return;
+    }
+    exchange(*s, *t);
+    s->setSelected(false);
+    c_.lvwSLIDEBAR->setSelectedItem(t->Index());
+    t->setSelected(true);
+    markModified();
+    SELECTIONSAVE();
+}
+
+/// The items stay and their contents change places, over a key that is in no list.
+void SlideList::exchange(ListItem& s, ListItem& t) {
+    const QString a = s.Key();
+    const QString b = t.Key();
+    s.setKey(a + QDateTime::currentDateTime().toString(Qt::ISODateWithMs));
+    const auto give = [this](ListItem& item, const QString& key) {
+        item.setKey(key);
+        item.setText(gFileFoldr->FileNameFromPath(item.Key(), false));
+        item.setIcon(thumbnails_.SlideIconIndex(item.Key()));
+    };
+    give(t, a);
+    s.setKey(QString());
+    give(s, b);
+}
+
+void SlideList::SelectChk() {
+    const int count = c_.lvwSLIDEBAR->Count();
+    const ListItem* current = c_.lvwSLIDEBAR->SelectedItem();
+    const int index = current ? current->Index() : 0;
+    const bool holds = count > 0;
+    for (const int i : {2, 3, 6}) {
+        enable(c_.cbtnCONTROLS.at(i), holds);
+    }
+    for (QAction* entry : {c_.mnuEDITCLEAR, c_.mnuEDITCLEARALL, c_.mnuFILESTART}) {
+        enable(entry, holds);
+    }
+    enable(c_.cbtnWEBALBUM, holds);
+    enable(c_.cbtnCONTROLS[4], holds && index != 1);
+    // A single slide counts as the first and not as the last.
+    enable(c_.cbtnCONTROLS[5], holds && (index == 1 || index != count));
+    nudgeWidth();
+}
+
+/// Makes the list view lay out its scroll bar again.
+void SlideList::nudgeWidth() {
+    if (!c_.form) {
+        return;
+    }
+    const float inner = static_cast<float>(c_.form->width()) * twipsPerLogicalPixel;
+    const float width = inner - 2 * Left(*c_.lvwSLIDEBAR);
+    setWidth(*c_.lvwSLIDEBAR, width + twipsPerLogicalPixel);
+    setWidth(*c_.lvwSLIDEBAR, width);
+}
+
+void SlideList::enableStart() {
+    const bool holds = c_.lvwSLIDEBAR->Count() > 0;
+    enable(c_.cbtnCONTROLS[6], holds);
+    enable(c_.mnuFILESTART, holds);
+}
+
+void SlideList::FoundButtonsCheck() {
+    const bool found = c_.flbFOUND->ListCount() != 0;
+    enable(c_.cbtnCONTROLS[0], found);
+    enable(c_.mnuEDITADD, found);
+    enable(c_.cbtnCONTROLS[1], found);
+    enable(c_.mnuEDITADDALL, found);
+    enableStart();
+}
+
+void SlideList::markModified() {
+    enable(c_.mnuFILESAVE, true);
+    enable(c_.cbtnSLIDES[2], true);
+    enable(c_.cbtnSLIDES[3], true);
+}
+
+}  // namespace velorama

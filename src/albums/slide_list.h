@@ -1,0 +1,140 @@
+#pragma once
+
+#include "browse/popup_request.h"
+#include "browse/thumbnails.h"
+#include "controls/file_list.h"
+#include "controls/list_view.h"
+#include "controls/progress_bar.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QObject>
+
+#include <array>
+
+namespace velorama {
+
+/// The lists are all needed; a button or menu entry that is null is a step that does nothing.
+struct SlideListControls {
+    /// The main form, whose inner width lvwSLIDEBAR follows.
+    QWidget* form = nullptr;
+    ListView* lvwSLIDEBAR = nullptr;
+    ListView* lvwFOUND = nullptr;
+    FileList* flbFOUND = nullptr;
+    ImageList* imlTHUMBNAILS = nullptr;
+    ProgressBar* prgBARSLIDES = nullptr;
+
+    /// 0 add, 1 add all, 2 remove, 3 remove all, 4 towards the start, 5 towards the end, 6 start,
+    /// 8 settings; 7 is always null.
+    std::array<QAbstractButton*, 9> cbtnCONTROLS{};
+    /// New, Open, Save, Save As.
+    std::array<QAbstractButton*, 4> cbtnSLIDES{};
+    QAbstractButton* cbtnWEBALBUM = nullptr;
+    QAction* mnuEDITADD = nullptr;
+    QAction* mnuEDITADDALL = nullptr;
+    QAction* mnuEDITCLEAR = nullptr;
+    QAction* mnuEDITCLEARALL = nullptr;
+    QAction* mnuFILESTART = nullptr;
+    QAction* mnuFILESAVE = nullptr;
+};
+
+/// The ordered set of pictures picked for the show. Its only store in memory are the items of
+/// lvwSLIDEBAR; a second copy in the settings, Items and Selection, is what the player reads.
+///
+/// Making a thumbnail lets events run, so that any operation may come inside a running Add or
+/// AddAll.
+class SlideList : public QObject {
+    Q_OBJECT
+public:
+    /// The controls and the thumbnails must outlive this object; the events of lvwSLIDEBAR are
+    /// taken over here. The window connects menu entries and buttons to the operations.
+    SlideList(const SlideListControls& controls, Thumbnails& thumbnails, PopupHandler popup,
+              QObject* parent = nullptr);
+
+    /// Adds the selected files of lvwFOUND.
+    void Add();
+    /// Adds every file of flbFOUND; their order is kept.
+    void AddAll();
+    /// Removes the selected slides, or the last one if none is selected.
+    void Clear();
+    void ClearAll();
+    /// The current slide one place towards the start or the end (cbtnCONTROLS 4 and 5).
+    void MoveBack() { move(-1); }
+    void MoveForward() { move(1); }
+
+    /// Makes entry `Index` (from 0) of flbFOUND a slide: at the current item, or first in an empty
+    /// list.
+    void SlideInsert(int Index);
+    /// Rebuilds the list from its copy in the settings.
+    void SlideListReload();
+    /// Writes count and paths to the settings.
+    void SELECTIONSAVE();
+    /// The part of mnuFILESTART that comes before the show.
+    void StartSave() { SELECTIONSAVE(); }
+
+    /// Sets the toolbar from the list.
+    void SelectChk();
+    void FoundButtonsCheck();
+    /// Ctrl+Del removes, Ins adds. Codes and masks of controls/keys.h.
+    void ListKeysCheck(int KeyCode, int Shift);
+
+    void lvwSLIDEBAR_Click();
+    void lvwSLIDEBAR_AfterLabelEdit(const QString& NewString);
+    /// If the list holds items: selects item 1, and only that, and runs the list's click handler.
+    void selectFirstSlide();
+    /// The window is closing: a running Add or AddAll ends at its next file.
+    void stop() { stopped_ = true; }
+
+private:
+    void connectEvents();
+    void lvwSLIDEBAR_KeyDown(int KeyCode, int Shift);
+    void lvwSLIDEBAR_MouseUp(int Button, float X, float Y);
+
+    // slide_insert.cpp
+    QString slidePath(const QString& entry) const;
+    void insert(int index);
+    bool addSlide(const QString& path, bool first);
+    int currentIndex() const;
+    void saveAndReload();
+    bool writeSelection();
+    void readSelection();
+    void beginBatch() { ++batches_; }
+    void endBatch();
+    void settle();
+    bool isUndisturbed() const;
+    void remember();
+    void expectSelected(int row);
+    void expectAbove(int index);
+    void appendIfNew(QStringList& paths, int index) const;
+
+    void hideSlides();
+    void showSlides();
+    void addSelected();
+    void addFolder();
+    bool removeSelected();
+    void blankSelection(int count);
+    void move(int step);
+    void exchange(ListItem& s, ListItem& t);
+    void enableStart();
+    void markModified();
+    void nudgeWidth();
+
+    SlideListControls c_;
+    Thumbnails& thumbnails_;
+    PopupHandler popup_;
+    bool stopped_ = false;
+    /// The keyboard was in lvwSLIDEBAR when it was hidden.
+    bool hadFocus_ = false;
+
+    /// Add and AddAll running, one inside the other.
+    int batches_ = 0;
+    /// Slides were added since the list was last written and rebuilt.
+    bool pending_ = false;
+    /// Writing and rebuilding would bring back the same keys: it may wait for the end of the batch.
+    bool reproducible_ = false;
+    /// The list as the last insertion left it; anything else means that others have worked on it.
+    int rememberedCount_ = 0;
+    QString rememberedFirst_;
+};
+
+}  // namespace velorama

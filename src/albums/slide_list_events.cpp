@@ -1,0 +1,92 @@
+#include "albums/slide_list.h"
+#include "controls/keys.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+
+namespace velorama {
+namespace {
+
+void trigger(QAction* entry) {
+    if (entry && entry->isEnabled()) {
+        entry->trigger();
+    }
+}
+
+}  // namespace
+
+void SlideList::connectEvents() {
+    const ListView* list = c_.lvwSLIDEBAR;
+    connect(list, &ListView::GotFocus, this, [] { ActiveList = QStringLiteral("SELECTED"); });
+    connect(list, &ListView::Click, this, &SlideList::lvwSLIDEBAR_Click);
+    connect(list, &ListView::DblClick, this, &SlideList::Clear);
+    connect(list, &ListView::KeyDown, this, &SlideList::lvwSLIDEBAR_KeyDown);
+    connect(list, &ListView::MouseUp, this,
+            [this](int button, int, float x, float y) { lvwSLIDEBAR_MouseUp(button, x, y); });
+    connect(list, &ListView::AfterLabelEdit, this, &SlideList::lvwSLIDEBAR_AfterLabelEdit);
+}
+
+void SlideList::lvwSLIDEBAR_Click() {
+    ActiveList = QStringLiteral("SELECTED");
+    SelectChk();
+}
+
+void SlideList::selectFirstSlide() {
+    settle();
+    ListItem* first = c_.lvwSLIDEBAR->item(1);
+    if (!first) {
+        return;
+    }
+    c_.lvwSLIDEBAR->clearSelection();
+    c_.lvwSLIDEBAR->setSelectedItem(1);
+    first->setSelected(true);
+    lvwSLIDEBAR_Click();
+}
+
+void SlideList::lvwSLIDEBAR_KeyDown(int KeyCode, int Shift) {
+    if (c_.lvwSLIDEBAR->Count() == 0) {
+        return;
+    }
+    lvwSLIDEBAR_Click();
+    const QPointer<SlideList> self = this;
+    if (KeyCode == KeyContextMenu && popup_) {
+        // The found list's menu, here too.
+        popup_({PopupRequest::Menu::mnuFOUNDTOP, Left(*c_.lvwSLIDEBAR) + popupKeyOffset,
+                Top(*c_.lvwSLIDEBAR)});
+    }
+    if (self) {
+        ListKeysCheck(KeyCode, Shift);
+    }
+}
+
+void SlideList::lvwSLIDEBAR_MouseUp(int Button, float X, float Y) {
+    if (c_.lvwSLIDEBAR->Count() > 0 && Button == 2 && popup_) {
+        popup_({PopupRequest::Menu::mnuSELECTEDTOP, Left(*c_.lvwSLIDEBAR) + X,
+                Top(*c_.lvwSLIDEBAR) + Y, true});
+    }
+}
+
+void SlideList::lvwSLIDEBAR_AfterLabelEdit(const QString& NewString) {
+    // A text of the user's own: the next rebuild must not be put off.
+    reproducible_ = false;
+    ListItem* item = c_.lvwSLIDEBAR->SelectedItem();
+    if (item && NewString.contains(QLatin1Char(','))) {
+        item->setText(QString(NewString).remove(QLatin1Char(',')));
+    }
+    if (c_.mnuFILESAVE) {
+        c_.mnuFILESAVE->setEnabled(true);
+    }
+    if (c_.cbtnSLIDES[2]) {
+        c_.cbtnSLIDES[2]->setEnabled(true);
+    }
+}
+
+void SlideList::ListKeysCheck(int KeyCode, int Shift) {
+    if (Shift == CtrlDown && KeyCode == KeyDelete) {
+        trigger(c_.mnuEDITCLEAR);
+    }
+    if (Shift != CtrlDown && KeyCode == KeyInsert) {
+        trigger(c_.mnuEDITADD);
+    }
+}
+
+}  // namespace velorama

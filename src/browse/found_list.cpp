@@ -1,0 +1,196 @@
+#include "browse/found_list.h"
+
+#include "browse/screen_pointer.h"
+#include "controls/keys.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "platform/events.h"
+#include "platform/paths.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velorama {
+namespace {
+
+// Pictures announced to the work ahead: enough to keep every processor busy, few enough to hold.
+constexpr int lookAhead = 16;
+
+// Listings inside listings. A held arrow key starts one for every folder it passes; the stack would
+// not bear a whole disk of them.
+constexpr int deepest = 48;
+
+template <typename Function, typename... Arguments>
+void run(const Function& function, Arguments... arguments) {
+    if (function) {
+        function(arguments...);
+    }
+}
+
+}  // namespace
+
+FoundList::FoundList(const FoundListControls& controls, Thumbnails& thumbnails,
+                     FoundListCalls calls, QObject* parent)
+    : QObject(parent), c_(controls), thumbnails_(thumbnails), calls_(std::move(calls)) {
+    connectEvents();
+}
+
+void FoundList::connectEvents() {
+    connect(c_.ftvFOLDER, &FolderTree::NodeChange, this, &FoundList::ftvFOLDER_NodeChange);
+    connect(c_.ftvFOLDER, &FolderTree::KeyDown, this,
+            [this](int code, int shift) { run(calls_.ListKeysCheck, code, shift); });
+    connect(c_.lvwFOUND, &ListView::GotFocus, this, [] { ActiveList = QStringLiteral("FOUND"); });
+    connect(c_.lvwFOUND, &ListView::Click, this, &FoundList::lvwFOUND_Click);
+    connect(c_.lvwFOUND, &ListView::DblClick, this, [this] { run(calls_.Add); });
+    connect(c_.lvwFOUND, &ListView::KeyPress, this, [this](int ascii) {
+        if (ascii == KeyReturn) {
+            run(calls_.Add);
+        }
+    });
+    connect(c_.lvwFOUND, &ListView::KeyDown, this, &FoundList::lvwFOUND_KeyDown);
+    connect(c_.lvwFOUND, &ListView::MouseUp, this,
+            [this](int button, int, float x, float y) { lvwFOUND_MouseUp(button, x, y); });
+}
+
+void FoundList::lvwFOUND_Click() {
+    ActiveList = QStringLiteral("FOUND");
+    run(calls_.FoundButtonsCheck);
+}
+
+void FoundList::lvwFOUND_KeyDown(int KeyCode, int Shift) {
+    if (c_.lvwFOUND->Count() == 0) {
+        return;
+    }
+    lvwFOUND_Click();
+    const QPointer<FoundList> self = this;
+    if (KeyCode == KeyContextMenu) {
+        const float x = Left(*c_.lvwFOUND) + popupKeyOffset;
+        run(calls_.popup, PopupRequest{PopupRequest::Menu::mnuFOUNDTOP, x, Top(*c_.lvwFOUND)});
+    }
+    if (self) {
+        run(calls_.ListKeysCheck, KeyCode, Shift);
+    }
+}
+
+void FoundList::lvwFOUND_MouseUp(int Button, float X, float Y) {
+    if (c_.lvwFOUND->Count() == 0 || Button != 2) {
+        return;
+    }
+    run(calls_.popup, PopupRequest{PopupRequest::Menu::mnuFOUNDTOP, Left(*c_.lvwFOUND) + X,
+                                   Top(*c_.lvwFOUND) + Y, true});
+}
+
+bool FoundList::yield() {
+    const QPointer<FoundList> self = this;
+    DoEvents();
+    return self && !stopped_;
+}
+
+void FoundList::ftvFOLDER_NodeChange(const QString& path) {
+    if (FormLoading || stopped_) {
+        return;
+    }
+    if (depth_ >= deepest) {
+        postponed_ = path;
+        return;
+    }
+    const QPointer<FoundList> self = this;
+    ++depth_;
+    list(path);
+    while (self && depth_ == deepest && postponed_ && !stopped_) {
+        list(*std::exchange(postponed_, std::nullopt));
+    }
+    if (self) {
+        --depth_;
+    }
+}
+
+void FoundList::list(const QString& path) {
+    c_.flbFOUND->setPath(path);
+    emptyList();
+    c_.flbFOUND->setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
+    const QPointer<FoundList> self = this;
+    if (c_.flbFOUND->ListCount() >= 1) {
+        fill();
+        if (!self || stopped_) {
+            return;
+        }
+    }
+    if (c_.flbFOUND->ListCount() >= 1) {
+        selectFirst();
+    }
+    if (!yield()) {
+        return;
+    }
+    saveSetting(QStringLiteral("frmTOOLSSETTINGS\\Items"), QStringLiteral("Files Location"), path);
+    if (!yield()) {
+        return;
+    }
+    run(calls_.FoundButtonsCheck);
+    run(calls_.SelectChk);
+    run(calls_.selectFirstSlide);
+}
+
+void FoundList::emptyList() {
+    c_.lvwFOUND->setIcons(nullptr);
+    c_.lvwFOUND->Clear();
+    c_.imlFOUNDICONS->Clear();
+    c_.imlFOUNDICONS->Add(QStringLiteral("dummy"), thumbnails_.placeholder());
+    c_.lvwFOUND->setIcons(c_.imlFOUNDICONS);
+}
+
+void FoundList::fill() {
+    c_.prgBARSLIDES->setValue(0);
+    c_.prgBARSLIDES->setVisible(true);
+    setScreenPointer(ScreenPointer::Hourglass);
+    c_.lvwFOUND->setVisible(false);
+    const QPointer<FoundList> self = this;
+    // The count is read anew: another folder may have been listed in the midst of a round.
+    for (int i = 1; self && !stopped_ && i < c_.flbFOUND->ListCount() + 1; ++i) {
+        addRow(i);
+    }
+    if (!self) {
+        setScreenPointer(ScreenPointer::Default);
+        return;
+    }
+    c_.prgBARSLIDES->setVisible(false);
+    setScreenPointer(ScreenPointer::Default);
+    c_.lvwFOUND->setVisible(true);
+}
+
+void FoundList::addRow(int row) {
+    const QPointer<FoundList> self = this;
+    expectFrom(row);
+    const QString path = joinPath(c_.flbFOUND->Path(), c_.flbFOUND->List(row - 1));
+    thumbnails_.FoundThumbnailAdd(path);
+    if (!self || stopped_) {
+        return;
+    }
+    // A shorter folder may have been listed meanwhile: its rows stay one to one with its files.
+    if (row <= c_.flbFOUND->ListCount()) {
+        c_.lvwFOUND->Add(c_.lvwFOUND->Count() + 1, QString::number(row) + QLatin1Char('M'),
+                         c_.flbFOUND->List(row - 1), thumbnails_.FoundIconIndex(path));
+    }
+    c_.prgBARSLIDES->setMax(c_.flbFOUND->ListCount());
+    c_.prgBARSLIDES->setValue(c_.lvwFOUND->Count());
+    DoEvents();
+}
+
+void FoundList::expectFrom(int row) {
+    QStringList next;
+    const int end = std::min(c_.flbFOUND->ListCount(), row - 1 + lookAhead);
+    for (int entry = row - 1; entry < end; ++entry) {
+        next.append(joinPath(c_.flbFOUND->Path(), c_.flbFOUND->List(entry)));
+    }
+    thumbnails_.expectFound(next);
+}
+
+void FoundList::selectFirst() {
+    c_.lvwFOUND->setSelectedItem(1);
+    if (ListItem* first = c_.lvwFOUND->item(1)) {
+        first->setSelected(true);
+    }
+    lvwFOUND_Click();
+}
+
+}  // namespace velorama
