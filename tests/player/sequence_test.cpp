@@ -1,0 +1,252 @@
+#include "core/globals.h"
+#include "player/player_world.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+namespace velorama::test {
+namespace {
+
+using Show = PlayerTest;
+
+struct Seen {
+    QString counter;
+    qint32 SlideIndex;
+    bool operator==(const Seen&) const = default;
+};
+
+void PrintTo(const Seen& seen, std::ostream* out) {
+    *out << seen.counter.toStdString() << ", number " << seen.SlideIndex;
+}
+
+TEST_F(Show, LoadShowsTheFirstSlideAtOnce) {
+    makeSlides(3);
+    frmSLIDESHOW& show = open();
+    EXPECT_EQ(show.slides.SlideIndex, 1);
+    EXPECT_EQ(show.slides.SlideCount, 3);
+    EXPECT_EQ(caption(show), "a");
+    EXPECT_EQ(counter(show), "1 of 3");
+    EXPECT_EQ(status(show), "");
+}
+
+TEST_F(Show, TicksGoRoundForEverAndTheNumberIsZeroAfterTheLastSlide) {
+    makeSlides(3);
+    frmSLIDESHOW& show = open();
+    QList<Seen> seen;
+    for (int i = 0; i < 6; ++i) {
+        show.tmrSLIDESHOW_Timer();
+        seen.append({counter(show), show.slides.SlideIndex});
+    }
+    const QList<Seen> expected = {{"2 of 3", 2}, {"3 of 3", 0}, {"1 of 3", 1},
+                                  {"2 of 3", 2}, {"3 of 3", 0}, {"1 of 3", 1}};
+    EXPECT_EQ(seen, expected);
+    EXPECT_EQ(caption(show), "a");
+}
+
+TEST_F(Show, OneSlideIsShownAgainAtEachTickWithAFadeOntoItself) {
+    makeSlides(1);
+    frmSLIDESHOW& show = openFaded();
+    const QImage before = show.picPREVIEW.Image().copy();
+    for (int i = 0; i < 3; ++i) {
+        show.tmrSLIDESHOW_Timer();
+        EXPECT_EQ(counter(show), "1 of 1");
+        EXPECT_EQ(show.slides.SlideIndex, 0);
+        EXPECT_TRUE(show.tmrFADETRANS.isActive());
+        fadeSteps(show, 100);
+        EXPECT_EQ(show.picPREVIEW.Image(), before);
+    }
+}
+
+TEST_F(Show, TickSkipsMissingFilesAndTheCounterJumpsOverThem) {
+    setSlides({picture("a.bmp", Qt::red), missing("b.bmp"), missing("c.bmp"),
+               picture("d.bmp", Qt::blue)});
+    frmSLIDESHOW& show = open();
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "4 of 4");
+    EXPECT_EQ(caption(show), "d");
+    EXPECT_EQ(show.slides.SlideIndex, 0);
+}
+
+TEST_F(Show, TickPassesAMissingLastSlideAndBeginsAgain) {
+    setSlides({picture("a.bmp", Qt::red), picture("b.bmp", Qt::blue), missing("c.bmp")});
+    frmSLIDESHOW& show = open();
+    show.tmrSLIDESHOW_Timer();
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "1 of 3");
+    EXPECT_EQ(show.slides.SlideIndex, 1);
+}
+
+TEST_F(Show, FilesThatVanishDuringTheShowAreSkippedFromThenOn) {
+    const QStringList paths = makeSlides(3);
+    frmSLIDESHOW& show = open();
+    ASSERT_TRUE(QFile::remove(paths.at(1)));
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "3 of 3");
+    ASSERT_TRUE(QFile::remove(paths.at(0)));
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "3 of 3");
+}
+
+TEST_F(Show, AFolderIsNoSlide) {
+    const QString inner = missing("b.bmp");
+    ASSERT_TRUE(QDir().mkpath(inner));
+    setSlides({picture("a.bmp", Qt::red), inner, picture("c.bmp", Qt::blue)});
+    frmSLIDESHOW& show = open();
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "3 of 3");
+}
+
+TEST_F(Show, PathsAreReadFromTheStoreWhenTheyAreNeeded) {
+    makeSlides(3);
+    frmSLIDESHOW& show = open();
+    saveSetting("\\frmSLIDESHOW\\Selection", "2", picture("other.bmp", Qt::cyan));
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(caption(show), "other");
+    EXPECT_EQ(middle(show.picSLIDERESIZE.Picture()), QColor(Qt::cyan).rgb());
+}
+
+TEST_F(Show, TheCountIsReadOnceAtLoad) {
+    makeSlides(3);
+    frmSLIDESHOW& show = open();
+    saveSetting("\\frmSLIDESHOW\\Items", "Items", "9");
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "2 of 3");
+}
+
+TEST_F(Show, ANumberWithoutAPathIsAMissingFile) {
+    setSlides({picture("a.bmp", Qt::red)});
+    saveSetting("\\frmSLIDESHOW\\Items", "Items", "3");
+    frmSLIDESHOW& show = open();
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "1 of 3");
+}
+
+TEST_F(Show, AFileRewrittenDuringTheShowIsShownAsItIsNow) {
+    makeSlides(3);
+    frmSLIDESHOW& show = open();
+    picture("b.bmp", Qt::black, {61, 40});
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(middle(show.picSLIDERESIZE.Picture()), QColor(Qt::black).rgb());
+}
+
+TEST_F(Show, AnUnreadableFileFadesTheOldPictureOntoItself) {
+    setSlides({picture("a.bmp", Qt::red), unreadable("bad.jpg"), picture("c.bmp", Qt::blue)});
+    frmSLIDESHOW& show = openFaded();
+    const QImage before = show.picPREVIEW.Image().copy();
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(caption(show), "bad");
+    EXPECT_EQ(counter(show), "2 of 3");
+    EXPECT_EQ(show.fade().FadeAlpha, 0);
+    EXPECT_TRUE(show.tmrFADETRANS.isActive());
+    fadeSteps(show, 240);
+    EXPECT_EQ(show.picPREVIEW.Image(), before);
+    show.tmrSLIDESHOW_Timer();
+    fadeSteps(show, 240);
+    EXPECT_EQ(caption(show), "c");
+    EXPECT_EQ(middle(show.picPREVIEW.Image()), QColor(Qt::blue).rgb());
+}
+
+TEST_F(Show, AnUnreadableFileInTheMidstOfAFadeKeepsThePictureThatWasComing) {
+    setSlides({picture("a.bmp", Qt::red), picture("b.bmp", Qt::blue), unreadable("bad.jpg")});
+    frmSLIDESHOW& show = openFaded();
+    show.tmrSLIDESHOW_Timer();
+    fadeSteps(show, 10);
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(caption(show), "bad");
+    fadeSteps(show, 240);
+    EXPECT_EQ(middle(show.picPREVIEW.Image()), QColor(Qt::blue).rgb());
+}
+
+TEST_F(Show, AnUnreadableFirstSlideLeavesTheAreaWhite) {
+    setSlides({unreadable("bad.jpg"), picture("b.bmp", Qt::blue)});
+    frmSLIDESHOW& show = openFaded();
+    EXPECT_EQ(caption(show), "bad");
+    EXPECT_EQ(counter(show), "1 of 2");
+    EXPECT_EQ(middle(show.picPREVIEW.Image()), QColor(Qt::white).rgb());
+}
+
+TEST_F(Show, AnEmptyFileIsAnUnreadableOne) {
+    QFile empty(missing("none.bmp"));
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
+    empty.close();
+    setSlides({picture("a.bmp", Qt::red), empty.fileName()});
+    frmSLIDESHOW& show = openFaded();
+    show.tmrSLIDESHOW_Timer();
+    fadeSteps(show, 240);
+    EXPECT_EQ(caption(show), "none");
+    EXPECT_EQ(middle(show.picPREVIEW.Image()), QColor(Qt::red).rgb());
+}
+
+/// The one missing slide appears in the midst of an endless search: the search ends on it. Before,
+/// it has gone round a thousand times and let no event run.
+class EndlessSearch : public PlayerTest {
+protected:
+    void appearsAtRead(int read, const QString& name) {
+        store.onSlideRead = [this, read, name, first = store.slideReads](int now) {
+            if (now - first == read) {
+                EXPECT_FALSE(eventRan_);
+                picture(name, Qt::green);
+            }
+        };
+    }
+    void postEvent() {
+        eventRan_ = false;
+        QMetaObject::invokeMethod(
+            qApp, [this] { eventRan_ = true; }, Qt::QueuedConnection);
+    }
+    bool eventRan_ = false;
+};
+
+TEST_F(EndlessSearch, TickWithEveryFileMissingGoesOnUntilOneIsThere) {
+    const QStringList paths = makeSlides(3);
+    frmSLIDESHOW& show = open();
+    for (const QString& path : paths) {
+        ASSERT_TRUE(QFile::remove(path));
+    }
+    appearsAtRead(1001, "c.bmp");
+    postEvent();
+    const int before = store.slideReads;
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_GE(store.slideReads - before, 1001);
+    EXPECT_EQ(counter(show), "3 of 3");
+    EXPECT_EQ(caption(show), "c");
+    EXPECT_TRUE(eventRan_);
+}
+
+TEST_F(EndlessSearch, KeyLeftWithEveryFileMissingGoesOnUntilOneIsThere) {
+    const QStringList paths = makeSlides(3);
+    frmSLIDESHOW& show = open();
+    for (const QString& path : paths) {
+        ASSERT_TRUE(QFile::remove(path));
+    }
+    appearsAtRead(1001, "b.bmp");
+    postEvent();
+    const int before = store.slideReads;
+    show.Form_KeyDown(KeyLeft, 0);
+    EXPECT_GE(store.slideReads - before, 1001);
+    EXPECT_EQ(counter(show), "2 of 3");
+    EXPECT_EQ(caption(show), "b");
+    EXPECT_TRUE(eventRan_);
+}
+
+TEST_F(EndlessSearch, LoadWithNoSlidesGoesOnUntilTheFirstFileIsThere) {
+    saveSetting("\\frmSLIDESHOW\\Items", "Items", "0");
+    saveSetting("\\frmSLIDESHOW\\Selection", "1", missing("a.bmp"));
+    appearsAtRead(1000, "a.bmp");
+    frmSLIDESHOW& show = open();
+    EXPECT_GE(store.slideReads, 1000);
+    EXPECT_EQ(show.slides.SlideIndex, 1);
+    EXPECT_EQ(counter(show), "1 of 0");
+}
+
+TEST_F(EndlessSearch, LoadWithoutACountInTheStoreCountsNoSlides) {
+    saveSetting("\\frmSLIDESHOW\\Selection", "1", missing("a.bmp"));
+    appearsAtRead(100, "a.bmp");
+    frmSLIDESHOW& show = open();
+    EXPECT_GE(store.slideReads, 100);
+    EXPECT_EQ(counter(show), "1 of 0");
+}
+
+}  // namespace
+}  // namespace velorama::test
