@@ -83,24 +83,21 @@ Run runFor(float angle, int width, int height) {
     return run;
 }
 
-/// Where the run's first line crosses each row (steep) or column (flat) from 0 to `count` - 1, the
-/// pixel of its last point left out. A crossing that does not exist is `none`.
-constexpr int none = INT_MIN;
+/// Where the run's first line crosses each row (steep) or column (flat) from 0 to `count` - 1. The
+/// line is longer than the surface at any angle, so every one is crossed, also with the pixel of
+/// its last point left out.
 std::vector<int> crossings(QPoint from, QPoint to, bool steep, int count) {
     const int major = steep ? to.y() - from.y() : to.x() - from.x();
-    const int minor = steep ? to.x() - from.x() : to.y() - from.y();
+    const qint64 minor = steep ? to.x() - from.x() : to.y() - from.y();
     const int majorStart = steep ? from.y() : from.x();
     const int minorStart = steep ? from.x() : from.y();
     const qint64 length = std::abs(major);
-    std::vector<int> result(static_cast<size_t>(count), none);
-    for (qint64 i = 0; i < length; ++i) {
-        const qint64 at = majorStart + (major > 0 ? i : -i);
-        if (at >= 0 && at < count) {
-            // Halfway between two pixels the line keeps to the one it comes from.
-            const qint64 moved = (2 * i * std::abs(minor) + length - 1) / (2 * length);
-            result[static_cast<size_t>(at)] =
-                minorStart + static_cast<int>(minor > 0 ? moved : -moved);
-        }
+    std::vector<int> result(static_cast<size_t>(count));
+    for (int at = 0; at < count; ++at) {
+        const qint64 done = major > 0 ? at - majorStart : majorStart - at;
+        // Halfway between two pixels the line keeps to the one it comes from.
+        const qint64 moved = (2 * done * std::abs(minor) + length - 1) / (2 * length);
+        result[static_cast<size_t>(at)] = minorStart + static_cast<int>(minor > 0 ? moved : -moved);
     }
     return result;
 }
@@ -112,6 +109,12 @@ std::vector<QRgb> lineColours(Colour first, Colour last, const Run& run) {
     }
     result.resize(static_cast<size_t>(run.lines));
     return result;
+}
+
+void copyPicked(QRgb* out, const QRgb* colours, const std::vector<int>& picks) {
+    for (const int pick : picks) {
+        *out++ = colours[pick];
+    }
 }
 
 QRgb* row(QImage& target, int y) {
@@ -128,26 +131,25 @@ void paintRows(QImage& target, const Run& run, std::vector<QRgb> colours) {
     const size_t bytes = static_cast<size_t>(target.width()) * sizeof(QRgb);
     for (int y = 0; y < target.height(); ++y) {
         const int start = starts[static_cast<size_t>(y)];
-        if (start != none) {
-            const int first = backwards ? run.lines - 1 - start : -start;
-            std::memcpy(row(target, y), colours.data() + first, bytes);
-        }
+        const int first = backwards ? run.lines - 1 - start : -start;
+        std::memcpy(row(target, y), colours.data() + first, bytes);
     }
 }
 
 /// Flat lines one above the other: the line of a pixel is its distance from where line 0 crosses
 /// its column.
-void paintColumns(QImage& target, const Run& run, const std::vector<QRgb>& colours) {
+void paintColumns(QImage& target, const Run& run, std::vector<QRgb> colours) {
     std::vector<int> starts = crossings(run.from, run.to, false, target.width());
     const bool upwards = run.step.y() < 0;
+    if (upwards) {
+        std::ranges::reverse(colours);
+    }
+    // From here on a column's number is that of its pixel in row 0.
+    for (int& start : starts) {
+        start = upwards ? run.lines - 1 - start : -start;
+    }
     for (int y = 0; y < target.height(); ++y) {
-        QRgb* pixels = row(target, y);
-        for (int x = 0; x < target.width(); ++x) {
-            const int start = starts[static_cast<size_t>(x)];
-            if (start != none) {
-                pixels[x] = colours[static_cast<size_t>(upwards ? start - y : y - start)];
-            }
-        }
+        copyPicked(row(target, y), colours.data() + y, starts);
     }
 }
 
@@ -176,7 +178,7 @@ bool clsPICGRDNT::Draw(QImage& target) const {
     if (run.step.x() != 0) {
         paintRows(target, run, std::move(colours));
     } else {
-        paintColumns(target, run, colours);
+        paintColumns(target, run, std::move(colours));
     }
     return true;
 }

@@ -1,4 +1,5 @@
 #include "imaging/decoding.h"
+#include "imaging/scaling.h"
 
 #include <QtGlobal>
 
@@ -192,19 +193,31 @@ void JpegFile::readRows(uchar* pixels, qsizetype stride, uchar* inks) {
     }
 }
 
+/// A reduced bitmap has whole pixels; the incomplete ones stand at the right and at the bottom of
+/// the bitmap as it was stored.
+QRectF exactExtent(QSize bitmap, QSizeF exact, int orientation) {
+    const bool fromRight =
+        orientation == 2 || orientation == 3 || orientation == 6 || orientation == 7;
+    const bool fromBottom =
+        orientation == 3 || orientation == 4 || orientation == 7 || orientation == 8;
+    return {fromRight ? bitmap.width() - exact.width() : 0,
+            fromBottom ? bitmap.height() - exact.height() : 0, exact.width(), exact.height()};
+}
+
 }  // namespace
 
 int jpegEighths(QSize size, const Fit& fit) {
-    constexpr qint64 smallPicture = 256 * 256;
+    // Below this the last, incomplete block of a side shows, and there is little to win.
+    constexpr qint64 smallPicture = 512 * 512;
     if (fit.kind == Fit::Kind::Whole || qint64(size.width()) * size.height() <= smallPicture) {
         return 8;
     }
-    const QSizeF wanted = fit.kind == Fit::Kind::Cell
-                              ? cellSize(size, fit.box.width())
-                              : QSizeF(size).scaled(fit.box, Qt::KeepAspectRatio);
-    const double needed = 2 * qMax(wanted.width() / size.width(), wanted.height() / size.height());
+    const QSizeF wanted = fit.kind == Fit::Kind::Cell ? cellSize(size, fit.box.width())
+                                                      : QSizeF(fittedRect(size, fit.box).size());
+    const double needed = qMax(wanted.width() / size.width(), wanted.height() / size.height());
+    // The scales between, 3/8 and the like, take longer than a full decode.
     for (const int eighths : {1, 2, 4}) {
-        if (eighths / 8.0 >= needed) {
+        if (eighths >= needed * 8) {
             return eighths;
         }
     }
@@ -219,12 +232,16 @@ Picture readJpeg(QByteArrayView bytes, const Fit& fit) {
     const int orientation = file.orientation();
     const QSize shown = orientation >= 5 ? file.size().transposed() : file.size();
     const QColorSpace space = file.colourSpace();
-    QImage bitmap = file.decoded(jpegEighths(shown, fit), orientation > 1 ? 2 : 1);
+    const int eighths = jpegEighths(shown, fit);
+    QImage bitmap = file.decoded(eighths, orientation > 1 ? 2 : 1);
     if (bitmap.isNull()) {
         return {};
     }
     convertToSrgb(bitmap, space);
-    return {PictureType::Bitmap, shown, oriented(std::move(bitmap), orientation), {}};
+    const QSizeF exact = QSizeF(shown) * eighths / 8;
+    bitmap = oriented(std::move(bitmap), orientation);
+    const QRectF extent = exactExtent(bitmap.size(), exact, orientation);
+    return {PictureType::Bitmap, shown, bitmap, {}, extent};
 }
 
 }  // namespace velorama

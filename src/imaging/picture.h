@@ -2,6 +2,7 @@
 
 #include <QByteArrayView>
 #include <QImage>
+#include <QRectF>
 #include <QSize>
 #include <QString>
 
@@ -21,6 +22,9 @@ struct Picture {
     /// Where a worker has already fitted the picture (see `fittedBitmap`): the result, otherwise
     /// null.
     QImage fitted;
+    /// Part of the bitmap, in its pixels, that the picture fills; null: all of it. A bitmap decoded
+    /// smaller may end in a pixel that is only partly picture.
+    QRectF extent = {};
 
     bool isNull() const { return Type == PictureType::None; }
 };

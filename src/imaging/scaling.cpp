@@ -35,12 +35,12 @@ void layOver(QImage& target, QRect place, const QImage& over) {
     }
 }
 
-void drawInto(QImage& target, QRect place, const QImage& bitmap) {
+void drawInto(QImage& target, QRect place, const QImage& bitmap, const QRectF& extent) {
     if (bitmap.hasAlphaChannel()) {
         layOver(target, place, resampled(bitmap, place.size()));
     } else {
         uchar* corner = target.scanLine(place.y()) + 4 * qsizetype(place.x());
-        resampleInto(corner, target.bytesPerLine(), place.size(), bitmap);
+        resampleInto(corner, target.bytesPerLine(), place.size(), bitmap, extent);
     }
 }
 
@@ -84,7 +84,7 @@ QImage fittedBitmap(const Picture& picture, QSize size, Colour fill, bool keepAs
         result.fill(toRgb(fill));
     }
     if (!place.isEmpty()) {
-        drawInto(result, place, pictureFromBitmap(picture.bitmap).bitmap);
+        drawInto(result, place, pictureFromBitmap(picture.bitmap).bitmap, picture.extent);
     }
     return result;
 }
