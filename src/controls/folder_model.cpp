@@ -256,6 +256,13 @@ bool FolderModel::canFetchMore(const QModelIndex& parent) const {
 
 void FolderModel::fetchMore(const QModelIndex& parent) {
     refresh(parent);
+    folderOf(parent).fresh = true;
+}
+
+void FolderModel::opened(const QModelIndex& folder) {
+    if (!std::exchange(folderOf(folder).fresh, false)) {
+        refresh(folder);
+    }
 }
 
 QVariant FolderModel::data(const QModelIndex& index, int role) const {
