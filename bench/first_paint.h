@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <optional>
+
+struct xcb_connection_t;
+
+namespace velorama::bench {
+
+/// An X server and a session bus of the bench's own, with an empty home: nothing of the user's
+/// desktop takes part.
+class Desktop {
+public:
+    Desktop();
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    /// Empty if the desktop is up, otherwise what is missing.
+    QString whyAbsent() const { return absent_; }
+
+    /// Milliseconds from the start of a program until its first large window shows anything but
+    /// black; it is then closed as a user closes it. Nothing if no such window comes.
+    std::optional<double> timeToFirstPaint(const QString& program);
+
+private:
+    QProcessEnvironment environment() const;
+    /// Starts a process that prints one line when it is ready; the line, or empty.
+    QString startServer(QProcess& process, const QString& program, const QStringList& arguments);
+
+    QTemporaryDir home_;
+    QProcess server_;
+    QProcess bus_;
+    QString display_;
+    QString busAddress_;
+    QString absent_;
+    xcb_connection_t* connection_ = nullptr;
+};
+
+}  // namespace velorama::bench

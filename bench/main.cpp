@@ -1,0 +1,136 @@
+#include "contest.h"
+#include "table.h"
+#include "works.h"
+#include "world.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace velorama::bench {
+namespace {
+
+struct Work {
+    const char* word;
+    int rows;
+    Contest (*make)();
+};
+
+constexpr Work works[] = {
+    {"thumbnails", 2, wallpaperThumbnails},
+    {"camera", 2, cameraThumbnails},
+    {"slide", 2, slideLoading},
+    {"tick", 1, tickWithSlideReady},
+    {"fade", 1, fadeStep},
+    {"addall", 1, addingAll},
+    {"start", 1, startOfProgram},
+    {"memory", 1, memoryOfSlides},
+};
+
+constexpr int quickRounds = 3;
+
+struct Wish {
+    bool quick = false;
+    QStringList rows;
+
+    bool wants(const Work& work, int number) const {
+        return rows.isEmpty() || rows.contains(QLatin1String(work.word)) ||
+               rows.contains(QString::number(number));
+    }
+};
+
+/// Runs a work whose first row has the number `first`, with those opponents only that are asked
+/// for.
+void runWork(const Work& work, int first, const Wish& wish) {
+    std::vector<int> numbers;
+    for (int number = first; number < first + work.rows; ++number) {
+        if (wish.wants(work, number)) {
+            numbers.push_back(number);
+        }
+    }
+    if (numbers.empty()) {
+        return;
+    }
+    std::fprintf(stderr, "measuring %s ...\n", work.word);
+    Contest contest = work.make();
+    std::vector<Opponent> asked;
+    for (const int number : numbers) {
+        asked.push_back(contest.against.at(static_cast<size_t>(number - first)));
+    }
+    contest.against = std::move(asked);
+    const int rounds = wish.quick ? std::min(quickRounds, contest.rounds) : contest.rounds;
+    const std::vector<Row> rows = run(contest, rounds);
+    for (size_t i = 0; i < rows.size(); ++i) {
+        printRow(numbers[i], rows[i]);
+    }
+}
+
+void runAll(const Wish& wish) {
+    const double before = machineLoad();
+    printHead();
+    int first = 1;
+    for (const Work& work : works) {
+        runWork(work, first, wish);
+        first += work.rows;
+    }
+    std::printf(
+        "\nMedians of rounds in turn; a ratio below 1 is for the program. "
+        "Load of the machine before: %.2f\n",
+        before);
+}
+
+int usage() {
+    std::fprintf(stderr, "usage: velorama_bench [--quick] [row number or word ...]\nwords:");
+    for (const Work& work : works) {
+        std::fprintf(stderr, " %s", work.word);
+    }
+    std::fprintf(stderr, "\n");
+    return 2;
+}
+
+bool isKnown(const QString& row) {
+    int count = 0;
+    for (const Work& work : works) {
+        if (row == QLatin1String(work.word)) {
+            return true;
+        }
+        count += work.rows;
+    }
+    return row.toInt() >= 1 && row.toInt() <= count;
+}
+
+std::optional<Wish> parsed(const QStringList& arguments) {
+    Wish wish;
+    for (const QString& argument : arguments) {
+        if (argument == QLatin1String("--quick")) {
+            wish.quick = true;
+        } else if (isKnown(argument)) {
+            wish.rows.append(argument);
+        } else {
+            return std::nullopt;
+        }
+    }
+    return wish;
+}
+
+}  // namespace
+}  // namespace velorama::bench
+
+int main(int argc, char** argv) {
+    using namespace velorama::bench;
+    setvbuf(stdout, nullptr, _IOLBF, 0);
+    useScreenInMemory();
+    QApplication app(argc, argv);
+    const World world;
+    const QStringList arguments = QApplication::arguments().mid(1);
+    if (arguments.size() == 2 && arguments[0] == QLatin1String("--hold-slides")) {
+        return holdSlides(arguments[1]);
+    }
+    const auto wish = parsed(arguments);
+    if (!wish) {
+        return usage();
+    }
+    runAll(*wish);
+    return 0;
+}

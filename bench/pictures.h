@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace velorama::bench {
+
+/// The folder `name` of the bench's own data beside the program, made if need be. It is kept from
+/// run to run.
+QString dataFolder(const QString& name);
+
+/// Full paths of the files in a folder, by name.
+QStringList filesOf(const QString& folder);
+
+/// The pictures are made, or copied, the first time; each function returns their folder.
+
+/// The photographs of Debian's plasma-workspace-wallpapers under plain names, links followed; empty
+/// if the package is not installed.
+QString wallpaperFolder();
+/// 40 JPEGs of 6000 x 4000, quality 90, colours halved in both directions as cameras do.
+QString cameraFolder();
+/// `count` different JPEGs of 320 x 240.
+QString smallFolder(int count);
+/// `count` different BMPs of 4 x 4.
+QString tinyFolder(int count);
+
+}  // namespace velorama::bench

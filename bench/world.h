@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/memory_registry_store.h"
+#include "platform/shell.h"
+
+namespace velorama::bench {
+
+class NoShell : public Shell {
+public:
+    bool open(const QString&) override { return false; }
+    QString specialFolder(int) const override { return {}; }
+};
+
+/// The program's services over a settings store in memory, for as long as it lives.
+class World {
+public:
+    World();
+    ~World();
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
+
+private:
+    MemoryRegistryStore store_;
+    NoShell shell_;
+};
+
+/// Tells Qt, before the application object is made, to draw into memory on one screen of 1920 x
+/// 1080.
+void useScreenInMemory();
+
+/// The kernel's load average of the last minute; below 0 if unknown.
+double machineLoad();
+
+}  // namespace velorama::bench
