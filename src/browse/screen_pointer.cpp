@@ -1,5 +1,7 @@
 #include "browse/screen_pointer.h"
 
+#include <QCursor>
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace velorama {

@@ -1,0 +1,192 @@
+#pragma once
+
+#include "core/cls_filefoldr.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace velorama::test {
+
+/// The slide list as simply as it can be written: every insertion saves and rebuilds the whole
+/// list. The real one must end in the same state.
+class PlainSlideList {
+public:
+    struct Slide {
+        QString key;
+        QString text;
+        int icon = 0;
+        bool selected = false;
+    };
+
+    // The folder shown, and the rows selected in it (from 1).
+    QString folder;
+    QStringList files;
+    std::vector<int> rows;
+
+    std::vector<Slide> slides;
+    int current = 0;
+    QStringList images;
+    QHash<QString, QString> store;
+    /// Runs where events would be let run.
+    std::function<void()> onYield;
+    /// Runs after an image was added.
+    std::function<void()> onImage;
+
+    void Add() {
+        const std::vector<int> chosen = rows;
+        for (const int row : chosen) {
+            insert(row - 1);
+        }
+    }
+    void AddAll() {
+        for (int i = static_cast<int>(files.size()); i >= 0; --i) {
+            insert(i);
+        }
+    }
+    void Clear() {
+        store[QStringLiteral("Items")] = QString::number(slides.size());
+        bool removed = false;
+        for (int i = count(); i >= 1; --i) {
+            if (at(i).selected) {
+                remove(i);
+                removed = true;
+            }
+        }
+        if (!removed) {
+            remove(count());
+        }
+        if (current > 0) {
+            at(current).selected = true;
+        }
+    }
+    void ClearAll() {
+        const int stored = load(QStringLiteral("Items"), QStringLiteral("0")).toInt();
+        slides.clear();
+        current = 0;
+        for (int i = 1; i <= stored; ++i) {
+            store[QString::number(i)] = QString();
+        }
+        if (stored >= 1) {
+            store[QStringLiteral("Items")] = QStringLiteral("0");
+        }
+    }
+    void move(int step) {
+        const int other = current + step;
+        if (current == 0 || other < 1 || other > count()) {
+            return;
+        }
+        Slide& s = at(current);
+        Slide& t = at(other);
+        std::swap(s.key, t.key);
+        for (Slide* each : {&s, &t}) {
+            each->text = textOf(each->key);
+            each->icon = iconOf(each->key);
+        }
+        s.selected = false;
+        t.selected = true;
+        current = other;
+        save();
+    }
+    void edit(const QString& text) {
+        if (current > 0) {
+            at(current).text = QString(text).remove(QLatin1Char(','));
+        }
+    }
+    void setCurrent(int index) { current = index; }
+    void insert(int index) {
+        const QString entry = files.value(index);
+        const QString ending = entry.mid(entry.indexOf(QLatin1Char('.')) + 1).toUpper();
+        if (ending != QLatin1String("BMP") && ending != QLatin1String("JPG") &&
+            ending != QLatin1String("GIF")) {
+            return;
+        }
+        const QString path = folder + QLatin1Char('/') + entry;
+        const bool first = slides.empty();
+        addImage(path);
+        if (first) {
+            addSlide(1, path);
+        } else {
+            addSlide(current, path);
+            store[QStringLiteral("Items")] = QString::number(count());
+            store[QString::number(count())] = path;
+        }
+        save();
+        reload();
+    }
+    void save() {
+        store[QStringLiteral("Items")] = QString::number(count());
+        for (int i = 1; i <= count(); ++i) {
+            store[QString::number(i)] = at(i).key;
+        }
+    }
+
+private:
+    int count() const { return static_cast<int>(slides.size()); }
+    Slide& at(int index) { return slides.at(static_cast<std::size_t>(index) - 1); }
+
+    void reload() {
+        const int stored = load(QStringLiteral("Items"), QStringLiteral("0")).toInt();
+        slides.clear();
+        current = 0;
+        for (int i = 1; i <= stored; ++i) {
+            addSlide(i, load(QString::number(i), QStringLiteral("1")));
+        }
+    }
+    void addSlide(int index, const QString& key) {
+        for (const Slide& each : slides) {
+            if (each.key == key && !key.isEmpty()) {
+                return;
+            }
+        }
+        if (index < 1 || index > count() + 1) {
+            return;
+        }
+        slides.insert(slides.begin() + index - 1, {key, textOf(key), iconOf(key)});
+        current = current == 0 ? 1 : current + (index <= current ? 1 : 0);
+    }
+    void remove(int index) {
+        if (index < 1 || index > count()) {
+            return;
+        }
+        slides.erase(slides.begin() + index - 1);
+        if (index < current) {
+            --current;
+        }
+        current = std::min(current, count());
+    }
+    void addImage(const QString& path) {
+        if (images.contains(path)) {
+            return;
+        }
+        if (onYield) {
+            onYield();
+        }
+        if (!images.contains(path)) {
+            images.append(path);
+            if (onImage) {
+                onImage();
+            }
+        }
+    }
+    QString load(const QString& name, const QString& fallback) const {
+        const auto value = store.constFind(name);
+        if (value == store.constEnd() || value->toUtf8().size() >= 255) {
+            return fallback;
+        }
+        return value->isEmpty() ? QString(255, u' ') : *value;
+    }
+    QString textOf(const QString& key) const { return clsFILEFOLDR().FileNameFromPath(key, false); }
+    int iconOf(const QString& path) const {
+        for (qsizetype i = 0; i < images.size(); ++i) {
+            if (path.contains(images[i])) {
+                return static_cast<int>(i) + 1;
+            }
+        }
+        return 0;
+    }
+};
+
+}  // namespace velorama::test

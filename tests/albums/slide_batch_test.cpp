@@ -1,0 +1,351 @@
+#include "albums/plain_slide_list.h"
+#include "albums/slide_world.h"
+
+#include <random>
+
+namespace velorama {
+namespace {
+
+/// Random operations on the slide list and on the plain one, which puts nothing off.
+class SlideBatchTest : public test::WithSlides {
+protected:
+    enum Operation {
+        AddSome,
+        AddFolder,
+        Remove,
+        RemoveAll,
+        Back,
+        Forward,
+        Edit,
+        Current,
+        Browse,
+        Save,
+        One,
+        SelectFirst,
+        OperationCount
+    };
+
+    void SetUp() override {
+        folders = {folderWith({"a.bmp", "B.JPG", "c.d.bmp", "e.bmp"}),
+                   folderWith({"1.bmp", "e.bmp", "x.jpg"}), folderWith({}), longFolder()};
+        browseBoth(0);
+    }
+
+    QString folderWith(const std::vector<const char*>& names) {
+        const QString folder = test::temporaryFolder();
+        for (const char* name : names) {
+            test::savePicture(folder, QString::fromLatin1(name));
+        }
+        return folder;
+    }
+    /// Two paths too long for the settings among two that fit.
+    QString longFolder() {
+        const QString folder = test::temporaryFolder();
+        for (const QString& name :
+             {QStringLiteral("f"), QString(240, u'g'), QStringLiteral("h"), QString(241, u'i')}) {
+            test::savePicture(folder, QString(name + QStringLiteral(".bmp")));
+        }
+        return folder;
+    }
+
+    int random(int below) {
+        return below < 1 ? 0 : std::uniform_int_distribution<int>(0, below - 1)(generator);
+    }
+    void browseBoth(std::size_t index) {
+        browseFolder(folders.at(index));
+        plain.folder = folders.at(index);
+        plain.files.clear();
+        for (int i = 0; i < flbFOUND.ListCount(); ++i) {
+            plain.files.append(flbFOUND.List(i));
+        }
+        plain.rows.clear();
+    }
+
+    /// The arguments of an operation are drawn once and used on both.
+    struct Step {
+        int operation = 0;
+        int argument = 0;
+        std::vector<int> rows;
+    };
+    Step draw(int operations) {
+        Step step{random(operations), random(1000), {}};
+        for (int row = 1; row <= 8; ++row) {
+            if (random(2) == 1) {
+                step.rows.push_back(row);
+            }
+        }
+        return step;
+    }
+    void doReal(const Step& step) {
+        const int count = lvwSLIDEBAR->Count();
+        switch (step.operation) {
+            case AddSome:
+                return list->Add();
+            case AddFolder:
+                return list->AddAll();
+            case Remove:
+                return list->Clear();
+            case RemoveAll:
+                return list->ClearAll();
+            case Back:
+                return list->MoveBack();
+            case Forward:
+                return list->MoveForward();
+            case Edit:
+                if (ListItem* item = lvwSLIDEBAR->SelectedItem()) {
+                    item->setText(QStringLiteral("x,y"));
+                }
+                return list->lvwSLIDEBAR_AfterLabelEdit(QStringLiteral("x,y"));
+            case Current:
+                return lvwSLIDEBAR->setSelectedItem(count == 0 ? 0 : step.argument % count + 1);
+            case Save:
+                return list->SELECTIONSAVE();
+            case One:
+                return list->SlideInsert(step.argument % 4);
+            case SelectFirst:
+                return list->selectFirstSlide();
+            default:
+                return;
+        }
+    }
+    void doPlain(const Step& step) {
+        const int count = static_cast<int>(plain.slides.size());
+        switch (step.operation) {
+            case AddSome:
+                return plain.Add();
+            case AddFolder:
+                return plain.AddAll();
+            case Remove:
+                return plain.Clear();
+            case RemoveAll:
+                return plain.ClearAll();
+            case Back:
+                return plain.move(-1);
+            case Forward:
+                return plain.move(1);
+            case Edit:
+                return plain.edit(QStringLiteral("x,y"));
+            case Current:
+                return plain.setCurrent(count == 0 ? 0 : step.argument % count + 1);
+            case Save:
+                return plain.save();
+            case One:
+                return plain.insert(step.argument % 4);
+            case SelectFirst:
+                for (auto& slide : plain.slides) {
+                    slide.selected = &slide == &plain.slides.front();
+                }
+                return plain.setCurrent(count == 0 ? 0 : 1);
+            default:
+                return;
+        }
+    }
+    /// Selects rows in the found list, and sometimes slides, on both sides.
+    void select(const Step& step) {
+        std::vector<int> found;
+        std::copy_if(step.rows.begin(), step.rows.end(), std::back_inserter(found),
+                     [this](int row) { return row <= flbFOUND.ListCount(); });
+        selectFound(found);
+        plain.rows = found;
+        if (step.argument % 3 == 0) {
+            for (const int row : step.rows) {
+                if (row <= lvwSLIDEBAR->Count()) {
+                    lvwSLIDEBAR->item(row)->setSelected(true);
+                    plain.slides.at(static_cast<std::size_t>(row) - 1).selected = true;
+                    plain.setCurrent(row);
+                }
+            }
+        }
+    }
+
+    void expectSame() {
+        ASSERT_EQ(lvwSLIDEBAR->Count(), static_cast<int>(plain.slides.size()));
+        for (int i = 1; i <= lvwSLIDEBAR->Count(); ++i) {
+            const ListItem& real = *lvwSLIDEBAR->item(i);
+            const auto& expected = plain.slides.at(static_cast<std::size_t>(i) - 1);
+            ASSERT_EQ(real.Key(), expected.key) << i;
+            ASSERT_EQ(real.Text(), expected.text) << i;
+            ASSERT_EQ(real.Icon(), expected.icon) << i;
+            ASSERT_EQ(real.Selected(), expected.selected) << i;
+        }
+        ASSERT_EQ(current(), plain.current);
+        ASSERT_EQ(imlTHUMBNAILS.Count(), plain.images.size());
+        const auto stored = [this](const QString& name) -> std::optional<QString> {
+            return plain.store.contains(name) ? std::optional(plain.store.value(name))
+                                              : std::nullopt;
+        };
+        ASSERT_EQ(storedCount(), stored(QStringLiteral("Items")));
+        for (int i = 0; i <= 20; ++i) {
+            ASSERT_EQ(storedSlide(i), stored(QString::number(i))) << i;
+        }
+    }
+
+    std::mt19937 generator;
+    std::vector<QString> folders;
+    test::PlainSlideList plain;
+};
+
+TEST_F(SlideBatchTest, endsAsThePlainListDoes) {
+    for (unsigned seed = 1; seed <= 60; ++seed) {
+        SCOPED_TRACE(seed);
+        generator.seed(seed);
+        for (int round = 0; round < 60; ++round) {
+            const Step step = draw(OperationCount);
+            SCOPED_TRACE(testing::Message()
+                         << "round " << round << " operation " << step.operation);
+            if (step.operation == Browse) {
+                browseBoth(static_cast<std::size_t>(step.argument) % folders.size());
+            } else {
+                select(step);
+                doReal(step);
+                doPlain(step);
+            }
+            ASSERT_NO_FATAL_FAILURE(expectSame());
+        }
+    }
+}
+
+/// One operation comes in while another makes its `at`-th thumbnail.
+TEST_F(SlideBatchTest, endsAsThePlainListDoesWithOperationsInside) {
+    for (unsigned seed = 1; seed <= 300; ++seed) {
+        SCOPED_TRACE(seed);
+        generator.seed(seed);
+        plain = {};
+        imlTHUMBNAILS.Clear();
+        lvwSLIDEBAR->Clear();
+        releaseServices();
+        MemoryRegistryStore fresh;
+        makeServices(fresh, shell);
+        browseBoth(static_cast<std::size_t>(random(2)));
+        for (int round = 0; round < 8; ++round) {
+            const Step outer = draw(OperationCount);
+            const Step inner = draw(OperationCount);
+            SCOPED_TRACE(testing::Message() << "round " << round << " operation " << outer.operation
+                                            << " with " << inner.operation);
+            if (outer.operation == Browse || inner.operation == Browse) {
+                browseBoth(static_cast<std::size_t>(outer.argument) % folders.size());
+                continue;
+            }
+            select(outer);
+            const int at = imlTHUMBNAILS.Count() + random(3);
+            bool realDue = true;
+            bool plainDue = true;
+            const auto post = [&] {
+                if (realDue && imlTHUMBNAILS.Count() >= at) {
+                    realDue = false;
+                    test::atNextYield([&] { doReal(inner); });
+                }
+            };
+            bool plainPosted = false;
+            const auto postPlain = [&] { plainPosted = plainPosted || plain.images.size() >= at; };
+            plain.onImage = postPlain;
+            plain.onYield = [&] {
+                if (plainPosted && plainDue) {
+                    plainDue = false;
+                    doPlain(inner);
+                }
+            };
+            const auto connection =
+                QObject::connect(&imlTHUMBNAILS, &ImageList::changed, list.get(), post);
+            post();
+            postPlain();
+            doReal(outer);
+            QCoreApplication::processEvents();
+            doPlain(outer);
+            plain.onYield();
+            QObject::disconnect(connection);
+            plain.onImage = nullptr;
+            plain.onYield = nullptr;
+            ASSERT_EQ(realDue, !plainPosted);
+            ASSERT_EQ(lvwSLIDEBAR->Count(), static_cast<int>(plain.slides.size()));
+            for (int i = 1; i <= lvwSLIDEBAR->Count(); ++i) {
+                const ListItem& real = *lvwSLIDEBAR->item(i);
+                const auto& expected = plain.slides.at(static_cast<std::size_t>(i) - 1);
+                ASSERT_EQ(real.Key(), expected.key) << i;
+                ASSERT_EQ(real.Text(), expected.text) << i;
+                ASSERT_EQ(real.Icon(), expected.icon) << i;
+                ASSERT_EQ(real.Selected(), expected.selected) << i;
+            }
+            ASSERT_EQ(current(), plain.current);
+            for (int i = 0; i <= 20; ++i) {
+                const QString name = i == 0 ? QStringLiteral("Items") : QString::number(i);
+                const auto value =
+                    fresh.value(Hive::CurrentUser,
+                                keyPath(i == 0 ? QStringLiteral("frmSLIDESHOW\\Items")
+                                               : QStringLiteral("frmSLIDESHOW\\Selection")),
+                                name);
+                ASSERT_EQ(value.has_value(), plain.store.contains(name)) << i;
+                ASSERT_EQ(value ? QString::fromUtf8(value->data) : QString(),
+                          plain.store.value(name))
+                    << i;
+            }
+        }
+        releaseServices();
+        makeServices(store, shell);
+    }
+}
+
+TEST_F(SlideBatchTest, settingsAreWholeWhenTheShowStartsInside) {
+    browseBoth(0);
+    int started = 0;
+    QObject::connect(&imlTHUMBNAILS, &ImageList::changed, list.get(), [&] {
+        if (imlTHUMBNAILS.Count() == 2) {
+            test::atNextYield([&] {
+                ++started;
+                list->StartSave();
+                EXPECT_EQ(storedCount(), QStringLiteral("2"));
+                EXPECT_EQ(storedSlides(2), keys());
+            });
+        }
+    });
+    list->AddAll();
+    EXPECT_EQ(started, 1);
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 3);
+}
+
+TEST_F(SlideBatchTest, listChangedByOthersInsideIsTakenAsItIs) {
+    browseBoth(0);
+    QObject::connect(&imlTHUMBNAILS, &ImageList::changed, list.get(), [&] {
+        if (imlTHUMBNAILS.Count() == 2) {
+            test::atNextYield([&] {
+                lvwSLIDEBAR->Clear();
+                lvwSLIDEBAR->Add(1, QStringLiteral("/other.jpg"), QStringLiteral("mine"), 0);
+            });
+        }
+    });
+    list->AddAll();
+    EXPECT_EQ(keys(),
+              QStringList({folders[0] + QStringLiteral("/a.bmp"), QStringLiteral("/other.jpg")}));
+    EXPECT_EQ(storedCount(), QStringLiteral("2"));
+}
+
+TEST_F(SlideBatchTest, closedWindowEndsTheBatch) {
+    browseBoth(0);
+    test::atNextYield([&] {
+        list->stop();
+        list->SELECTIONSAVE();
+    });
+    list->AddAll();
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+    EXPECT_EQ(storedCount(), QStringLiteral("0"));
+}
+
+TEST_F(SlideBatchTest, destroyedWindowEndsTheBatch) {
+    browseBoth(0);
+    test::atNextYield([&] { list.reset(); });
+    list->AddAll();
+    EXPECT_EQ(list, nullptr);
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SlideBatchTest, destroyedWindowEndsAnAdd) {
+    browseBoth(0);
+    selectFound({1, 2});
+    test::atNextYield([&] { list.reset(); });
+    list->Add();
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+}
+
+}  // namespace
+}  // namespace velorama

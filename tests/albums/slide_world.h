@@ -1,0 +1,158 @@
+#pragma once
+
+#include "albums/slide_list.h"
+#include "browse/browse_world.h"
+#include "controls/keys.h"
+#include "controls/twips.h"
+
+#include <QPushButton>
+
+namespace velorama::test {
+
+/// A slide list with all its controls on a form, in an empty store.
+class WithSlides : public WithServices {
+protected:
+    WithSlides() {
+        form.resize(700, 500);
+        place(*lvwSLIDEBAR, 120, 4500, 3000, 1500);
+        lvwFOUND->setIcons(&imlFOUNDICONS);
+        lvwSLIDEBAR->setIcons(&imlTHUMBNAILS);
+        flbFOUND.setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
+        list = std::make_unique<SlideList>(
+            controls(), thumbnails,
+            [this](const PopupRequest& request) { popups.push_back(request); });
+        QObject::connect(&mnuEDITCLEAR, &QAction::triggered, list.get(), &SlideList::Clear);
+        QObject::connect(&mnuEDITADD, &QAction::triggered, list.get(), &SlideList::Add);
+        form.show();
+    }
+
+    SlideListControls controls() {
+        SlideListControls c;
+        c.form = &form;
+        c.lvwSLIDEBAR = lvwSLIDEBAR;
+        c.lvwFOUND = lvwFOUND;
+        c.flbFOUND = &flbFOUND;
+        c.imlTHUMBNAILS = &imlTHUMBNAILS;
+        c.prgBARSLIDES = prgBARSLIDES;
+        for (std::size_t i = 0; i < cbtnCONTROLS.size(); ++i) {
+            cbtnCONTROLS[i] = c.cbtnCONTROLS[i] = i == 7 ? nullptr : new QPushButton(&form);
+        }
+        for (std::size_t i = 0; i < cbtnSLIDES.size(); ++i) {
+            cbtnSLIDES[i] = c.cbtnSLIDES[i] = new QPushButton(&form);
+        }
+        c.cbtnWEBALBUM = cbtnWEBALBUM;
+        c.mnuEDITADD = &mnuEDITADD;
+        c.mnuEDITADDALL = &mnuEDITADDALL;
+        c.mnuEDITCLEAR = &mnuEDITCLEAR;
+        c.mnuEDITCLEARALL = &mnuEDITCLEARALL;
+        c.mnuFILESTART = &mnuFILESTART;
+        c.mnuFILESAVE = &mnuFILESAVE;
+        return c;
+    }
+
+    /// A folder of small pictures, shown in the found list with none selected.
+    QString browse(const QStringList& names) {
+        const QString folder = temporaryFolder();
+        for (const QString& name : names) {
+            savePicture(folder, name);
+        }
+        browseFolder(folder);
+        return folder;
+    }
+    void browseFolder(const QString& folder) {
+        flbFOUND.setPath(folder);
+        lvwFOUND->Clear();
+        for (int i = 1; i <= flbFOUND.ListCount(); ++i) {
+            lvwFOUND->Add(i, QString::number(i) + QLatin1Char('M'), flbFOUND.List(i - 1), 0);
+        }
+    }
+    void selectFound(const std::vector<int>& rows) {
+        lvwFOUND->clearSelection();
+        for (const int row : rows) {
+            lvwFOUND->item(row)->setSelected(true);
+        }
+    }
+    void selectSlides(const std::vector<int>& rows) {
+        lvwSLIDEBAR->clearSelection();
+        for (const int row : rows) {
+            lvwSLIDEBAR->item(row)->setSelected(true);
+        }
+    }
+    /// Clears the modified flag and Save As.
+    void unmodify() {
+        mnuFILESAVE.setEnabled(false);
+        cbtnSLIDES[2]->setEnabled(false);
+        cbtnSLIDES[3]->setEnabled(false);
+    }
+    bool isModified() const { return mnuFILESAVE.isEnabled() && cbtnSLIDES[2]->isEnabled(); }
+
+    QStringList keys() const {
+        QStringList all;
+        for (int i = 1; i <= lvwSLIDEBAR->Count(); ++i) {
+            all.append(lvwSLIDEBAR->item(i)->Key());
+        }
+        return all;
+    }
+    QStringList texts() const {
+        QStringList all;
+        for (int i = 1; i <= lvwSLIDEBAR->Count(); ++i) {
+            all.append(lvwSLIDEBAR->item(i)->Text());
+        }
+        return all;
+    }
+    int current() const {
+        const ListItem* item = lvwSLIDEBAR->SelectedItem();
+        return item ? item->Index() : 0;
+    }
+    std::vector<int> selected() const {
+        std::vector<int> rows;
+        for (int i = 1; i <= lvwSLIDEBAR->Count(); ++i) {
+            if (lvwSLIDEBAR->item(i)->Selected()) {
+                rows.push_back(i);
+            }
+        }
+        return rows;
+    }
+
+    /// As it lies in the store: nothing where there is no value.
+    std::optional<QString> raw(const QString& segment, const QString& name) const {
+        const auto value = store.value(Hive::CurrentUser, keyPath(segment), name);
+        return value ? std::optional(QString::fromUtf8(value->data)) : std::nullopt;
+    }
+    std::optional<QString> storedCount() const {
+        return raw(QStringLiteral("frmSLIDESHOW\\Items"), QStringLiteral("Items"));
+    }
+    std::optional<QString> storedSlide(int number) const {
+        return raw(QStringLiteral("frmSLIDESHOW\\Selection"), QString::number(number));
+    }
+    QStringList storedSlides(int count) const {
+        QStringList all;
+        for (int i = 1; i <= count; ++i) {
+            all.append(storedSlide(i).value_or(QStringLiteral("absent")));
+        }
+        return all;
+    }
+
+    QWidget form;
+    ListView* lvwSLIDEBAR = new ListView(&form);
+    ListView* lvwFOUND = new ListView(&form);
+    FileList flbFOUND;
+    ImageList imlFOUNDICONS;
+    ImageList imlTHUMBNAILS;
+    ProgressBar* prgBARSLIDES = new ProgressBar(&form);
+    std::array<QAbstractButton*, 9> cbtnCONTROLS{};
+    std::array<QAbstractButton*, 4> cbtnSLIDES{};
+    QAbstractButton* cbtnWEBALBUM = new QPushButton(&form);
+    QAction mnuEDITADD;
+    QAction mnuEDITADDALL;
+    QAction mnuEDITCLEAR;
+    QAction mnuEDITCLEARALL;
+    QAction mnuFILESTART;
+    QAction mnuFILESAVE;
+    LookAhead pictures{1};
+    Thumbnails thumbnails{imlFOUNDICONS, imlTHUMBNAILS, pictures};
+    std::vector<PopupRequest> popups;
+    std::unique_ptr<SlideList> list;
+};
+
+}  // namespace velorama::test
