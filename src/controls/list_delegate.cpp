@@ -11,7 +11,7 @@ namespace {
 
 constexpr int Padding = 4;
 constexpr int Spacing = 2;
-constexpr int LeastWidth = 72;
+constexpr int LeastWidth = 104;
 constexpr qreal Radius = 5;
 constexpr float SelectedTint = 0.30F;
 constexpr float IdleTint = 0.18F;

@@ -18,11 +18,12 @@ constexpr Role active(QPalette::ColorRole role) {
 }
 
 /// The palette colour that each entry of the system's colour table is taken from. 3D highlight is
-/// the page colour of the program, so it is the quiet surface that text and lists stand on.
+/// the page colour of the program, so it is the quiet surface that text and lists stand on. The
+/// caption of a window is as quiet as the window on desktops of today.
 constexpr std::array<Role, systemColourCount> roles = {{
     active(QPalette::Mid),                       // 0 scroll bar
     active(QPalette::Window),                    // 1 desktop
-    active(QPalette::Highlight),                 // 2 active caption
+    active(QPalette::Window),                    // 2 active caption
     {QPalette::Inactive, QPalette::Window},      // 3 inactive caption
     active(QPalette::Window),                    // 4 menu
     active(QPalette::Base),                      // 5 window background

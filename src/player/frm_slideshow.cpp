@@ -3,6 +3,7 @@
 #include "controls/keys.h"
 #include "controls/twips.h"
 #include "core/globals.h"
+#include "core/lib_txt.h"
 #include "core/show_colours.h"
 #include "platform/events.h"
 #include "platform/numbers.h"

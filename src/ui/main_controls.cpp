@@ -77,6 +77,7 @@ void MainControls::makePicturesPage() {
 void MainControls::makeToolbar() {
     picbarCONTROLS = make<QWidget>("picbarCONTROLS", &surface);
     place(*picbarCONTROLS, 0, 4020, 11040, toolbarHeight);
+    picbarCONTROLS->setAutoFillBackground(true);
     for (std::size_t index = 0; index < toolbarButtons.size(); ++index) {
         const ToolbarButton& design = toolbarButtons.at(index);
         auto* button = new cbtn(picbarCONTROLS);
