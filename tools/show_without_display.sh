@@ -60,10 +60,10 @@ start_desktop() {
 
 wm_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
-# A slow fade, so that a screenshot falls into its middle.
+# A slow fade, so that a screenshot falls into its middle, and a slide that outlasts the next one.
 choose_settings() {
     offer_folder "$XDG_CONFIG_HOME" "$pictures"
-    store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' INTERVAL 8
+    store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' INTERVAL 20
     store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' TRANSITION 60
 }
 
