@@ -128,14 +128,14 @@ private:
         const std::lock_guard lock(mutex_);
         fresh.adoptChanges(table_);
         table_ = std::move(fresh);
-        everLoaded_ = true;
+        knowsFile_ = true;
         seedSystemValues();
     }
 
     /// After the loss of the file: memory knows more than what could be read of it, except at the
     /// start.
     void beginAgain(RegistryTable&& rescued) {
-        if (!everLoaded_) {
+        if (!knowsFile_) {
             adopt(std::move(rescued));
         }
         const std::lock_guard lock(mutex_);
@@ -165,6 +165,7 @@ private:
         if (result == RegistryFile::Result::Done) {
             table_.forgetRemoved();
             seeded_ = false;
+            knowsFile_ = true;
         } else {
             table_.giveBack(changes);
             due_ = Clock::now() + retryDelay;
@@ -189,7 +190,7 @@ private:
     }
 
     RegistryFile file_;
-    bool everLoaded_ = false;
+    bool knowsFile_ = false;  // memory holds what the file holds, and more
 
     mutable std::mutex mutex_;
     std::condition_variable wake_;
