@@ -18,11 +18,33 @@ QString withoutEnding(const QString& name, qsizetype length) {
     return length < 0 ? name : name.left(length);
 }
 
+QString captionOf(const QString& SlidePath) {
+    QString SlideCaption = SlidePath;
+    const QChar separator = pathSeparator(SlidePath);
+    const qsizetype length = SlidePath.size();
+    // A drive letter keeps the leftmost separator off the first character; without one it stands
+    // there.
+    const qsizetype end = separator == QLatin1Char('/') ? length + 1 : length;
+    for (qsizetype ScanPos = 0; ScanPos < end; ++ScanPos) {
+        DoEvents();
+        if (ScanPos > 0 && SlidePath.at(length - ScanPos) == separator) {
+            SlideCaption = SlidePath.right(ScanPos - 1);
+            for (const qsizetype ending : {4, 5}) {
+                if (length >= ending && SlidePath.at(length - ending) == QLatin1Char('.')) {
+                    return withoutEnding(SlideCaption, ScanPos - 1 - ending);
+                }
+            }
+        }
+        DoEvents();
+    }
+    return SlideCaption;
+}
+
 }  // namespace
 
 void SlideSequence::begin() {
-    const QString count =
-        loadSetting(QStringLiteral("\\frmSLIDESHOW\\Items"), QStringLiteral("Items"), QStringLiteral("0"));
+    const QString count = loadSetting(QStringLiteral("\\frmSLIDESHOW\\Items"),
+                                      QStringLiteral("Items"), QStringLiteral("0"));
     SlideCount = wholeNumber(count).value_or(0);
     SlideIndex = 0;
 }
@@ -32,7 +54,9 @@ QString SlideSequence::pathOf(qint32 index) const {
                        QStringLiteral("1"));
 }
 
-bool SlideSequence::currentExists() const { return gLibrary->FileExists(SlidePath); }
+bool SlideSequence::currentExists() const {
+    return gLibrary->FileExists(SlidePath);
+}
 
 void SlideSequence::advanceByTick() {
     do {
@@ -43,16 +67,13 @@ void SlideSequence::advanceByTick() {
 }
 
 void SlideSequence::wrapAfterTick() {
-    if (SlideIndex > SlideCount - 1) {
+    if (SlideIndex >= SlideCount) {
         SlideIndex = 0;
     }
 }
 
 SlideSequence::Step SlideSequence::stepRight() {
-    ++SlideIndex;
-    if (SlideIndex > SlideCount) {
-        SlideIndex = 1;
-    }
+    SlideIndex = SlideIndex >= SlideCount ? 1 : SlideIndex + 1;
     SlidePath = pathOf(SlideIndex);
     if (currentExists()) {
         return Step::Found;
@@ -61,10 +82,7 @@ SlideSequence::Step SlideSequence::stepRight() {
 }
 
 SlideSequence::Step SlideSequence::stepLeft() {
-    --SlideIndex;
-    if (SlideIndex < 1) {
-        SlideIndex = SlideCount;
-    }
+    SlideIndex = SlideIndex <= 1 ? SlideCount : SlideIndex - 1;
     SlidePath = pathOf(SlideIndex);
     return currentExists() ? Step::Found : Step::Missing;
 }
@@ -82,23 +100,13 @@ QString SlideSequence::upcoming() const {
 }
 
 QString CaptionFromPath(const QString& SlidePath) {
-    QString SlideCaption = SlidePath;
-    const QChar separator = pathSeparator(SlidePath);
-    const qsizetype length = SlidePath.size();
-    // A drive letter keeps the leftmost separator off the first character; without one it stands there.
-    const qsizetype end = separator == QLatin1Char('/') ? length + 1 : length;
-    for (qsizetype ScanPos = 0; ScanPos < end; ++ScanPos) {
-        DoEvents();
-        if (ScanPos > 0 && SlidePath.at(length - ScanPos) == separator) {
-            SlideCaption = SlidePath.right(ScanPos - 1);
-            for (const qsizetype ending : {4, 5}) {
-                if (length >= ending && SlidePath.at(length - ending) == QLatin1Char('.')) {
-                    return withoutEnding(SlideCaption, ScanPos - 1 - ending);
-                }
-            }
-        }
-        DoEvents();
-    }
+    QString path;
+    QString SlideCaption;
+    do {
+        // An advance that runs at a yield gives the path another text: then that one counts.
+        path = SlidePath;
+        SlideCaption = captionOf(path);
+    } while (path != SlidePath);
     return SlideCaption;
 }
 

@@ -1,6 +1,7 @@
 #include "core/globals.h"
 #include "player/player_world.h"
 
+#include <QFile>
 #include <QTest>
 
 namespace velorama::test {
@@ -213,6 +214,23 @@ TEST_F(Keys, OnTheKeyboardRightAndLeftMoveThroughTheShow) {
     QTest::keyClick(&show, Qt::Key_Right, Qt::KeypadModifier);
     EXPECT_EQ(counter(show), "2 of 3");
     EXPECT_FALSE(show.isUnloaded());
+}
+
+TEST_F(Keys, AKeyHeldDownLeavesToo) {
+    makeSlides(2);
+    frmSLIDESHOW& show = open();
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(&show, &repeated);
+    EXPECT_TRUE(show.isUnloaded());
+}
+
+TEST_F(Keys, AnArrowHeldDownGoesOnAtEachRepeat) {
+    makeSlides(3);
+    frmSLIDESHOW& show = open();
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(&show, &repeated);
+    QCoreApplication::sendEvent(&show, &repeated);
+    EXPECT_EQ(counter(show), "3 of 3");
 }
 
 struct LeavingKey {

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <string>
 
 namespace velorama::test {
 
@@ -84,14 +85,14 @@ protected:
     /// Ends the show, if there is one still, and lets it delete itself.
     void endShow();
 
-    static QString caption(const frmSLIDESHOW& show) {
-        return show.picCONTROLBAR.lblDESC.Caption();
+    static std::string caption(const frmSLIDESHOW& show) {
+        return show.picCONTROLBAR.lblDESC.Caption().toStdString();
     }
-    static QString counter(const frmSLIDESHOW& show) {
-        return show.picCONTROLBAR.lblNOCOUNT.Caption();
+    static std::string counter(const frmSLIDESHOW& show) {
+        return show.picCONTROLBAR.lblNOCOUNT.Caption().toStdString();
     }
-    static QString status(const frmSLIDESHOW& show) {
-        return show.picCONTROLBAR.lblSTATUS.Caption();
+    static std::string status(const frmSLIDESHOW& show) {
+        return show.picCONTROLBAR.lblSTATUS.Caption().toStdString();
     }
 
     WatchedStore store;
@@ -102,7 +103,7 @@ protected:
     QString folder;
 };
 
-inline const QString pausedText = QStringLiteral("Slideshow Now Paused");
+constexpr const char* pausedText = "Slideshow Now Paused";
 
 /// Colour in the middle of an image.
 QRgb middle(const QImage& image);

@@ -11,13 +11,13 @@ namespace {
 using Show = PlayerTest;
 
 struct Seen {
-    QString counter;
+    std::string counter;
     qint32 SlideIndex;
     bool operator==(const Seen&) const = default;
 };
 
 void PrintTo(const Seen& seen, std::ostream* out) {
-    *out << seen.counter.toStdString() << ", number " << seen.SlideIndex;
+    *out << seen.counter << ", number " << seen.SlideIndex;
 }
 
 TEST_F(Show, LoadShowsTheFirstSlideAtOnce) {
@@ -120,6 +120,17 @@ TEST_F(Show, ANumberWithoutAPathIsAMissingFile) {
     frmSLIDESHOW& show = open();
     show.tmrSLIDESHOW_Timer();
     EXPECT_EQ(counter(show), "1 of 3");
+}
+
+TEST_F(Show, CountsOfNoSenseDoNoHarm) {
+    makeSlides(1);
+    for (const char* count : {"-1", "-2147483648", "2147483647"}) {
+        saveSetting("\\frmSLIDESHOW\\Items", "Items", count);
+        frmSLIDESHOW& show = open();
+        EXPECT_EQ(counter(show), std::string("1 of ") + count);
+        show.Form_KeyDown(KeyEscape, 0);
+        endShow();
+    }
 }
 
 TEST_F(Show, AFileRewrittenDuringTheShowIsShownAsItIsNow) {

@@ -240,9 +240,10 @@ TEST_F(FittingOfShow, AResizeWithASlideOnShowComputesTheAreaAgain) {
     EXPECT_EQ(show.picPREVIEW.Picture().size(), row->slide);
 }
 
-TEST_F(FittingOfShow, AResizeScalesThePictureOnShowAtOnce) {
-    makeSlides(1);
+TEST_F(FittingOfShow, AResizeScalesTheFrozenPictureAtOnce) {
+    makeSlides(2);
     frmSLIDESHOW& show = openFaded();
+    show.tmrSLIDESHOW_Timer();
     show.resize(400, 400);
     show.Form_Resize();
     // 6000 - 2650 by 6000 - 2000 twips.
@@ -250,6 +251,26 @@ TEST_F(FittingOfShow, AResizeScalesThePictureOnShowAtOnce) {
     EXPECT_FLOAT_EQ(Width(show.picPREVIEW), 3345);
     EXPECT_FLOAT_EQ(Height(show.picPREVIEW), 4005);
     EXPECT_EQ(middle(show.picPREVIEW.Image()), slideColour(1).rgb());
+}
+
+TEST_F(FittingOfShow, AfterAResizeTheFadeStretchesTheWholeComingPictureOverTheArea) {
+    QImage halves(600, 640, QImage::Format_RGB32);
+    halves.fill(Qt::red);
+    for (int y = 0; y < 640; ++y) {
+        for (int x = 300; x < 600; ++x) {
+            halves.setPixel(x, y, QColor(Qt::blue).rgb());
+        }
+    }
+    ASSERT_TRUE(halves.save(missing("halves.bmp"), "BMP"));
+    setSlides({picture("a.bmp", Qt::green), missing("halves.bmp")});
+    frmSLIDESHOW& show = openFaded();
+    show.tmrSLIDESHOW_Timer();
+    show.resize(400, 400);
+    show.Form_Resize();
+    fadeSteps(show, 240);
+    const QImage seen = show.picPREVIEW.Image();
+    EXPECT_EQ(seen.pixel(seen.width() / 4, seen.height() / 2), QColor(Qt::red).rgb());
+    EXPECT_EQ(seen.pixel(seen.width() * 3 / 4, seen.height() / 2), QColor(Qt::blue).rgb());
 }
 
 TEST_F(FittingOfShow, TheLabelsOfTheBarStandBetweenItsEnds) {

@@ -78,6 +78,7 @@ TEST_F(Yielding, AShowUnloadedInsideItsLoadGivesTheMainWindowBack) {
         }
         endShow();
         EXPECT_TRUE(host.visibilities.last());
+        EXPECT_GE(screenSaver.released, screenSaver.inhibited);
     }
 }
 
@@ -131,6 +132,30 @@ TEST_F(Yielding, ATickInsideAKeyHasTheLastWord) {
         EXPECT_EQ(counter(show), "3 of 5");
         EXPECT_EQ(caption(show), "c");
     });
+}
+
+TEST_F(Yielding, TheCaptionFollowsTheSlideThatAnAdvanceInsideItsScanHasChosen) {
+    const QString longName = QString(200, QLatin1Char('n')) + QStringLiteral(".bmp");
+    const QString shortName = QStringLiteral("c.bmp");
+    for (const auto& [second, third] :
+         {std::pair(longName, shortName), std::pair(shortName, longName)}) {
+        setSlides(
+            {picture("a.bmp", Qt::red), picture(second, Qt::green), picture(third, Qt::blue)});
+        for (int yield = 1; yield <= 30; ++yield) {
+            SCOPED_TRACE(yield);
+            frmSLIDESHOW& show = open();
+            {
+                const AtYield watch(yield, [&show] { show.Form_KeyDown(KeyRight, 0); });
+                show.tmrSLIDESHOW_Timer();
+                // A short scan may have fewer yields than asked for.
+                if (watch.yields() >= yield) {
+                    EXPECT_EQ(counter(show), "3 of 3");
+                    EXPECT_EQ(caption(show) + ".bmp", third.toStdString());
+                }
+            }
+            endShow();
+        }
+    }
 }
 
 TEST_F(Yielding, AFadeStepInsideATickDoesNoHarm) {
