@@ -13,8 +13,8 @@ constexpr int Padding = 4;
 constexpr int Spacing = 2;
 constexpr int LeastWidth = 104;
 constexpr qreal Radius = 5;
-constexpr float SelectedTint = 0.30F;
-constexpr float IdleTint = 0.18F;
+constexpr float SelectedTint = 0.38F;
+constexpr float IdleTint = 0.24F;
 constexpr float HoverTint = 0.12F;
 
 float tint(const QStyleOptionViewItem& option) {
@@ -27,8 +27,8 @@ float tint(const QStyleOptionViewItem& option) {
     return option.state.testFlag(QStyle::State_MouseOver) ? HoverTint : 0;
 }
 
-void paintGround(QPainter& painter, const QStyleOptionViewItem& option) {
-    const QRectF ground = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QRect& area) {
+    const QRectF ground = QRectF(area).adjusted(1.5, 1.5, -1.5, -1.5);
     QColor colour = option.palette.color(QPalette::Active, QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing);
     if (option.state.testFlag(QStyle::State_HasFocus)) {
@@ -62,20 +62,27 @@ QSize ListDelegate::cellSize(QSize image, const QFontMetrics& font) {
             qMax(image.height(), 0) + font.height() + 2 * Padding + 2 * Spacing};
 }
 
-QRect ListDelegate::captionArea(const QRect& cell, const QFontMetrics& font) {
-    return {cell.left() + Padding, cell.bottom() - Padding - font.height() + 1,
-            cell.width() - 2 * Padding, font.height()};
+QRect ListDelegate::content(const QRect& cell, const QFontMetrics& font) const {
+    const int height = cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), font).height();
+    const int spare = qMax(0, cell.height() - height);
+    return {cell.left(), cell.top() + spare / 2, cell.width(), cell.height() - spare};
 }
 
-QRect ListDelegate::imageArea(const QRect& cell, const QFontMetrics& font) {
-    return {cell.left(), cell.top() + Padding, cell.width(),
-            captionArea(cell, font).top() - Spacing - cell.top() - Padding};
+QRect ListDelegate::captionArea(const QRect& cell, const QFontMetrics& font) const {
+    const QRect area = content(cell, font);
+    return {area.left() + Padding, area.bottom() - Padding - font.height() + 1,
+            area.width() - 2 * Padding, font.height()};
+}
+
+QRect ListDelegate::imageArea(const QRect& cell, const QFontMetrics& font) const {
+    const int top = content(cell, font).top() + Padding;
+    return {cell.left(), top, cell.width(), captionArea(cell, font).top() - Spacing - top};
 }
 
 void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     painter->save();
-    paintGround(*painter, option);
+    paintGround(*painter, option, content(option.rect, option.fontMetrics));
     const int number = index.data(ListModel::IconRole).toInt();
     if (icons_ != nullptr && number > 0) {
         paintImage(*painter, icons_->image(number), imageArea(option.rect, option.fontMetrics));

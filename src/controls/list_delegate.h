@@ -18,9 +18,10 @@ public:
 
     /// Size of a cell around an image of this size with a caption in this font.
     static QSize cellSize(QSize image, const QFontMetrics& font);
-    /// Where in a cell the image and the caption stand.
-    static QRect imageArea(const QRect& cell, const QFontMetrics& font);
-    static QRect captionArea(const QRect& cell, const QFontMetrics& font);
+    /// Where in a cell the image and the caption stand. In a cell higher than it need be they stand
+    /// together in the middle.
+    QRect imageArea(const QRect& cell, const QFontMetrics& font) const;
+    QRect captionArea(const QRect& cell, const QFontMetrics& font) const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -31,6 +32,8 @@ public:
                               const QModelIndex& index) const override;
 
 private:
+    QRect content(const QRect& cell, const QFontMetrics& font) const;
+
     QPointer<const ImageList> icons_;
 };
 

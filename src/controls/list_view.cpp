@@ -17,8 +17,9 @@ constexpr int EmptyTextMargin = 12;
 
 }  // namespace
 
-ListView::ListView(QWidget* parent) : QListView(parent), model_(new ListModel(*this)) {
-    setItemDelegate(new ListDelegate(this));
+ListView::ListView(QWidget* parent)
+    : QListView(parent), model_(new ListModel(*this)), delegate_(new ListDelegate(this)) {
+    setItemDelegate(delegate_);
     setModel(model_);
     setFlow(LeftToRight);
     setMovement(Static);
@@ -145,7 +146,7 @@ void ListView::setIcons(ImageList* icons) {
         icons_->disconnect(this);
     }
     icons_ = icons;
-    static_cast<ListDelegate*>(itemDelegate())->setIcons(icons);
+    delegate_->setIcons(icons);
     if (icons != nullptr) {
         connect(icons, &ImageList::changed, this, &ListView::iconsChanged);
     }
@@ -365,7 +366,7 @@ bool ListView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
     if (trigger == SelectedClicked && event != nullptr) {
         // Only the caption opens for editing, and only where it alone is selected.
         const auto* mouse = static_cast<QMouseEvent*>(event);
-        const QRect caption = ListDelegate::captionArea(visualRect(index), fontMetrics());
+        const QRect caption = delegate_->captionArea(visualRect(index), fontMetrics());
         if (mouse->modifiers() != Qt::NoModifier ||
             !caption.contains(mouse->position().toPoint()) ||
             selectionModel()->selectedRows().size() != 1) {
@@ -373,6 +374,17 @@ bool ListView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
         }
     }
     return QListView::edit(index, trigger, event);
+}
+
+QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+    const QItemSelectionModel::SelectionFlags command = QListView::selectionCommand(index, event);
+    // Shift alone selects the range and nothing else; Qt would keep what was selected elsewhere.
+    if (event != nullptr && command == QItemSelectionModel::SelectCurrent &&
+        (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress)) {
+        return command | QItemSelectionModel::Clear;
+    }
+    return command;
 }
 
 void ListView::paintEvent(QPaintEvent* event) {

@@ -11,6 +11,7 @@
 
 namespace velorama {
 
+class ListDelegate;
 class ListModel;
 class ListView;
 
@@ -110,6 +111,8 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
@@ -140,6 +143,7 @@ private:
     mutable bool numbered_ = true;
 
     ListModel* model_;
+    ListDelegate* delegate_;
     QPointer<ImageList> icons_;
     QString emptyText_;
     QPoint scroll_;
