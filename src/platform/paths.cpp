@@ -88,15 +88,16 @@ Walk walk(const QString& path) {
     return {folder, QString()};
 }
 
-/// False for a path that no file of this machine can have.
+bool canBeName(const QString& path) {
+    return !path.isEmpty() && !path.contains(QChar(u'\0'));
+}
+
+/// False for a path of another system that no file of this one can have.
 bool canStandHere(const QString& path) {
-    if (path.isEmpty() || path.contains(QChar(u'\0'))) {
-        return false;
-    }
 #ifdef Q_OS_WIN
-    return true;
+    return canBeName(path);
 #else
-    return !hasDrive(path) || !path.mid(2).contains(u'\\');
+    return canBeName(path) && !(hasDrive(path) && path.mid(2).contains(u'\\'));
 #endif
 }
 
@@ -135,7 +136,10 @@ QString lastSegment(const QString& path) {
 }
 
 QString hostFile(const QString& path) {
-    if (!canStandHere(path) || QFileInfo::exists(path)) {
+    if (!canBeName(path)) {
+        return QString();
+    }
+    if (QFileInfo::exists(path) || !canStandHere(path)) {
         return path;
     }
     const Walk found = walk(path);

@@ -14,7 +14,8 @@
 namespace velorama {
 namespace {
 
-constexpr int busyMilliseconds = 2000;
+/// How long a locked file is waited for. Whatever fails then is tried again a second later.
+constexpr int busyMilliseconds = 500;
 
 struct HiveName {
     Hive hive;

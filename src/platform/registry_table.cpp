@@ -21,6 +21,15 @@ QString plainPath(const QString& key) {
     return plain ? key : key.split(u'\\', Qt::SkipEmptyParts).join(u'\\');
 }
 
+/// Upper case, quickly for the letters that nearly all keys consist of.
+char16_t folded(QChar c) {
+    const char16_t code = c.unicode();
+    if (code < 128) {
+        return code >= u'a' && code <= u'z' ? static_cast<char16_t>(code - 32) : code;
+    }
+    return c.toUpper().unicode();
+}
+
 bool isKeyOrBelow(QStringView candidate, QStringView key) {
     return candidate.startsWith(key, Qt::CaseInsensitive) &&
            (candidate.size() == key.size() || candidate[key.size()] == u'\\');
@@ -31,14 +40,14 @@ bool isKeyOrBelow(QStringView candidate, QStringView key) {
 std::size_t RegistryTable::FoldedHash::operator()(QStringView text) const noexcept {
     std::size_t hash = 14695981039346656037U;
     for (const QChar c : text) {
-        hash = (hash ^ c.toUpper().unicode()) * 1099511628211U;
+        hash = (hash ^ folded(c)) * 1099511628211U;
     }
     return hash;
 }
 
 bool RegistryTable::FoldedEqual::operator()(QStringView left, QStringView right) const noexcept {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](QChar a, QChar b) { return a == b || a.toUpper() == b.toUpper(); });
+                      [](QChar a, QChar b) { return a == b || folded(a) == folded(b); });
 }
 
 bool RegistryTable::isHive(Hive hive) {

@@ -30,7 +30,7 @@ constexpr std::array<Role, systemColourCount> roles = {{
     active(QPalette::Shadow),                    // 6 window frame
     active(QPalette::WindowText),                // 7 menu text
     active(QPalette::Text),                      // 8 window text
-    active(QPalette::HighlightedText),           // 9 caption text
+    active(QPalette::WindowText),                // 9 caption text
     active(QPalette::Window),                    // 10 active border
     {QPalette::Inactive, QPalette::Window},      // 11 inactive border
     active(QPalette::Mid),                       // 12 application workspace

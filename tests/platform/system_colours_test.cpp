@@ -41,7 +41,7 @@ TEST(SystemColours, EachEntryHasItsRole) {
     const struct {
         int index;
         QPalette::ColorRole role;
-    } rows[] = {{2, QPalette::Highlight},        {8, QPalette::Text},
+    } rows[] = {{2, QPalette::Window},           {8, QPalette::Text},
                 {13, QPalette::Highlight},       {16, QPalette::Mid},
                 {14, QPalette::HighlightedText}, {18, QPalette::ButtonText}};
     for (const auto& row : rows) {

@@ -1,0 +1,152 @@
+#include "core/cls_registry.h"
+
+#include "core/lib_txt.h"
+#include "platform/memory_registry_store.h"
+
+#include <gtest/gtest.h>
+
+namespace velorama {
+namespace {
+
+/// Writes down what it is asked to open.
+class RecordingShell : public Shell {
+public:
+    bool open(const QString& target) override {
+        opened.append(target);
+        return true;
+    }
+    QString specialFolder(int folderId) const override {
+        return folderId == 5 ? QStringLiteral("/home/ann/Documents/") : QString();
+    }
+    QStringList opened;
+};
+
+class ClsRegistry : public testing::Test {
+protected:
+    void SetUp() override { fillTextConstants(2026, QStringLiteral("http://server.invalid/")); }
+
+    void put(const QByteArray& data, ValueType type = ValueType::Text) {
+        store.setValue(Hive::CurrentUser, key, name, {type, data});
+    }
+    QString load() const {
+        return registry.StringLoad(HKEY_CURRENT_USER, key, name, QStringLiteral("default"));
+    }
+    bool save(const QString& value) {
+        return registry.StringSave(QStringLiteral("-2147483647"), key, name, value);
+    }
+
+    const QString key = QStringLiteral("SOFTWARE\\Brightquay\\Velorama\\mfrmPRGMAIN\\View");
+    const QString name = QStringLiteral("Slideshow");
+    MemoryRegistryStore store;
+    RecordingShell shell;
+    clsREGISTRY registry{store, shell};
+};
+
+TEST_F(ClsRegistry, AnAbsentKeyGivesTheDefaultAndIsNotMade) {
+    EXPECT_EQ(load(), QStringLiteral("default"));
+    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+}
+
+TEST_F(ClsRegistry, WhatIsSavedReadsBack) {
+    EXPECT_TRUE(save(QStringLiteral("/pics/\u00E4.vlr")));
+    EXPECT_EQ(load(), QStringLiteral("/pics/\u00E4.vlr"));
+    EXPECT_EQ(store.value(Hive::CurrentUser, key, name),
+              (RegistryValue{ValueType::Text, "/pics/\xC3\xA4.vlr"}));
+}
+
+TEST_F(ClsRegistry, TwoHundredAndFiftyFourBytesAreTheLimit) {
+    save(QString(254, u'a'));
+    EXPECT_EQ(load(), QString(254, u'a'));
+    save(QString(255, u'a'));
+    EXPECT_EQ(load(), QStringLiteral("default"));
+    save(QString(5000, u'a'));
+    EXPECT_EQ(load(), QStringLiteral("default"));
+}
+
+TEST_F(ClsRegistry, TheLimitCountsBytesOfTheText) {
+    save(QString(127, QChar(0xE4)));  // two bytes each
+    EXPECT_EQ(load(), QString(127, QChar(0xE4)));
+    save(QString(127, QChar(0xE4)) + u'a');
+    EXPECT_EQ(load(), QStringLiteral("default"));
+}
+
+TEST_F(ClsRegistry, AnEmptyTextComesBackAs255Blanks) {
+    EXPECT_TRUE(save(QString()));
+    EXPECT_EQ(load(), QString(255, u' '));
+    EXPECT_TRUE(load().trimmed().isEmpty());
+}
+
+TEST_F(ClsRegistry, ExpandableTextIsTextAndANumberIsNot) {
+    put("%HOME%/a", ValueType::ExpandableText);
+    EXPECT_EQ(load(), QStringLiteral("%HOME%/a"));
+    put("4", ValueType::Number);
+    EXPECT_EQ(load(), QStringLiteral("default"));
+    put("4", static_cast<ValueType>(3));
+    EXPECT_EQ(load(), QStringLiteral("default"));
+}
+
+TEST_F(ClsRegistry, AHiveWithoutWriteRightsGivesTheDefault) {
+    put("there");
+    store.setReadOnly(Hive::CurrentUser, true);
+    EXPECT_EQ(load(), QStringLiteral("default"));
+    EXPECT_FALSE(save(QStringLiteral("new")));
+    store.setReadOnly(Hive::CurrentUser, false);
+    EXPECT_EQ(load(), QStringLiteral("there"));
+}
+
+TEST_F(ClsRegistry, TheHiveOfAWriteIsSignedDecimalText) {
+    EXPECT_TRUE(registry.StringSave(QStringLiteral("-2147483646"), key, name, QStringLiteral("m")));
+    EXPECT_EQ(registry.StringLoad(HKEY_LOCAL_MACHINE, key, name, QString()), QStringLiteral("m"));
+    EXPECT_EQ(load(), QStringLiteral("default"));
+    for (const char* hive : {"", "HKCU", "2147483649", "0", "-1"}) {
+        EXPECT_FALSE(registry.StringSave(QString::fromUtf8(hive), key, name, QString())) << hive;
+    }
+}
+
+TEST_F(ClsRegistry, BothSpellingsOfASegmentLeadToOneKey) {
+    EXPECT_EQ(keyPath(QStringLiteral("mfrmPRGMAIN\\View")), key);
+    EXPECT_EQ(keyPath(QStringLiteral("\\mfrmPRGMAIN\\View")), key);
+}
+
+TEST_F(ClsRegistry, TheVersionHasTwoPlaces) {
+    const QString older = QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS\\CURRENTVERSION");
+    const QString newer = QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION");
+    EXPECT_EQ(registry.WindowsVersion(), QString());
+    store.setValue(Hive::LocalMachine, older, QStringLiteral("VersionNumber"),
+                   {ValueType::Text, "4.10.2222"});
+    EXPECT_EQ(registry.WindowsVersion(), QStringLiteral("4.10.2222"));
+    store.setValue(Hive::LocalMachine, newer, QStringLiteral("CurrentVersion"),
+                   {ValueType::Text, "5.1"});
+    EXPECT_EQ(registry.WindowsVersion(), QStringLiteral("5.1"));
+    store.setReadOnly(Hive::LocalMachine, true);
+    EXPECT_EQ(registry.WindowsVersion(), QString());
+}
+
+TEST_F(ClsRegistry, SpecialFoldersComeFromTheShell) {
+    EXPECT_EQ(registry.SpecialFLDRMyDocuments(), QStringLiteral("/home/ann/Documents/"));
+    EXPECT_EQ(registry.SpecialFLDRWindows(5), QStringLiteral("/home/ann/Documents/"));
+    EXPECT_EQ(registry.SpecialFLDRWindows(4711), QString());
+}
+
+TEST_F(ClsRegistry, ALinkIsOpenedWithItsProtocolWhereItHasNone) {
+    const auto opened = [this](const char* protocol, const char* link) {
+        shell.opened.clear();
+        registry.InternetLinkRun(QStringLiteral("0"), QString::fromUtf8(protocol),
+                                 QString::fromUtf8(link));
+        return shell.opened;
+    };
+    EXPECT_EQ(opened("http://", ""), QStringList());
+    EXPECT_EQ(opened("http://", "www.a.invalid"), QStringList(QStringLiteral("www.a.invalid")));
+    EXPECT_EQ(opened("", "/home/ann/index.html"),
+              QStringList(QStringLiteral("file:///home/ann/index.html")));
+    EXPECT_EQ(opened("", "HTTP://A.invalid/X"), QStringList(QStringLiteral("HTTP://A.invalid/X")));
+    EXPECT_EQ(opened("file://", "MailTo:ann@a.invalid"),
+              QStringList(QStringLiteral("MailTo:ann@a.invalid")));
+    EXPECT_EQ(opened("file://", "news:x"), QStringList(QStringLiteral("news:x")));
+    EXPECT_EQ(opened("file://", "ftp:x"), QStringList(QStringLiteral("ftp:x")));
+    EXPECT_EQ(opened("file://", "https:x"), QStringList(QStringLiteral("https:x")));
+    EXPECT_EQ(opened("gopher://", "x"), QStringList(QStringLiteral("gopher://x")));
+}
+
+}  // namespace
+}  // namespace velorama

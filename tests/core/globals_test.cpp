@@ -1,0 +1,58 @@
+#include "core/globals.h"
+
+#include "platform/memory_registry_store.h"
+
+#include <gtest/gtest.h>
+
+namespace velorama {
+namespace {
+
+class SilentShell : public Shell {
+public:
+    bool open(const QString&) override { return false; }
+    QString specialFolder(int) const override { return QString(); }
+};
+
+const QString versionKey = QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION");
+
+TEST(Globals, ServicesAreMadeOverTheStore) {
+    MemoryRegistryStore store;
+    SilentShell shell;
+    store.setValue(Hive::LocalMachine, versionKey, QStringLiteral("CurrentVersion"),
+                   {ValueType::Text, "6.0"});
+    makeServices(store, shell);
+    EXPECT_TRUE(gPagProps && gLibrary && gRegistry && gGradient && gColrStyle && gFileFoldr);
+    EXPECT_EQ(SystemVersion, QStringLiteral("6.0"));
+    EXPECT_TRUE(isModernSystem());
+
+    EXPECT_TRUE(saveSetting(QStringLiteral("\\frmCONFIG\\Items"), QStringLiteral("INTERVAL"),
+                            QStringLiteral("9")));
+    EXPECT_EQ(loadSetting(QStringLiteral("frmCONFIG\\Items"), QStringLiteral("interval"),
+                          QStringLiteral("4")),
+              QStringLiteral("9"));
+    releaseServices();
+    EXPECT_FALSE(gPagProps || gLibrary || gRegistry || gGradient || gColrStyle || gFileFoldr);
+}
+
+TEST(Globals, WithoutServicesSettingsAreTheirDefaults) {
+    EXPECT_EQ(loadSetting(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")),
+              QStringLiteral("c"));
+    EXPECT_FALSE(saveSetting(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")));
+}
+
+TEST(Globals, TheModernSystemBeginsAbove499) {
+    const QString before = SystemVersion;
+    const struct {
+        const char* version;
+        bool modern;
+    } rows[] = {{"4.0", false}, {"4.99", false}, {"4.991", true}, {"5.0", true},
+                {"6.0", true},  {"", false},     {"x", false},    {"4.90.3000", false}};
+    for (const auto& row : rows) {
+        SystemVersion = QString::fromUtf8(row.version);
+        EXPECT_EQ(isModernSystem(), row.modern) << row.version;
+    }
+    SystemVersion = before;
+}
+
+}  // namespace
+}  // namespace velorama
