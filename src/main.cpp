@@ -11,7 +11,6 @@
 
 int main(int argc, char** argv) {
     using namespace velorama;
-    Q_INIT_RESOURCE(velorama);
     QApplication::setApplicationName(QStringLiteral("velorama"));
     QApplication::setDesktopFileName(QStringLiteral("velorama"));
     QApplication app(argc, argv);
