@@ -87,6 +87,28 @@ QImage asPixels(QImage image) {
     return image;
 }
 
+/// The toolkit's reader leaves the low bits of channels of five or six bits at 0, so that white
+/// comes out as 248. Here they become what stands above them.
+void fillLowBits(QImage& bitmap, QByteArrayView bmp) {
+    constexpr quint32 withMasks = 3;
+    const bool masked = numberAt<quint32>(bmp, 30) == withMasks;
+    const quint32 green = masked ? numberAt<quint32>(bmp, 58) : 0x03E0;
+    const bool wideGreen = qPopulationCount(green) == 6;
+    for (int y = 0; y < bitmap.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(bitmap.scanLine(y));
+        for (int x = 0; x < bitmap.width(); ++x) {
+            const QRgb low = (row[x] & 0xE0E0E0) >> 5;
+            row[x] |= wideGreen ? (low & 0x070007) | (row[x] & 0x00C000) >> 6 : low;
+        }
+    }
+}
+
+bool isSixteenBitBmp(QByteArrayView bytes) {
+    constexpr quint32 oldHeader = 12;
+    return bytes.startsWith("BM") && numberAt<quint32>(bytes, 14) > oldHeader &&
+           numberAt<quint16>(bytes, 28) == 16;
+}
+
 Picture readWithToolkit(QByteArrayView bytes, const char* format) {
     static std::once_flag once;
     std::call_once(once, [] { QImageReader::setAllocationLimit(pictureMemory / (1024 * 1024)); });
@@ -101,6 +123,9 @@ Picture readWithToolkit(QByteArrayView bytes, const char* format) {
     }
     const QColorSpace space = image.colorSpace();
     image = asPixels(std::move(image));
+    if (isSixteenBitBmp(bytes) && !image.hasAlphaChannel()) {
+        fillLowBits(image, bytes);
+    }
     convertToSrgb(image, space);
     return pictureFromBitmap(image);
 }

@@ -15,6 +15,9 @@ namespace {
 /// More scans than any camera or program writes; a file with more only wants to cost time.
 constexpr int scanLimit = 200;
 
+/// Pixels of the largest picture, however small it is wanted; the largest cameras give 200 million.
+constexpr qint64 pixelLimit = 512LL * 1024 * 1024;
+
 /// Errors of the library jump back to where `attempt` was called; its warnings stay silent.
 struct ErrorExit {
     jpeg_error_mgr manager;
@@ -108,8 +111,8 @@ bool JpegFile::readHeader() {
 /// Each block of 64 pixels takes a bit at least. A file with less than a sixteenth of that has lost
 /// nearly all of its picture, or never had one and only claims its size.
 bool JpegFile::isPlausible() const {
-    const qint64 blocks = qint64(info_.image_width) * info_.image_height / 64;
-    return blocks <= bytes_.size() * 8 * 16;
+    const qint64 pixels = qint64(info_.image_width) * info_.image_height;
+    return pixels <= pixelLimit && pixels / 64 <= bytes_.size() * 8 * 16;
 }
 
 QSize JpegFile::size() const {
