@@ -52,6 +52,13 @@ void ListView::setArrangement(Arrangement arrangement) {
     layOutCells();
 }
 
+void ListView::setRightRim(int pixels) {
+    setViewportMargins(0, 0, pixels, 0);
+    auto* spacer = new QWidget(this);
+    spacer->setFixedWidth(pixels);
+    addScrollBarWidget(spacer, Qt::AlignRight);
+}
+
 void ListView::setEmptyText(const QString& text) {
     emptyText_ = text;
     viewport()->update();

@@ -59,6 +59,8 @@ public:
 
     /// Rows that wrap and scroll down, or a single row that scrolls sideways.
     void setArrangement(Arrangement arrangement);
+    /// Leaves the last `pixels` (logical) at the right to what is behind the list.
+    void setRightRim(int pixels);
     /// The caption painted in the middle of an empty list, and only there.
     void setEmptyText(const QString& text);
 

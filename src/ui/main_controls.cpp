@@ -11,6 +11,7 @@ namespace {
 constexpr float pageLeft = 165;
 constexpr float bandHeight = 255;
 constexpr float toolbarHeight = 540;
+constexpr int slideBarRim = 8;  // logical pixels
 
 struct ToolbarButton {
     const char* symbol;
@@ -97,6 +98,8 @@ void MainControls::makeSlideBar() {
     lvwSLIDEBAR->setIcons(&imlTHUMBNAILS);
     lvwSLIDEBAR->setArrangement(ListView::Arrangement::Strip);
     lvwSLIDEBAR->setFrameShape(QFrame::NoFrame);
+    // The list reaches further right than the rounded ground it stands on; its contents do not.
+    lvwSLIDEBAR->setRightRim(slideBarRim);
 }
 
 void MainControls::describe() {
