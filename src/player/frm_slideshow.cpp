@@ -79,7 +79,6 @@ void frmSLIDESHOW::designControls() {
     picPREVIEW.setObjectName(QStringLiteral("picPREVIEW"));
     imgPREVIEW98.setObjectName(QStringLiteral("imgPREVIEW98"));
     picSLIDERESIZE.setObjectName(QStringLiteral("picSLIDERESIZE"));
-    picCONTROLBAR.setCursor(Qt::ArrowCursor);
     picPREVIEW.setAutoSize(true);
     picSLIDERESIZE.setAutoSize(true);
     imgPREVIEW98.setStretch(true);
@@ -109,6 +108,9 @@ void frmSLIDESHOW::load(QScreen* screen) {
     }
     showFullScreen();
     Form_Resize();
+    if (unloaded_) {
+        return;  // Left by a key while the form was still coming up.
+    }
     paintBackground();
     readIntervals();
     picPREVIEW.hide();
