@@ -172,7 +172,8 @@ TEST_P(Intervals, AreReadAtLoad) {
 const IntervalCase intervalCases[] = {
     {"absent", std::nullopt, 4000, std::nullopt, 15},
     {"whole", "7", 7000, "40", 40},
-    {"fraction", "0.5", 500, "0.5", 0},
+    // As a whole number half a millisecond is 0, and a timer without an interval would never fade.
+    {"fraction", "0.5", 500, "0.5", 15},
     {"one and a half", "1.5", 1500, "1.5", 2},
     {"rounded down", "1.2344", 1234, "20.4", 20},
     {"rounded up", "1.2346", 1235, "20.6", 21},
