@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QPainter>
 
 namespace velorama {
@@ -211,6 +212,8 @@ void mfrmPRGMAIN::Form_Load() {
     layout_.applyPageColour();
     menus_.setKeyHints();
     gRegistry->FormDimensionsSetup(*this, true);
+    // A window that has not been shown has not laid itself out; what follows needs its inner size.
+    layout()->setGeometry(rect());
     const QString splitter =
         loadSetting(toolSettings, QStringLiteral("Splitter Bar Left"), QStringLiteral("3585"));
     if (const auto left = decimalNumber(splitter)) {

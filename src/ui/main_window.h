@@ -42,7 +42,8 @@ protected:
 private:
     class Surface;
 
-    void setVisible(bool visible) override { QMainWindow::setVisible(visible); }
+    /// A window closed while it loads does not come back at the end of that.
+    void setVisible(bool visible) override { QMainWindow::setVisible(visible && !unloaded_); }
     SlideListControls slideListControls();
     FoundListCalls foundListCalls();
     void connectCommands();
