@@ -55,9 +55,9 @@ QSize fitTarget(QSize picture, const Fit& fit);
 
 /// Loads a picture file: JPEG, GIF (first frame), BMP or PNG, told by its content and not by its
 /// name. EXIF orientation is applied, colours come out as sRGB. `fit` says what for, so that a JPEG
-/// may be decoded smaller (never below twice the linear size needed, which keeps it above 36 dB of
-/// a full decode). Anything that cannot be read, is damaged beyond use or would need more than 512
-/// MiB gives a null picture. Safe on any thread; never throws.
+/// may be decoded smaller, never below the size it is drawn at: on photographs the drawn bitmap
+/// stays above 36 dB of a full decode. Anything that cannot be read, is damaged beyond use or would
+/// need more than 512 MiB gives a null picture. Safe on any thread; never throws.
 Picture LoadPicture(const QString& path, const Fit& fit = Fit::whole());
 
 /// The same from the bytes of a picture file.

@@ -5,6 +5,8 @@
 #include "platform/events.h"
 #include "platform/numbers.h"
 
+#include <algorithm>
+
 namespace velorama {
 namespace {
 
@@ -32,6 +34,18 @@ void layOver(QImage& target, QRect place, const QImage& over) {
             out[x] = qRgb(mixed(qRed(in[x]), qRed(out[x])), mixed(qGreen(in[x]), qGreen(out[x])),
                           mixed(qBlue(in[x]), qBlue(out[x])));
         }
+    }
+}
+
+/// Fills all but `hole`.
+void fillAround(QImage& target, QRect hole, QRgb colour) {
+    for (int y = 0; y < target.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(target.scanLine(y));
+        const bool isBeside = !hole.isEmpty() && y >= hole.top() && y <= hole.bottom();
+        const int left = isBeside ? hole.left() : target.width();
+        const int right = isBeside ? hole.left() + hole.width() : target.width();
+        std::fill(row, row + left, colour);
+        std::fill(row + right, row + target.width(), colour);
     }
 }
 
@@ -80,9 +94,8 @@ QImage fittedBitmap(const Picture& picture, QSize size, Colour fill, bool keepAs
     }
     const QRect all(QPoint(0, 0), size);
     const QRect place = keepAspect ? fittedRect(picture.size, size) & all : all;
-    if (place != all || picture.bitmap.hasAlphaChannel()) {
-        result.fill(toRgb(fill));
-    }
+    // Where an opaque picture comes to lie the fill would be written for nothing.
+    fillAround(result, picture.bitmap.hasAlphaChannel() ? QRect() : place, toRgb(fill));
     if (!place.isEmpty()) {
         drawInto(result, place, pictureFromBitmap(picture.bitmap).bitmap, picture.extent);
     }
