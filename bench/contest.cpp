@@ -1,5 +1,7 @@
 #include "contest.h"
 
+#include "machine.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -57,7 +59,12 @@ Row rowOf(const Contest& contest, const Opponent& opponent, const Series& ours,
 }
 
 void measureInto(Series& series, const Measure& measure, const QString& absent) {
-    series.push_back(absent.isEmpty() && measure ? measure() : std::nullopt);
+    if (!absent.isEmpty() || !measure) {
+        series.push_back(std::nullopt);
+        return;
+    }
+    waitForQuietMachine();
+    series.push_back(measure());
 }
 
 }  // namespace

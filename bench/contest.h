@@ -47,7 +47,8 @@ struct Row {
     QString absent;
 };
 
-/// Runs ours and every opponent once for warming up, then `rounds` times in turn.
+/// Runs ours and every opponent once for warming up, then `rounds` times in turn, each
+/// time waiting a little for the machine to be quiet.
 std::vector<Row> run(const Contest& contest, int rounds);
 
 double median(std::vector<double> values);

@@ -1,4 +1,5 @@
 #include "contest.h"
+#include "machine.h"
 #include "table.h"
 #include "works.h"
 #include "world.h"
@@ -74,10 +75,11 @@ void runAll(const Wish& wish) {
         runWork(work, first, wish);
         first += work.rows;
     }
+    const QuietRecord record = quietRecord();
     std::printf(
-        "\nMedians of rounds in turn; a ratio below 1 is for the program. "
-        "Load of the machine before: %.2f\n",
-        before);
+        "\nMedians of rounds in turn; a ratio below 1 is for the program. Load before: %.2f; "
+        "begun while other programs were at work: %d of %d measurements.\n",
+        before, record.inVain, record.asked);
 }
 
 int usage() {

@@ -5,8 +5,6 @@
 
 #include <QTemporaryFile>
 
-#include <cstdlib>
-
 namespace velorama::bench {
 namespace {
 
@@ -32,11 +30,6 @@ void useScreenInMemory() {
         file.close();
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file.fileName()));
     }
-}
-
-double machineLoad() {
-    double load = 0;
-    return getloadavg(&load, 1) == 1 ? load : -1;
 }
 
 }  // namespace velorama::bench

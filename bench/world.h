@@ -28,7 +28,4 @@ private:
 /// 1080.
 void useScreenInMemory();
 
-/// The kernel's load average of the last minute; below 0 if unknown.
-double machineLoad();
-
 }  // namespace velorama::bench

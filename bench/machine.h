@@ -1,0 +1,18 @@
+#pragma once
+
+namespace velorama::bench {
+
+/// Waits until nobody else works the processors, a second and a half at most.
+void waitForQuietMachine();
+
+/// How often that was asked for, and how often in vain.
+struct QuietRecord {
+    int asked = 0;
+    int inVain = 0;
+};
+QuietRecord quietRecord();
+
+/// The kernel's load average of the last minute; below 0 if unknown.
+double machineLoad();
+
+}  // namespace velorama::bench
