@@ -35,6 +35,9 @@ QSize gifSize(QByteArrayView bytes) {
 
 QSize bmpSize(QByteArrayView bytes) {
     constexpr quint32 oldHeader = 12;
+    if (numberAt<quint32>(bytes, 10) > bytes.size()) {
+        return {};  // the pixels are said to begin beyond the end
+    }
     if (numberAt<quint32>(bytes, 14) == oldHeader) {
         return {numberAt<quint16>(bytes, 18), numberAt<quint16>(bytes, 20)};
     }

@@ -229,7 +229,7 @@ TEST(DamagedPicture, cut_off_anywhere_or_with_a_wrong_byte_is_survived) {
             for (const QByteArray& bytes : {whole.first(i), wrong}) {
                 const Picture picture = decodePicture(bytes);
                 EXPECT_EQ(picture.isNull(), picture.bitmap.isNull()) << i;
-                EXPECT_EQ(picture.size, picture.bitmap.size()) << i;
+                EXPECT_TRUE(picture.isNull() || picture.size == picture.bitmap.size()) << i;
             }
         }
     }
