@@ -3,6 +3,7 @@
 #include "platform/screen_saver.h"
 #include "platform/shell.h"
 #include "platform/sqlite_registry_store.h"
+#include "platform/termination.h"
 #include "ui/main_window.h"
 
 #include <QApplication>
@@ -26,6 +27,8 @@ int main(int argc, char** argv) {
     int result = 0;
     {
         mfrmPRGMAIN mainWindow(*screenSaver);
+        // Every way of closing is the same: the system's too.
+        const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
         mainWindow.Form_Load();
         if (!mainWindow.isUnloaded()) {
             result = QApplication::exec();

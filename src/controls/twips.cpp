@@ -54,12 +54,16 @@ void apply(QWidget& widget, Edge edge, int now) {
 
 void write(QWidget& widget, Edge edge, float twips) {
     widget.setProperty(propertyNames.at(edge), twips);
-    if (pixels(widget, edge) != toPixels(twips)) {
+    // A window told to stand where it happens to be must still be put there, not where a window
+    // manager likes.
+    if (widget.isWindow() || pixels(widget, edge) != toPixels(twips)) {
         apply(widget, edge, toPixels(twips));
     }
 }
 
-bool isSize(float twips) { return std::isfinite(twips) && twips >= 0; }
+bool isSize(float twips) {
+    return std::isfinite(twips) && twips >= 0;
+}
 
 QSize screenSize(const QWidget& widget) {
     const QScreen* screen = widget.screen();
@@ -72,15 +76,29 @@ float TwipsPerPixelX(const QWidget& widget) {
     return static_cast<float>(twipsPerLogicalPixel / widget.devicePixelRatioF());
 }
 
-float TwipsPerPixelY(const QWidget& widget) { return TwipsPerPixelX(widget); }
+float TwipsPerPixelY(const QWidget& widget) {
+    return TwipsPerPixelX(widget);
+}
 
-float Left(const QWidget& widget) { return read(widget, LeftEdge); }
-float Top(const QWidget& widget) { return read(widget, TopEdge); }
-float Width(const QWidget& widget) { return read(widget, WidthEdge); }
-float Height(const QWidget& widget) { return read(widget, HeightEdge); }
+float Left(const QWidget& widget) {
+    return read(widget, LeftEdge);
+}
+float Top(const QWidget& widget) {
+    return read(widget, TopEdge);
+}
+float Width(const QWidget& widget) {
+    return read(widget, WidthEdge);
+}
+float Height(const QWidget& widget) {
+    return read(widget, HeightEdge);
+}
 
-void setLeft(QWidget& widget, float twips) { write(widget, LeftEdge, twips); }
-void setTop(QWidget& widget, float twips) { write(widget, TopEdge, twips); }
+void setLeft(QWidget& widget, float twips) {
+    write(widget, LeftEdge, twips);
+}
+void setTop(QWidget& widget, float twips) {
+    write(widget, TopEdge, twips);
+}
 
 bool setWidth(QWidget& widget, float twips) {
     if (!isSize(twips)) {
@@ -113,7 +131,9 @@ float screenHeight(const QWidget& widget) {
     return static_cast<float>(screenSize(widget).height()) * twipsPerLogicalPixel;
 }
 
-int toPixels(float twips) { return toPixels(twips, twipsPerLogicalPixel); }
+int toPixels(float twips) {
+    return toPixels(twips, twipsPerLogicalPixel);
+}
 
 int toPixels(float twips, float twipsPerPixel) {
     return static_cast<int>(roundHalfEven(static_cast<double>(twips / twipsPerPixel)));

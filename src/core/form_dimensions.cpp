@@ -45,14 +45,11 @@ public:
     StoredForm(const clsREGISTRY& registry, QWidget& form)
         : registry_(registry), form_(form), key_(windowKey(form)) {}
 
-    /// False if the form was maximised: its geometry is left alone then.
-    bool restoreState() {
+    void restoreState() {
         const QString text = load(stateName, decimalText(formState(form_)));
         const qint32 state = wholeNumber(text).value_or(formState(form_));
         const bool known = state >= Normal && state <= Maximised;
-        const bool maximised = (known ? state : formState(form_)) != Normal;
-        setMaximised(form_, maximised);
-        return !maximised;
+        setMaximised(form_, (known ? state : formState(form_)) != Normal);
     }
 
     void restoreSize() {
@@ -145,12 +142,13 @@ void clsREGISTRY::FormDimensionsSave(const QWidget& form, bool Full) {
 void clsREGISTRY::FormDimensionsSetup(QWidget& form, bool Full) const {
     StoredForm stored(*this, form);
     if (Full) {
-        if (!stored.restoreState()) {
-            return;
-        }
         stored.restoreSize();
     }
     stored.restorePosition(Full);
+    if (Full) {
+        // Last, over the geometry that leaving the maximised state brings back.
+        stored.restoreState();
+    }
 }
 
 }  // namespace velorama

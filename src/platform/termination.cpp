@@ -1,0 +1,81 @@
+#include "platform/termination.h"
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace velorama {
+namespace {
+
+constexpr std::array<int, 3> requests = {SIGTERM, SIGINT, SIGHUP};
+
+// A signal handler may do little more than write a byte.
+int writeEnd = -1;
+
+void onSignal(int) {
+    const char byte = 1;
+    const ssize_t written = ::write(writeEnd, &byte, 1);
+    static_cast<void>(written);
+}
+
+void handleAll(void (*handler)(int)) {
+    for (const int request : requests) {
+        struct sigaction action {};
+        action.sa_handler = handler;
+        action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
+        ::sigaction(request, &action, nullptr);
+    }
+}
+
+}  // namespace
+
+class TerminationWatch::Private {
+public:
+    explicit Private(std::function<void()> onRequest) : onRequest_(std::move(onRequest)) {
+        if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends_.data()) !=
+            0) {
+            return;
+        }
+        writeEnd = ends_[1];
+        notifier_ = std::make_unique<QSocketNotifier>(ends_[0], QSocketNotifier::Read);
+        QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { take(); });
+        handleAll(onSignal);
+    }
+
+    ~Private() {
+        handleAll(SIG_DFL);
+        writeEnd = -1;
+        notifier_.reset();
+        for (const int end : ends_) {
+            if (end >= 0) {
+                ::close(end);
+            }
+        }
+    }
+
+    Private(const Private&) = delete;
+    Private& operator=(const Private&) = delete;
+
+private:
+    void take() {
+        char byte = 0;
+        if (::read(ends_[0], &byte, 1) == 1) {
+            onRequest_();
+        }
+    }
+
+    std::function<void()> onRequest_;
+    std::array<int, 2> ends_ = {-1, -1};
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+TerminationWatch::TerminationWatch(std::function<void()> onRequest)
+    : d(std::make_unique<Private>(std::move(onRequest))) {}
+
+TerminationWatch::~TerminationWatch() = default;
+
+}  // namespace velorama
