@@ -92,11 +92,12 @@ void SlideList::AddAll() {
     setScreenPointer(ScreenPointer::Hourglass);
     const QPointer<SlideList> self = this;
     addFolder();
-    setScreenPointer(ScreenPointer::Default);
     if (!self) {
+        setScreenPointer(ScreenPointer::Default);
         return;
     }
     c_.prgBARSLIDES->setVisible(false);
+    setScreenPointer(ScreenPointer::Default);
     FoundButtonsCheck();
     SelectChk();
     c_.lvwFOUND->setVisible(true);

@@ -86,7 +86,7 @@ bool FoundList::yield() {
     return self && !stopped_;
 }
 
-void FoundList::ftvFOLDER_NodeChange(const QString& path) {
+void FoundList::ftvFOLDER_NodeChange(QString path) {  // NOLINT(performance-unnecessary-value-param)
     if (FormLoading || stopped_) {
         return;
     }
@@ -109,6 +109,7 @@ void FoundList::list(const QString& path) {
     c_.flbFOUND->setPath(path);
     emptyList();
     c_.flbFOUND->setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
+    thumbnails_.expectFound({});  // What was wanted of the folder before is not wanted any more.
     const QPointer<FoundList> self = this;
     if (c_.flbFOUND->ListCount() >= 1) {
         fill();

@@ -45,7 +45,8 @@ public:
               QObject* parent = nullptr);
 
     /// Lists a folder. Lets events run between pictures, so that another call may come inside.
-    void ftvFOLDER_NodeChange(const QString& path);
+    /// Takes its own copy of the path: the tree may move on to another while events run.
+    void ftvFOLDER_NodeChange(QString path);
     void lvwFOUND_Click();
     /// The window is closing: listings under way end at their next picture, later ones do not
     /// begin.

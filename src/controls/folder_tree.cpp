@@ -114,6 +114,10 @@ void FolderTree::mousePressEvent(QMouseEvent* event) {
         changed_ = false;
         QTreeView::mousePressEvent(event);
     }
+    // A click on the folder that is current already asks for it anew.
+    const QModelIndex hit = indexAt(event->position().toPoint());
+    const bool onName = hit.isValid() && visualRect(hit).contains(event->position().toPoint());
+    changed_ = changed_ || (onName && event->button() == Qt::LeftButton);
     announce();
 }
 

@@ -31,7 +31,7 @@ void FadeTransition::LoadFadeSource(const QString& SlidePath) {
     picSLIDERESIZE_.Cls();
     Picture source = pictures_.load(SlidePath, Fit::area(areaSize()));
     if (source.isNull()) {
-        source = pictureFromBitmap(picSLIDERESIZE_.Picture());
+        source = PictureFromBitmap(picSLIDERESIZE_.Picture());
     }
     const QSize size = areaSize();
     picSLIDERESIZE_.setPicture(

@@ -34,8 +34,8 @@ QString configured(const QString& name, const QString& fallback) {
 
 }  // namespace
 
-/// Marks that a procedure of the form is running, for as long as it lives: events that run inside may
-/// unload the form, which must then outlive the procedure.
+/// Marks that a procedure of the form is running, for as long as it lives: events that run inside
+/// may unload the form, which must then outlive the procedure.
 class frmSLIDESHOW::Running {
 public:
     explicit Running(frmSLIDESHOW& form) : form_(form) { ++form_.running_; }
@@ -115,14 +115,18 @@ void frmSLIDESHOW::load(QScreen* screen) {
     readIntervals();
     picPREVIEW.hide();
     slides.begin();
+    opened_ = true;
     restartPeriod();
     Paused = false;
     slides.wrapAfterTick();
     host_.setVisible(false);
     activateWindow();
-    screenSaver_.inhibit();
     Form_KeyDown(KeyRight, 0);
+    if (unloaded_) {
+        return;
+    }
     Paused = false;
+    screenSaver_.inhibit();
     picCONTROLBAR.applyAutoHide();
 }
 
@@ -161,7 +165,9 @@ void frmSLIDESHOW::paintBackground() {
     update();
 }
 
-void frmSLIDESHOW::restartPeriod() { tmrSLIDESHOW.start(); }
+void frmSLIDESHOW::restartPeriod() {
+    tmrSLIDESHOW.start();
+}
 
 void frmSLIDESHOW::tmrSLIDESHOW_Timer() {
     if (Paused || unloaded_) {
@@ -194,6 +200,9 @@ void frmSLIDESHOW::Form_KeyDown(int KeyCode, int) {
     tmrFADETRANS.stop();
     if (KeyCode != KeyRight && KeyCode != KeyLeft) {
         Unload();
+        return;
+    }
+    if (!opened_) {
         return;
     }
     SlideSequence::Step step{};
@@ -268,7 +277,9 @@ void frmSLIDESHOW::lookAhead() {
     }
 }
 
-void frmSLIDESHOW::ResizePic() { fitting_.ResizePic(); }
+void frmSLIDESHOW::ResizePic() {
+    fitting_.ResizePic();
+}
 
 void frmSLIDESHOW::Form_Resize() {
     const Running running(*this);
@@ -292,7 +303,9 @@ void frmSLIDESHOW::Form_MouseUp() {
     }
 }
 
-void frmSLIDESHOW::Form_MouseMove(float y) { picCONTROLBAR.pointerMoved(Height(*this), y); }
+void frmSLIDESHOW::Form_MouseMove(float y) {
+    picCONTROLBAR.pointerMoved(Height(*this), y);
+}
 
 void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
     const bool arrow = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
@@ -303,7 +316,9 @@ void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
 }
 
 // A click on the bare background does nothing.
-void frmSLIDESHOW::mousePressEvent(QMouseEvent* event) { event->accept(); }
+void frmSLIDESHOW::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+}
 
 void frmSLIDESHOW::mouseMoveEvent(QMouseEvent* event) {
     Form_MouseMove(static_cast<float>(event->position().y()) * twipsPerLogicalPixel);
@@ -327,11 +342,13 @@ void frmSLIDESHOW::paintEvent(QPaintEvent* event) {
 }
 
 void frmSLIDESHOW::closeEvent(QCloseEvent* event) {
-    event->ignore();
+    event->accept();
     Unload();
 }
 
 // Tab is a key like any other here: it leaves the show.
-bool frmSLIDESHOW::focusNextPrevChild(bool) { return false; }
+bool frmSLIDESHOW::focusNextPrevChild(bool) {
+    return false;
+}
 
 }  // namespace velorama

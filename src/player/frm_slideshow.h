@@ -32,8 +32,8 @@ public:
     frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver);
     ~frmSLIDESHOW() override;
 
-    /// Opens the show over the whole of `screen` and shows the first slide. The main window is hidden
-    /// on the way.
+    /// Opens the show over the whole of `screen` and shows the first slide. The main window is
+    /// hidden on the way.
     void load(QScreen* screen);
     /// Ends the show: the main window is visible again.
     void Unload();
@@ -92,6 +92,8 @@ private:
     FadeTransition fade_;
     QImage background_;
     int running_ = 0;
+    /// The list has been read: the arrows have somewhere to go.
+    bool opened_ = false;
     bool unloaded_ = false;
 };
 

@@ -42,7 +42,7 @@ void SlideFitting::ResizePic() {
         imgPREVIEW98_.hide();
         const int width = toPixels(Width(picPREVIEW_), TwipsPerPixelX(picPREVIEW_));
         const int height = toPixels(Height(picPREVIEW_), TwipsPerPixelY(picPREVIEW_));
-        const Picture shown = pictureFromBitmap(picPREVIEW_.Picture());
+        const Picture shown = PictureFromBitmap(picPREVIEW_.Picture());
         picPREVIEW_.setPicture(PictureResize(shown, width, height, black, true).bitmap);
     } else {
         picPREVIEW_.hide();

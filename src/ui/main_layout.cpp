@@ -66,7 +66,7 @@ void MainLayout::VBarLayout() {
     setWidth(*c_.lvwFOUND, W - Left(*c_.picVBAR) - 550);
     setWidth(*c_.picSELBAR, W - 2 * Left(*c_.picSELBAR));
     setWidth(*c_.lvwSLIDEBAR, W - 2 * Left(*c_.lvwSLIDEBAR));
-    c_.lvwSLIDEBAR->update();
+    c_.lvwSLIDEBAR->viewport()->update();
     c_.lvwFOUND->setVisible(true);
     setLeft(*c_.lblFOUNDCOUNT, Left(*c_.lvwFOUND));
     setWidth(*c_.lblFOUNDCOUNT, Width(*c_.lvwFOUND));

@@ -19,7 +19,7 @@ public:
     /// The same by the keyboard: the splitter moves by `step` and the lists follow.
     void moveSplitter(float step);
 
-    /// Gives the pages and buttons their colour.
+    /// Gives the page and the splitter on it their colour; buttons take the palette's.
     void applyPageColour();
 
     /// The separator line behind the controls, in logical pixels of the surface.

@@ -30,6 +30,7 @@ MainMenus::MainMenus(QMenuBar& bar)
     bar.addMenu(mnuEDITTOP);
 
     mnuFILESTART = entry(mnuFILETOP, "mnuFILESTART", "Start Slidesho&w", "play", Qt::Key_F5);
+    mnuFILESTART->setEnabled(false);  // until there are slides
     mnuFILETOP->addSeparator();
     mnuFILEEXIT = entry(mnuFILETOP, "mnuFILEEXIT", "E&xit");
 
@@ -42,8 +43,7 @@ MainMenus::MainMenus(QMenuBar& bar)
     mnuFOUNDADD = entry(mnuFOUNDTOP, "mnuFOUNDADD", "&Add", "add");
     mnuFOUNDADDALL = entry(mnuFOUNDTOP, "mnuFOUNDADDALL", "A&dd All", "add-all");
     mnuSELECTEDCLEAR = entry(mnuSELECTEDTOP, "mnuSELECTEDCLEAR", "&Remove", "remove");
-    mnuSELECTEDCLEARALL =
-        entry(mnuSELECTEDTOP, "mnuSELECTEDCLEARALL", "Remo&ve All", "remove-all");
+    mnuSELECTEDCLEARALL = entry(mnuSELECTEDTOP, "mnuSELECTEDCLEARALL", "Remo&ve All", "remove-all");
 }
 
 void MainMenus::setKeyHints() {

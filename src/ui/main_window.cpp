@@ -14,6 +14,8 @@
 #include <QLayout>
 #include <QPainter>
 
+#include <cmath>
+
 namespace velorama {
 namespace {
 
@@ -59,7 +61,8 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver)
       menus_(*menuBar()),
       layout_(controls_),
       thumbnails_(controls_.imlFOUNDICONS, controls_.imlTHUMBNAILS, pictures_, devicePixelRatioF()),
-      slides_(slideListControls(), thumbnails_, [this](const PopupRequest& r) { popup(r); }),
+      slides_(slideListControls(), thumbnails_,
+              [this](const PopupRequest& r) { popup(r, *surface_); }),
       found_({controls_.ftvFOLDER, &controls_.flbFOUND, controls_.lvwFOUND,
               &controls_.imlFOUNDICONS, controls_.prgBARSLIDES},
              thumbnails_, foundListCalls()) {
@@ -69,12 +72,16 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver)
     setContextMenuPolicy(Qt::NoContextMenu);
     setMinimumSize(smallestWidth, smallestHeight);
     resize(toPixels(designWidth), toPixels(designHeight) + menuBar()->sizeHint().height());
+    setLeft(*this, std::round((screenWidth(*this) - Width(*this)) / 2));
+    setTop(*this, std::round((screenHeight(*this) - Height(*this)) / 2));
     connectCommands();
     connectSplitter();
     setTabOrders();
 }
 
-mfrmPRGMAIN::~mfrmPRGMAIN() { delete show_; }
+mfrmPRGMAIN::~mfrmPRGMAIN() {
+    delete show_;
+}
 
 SlideListControls mfrmPRGMAIN::slideListControls() {
     SlideListControls given;
@@ -104,7 +111,9 @@ FoundListCalls mfrmPRGMAIN::foundListCalls() {
     calls.selectFirstSlide = [this] { slides_.selectFirstSlide(); };
     calls.Add = [this] { slides_.Add(); };
     calls.ListKeysCheck = [this](int code, int shift) { slides_.ListKeysCheck(code, shift); };
-    calls.popup = [this](const PopupRequest& request) { popup(request); };
+    calls.popup = [this](const PopupRequest& request) {
+        popup(request, *controls_.picframPICTURES);
+    };
     return calls;
 }
 
@@ -171,15 +180,12 @@ void mfrmPRGMAIN::setTabOrders() {
     then(controls_.lvwSLIDEBAR);
 }
 
-void mfrmPRGMAIN::popup(const PopupRequest& request) {
+void mfrmPRGMAIN::popup(const PopupRequest& request, const QWidget& page) {
     const bool found = request.menu == PopupRequest::Menu::mnuFOUNDTOP;
     QMenu* menu = found ? menus_.mnuFOUNDTOP : menus_.mnuSELECTEDTOP;
-    const QWidget* list = ActiveList == QLatin1String("FOUND")
-                              ? static_cast<QWidget*>(controls_.lvwFOUND)
-                              : static_cast<QWidget*>(controls_.lvwSLIDEBAR);
     menu->setDefaultAction(request.firstIsDefault ? menu->actions().value(0) : nullptr);
     const QPoint place(toPixels(request.x), toPixels(request.y));
-    menu->popup(list->parentWidget()->mapToGlobal(place));
+    menu->popup(page.mapToGlobal(place));
 }
 
 void mfrmPRGMAIN::updateFoundCount() {
@@ -246,8 +252,8 @@ void mfrmPRGMAIN::disableCommands() {
     for (const std::size_t index : {3, 6, 2, 4, 5, 0, 1}) {
         controls_.cbtnCONTROLS.at(index)->setEnabled(false);
     }
-    for (QAction* entry : {menus_.mnuEDITCLEAR, menus_.mnuEDITCLEARALL, menus_.mnuEDITADD,
-                           menus_.mnuEDITADDALL, menus_.mnuFILESTART}) {
+    for (QAction* entry :
+         {menus_.mnuEDITCLEAR, menus_.mnuEDITCLEARALL, menus_.mnuEDITADD, menus_.mnuEDITADDALL}) {
         entry->setEnabled(false);
     }
 }
@@ -258,7 +264,9 @@ void mfrmPRGMAIN::showFirst() {
     ActiveList = QStringLiteral("SELECTED");
 }
 
-void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) { Cancel = false; }
+void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
+    Cancel = false;
+}
 
 void mfrmPRGMAIN::Form_Unload() {
     unloaded_ = true;

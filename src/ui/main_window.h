@@ -11,8 +11,8 @@
 
 namespace velorama {
 
-/// The main window: makes the controls, owns the classes that work on them, and forwards its handlers
-/// to these.
+/// The main window: makes the controls, owns the classes that work on them, and forwards its
+/// handlers to these.
 class mfrmPRGMAIN : public QMainWindow, private ShowHost {
     Q_OBJECT
 public:
@@ -49,7 +49,8 @@ private:
     void connectCommands();
     void connectSplitter();
     void setTabOrders();
-    void popup(const PopupRequest& request);
+    /// `page`: what the asking list stands on; its coordinates count.
+    void popup(const PopupRequest& request, const QWidget& page);
     void updateFoundCount();
     void tabPAGES_Click(const QString& caption);
 

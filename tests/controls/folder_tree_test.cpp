@@ -120,7 +120,7 @@ TEST_F(Tree, HiddenFoldersShowOnlyOnTheWay) {
     EXPECT_EQ(current().parent().data().toString(), QStringLiteral(".hidden"));
 }
 
-TEST_F(Tree, AClickOnAnotherFolderTellsOnce) {
+TEST_F(Tree, EachClickOnAFolderTellsOnce) {
     tree.setPath(in("Alps"));
     tree.show();
     told();
@@ -128,8 +128,19 @@ TEST_F(Tree, AClickOnAnotherFolderTellsOnce) {
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(told(), QStringList(in("Zoo")));
     EXPECT_EQ(tree.Path(), in("Zoo"));
+    // Again on the same: its files may be others by now.
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(told(), QStringList(in("Zoo")));
+    QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, place);
     EXPECT_EQ(told(), QStringList());
+}
+
+TEST_F(Tree, AClickOnTheNearestFolderOfAMissingOneTellsIt) {
+    tree.setPath(in("Alps/gone"));
+    tree.show();
+    told();
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(node("Alps")).center());
+    EXPECT_EQ(told(), QStringList(in("Alps")));
 }
 
 TEST_F(Tree, TheClickIsDoneWithWhenTheChangeIsTold) {
