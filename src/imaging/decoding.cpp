@@ -130,7 +130,7 @@ Picture readWithToolkit(QByteArrayView bytes, const char* format) {
         fillLowBits(image, bytes);
     }
     convertToSrgb(image, space);
-    return pictureFromBitmap(image);
+    return PictureFromBitmap(image);
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ QByteArray fileBytes(const QString& path) {
 
 }  // namespace
 
-Picture pictureFromBitmap(const QImage& bitmap) {
+Picture PictureFromBitmap(const QImage& bitmap) {
     if (bitmap.isNull()) {
         return {};
     }

@@ -30,7 +30,7 @@ struct Picture {
 };
 
 /// A bitmap as a picture object; null bitmap, null picture.
-Picture pictureFromBitmap(const QImage& bitmap);
+Picture PictureFromBitmap(const QImage& bitmap);
 
 /// What a picture is loaded for: the picture area of a show, or a square thumbnail cell.
 struct Fit {

@@ -64,7 +64,7 @@ QImage resampled(const QImage& source, QSize size) {
     if (source.isNull() || size.isEmpty() || source.size() == size) {
         return size.isEmpty() ? QImage() : source;
     }
-    const QImage pixels = pictureFromBitmap(source).bitmap;
+    const QImage pixels = PictureFromBitmap(source).bitmap;
     QImage result(size, pixels.format());
     if (!result.isNull()) {
         resampleInto(result.bits(), result.bytesPerLine(), size, pixels);
@@ -97,7 +97,7 @@ QImage fittedBitmap(const Picture& picture, QSize size, Colour fill, bool keepAs
     // Where an opaque picture comes to lie the fill would be written for nothing.
     fillAround(result, picture.bitmap.hasAlphaChannel() ? QRect() : place, toRgb(fill));
     if (!place.isEmpty()) {
-        drawInto(result, place, pictureFromBitmap(picture.bitmap).bitmap, picture.extent);
+        drawInto(result, place, PictureFromBitmap(picture.bitmap).bitmap, picture.extent);
     }
     return result;
 }
@@ -108,7 +108,7 @@ Picture PictureResize(const Picture& picture, int width, int height, Colour fill
     Picture result;
     if (!picture.isNull()) {
         const bool prepared = keepAspect && fill == white && picture.fitted.size() == size;
-        result = pictureFromBitmap(prepared ? picture.fitted
+        result = PictureFromBitmap(prepared ? picture.fitted
                                             : fittedBitmap(picture, size, fill, keepAspect));
         DoEvents();
     }

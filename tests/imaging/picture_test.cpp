@@ -236,13 +236,13 @@ TEST(DamagedPicture, cut_off_anywhere_or_with_a_wrong_byte_is_survived) {
 }
 
 TEST(PictureFromBitmap, keeps_one_of_two_formats) {
-    EXPECT_TRUE(pictureFromBitmap(QImage()).isNull());
+    EXPECT_TRUE(PictureFromBitmap(QImage()).isNull());
     const QImage image = landscape(5, 4);
-    EXPECT_EQ(pictureFromBitmap(image).bitmap.constBits(), image.constBits());
-    EXPECT_EQ(pictureFromBitmap(image.convertToFormat(QImage::Format_RGB888)).bitmap, image);
-    EXPECT_EQ(pictureFromBitmap(image.convertToFormat(QImage::Format_ARGB32)).bitmap.format(),
+    EXPECT_EQ(PictureFromBitmap(image).bitmap.constBits(), image.constBits());
+    EXPECT_EQ(PictureFromBitmap(image.convertToFormat(QImage::Format_RGB888)).bitmap, image);
+    EXPECT_EQ(PictureFromBitmap(image.convertToFormat(QImage::Format_ARGB32)).bitmap.format(),
               QImage::Format_ARGB32_Premultiplied);
-    EXPECT_EQ(pictureFromBitmap(image).size, QSize(5, 4));
+    EXPECT_EQ(PictureFromBitmap(image).size, QSize(5, 4));
 }
 
 TEST(CellSize, makes_the_longer_side_fill_the_cell) {

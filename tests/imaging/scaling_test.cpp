@@ -163,7 +163,7 @@ Picture plainPicture(int width, int height, QRgb colour) {
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
     image.fill(0);
     image.fill(QColor::fromRgba(colour));
-    return pictureFromBitmap(image);
+    return PictureFromBitmap(image);
 }
 
 TEST(FittedBitmap, fills_what_the_picture_leaves_free) {
