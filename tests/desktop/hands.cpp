@@ -2,7 +2,9 @@
 
 #include "desktop/session.h"
 
+#include <QFile>
 #include <QRegularExpression>
+#include <QtEndian>
 
 namespace velorama::desktop {
 namespace {
@@ -15,6 +17,24 @@ QString exactly(const QString& title) {
     QString escaped = title;
     escaped.replace(special, QStringLiteral(R"re(\\1)re"));
     return QLatin1Char('^') + escaped + QLatin1Char('$');
+}
+
+// The server keeps its pixels in a file of the kind xwd writes: 32-bit numbers, high byte first,
+// then the colour table (12 bytes a colour), then the rows.
+enum DumpField { HeaderSize = 0, DumpWidth = 4, DumpHeight = 5, BytesPerLine = 12, Colours = 19 };
+
+QImage imageOfDump(const uchar* dump, qint64 size) {
+    const auto field = [dump](DumpField which) {
+        return qFromBigEndian<quint32>(dump + 4 * which);
+    };
+    const qint64 pixels = qint64(field(HeaderSize)) + 12 * qint64(field(Colours));
+    const qint64 rows = qint64(field(BytesPerLine)) * field(DumpHeight);
+    if (pixels + rows > size) {
+        return {};
+    }
+    return QImage(dump + pixels, static_cast<int>(field(DumpWidth)),
+                  static_cast<int>(field(DumpHeight)), field(BytesPerLine), QImage::Format_RGB32)
+        .copy();
 }
 
 QString shownAs(WindowId window) {
@@ -127,6 +147,15 @@ void DesktopSession::drag(WindowId window, const QPoint& from, const QPoint& to)
         pointer(window, from + (to - from) * step / kDragSteps, {});
     }
     pointer(window, to, {QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
+QImage DesktopSession::glance() const {
+    QFile file(screenFolder() + QStringLiteral("/Xvfb_screen0"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const uchar* dump = file.map(0, file.size());
+    return dump == nullptr ? QImage() : imageOfDump(dump, file.size());
 }
 
 QImage DesktopSession::screenshot(WindowId window) const {

@@ -84,9 +84,14 @@ QString DesktopSession::documentsFolder() const {
     return home() + QStringLiteral("/Documents");
 }
 
+QString DesktopSession::screenFolder() const {
+    return home() + QStringLiteral("/runtime/screen");
+}
+
 void DesktopSession::makeHome() {
     const QString runtime = home() + QStringLiteral("/runtime");
-    for (const QString& folder : {configFolder(), dataFolder(), documentsFolder(), runtime}) {
+    for (const QString& folder :
+         {configFolder(), dataFolder(), documentsFolder(), runtime, screenFolder()}) {
         QDir().mkpath(folder);
     }
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -142,6 +147,8 @@ bool DesktopSession::startServer(const ScreenOptions& options) {
                                    screen,
                                    QStringLiteral("-dpi"),
                                    QString::number(options.dpi),
+                                   QStringLiteral("-fbdir"),
+                                   screenFolder(),
                                    QStringLiteral("-noreset"),
                                    QStringLiteral("-nolisten"),
                                    QStringLiteral("tcp")};

@@ -119,8 +119,13 @@ public:
 
     /// What is on the screen, or on one window of it. A null image if the window is gone.
     QImage screenshot(WindowId window = 0) const;
+    /// What the screen shows at this moment, the pointer included, read from the server's memory:
+    /// quick enough to follow a fade. May be caught in the midst of a repaint.
+    QImage glance() const;
+    QImage glance(const QRect& area) const { return glance().copy(area); }
 
 private:
+    QString screenFolder() const;
     void makeHome();
     bool startServer(const ScreenOptions& options);
     bool startBus();
