@@ -25,13 +25,16 @@ void PictureBox::setBackColor(const QColor& colour) {
 }
 
 void PictureBox::setPicture(const QImage& picture) {
+    const bool isShown = !picture.isNull() && picture.cacheKey() == image_.cacheKey();
     picture_ = picture;
     image_ = {};
     if (autoSize_ && !picture.isNull()) {
         setWidth(*this, static_cast<float>(picture.width()) * TwipsPerPixelX(*this));
         setHeight(*this, static_cast<float>(picture.height()) * TwipsPerPixelY(*this));
     }
-    update();
+    if (!isShown) {
+        update();
+    }
 }
 
 QImage& PictureBox::Image() {

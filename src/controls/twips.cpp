@@ -17,6 +17,12 @@ enum Edge : int { LeftEdge, TopEdge, WidthEdge, HeightEdge };
 constexpr std::array<const char*, 4> propertyNames = {"twipsLeft", "twipsTop", "twipsWidth",
                                                       "twipsHeight"};
 
+constexpr const char* heldName = "twipsHeld";
+
+bool isHeld(const QWidget& widget) {
+    return widget.property(heldName).toBool();
+}
+
 int pixels(const QWidget& widget, Edge edge) {
     switch (edge) {
         case LeftEdge:
@@ -33,7 +39,7 @@ int pixels(const QWidget& widget, Edge edge) {
 float read(const QWidget& widget, Edge edge) {
     const int now = pixels(widget, edge);
     const QVariant exact = widget.property(propertyNames.at(edge));
-    if (exact.isValid() && toPixels(exact.toFloat()) == now) {
+    if (exact.isValid() && (isHeld(widget) || toPixels(exact.toFloat()) == now)) {
         return exact.toFloat();
     }
     return static_cast<float>(now) * twipsPerLogicalPixel;
@@ -54,6 +60,9 @@ void apply(QWidget& widget, Edge edge, int now) {
 
 void write(QWidget& widget, Edge edge, float twips) {
     widget.setProperty(propertyNames.at(edge), twips);
+    if (isHeld(widget)) {
+        return;
+    }
     // A window told to stand where it happens to be must still be put there, not where a window
     // manager likes.
     if (widget.isWindow() || pixels(widget, edge) != toPixels(twips)) {
@@ -121,6 +130,28 @@ void place(QWidget& widget, float left, float top, float width, float height) {
     setTop(widget, top);
     setWidth(widget, width);
     setHeight(widget, height);
+}
+
+HeldGeometry::HeldGeometry(QWidget& widget) : widget_(widget), outermost_(!isHeld(widget)) {
+    if (outermost_) {
+        // From here on the properties count, so they must say what is.
+        for (const Edge edge : {LeftEdge, TopEdge, WidthEdge, HeightEdge}) {
+            widget.setProperty(propertyNames.at(edge), read(widget, edge));
+        }
+        widget.setProperty(heldName, true);
+    }
+}
+
+HeldGeometry::~HeldGeometry() {
+    if (!outermost_) {
+        return;
+    }
+    const QRect held(toPixels(Left(widget_)), toPixels(Top(widget_)), toPixels(Width(widget_)),
+                     toPixels(Height(widget_)));
+    widget_.setProperty(heldName, false);
+    if (widget_.geometry() != held) {
+        widget_.setGeometry(held);
+    }
 }
 
 float screenWidth(const QWidget& widget) {

@@ -5,9 +5,9 @@
 
 namespace velorama {
 
-/// Forms and controls are placed in twips, 15 to the logical pixel. The exact single-precision values
-/// are kept beside the pixel geometry that they round to; where the pixel geometry has since been
-/// changed by others (the user, the window manager), it counts.
+/// Forms and controls are placed in twips, 15 to the logical pixel. The exact single-precision
+/// values are kept beside the pixel geometry that they round to; where the pixel geometry has since
+/// been changed by others (the user, the window manager), it counts.
 constexpr float twipsPerLogicalPixel = 15;
 
 /// Twips to one device pixel of the widget's screen: 15 at 96 dots per inch, 7.5 at twice that.
@@ -27,6 +27,20 @@ bool setHeight(QWidget& widget, float twips);
 
 /// All four at once, for the design of a form.
 void place(QWidget& widget, float left, float top, float width, float height);
+
+/// While it lives, the widget keeps what it is told in twips, and its pixels follow once at the
+/// end: a box that is placed twice in a row is moved and painted once.
+class HeldGeometry {
+public:
+    explicit HeldGeometry(QWidget& widget);
+    ~HeldGeometry();
+    HeldGeometry(const HeldGeometry&) = delete;
+    HeldGeometry& operator=(const HeldGeometry&) = delete;
+
+private:
+    QWidget& widget_;
+    bool outermost_;
+};
 
 /// Size in twips of the screen that the widget is on.
 float screenWidth(const QWidget& widget);

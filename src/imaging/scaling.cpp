@@ -88,6 +88,11 @@ QImage fittedBitmap(const Picture& picture, QSize size, Colour fill, bool keepAs
     if (picture.isNull() || picture.bitmap.isNull() || size.isEmpty()) {
         return {};
     }
+    // Nothing to scale, to fill or to lay over: as it is.
+    if (picture.size == size && picture.bitmap.size() == size &&
+        picture.bitmap.format() == QImage::Format_RGB32) {
+        return picture.bitmap;
+    }
     QImage result(size, QImage::Format_RGB32);
     if (result.isNull()) {
         return {};

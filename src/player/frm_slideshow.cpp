@@ -221,6 +221,8 @@ void frmSLIDESHOW::Form_KeyDown(int KeyCode, int) {
 }
 
 void frmSLIDESHOW::showSlide(Advance way) {
+    // The area is placed twice on the way to a slide; the eye sees the end of it only.
+    const HeldGeometry area(picPREVIEW);
     if (!isModernSystem()) {
         showOnOldSystem(way);
     } else {
