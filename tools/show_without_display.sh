@@ -62,7 +62,9 @@ wm_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
 # A slow fade, so that a screenshot falls into its middle, and a slide that outlasts the next one.
 choose_settings() {
-    offer_folder "$XDG_CONFIG_HOME" "$pictures"
+    mkdir "$home/Pictures"
+    ln -s "$pictures" "$home/Pictures/"
+    offer_folder "$XDG_CONFIG_HOME" "$home/Pictures/$(basename "$pictures")"
     store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' INTERVAL 20
     store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' TRANSITION 60
 }

@@ -64,22 +64,38 @@ void cbtn::keyPressEvent(QKeyEvent* event) {
     QAbstractButton::keyPressEvent(event);
 }
 
+void cbtn::setPrimary(bool primary) {
+    primary_ = primary;
+    update();
+}
+
 QColor cbtn::textColour() const {
+    if (primary_ && isEnabled()) {
+        return palette().color(QPalette::Active, QPalette::HighlightedText);
+    }
     return palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
                            QPalette::ButtonText);
 }
 
 void cbtn::paintGround(QPainter& painter) const {
     const QRectF ground = QRectF(rect()).adjusted(1, 1, -1, -1);
+    const QColor accent = palette().color(QPalette::Active, QPalette::Highlight);
+    if (primary_ && isEnabled()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(accent);
+        painter.drawRoundedRect(ground, Radius, Radius);
+    }
     if (isEnabled() && (isDown() || isChecked() || underMouse())) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(faded(textColour(), isDown() || isChecked() ? PressedTint : HoverTint));
         painter.drawRoundedRect(ground, Radius, Radius);
     }
     if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+        const bool onAccent = primary_ && isEnabled();
+        const qreal inset = onAccent ? 2.5 : 0;
+        painter.setPen(QPen(onAccent ? textColour() : accent, 1.5));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(ground, Radius, Radius);
+        painter.drawRoundedRect(ground.adjusted(inset, inset, -inset, -inset), Radius, Radius);
     }
 }
 

@@ -15,6 +15,8 @@ public:
     /// and the icon of QAbstractButton counts.
     void setSymbol(const QString& name);
     QString Symbol() const { return symbol_; }
+    /// The one button of its group that leads on is filled with the palette's accent.
+    void setPrimary(bool primary);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -34,6 +36,7 @@ private:
     QColor textColour() const;
 
     QString symbol_;
+    bool primary_ = false;
 };
 
 }  // namespace velorama

@@ -86,9 +86,13 @@ void MainControls::makeToolbar() {
         button->setSymbol(QLatin1String(design.symbol));
         button->setToolTip(QLatin1String(design.tooltip));
         button->setAccessibleName(QLatin1String(design.tooltip));
+        // The mouse leaves the keyboard where it is: in the list that the button works on.
+        button->setFocusPolicy(Qt::TabFocus);
         place(*button, design.left, 45, 540, 450);
         cbtnCONTROLS.at(index) = button;
     }
+    cbtnCONTROLS[6]->setPrimary(true);
+    setWidth(*cbtnCONTROLS[6], 900);
 }
 
 void MainControls::makeSlideBar() {

@@ -46,7 +46,8 @@ protected:
 
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Mid));
+        // Nearly all of it lies behind controls; the rest is no more than a shade.
+        painter.setPen(palette().color(QPalette::Midlight));
         painter.drawLine(form_.layout_.separator());
     }
 
