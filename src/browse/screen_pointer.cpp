@@ -1,7 +1,6 @@
 #include "browse/screen_pointer.h"
 
 #include <QCursor>
-#include <QCursor>
 #include <QGuiApplication>
 
 namespace velorama {

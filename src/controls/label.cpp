@@ -39,8 +39,12 @@ void Label::paintEvent(QPaintEvent*) {
     painter.drawText(rect(), static_cast<int>(alignment_ | Qt::TextSingleLine), shown);
 }
 
-void Label::mousePressEvent(QMouseEvent* event) { event->accept(); }
+void Label::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+}
 
-void Label::mouseReleaseEvent(QMouseEvent* event) { emit MouseUp(mouseButton(event->button())); }
+void Label::mouseReleaseEvent(QMouseEvent* event) {
+    emit MouseUp(mouseButton(event->button()));
+}
 
 }  // namespace velorama

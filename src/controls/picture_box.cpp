@@ -78,7 +78,9 @@ QSize PictureBox::scaleSize() const {
             toPixels(Height(*this), TwipsPerPixelY(*this))};
 }
 
-void PictureBox::Refresh() { repaint(); }
+void PictureBox::Refresh() {
+    repaint();
+}
 
 void PictureBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);

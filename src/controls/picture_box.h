@@ -8,7 +8,8 @@
 
 namespace velorama {
 
-/// A picture box: a picture, and over it an image that drawings last on. Images are in device pixels.
+/// A picture box: a picture, and over it an image that drawings last on. Images are in device
+/// pixels.
 class PictureBox : public QWidget {
     Q_OBJECT
 public:

@@ -17,9 +17,13 @@ Colour storedColour(const QString& name, Colour design) {
 
 }  // namespace
 
-Colour showBackground() { return storedColour(QStringLiteral("picBACKGROUND"), designBackground); }
+Colour showBackground() {
+    return storedColour(QStringLiteral("picBACKGROUND"), designBackground);
+}
 
-Colour showGradient() { return storedColour(QStringLiteral("picGRADCOLOR"), designGradient); }
+Colour showGradient() {
+    return storedColour(QStringLiteral("picGRADCOLOR"), designGradient);
+}
 
 void GradientPaint(QImage& target, float angle, Colour color1, Colour color2) {
     gGradient->Angle(angle);

@@ -75,12 +75,14 @@ void ControlBar::layOut(float formWidth, float formHeight) {
 }
 
 bool ControlBar::autoHide() {
-    const QString stored =
-        loadSetting(QStringLiteral("\\frmCONFIG\\Items"), QStringLiteral("TBAR"), QStringLiteral("1"));
+    const QString stored = loadSetting(QStringLiteral("\\frmCONFIG\\Items"), QStringLiteral("TBAR"),
+                                       QStringLiteral("1"));
     return decimalNumber(stored) == 1.0;
 }
 
-void ControlBar::applyAutoHide() { setVisible(!autoHide()); }
+void ControlBar::applyAutoHide() {
+    setVisible(!autoHide());
+}
 
 void ControlBar::pointerMoved(float formHeight, float y) {
     if (autoHide()) {
@@ -99,7 +101,11 @@ void ControlBar::paintEvent(QPaintEvent*) {
 }
 
 // The bar keeps its clicks: they are no clicks on the form behind it.
-void ControlBar::mousePressEvent(QMouseEvent* event) { event->accept(); }
-void ControlBar::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
+void ControlBar::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+}
+void ControlBar::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+}
 
 }  // namespace velorama

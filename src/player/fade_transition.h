@@ -19,8 +19,8 @@ public:
     /// Blend operation, flags, alpha and alpha format in the four bytes, lowest first.
     qint32 BlendValue = 0;
 
-    /// Freezes the screen as the start, loads `SlidePath`, fits it to the picture area and starts the
-    /// timer. A file that does not load leaves the picture before it as the source.
+    /// Freezes the screen as the start, loads `SlidePath`, fits it to the picture area and starts
+    /// the timer. A file that does not load leaves the picture before it as the source.
     void LoadFadeSource(const QString& SlidePath);
     /// One step: the blend, the repaint, and the end of the timer at 240.
     void step();

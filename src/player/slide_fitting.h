@@ -4,8 +4,8 @@
 
 namespace velorama {
 
-/// Where a slide stands: the picture area, a fixed box derived from the screen, and its white frame.
-/// All lengths are single-precision twips; nothing is rounded.
+/// Where a slide stands: the picture area, a fixed box derived from the screen, and its white
+/// frame. All lengths are single-precision twips; nothing is rounded.
 class SlideFitting {
 public:
     SlideFitting(QWidget& form, PictureBox& picPREVIEW, PictureBox& picBORDERFRAME,

@@ -20,14 +20,15 @@ public:
     /// What follows showing a slide by a tick: after the last slide the number is 0.
     void wrapAfterTick();
 
-    /// One step of the key Right: false if the list has ended on a missing file, SlidePath then being
-    /// that file.
+    /// One step of the key Right: false if the list has ended on a missing file, SlidePath then
+    /// being that file.
     enum class Step { Found, Missing, End };
     Step stepRight();
     /// One step of the key Left; never ends the list.
     Step stepLeft();
 
-    /// Path of the slide that a tick would show next, missing files skipped; empty if there is none.
+    /// Path of the slide that a tick would show next, missing files skipped; empty if there is
+    /// none.
     QString upcoming() const;
 
 private:
@@ -35,8 +36,9 @@ private:
     bool currentExists() const;
 };
 
-/// Caption of a slide: its file name without an ending of three or four letters; any other name gives
-/// all that stands behind the path's leftmost separator. Yields to pending events twice a character.
+/// Caption of a slide: its file name without an ending of three or four letters; any other name
+/// gives all that stands behind the path's leftmost separator. Yields to pending events twice a
+/// character.
 QString CaptionFromPath(const QString& SlidePath);
 
 }  // namespace velorama

@@ -108,9 +108,10 @@ void MainControls::makeSlideBar() {
 
 void MainControls::describe() {
     lvwFOUND->setEmptyText(QCoreApplication::translate(
-        "MainControls", "No pictures in this folder.\nChoose a folder of photographs on the left."));
-    lvwSLIDEBAR->setEmptyText(QCoreApplication::translate(
-        "MainControls", "Add pictures from above to make a show."));
+        "MainControls",
+        "No pictures in this folder.\nChoose a folder of photographs on the left."));
+    lvwSLIDEBAR->setEmptyText(
+        QCoreApplication::translate("MainControls", "Add pictures from above to make a show."));
     ftvFOLDER->setAccessibleName(QStringLiteral("Folders"));
     lvwFOUND->setAccessibleName(QStringLiteral("Pictures Found"));
     lvwSLIDEBAR->setAccessibleName(QStringLiteral("Slideshow List"));

@@ -15,7 +15,8 @@
 
 namespace velorama {
 
-/// All controls of the main window at their design places. They belong to the surface they stand on.
+/// All controls of the main window at their design places. They belong to the surface they stand
+/// on.
 struct MainControls {
     explicit MainControls(QWidget& surface);
 

@@ -25,7 +25,9 @@ void onMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
 
 }  // namespace
 
-void expectMessage(const QString& part) { wantedMessages.append(part); }
+void expectMessage(const QString& part) {
+    wantedMessages.append(part);
+}
 
 QString temporaryFolder() {
     static int number = 0;
@@ -34,6 +36,8 @@ QString temporaryFolder() {
     return path;
 }
 
-void installMessageTrap() { qInstallMessageHandler(onMessage); }
+void installMessageTrap() {
+    qInstallMessageHandler(onMessage);
+}
 
 }  // namespace velorama::test

@@ -220,9 +220,9 @@ TEST_P(MainLayoutRules, HoldToTheTwip) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, MainLayoutRules,
-                         testing::Values(SizeCase{500, 378}, SizeCase{640, 460},
-                                         SizeCase{736, 480}, SizeCase{1280, 760},
-                                         SizeCase{1920, 1030}, SizeCase{3840, 2100}));
+                         testing::Values(SizeCase{500, 378}, SizeCase{640, 460}, SizeCase{736, 480},
+                                         SizeCase{1280, 760}, SizeCase{1920, 1030},
+                                         SizeCase{3840, 2100}));
 
 TEST_F(MainWindow, ASplitterDraggedLeftOf2700StopsAndSnapsTo2775) {
     mfrmPRGMAIN form(screenSaver_);
