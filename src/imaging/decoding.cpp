@@ -1,8 +1,10 @@
 #include "imaging/decoding.h"
 
+#include "imaging/byte_numbers.h"
+#include "imaging/completeness.h"
+
 #include <QBuffer>
 #include <QImageReader>
-#include <QtEndian>
 
 #include <algorithm>
 #include <cmath>
@@ -11,23 +13,17 @@
 namespace velorama {
 namespace {
 
+constexpr qint64 mebibyte = 1024 * 1024;
+
 /// Kinds that the toolkit's readers decode: how a file begins, the reader's name, and the bytes of
 /// memory that one pixel of it may take on the way.
 struct Kind {
     QByteArrayView signature;
     const char* format;
     QSize (*size)(QByteArrayView);
-    int bytesPerPixel;
+    int (*bytesPerPixel)(QByteArrayView);
+    bool (*isWhole)(QByteArrayView);
 };
-
-template <typename Number>
-Number numberAt(QByteArrayView bytes, qsizetype offset, bool bigEndian = false) {
-    if (offset + qsizetype(sizeof(Number)) > bytes.size()) {
-        return 0;
-    }
-    const char* place = bytes.data() + offset;
-    return bigEndian ? qFromBigEndian<Number>(place) : qFromLittleEndian<Number>(place);
-}
 
 QSize gifSize(QByteArrayView bytes) {
     return {numberAt<quint16>(bytes, 6), numberAt<quint16>(bytes, 8)};
@@ -35,9 +31,6 @@ QSize gifSize(QByteArrayView bytes) {
 
 QSize bmpSize(QByteArrayView bytes) {
     constexpr quint32 oldHeader = 12;
-    if (numberAt<quint32>(bytes, 10) > bytes.size()) {
-        return {};  // the pixels are said to begin beyond the end
-    }
     if (numberAt<quint32>(bytes, 14) == oldHeader) {
         return {numberAt<quint16>(bytes, 18), numberAt<quint16>(bytes, 20)};
     }
@@ -50,18 +43,29 @@ QSize pngSize(QByteArrayView bytes) {
     return {numberAt<qint32>(bytes, 16, true), numberAt<qint32>(bytes, 20, true)};
 }
 
-constexpr Kind kinds[] = {
-    {QByteArrayView("GIF8", 4), "gif", gifSize, 8},
-    {QByteArrayView("BM", 2), "bmp", bmpSize, 5},
-    // Sixteen bits a channel are read as such before they become eight.
-    {QByteArrayView("\x89PNG\r\n\x1a\n", 8), "png", pngSize, 12},
-};
-
-bool fitsMemory(QByteArrayView bytes, const Kind& kind) {
-    const QSize size = kind.size(bytes);
-    const qint64 pixels = qint64(size.width()) * size.height();
-    return !size.isEmpty() && pixels <= (pictureMemory - bytes.size()) / kind.bytesPerPixel;
+int gifPixel(QByteArrayView) {
+    return 8;
 }
+
+int bmpPixel(QByteArrayView) {
+    return 5;
+}
+
+/// Sixteen bits a channel are read as such before they become eight.
+int pngPixel(QByteArrayView bytes) {
+    return numberAt<quint8>(bytes, 24) == 16 ? 12 : 8;
+}
+
+/// The reader of PNG tells itself.
+bool isWholePng(QByteArrayView) {
+    return true;
+}
+
+constexpr Kind kinds[] = {
+    {QByteArrayView("GIF8", 4), "gif", gifSize, gifPixel, isWholeGif},
+    {QByteArrayView("BM", 2), "bmp", bmpSize, bmpPixel, isWholeBmp},
+    {QByteArrayView("\x89PNG\r\n\x1a\n", 8), "png", pngSize, pngPixel, isWholePng},
+};
 
 bool isOpaque(const QImage& bitmap) {
     for (int y = 0; y < bitmap.height(); ++y) {
@@ -114,14 +118,16 @@ bool isSixteenBitBmp(QByteArrayView bytes) {
 
 Picture readWithToolkit(QByteArrayView bytes, const char* format) {
     static std::once_flag once;
-    std::call_once(once, [] { QImageReader::setAllocationLimit(pictureMemory / (1024 * 1024)); });
+    std::call_once(once,
+                   [] { QImageReader::setAllocationLimit(decodingMemory().largest() / mebibyte); });
     QByteArray raw = QByteArray::fromRawData(bytes.data(), bytes.size());
     QBuffer buffer(&raw);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    QImage image = reader.read();
-    if (image.isNull()) {
+    QImage image;
+    // A reader that gives up may leave the half it had.
+    if (!reader.read(&image) || image.isNull()) {
         return {};
     }
     const QColorSpace space = image.colorSpace();
@@ -133,7 +139,32 @@ Picture readWithToolkit(QByteArrayView bytes, const char* format) {
     return PictureFromBitmap(image);
 }
 
+Picture read(QByteArrayView bytes, const Kind& kind) {
+    const QSize size = kind.size(bytes);
+    if (size.isEmpty() || !kind.isWhole(bytes)) {
+        return {};
+    }
+    const qint64 pixels = qint64(size.width()) * size.height();
+    const int each = kind.bytesPerPixel(bytes);
+    if (pixels > decodingMemory().largest() / each) {
+        return {};
+    }
+    const MemoryShare share(decodingMemory(), pixels * each);
+    return share ? readWithToolkit(bytes, kind.format) : Picture();
+}
+
 }  // namespace
+
+MemoryPool& fileMemory() {
+    static MemoryPool pool(128 * mebibyte, 128 * mebibyte);
+    return pool;
+}
+
+MemoryPool& decodingMemory() {
+    // Ordinary slides go on in the last 64 MiB while a very large picture is decoded.
+    static MemoryPool pool(pictureMemory - fileMemory().largest(), 320 * mebibyte);
+    return pool;
+}
 
 void convertToSrgb(QImage& bitmap, const QColorSpace& space) {
     static const QColorSpace srgb(QColorSpace::SRgb);
@@ -150,7 +181,7 @@ Picture decodePicture(QByteArrayView bytes, const Fit& fit) {
     }
     for (const Kind& kind : kinds) {
         if (bytes.startsWith(kind.signature)) {
-            return fitsMemory(bytes, kind) ? readWithToolkit(bytes, kind.format) : Picture();
+            return read(bytes, kind);
         }
     }
     return {};

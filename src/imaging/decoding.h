@@ -1,13 +1,20 @@
 #pragma once
 
+#include "imaging/memory_share.h"
 #include "imaging/picture.h"
 
 #include <QColorSpace>
 
 namespace velorama {
 
-/// What reading one picture may take, in bytes: the file, the decoder's own memory and the bitmap.
+/// What reading pictures may take, in bytes, on all threads together.
 constexpr qint64 pictureMemory = 512LL * 1024 * 1024;
+
+/// The part of it that the files' own bytes come from; no file may be larger.
+MemoryPool& fileMemory();
+
+/// The part for decoders and bitmaps. Whoever has a share of it never waits for one of the files'.
+MemoryPool& decodingMemory();
 
 /// The JPEG reader; null picture on failure.
 Picture readJpeg(QByteArrayView bytes, const Fit& fit);

@@ -173,6 +173,9 @@ bool clsPICGRDNT::Draw(QImage& target) const {
     if (target.width() <= 1 || target.height() <= 1 || target.depth() != 32) {
         return false;
     }
+    if (target.bits() == nullptr) {
+        return false;  // shared, and no memory for a copy
+    }
     const Run run = runFor(angle_, target.width(), target.height());
     std::vector<QRgb> colours = lineColours(color1_, color2_, run);
     if (run.step.x() != 0) {

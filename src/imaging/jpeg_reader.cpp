@@ -3,11 +3,14 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstdio>
 #include <vector>
 
 #include <jpeglib.h>
+
+#include <jerror.h>
 
 namespace velorama {
 namespace {
@@ -22,6 +25,8 @@ constexpr qint64 pixelLimit = 512LL * 1024 * 1024;
 struct ErrorExit {
     jpeg_error_mgr manager;
     std::jmp_buf back;
+    /// The library has read beyond the end of the file.
+    bool pastEnd;
 };
 
 [[noreturn]] void leave(j_common_ptr info) {
@@ -29,6 +34,23 @@ struct ErrorExit {
 }
 
 void beSilent(j_common_ptr) {}
+
+/// Reading beyond the end is harmless while what was read before suffices: only the closing marker
+/// may be missing. The library makes it up, and says so when a scan then lacks data; it would go on
+/// in grey. Arithmetic coding takes such data for zeros without a word.
+void watchForEnd(j_common_ptr info, int level) {
+    auto* errors = reinterpret_cast<ErrorExit*>(info->err);
+    if (level >= 0) {
+        return;  // no warning
+    }
+    ++info->err->num_warnings;
+    errors->pastEnd = errors->pastEnd || info->err->msg_code == JWRN_JPEG_EOF;
+    const bool lacksData = info->err->msg_code == JWRN_HIT_MARKER ||
+                           reinterpret_cast<j_decompress_ptr>(info)->arith_code;
+    if (errors->pastEnd && lacksData) {
+        leave(info);
+    }
+}
 
 void limitScans(j_common_ptr info) {
     if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > scanLimit) {
@@ -71,11 +93,16 @@ public:
     QSize size() const;
     int orientation() const;
     QColorSpace colourSpace();
-    /// Null if the library gives up or the memory does not suffice.
-    QImage decoded(int eighths, qint64 copies);
+    /// Chooses the scale of the decoding; false if the library gives up.
+    bool setScale(int eighths);
+    /// Bytes that decoding takes, with so many bitmaps at a time.
+    qint64 memory(int bitmaps);
+    /// Null if the library gives up, the file ends too early or memory runs out.
+    QImage decoded();
 
 private:
     bool isPlausible() const;
+    bool lacksScans() const;
     bool isInked() const { return info_.out_color_space == JCS_CMYK; }
     void readRows(uchar* pixels, qsizetype stride, uchar* inks);
 
@@ -90,6 +117,7 @@ JpegFile::JpegFile(QByteArrayView bytes) : bytes_(bytes) {
     info_.err = jpeg_std_error(&errors_.manager);
     errors_.manager.error_exit = leave;
     errors_.manager.output_message = beSilent;
+    errors_.manager.emit_message = watchForEnd;
     progress_.progress_monitor = limitScans;
     made_ = attempt(errors_, [this] { jpeg_create_decompress(&info_); });
 }
@@ -145,34 +173,64 @@ QColorSpace JpegFile::colourSpace() {
     return isRgb ? QColorSpace::fromIccProfile(profile) : QColorSpace();
 }
 
-QImage JpegFile::decoded(int eighths, qint64 copies) {
+bool JpegFile::setScale(int eighths) {
     const bool inked = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
     info_.scale_num = static_cast<unsigned>(eighths);
     info_.scale_denom = 8;
     info_.out_color_space = inked ? JCS_CMYK : JCS_EXT_BGRA;
     info_.dct_method = JDCT_ISLOW;
-    if (!attempt(errors_, [this] { jpeg_calc_output_dimensions(&info_); })) {
-        return {};
+    return attempt(errors_, [this] { jpeg_calc_output_dimensions(&info_); });
+}
+
+qint64 JpegFile::memory(int bitmaps) {
+    // Strips of a few rows for each colour.
+    constexpr qint64 workingRows = 256;
+    qint64 bytes = bitmaps * qint64(info_.output_width) * info_.output_height * 4 +
+                   workingRows * info_.image_width;
+    if (jpeg_has_multiple_scans(&info_)) {
+        for (int i = 0; i < info_.num_components; ++i) {
+            // Every scan adds to the same coefficients; sides are filled up to whole groups.
+            const jpeg_component_info& colour = info_.comp_info[i];
+            bytes += qint64(sizeof(JBLOCK)) * (colour.width_in_blocks + colour.h_samp_factor) *
+                     (colour.height_in_blocks + colour.v_samp_factor);
+        }
     }
-    const qint64 bitmapBytes = qint64(info_.output_width) * info_.output_height * 4;
-    const qint64 left = pictureMemory - bytes_.size() - copies * bitmapBytes;
-    if (left <= 0) {
-        return {};
-    }
+    return bytes;
+}
+
+QImage JpegFile::decoded() {
     QImage bitmap(static_cast<int>(info_.output_width), static_cast<int>(info_.output_height),
                   QImage::Format_RGB32);
     if (bitmap.isNull()) {
         return {};
     }
-    std::vector<uchar> inks(inked ? static_cast<size_t>(bitmap.bytesPerLine()) : 0);
+    std::vector<uchar> inks(isInked() ? static_cast<size_t>(bitmap.bytesPerLine()) : 0);
     uchar* pixels = bitmap.bits();
     const bool done = attempt(errors_, [&] {
-        info_.mem->max_memory_to_use = static_cast<long>(left);
         jpeg_start_decompress(&info_);
+        if (lacksScans()) {
+            leave(reinterpret_cast<j_common_ptr>(&info_));
+        }
         readRows(pixels, bitmap.bytesPerLine(), inks.data());
         // Not finished on purpose: what follows the last row is of no use.
     });
     return done ? bitmap : QImage();
+}
+
+/// True if the file ended between two scans, a colour or a refinement still to come.
+bool JpegFile::lacksScans() const {
+    if (!errors_.pastEnd) {
+        return false;
+    }
+    for (int i = 0; i < info_.num_components; ++i) {
+        const auto isOpen = [](int bit) { return bit != 0; };
+        if (info_.comp_info[i].quant_table == nullptr ||
+            (info_.coef_bits != nullptr &&
+             std::any_of(info_.coef_bits[i], info_.coef_bits[i] + DCTSIZE2, isOpen))) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void JpegFile::readRows(uchar* pixels, qsizetype stride, uchar* inks) {
@@ -236,13 +294,17 @@ Picture readJpeg(QByteArrayView bytes, const Fit& fit) {
     const QSize shown = orientation >= 5 ? file.size().transposed() : file.size();
     const QColorSpace space = file.colourSpace();
     const int eighths = jpegEighths(shown, fit);
-    QImage bitmap = file.decoded(eighths, orientation > 1 ? 2 : 1);
-    if (bitmap.isNull()) {
+    if (!file.setScale(eighths)) {
         return {};
     }
+    const MemoryShare share(decodingMemory(), file.memory(orientation > 1 ? 2 : 1));
+    QImage bitmap = share ? file.decoded() : QImage();
     convertToSrgb(bitmap, space);
     const QSizeF exact = QSizeF(shown) * eighths / 8;
     bitmap = oriented(std::move(bitmap), orientation);
+    if (bitmap.isNull()) {
+        return {};
+    }
     const QRectF extent = exactExtent(bitmap.size(), exact, orientation);
     return {PictureType::Bitmap, shown, bitmap, {}, extent};
 }

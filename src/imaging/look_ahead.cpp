@@ -119,7 +119,7 @@ void LookAhead::Private::expect(const QStringList& paths, const Fit& fit) {
     queue_.clear();
     for (const QString& path : paths) {
         const Key key{path, fit};
-        if (kept.contains(key)) {
+        if (path.isEmpty() || kept.contains(key)) {
             continue;
         }
         const auto known = jobs_.find(key);

@@ -19,8 +19,8 @@ public:
     LookAhead& operator=(const LookAhead&) = delete;
     ~LookAhead();
 
-    /// Names the pictures wanted next, soonest first. Work on any other is dropped; work already
-    /// done or running on these is kept. Does not block.
+    /// Names the pictures wanted next, soonest first; empty paths are passed over. Work on any
+    /// other is dropped; work already done or running on these is kept. Does not block.
     void expect(const QStringList& paths, const Fit& fit);
 
     /// The picture, from the work ahead where there is any, else loaded now by the caller's thread.

@@ -17,15 +17,16 @@ int atLeastOnePixel(double length) {
     return std::max(1, static_cast<int>(roundHalfEven(length)));
 }
 
-/// Content of an ordinary file; folders, pipes and devices, which might never end, give nothing.
-QByteArray fileBytes(const QString& path) {
+/// Size of an ordinary file; folders, pipes and devices, which might never end, count as empty.
+qint64 ordinarySize(const QString& path) {
     const QFileInfo info(path);
-    if (!info.isFile() || info.size() > pictureMemory / 2) {
-        return {};
-    }
+    return info.isFile() ? info.size() : 0;
+}
+
+/// Up to `size` bytes from the file's start; none if it cannot be read.
+QByteArray firstBytes(const QString& path, qint64 size) {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? file.read(info.size())
-                                                                  : QByteArray();
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? file.read(size) : QByteArray();
 }
 
 }  // namespace
@@ -38,8 +39,9 @@ Picture PictureFromBitmap(const QImage& bitmap) {
                        bitmap.format() == QImage::Format_ARGB32_Premultiplied;
     const QImage::Format format =
         bitmap.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-    return {
-        PictureType::Bitmap, bitmap.size(), plain ? bitmap : bitmap.convertToFormat(format), {}};
+    const QImage pixels = plain ? bitmap : bitmap.convertToFormat(format);
+    // Memory may have run out on the way.
+    return pixels.isNull() ? Picture() : Picture{PictureType::Bitmap, pixels.size(), pixels, {}};
 }
 
 QSizeF cellSize(QSize picture, int cell) {
@@ -69,7 +71,10 @@ QSize fitTarget(QSize picture, const Fit& fit) {
 
 Picture LoadPicture(const QString& path, const Fit& fit) {
     try {
-        return decodePicture(fileBytes(hostFile(path)), fit);
+        const QString file = hostFile(path);
+        const qint64 size = ordinarySize(file);
+        const MemoryShare share(fileMemory(), size);
+        return size > 0 && share ? decodePicture(firstBytes(file, size), fit) : Picture();
     } catch (const std::bad_alloc&) {
         return {};
     }

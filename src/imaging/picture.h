@@ -54,10 +54,13 @@ QSizeF cellSize(QSize picture, int cell);
 QSize fitTarget(QSize picture, const Fit& fit);
 
 /// Loads a picture file: JPEG, GIF (first frame), BMP or PNG, told by its content and not by its
-/// name. EXIF orientation is applied, colours come out as sRGB. `fit` says what for, so that a JPEG
-/// may be decoded smaller, never below the size it is drawn at: on photographs the drawn bitmap
-/// stays above 36 dB of a full decode. Anything that cannot be read, is damaged beyond use or would
-/// need more than 512 MiB gives a null picture. Safe on any thread; never throws.
+/// name. EXIF orientation is applied, colours come out as sRGB. `fit` says what for: a JPEG of more
+/// than 512 x 512 pixels is decoded at 1/8, 1/4 or 1/2 of its linear size where that is no smaller
+/// than it is drawn. It may be just as large as it is drawn; on photographs the drawn bitmap stays
+/// above 36 dB of a full decode. Null for anything that cannot be read, ends too early or is
+/// damaged beyond use, for files of more than 128 MiB and for what would take more than 320 MiB to
+/// decode. All threads together stay within 512 MiB; a call may have to wait for another thread's
+/// to end. Safe on any thread; never throws.
 Picture LoadPicture(const QString& path, const Fit& fit = Fit::whole());
 
 /// The same from the bytes of a picture file.

@@ -49,13 +49,19 @@ void fillAround(QImage& target, QRect hole, QRgb colour) {
     }
 }
 
-void drawInto(QImage& target, QRect place, const QImage& bitmap, const QRectF& extent) {
+/// False if there was not enough memory.
+bool drawInto(QImage& target, QRect place, const QImage& bitmap, const QRectF& extent) {
     if (bitmap.hasAlphaChannel()) {
-        layOver(target, place, resampled(bitmap, place.size()));
-    } else {
+        const QImage over = resampled(bitmap, place.size());
+        if (over.isNull()) {
+            return false;
+        }
+        layOver(target, place, over);
+    } else if (!bitmap.isNull()) {
         uchar* corner = target.scanLine(place.y()) + 4 * qsizetype(place.x());
         resampleInto(corner, target.bytesPerLine(), place.size(), bitmap, extent);
     }
+    return !bitmap.isNull();
 }
 
 }  // namespace
@@ -101,10 +107,9 @@ QImage fittedBitmap(const Picture& picture, QSize size, Colour fill, bool keepAs
     const QRect place = keepAspect ? fittedRect(picture.size, size) & all : all;
     // Where an opaque picture comes to lie the fill would be written for nothing.
     fillAround(result, picture.bitmap.hasAlphaChannel() ? QRect() : place, toRgb(fill));
-    if (!place.isEmpty()) {
-        drawInto(result, place, PictureFromBitmap(picture.bitmap).bitmap, picture.extent);
-    }
-    return result;
+    const QImage bitmap = PictureFromBitmap(picture.bitmap).bitmap;
+    const bool done = place.isEmpty() || drawInto(result, place, bitmap, picture.extent);
+    return done ? result : QImage();
 }
 
 Picture PictureResize(const Picture& picture, int width, int height, Colour fill, bool keepAspect) {

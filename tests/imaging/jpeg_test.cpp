@@ -185,14 +185,59 @@ TEST(JpegScale, loses_nothing_to_the_eye_on_photographs) {
     }
 }
 
-TEST(DamagedJpeg, cut_off_shows_what_there_is) {
+TEST(DamagedJpeg, cut_off_in_its_picture_is_null) {
     const QImage image = landscape(400, 300);
+    for (const JpegStyle& style : {JpegStyle{}, JpegStyle{.progressive = true},
+                                   JpegStyle{.colours = JpegStyle::Colours::Grey},
+                                   JpegStyle{.colours = JpegStyle::Colours::Cmyk}}) {
+        const QByteArray whole = jpegBytes(image, style);
+        ASSERT_EQ(decodePicture(whole).size, QSize(400, 300));
+        for (const int percent : {30, 50, 90, 99}) {
+            const QByteArray cut = whole.first(whole.size() * percent / 100);
+            EXPECT_TRUE(decodePicture(cut).isNull()) << percent;
+            EXPECT_TRUE(decodePicture(cut, Fit::cell(40)).isNull()) << percent;
+        }
+    }
+}
+
+TEST(DamagedJpeg, that_only_lacks_its_closing_marker_is_shown) {
     for (const bool progressive : {false, true}) {
-        const QByteArray whole = jpegBytes(image, {.progressive = progressive});
-        const Picture picture = decodePicture(whole.first(whole.size() * 3 / 4));
+        const QByteArray whole = jpegBytes(landscape(400, 300), {.progressive = progressive});
+        ASSERT_TRUE(whole.endsWith("\xFF\xD9"));
+        EXPECT_EQ(decodePicture(whole.chopped(2)).bitmap, decodePicture(whole).bitmap);
+        EXPECT_EQ(decodePicture(whole.chopped(1)).bitmap, decodePicture(whole).bitmap);
+    }
+}
+
+TEST(DamagedJpeg, cut_off_between_two_scans_is_null) {
+    const QByteArray whole = jpegBytes(landscape(400, 300), {.progressive = true});
+    const QByteArrayView table("\xFF\xC4", 2);
+    const QByteArrayView scan("\xFF\xDA", 2);
+    int scans = 0;
+    for (auto at = whole.indexOf(scan); at >= 0; at = whole.indexOf(scan, at + 2)) {
+        // Without the tables that stand before the scan.
+        const auto end = qMin(whole.lastIndexOf(table, at - 1), at);
+        EXPECT_TRUE(decodePicture(whole.first(end)).isNull()) << end;
+        EXPECT_TRUE(decodePicture(whole.first(at)).isNull()) << at;
+        ++scans;
+    }
+    EXPECT_EQ(scans, 10);
+}
+
+TEST(DamagedJpeg, with_damage_in_the_middle_shows_what_there_is) {
+    const QImage image = landscape(400, 300);
+    QByteArray bytes = jpegBytes(image);
+    for (auto i = bytes.size() * 3 / 4; i < bytes.size() * 3 / 4 + 20; ++i) {
+        bytes[i] = '\x55';
+    }
+    // The data ends at a marker that is there, not at the end of the file.
+    QByteArray shorter = jpegBytes(image);
+    shorter.remove(shorter.size() * 3 / 4, shorter.size() / 8);
+    for (const QByteArray& damaged : {bytes, shorter}) {
+        const Picture picture = decodePicture(damaged);
         ASSERT_EQ(picture.size, QSize(400, 300));
-        const QRect top(0, 0, 400, 100);
-        EXPECT_GT(psnr(picture.bitmap.copy(top), image.copy(top)), 25);
+        const QRect top(0, 0, 400, 200);
+        EXPECT_GT(psnr(picture.bitmap.copy(top), image.copy(top)), 36);
     }
 }
 

@@ -137,6 +137,17 @@ TEST(LookAhead, takes_a_path_named_twice_once) {
     expectSame(pictures.load(path, fit), LoadPicture(path, fit), fit);
 }
 
+TEST(LookAhead, passes_over_empty_paths) {
+    const Fit fit = Fit::cell(64);
+    const QString path = sampleFiles(1).first();
+    LookAhead pictures(1);
+    pictures.expect({QString(), path, QStringLiteral("")}, fit);
+    waitFor(pictures, path, fit);
+    EXPECT_FALSE(pictures.isReady(QString(), fit));
+    EXPECT_TRUE(pictures.load(QString(), fit).isNull());
+    EXPECT_EQ(pictures.load(path, fit).size, QSize(100, 60));
+}
+
 TEST(LookAhead, may_end_with_much_still_to_do) {
     const QStringList paths = sampleFiles(60);
     for (int i = 0; i < 20; ++i) {

@@ -9,6 +9,9 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <atomic>
+#include <thread>
+
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -213,10 +216,101 @@ TEST(HugePicture, is_null_within_the_memory_limit) {
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, pictureMemory / 1024);
 }
 
+/// 6,000 x 6,000 pixels, four of them drawn: 288 million bytes by the estimate.
+QByteArray wideGif() {
+    return gifBytes({6000, 6000}, {{{2, 2}, QByteArray("\1\2\3\0", 4)}});
+}
+
+TEST(HugePicture, waits_for_another_threads) {
+    rusage before{};
+    getrusage(RUSAGE_SELF, &before);
+    const QByteArray bytes = wideGif();
+    std::atomic<int> shown = 0;
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 8; ++i) {
+            threads.emplace_back(
+                [&] { shown += decodePicture(bytes).size == QSize(6000, 6000) ? 1 : 0; });
+        }
+    }
+    EXPECT_EQ(shown, 8);
+    rusage after{};
+    getrusage(RUSAGE_SELF, &after);
+    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, pictureMemory / 1024);
+}
+
+TEST(HugePicture, leaves_room_for_an_ordinary_one) {
+    const MemoryShare huge(decodingMemory(), decodingMemory().largest());
+    ASSERT_TRUE(huge);
+    // A slide of 24 megapixels at half its size, turned: two bitmaps of 3000 x 2000.
+    const MemoryShare slide(decodingMemory(), 2 * 3000 * 2000 * 4);
+    EXPECT_TRUE(slide);
+    EXPECT_EQ(decodePicture(test::jpegBytes(landscape(400, 300))).size, QSize(400, 300));
+}
+
 TEST(HugePicture, may_end_in_the_most_negative_height) {
     const QByteArray bmp = toolkitBytes(landscape(4, 4), "bmp");
     EXPECT_TRUE(decodePicture(withNumber(bmp, 22, QByteArray("\0\0\0\x80", 4))).isNull());
     EXPECT_TRUE(decodePicture(withNumber(bmp, 18, QByteArray("\0\0\0\x80", 4))).isNull());
+}
+
+/// Whole files of 40 x 40 pixels, whose closing parts are a small part of them.
+QList<QByteArray> wholeFiles() {
+    const QImage image = landscape(40, 40);
+    QByteArray indices;
+    for (int i = 0; i < 1600; ++i) {
+        indices += static_cast<char>(i % 4);
+    }
+    QByteArray runs;
+    for (int y = 0; y < 40; ++y) {
+        runs += QByteArray("\x14\1\x14\2\0\0", 6);
+    }
+    return {toolkitBytes(image, "bmp"),
+            toolkitBytes(image, "png"),
+            toolkitBytes(image.convertToFormat(QImage::Format_RGBX64), "png"),
+            bmpBytes({40, 40}, 8, 0, palette4, indices),
+            bmpBytes({40, -40}, 16, 0, {}, indices + indices),
+            bmpBytes({40, 40}, 8, 1, palette4, runs + QByteArray("\0\1", 2)),
+            gifBytes({40, 40}, {{{40, 40}, indices}}),
+            gifBytes({40, 40}, {{{40, 40}, indices, true, 2}})};
+}
+
+TEST(CutOffPicture, is_null) {
+    for (const QByteArray& whole : wholeFiles()) {
+        const std::string kind = whole.first(4).toHex().toStdString();
+        ASSERT_EQ(decodePicture(whole).size, QSize(40, 40)) << kind;
+        for (const int percent : {30, 50, 90, 99}) {
+            EXPECT_TRUE(decodePicture(whole.first(whole.size() * percent / 100)).isNull())
+                << kind << " " << percent;
+        }
+    }
+}
+
+TEST(CutOffPicture, that_holds_all_its_pixels_is_shown) {
+    const QByteArray gif = gifBytes(
+        {2, 2}, {{{2, 2}, QByteArray("\1\2\3\0", 4)}, {{2, 2}, QByteArray("\0\0\0\0", 4)}});
+    EXPECT_EQ(fourPixels(gif.chopped(1)), allFour);
+    EXPECT_EQ(fourPixels(gif.chopped(5)), allFour);  // in the second frame
+    const QByteArray bmp = bmpBytes({2, 2}, 8, 0, palette4, QByteArray("\3\0\0\0\1\2\0\0", 8));
+    EXPECT_EQ(fourPixels(bmp + "more"), allFour);
+    EXPECT_TRUE(fourPixels(bmp.chopped(1)).empty());
+}
+
+TEST(CutOffPicture, in_run_lengths_needs_its_last_row) {
+    const auto runs = [](const QByteArray& rows) {
+        return !decodePicture(bmpBytes({2, 2}, 8, 1, palette4, rows)).isNull();
+    };
+    EXPECT_TRUE(runs(QByteArray("\2\1\0\0\2\2\0\1", 8)));
+    EXPECT_TRUE(runs(QByteArray("\2\1\0\0\2\2\0\0", 8)));
+    EXPECT_TRUE(runs(QByteArray("\2\1\0\0\2\2", 6)));
+    EXPECT_TRUE(runs(QByteArray("\2\1\0\1", 4)));  // ended on purpose
+    EXPECT_FALSE(runs(QByteArray("\2\1\0\0\1\2", 6)));
+    EXPECT_FALSE(runs(QByteArray("\2\1\0\0", 4)));
+    EXPECT_FALSE(runs(QByteArray("\2\1", 2)));
+    EXPECT_FALSE(runs(QByteArray("\2\1\0\0\0\4\1\2", 8)));  // four written out, two there
+    QByteArray longer = bmpBytes({2, 2}, 8, 1, palette4, QByteArray("\2\1\0\0\2\2\0\1", 8));
+    longer[34] = 9;  // bytes of the run lengths
+    EXPECT_TRUE(decodePicture(longer).isNull());
 }
 
 TEST(DamagedPicture, cut_off_anywhere_or_with_a_wrong_byte_is_survived) {
