@@ -103,6 +103,9 @@ bool AlphaBlend(QImage& target, const QImage& source, int alpha) {
     QImage fresh = freshTarget(target, {width, height});
     QImage& out = fresh.isNull() ? target : fresh;
     uchar* const pixels = out.bits();
+    if (pixels == nullptr) {
+        return false;  // no memory for a copy of shared pixels
+    }
     const qsizetype stride = out.bytesPerLine();
     const QImage& below = target;
     const QRgb always = target.format() == QImage::Format_RGB32 ? 0xFF000000U : 0;
