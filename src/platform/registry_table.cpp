@@ -90,9 +90,11 @@ bool RegistryTable::set(Hive hive, const QString& key, const QString& name,
         return false;
     }
     Slot& target = slot(hive, key, name);
-    if (target.value == value) {
+    if (!target.value && !value) {
         return false;
     }
+    // An equal value counts, too: another process may have written over it since, and the last
+    // writer wins.
     target = {std::move(value), true};
     return true;
 }

@@ -24,7 +24,7 @@ public:
 
     bool hasKey(Hive hive, const QString& key) const;
     const RegistryValue* find(Hive hive, const QString& key, const QString& name) const;
-    /// True if this changed anything. The value counts as changed until `takeChanges`.
+    /// False if there is nothing to write. The value counts as changed until `takeChanges`.
     bool set(Hive hive, const QString& key, const QString& name,
              std::optional<RegistryValue> value);
     /// Like `set`, but for what is already on disk.
