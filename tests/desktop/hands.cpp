@@ -87,17 +87,17 @@ QString DesktopSession::title(WindowId window) const {
 }
 
 QRect DesktopSession::geometry(WindowId window) const {
-    const auto answer =
-        xdotool({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), shownAs(window)});
+    const auto answer = run(QStringLiteral("xwininfo"), {QStringLiteral("-id"), shownAs(window)});
     const auto number = [&](const char* name) {
         for (const QByteArray& line : answer.value_or(QByteArray()).split('\n')) {
-            if (line.startsWith(name)) {
-                return line.mid(line.indexOf('=') + 1).toInt();
+            if (line.trimmed().startsWith(name)) {
+                return line.mid(line.indexOf(':') + 1).trimmed().toInt();
             }
         }
         return 0;
     };
-    return {number("X="), number("Y="), number("WIDTH="), number("HEIGHT=")};
+    return {number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
+            number("Height")};
 }
 
 bool DesktopSession::activate(WindowId window) const {

@@ -156,7 +156,7 @@ double psnr(const QImage& a, const QImage& b) {
 bool isAll(const QImage& image, const QColor& colour) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) != colour.rgb()) {
+            if (((image.pixel(x, y) ^ colour.rgb()) & 0xFFFFFF) != 0) {
                 return false;
             }
         }

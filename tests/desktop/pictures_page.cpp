@@ -1,5 +1,8 @@
 #include "desktop/pictures_page.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <array>
 
 namespace velorama::desktop {
@@ -68,10 +71,30 @@ QPoint PicturesPage::splitter(int twips) const {
     return {(165 + twips) / kTwips + 2, 150};
 }
 
-void PicturesPage::press(ToolbarItem item) const {
+QPoint PicturesPage::button(ToolbarItem item) const {
     const QSize size = geometry().size();
     const int left = item == Play ? size.width() * kTwips - 585 : kButtons.at(item);
-    m_session.click(m_window, {(left + 270) / kTwips, size.height() - (3180 - 270) / kTwips});
+    return {(left + 270) / kTwips, size.height() - (3180 - 270) / kTwips};
+}
+
+// The symbol of a button that is off is pale.
+bool PicturesPage::isOn(ToolbarItem item) const {
+    const QPoint middle = geometry().topLeft() + button(item);
+    const QImage symbol = m_session.glance({middle - QPoint(10, 10), QSize(20, 20)});
+    int darkest = 255;
+    for (int y = 0; y < symbol.height(); ++y) {
+        for (int x = 0; x < symbol.width(); ++x) {
+            darkest = std::min(darkest, qGray(symbol.pixel(x, y)));
+        }
+    }
+    return darkest < 100;
+}
+
+void PicturesPage::press(ToolbarItem item) const {
+    // The pointer is as dark as a symbol.
+    m_session.moveMouse(m_window, {2, geometry().height() - 2});
+    EXPECT_TRUE(waitFor([&] { return isOn(item); })) << "button " << item;
+    m_session.click(m_window, button(item));
 }
 
 void PicturesPage::menu(const QString& top, const QString& entry) const {

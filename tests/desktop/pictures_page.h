@@ -35,6 +35,8 @@ public:
     /// Splitter between folders and pictures with its left edge at `twips`.
     QPoint splitter(int twips) const;
 
+    bool isOn(ToolbarItem item) const;
+    /// Waits until the button is on and clicks it; a button that stays off fails the test.
     void press(ToolbarItem item) const;
     /// Chooses an entry by its mnemonics: `menu("s", "x")`.
     void menu(const QString& top, const QString& entry) const;
@@ -47,6 +49,8 @@ public:
     bool waitForEndOfShow() const;
 
 private:
+    QPoint button(ToolbarItem item) const;
+
     DesktopSession& m_session;
     Program& m_program;
     WindowId m_window = 0;

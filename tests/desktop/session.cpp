@@ -181,7 +181,10 @@ bool DesktopSession::startWindowManager() {
                           {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTING_WM_CHECK")})
                    .value_or(QByteArray())
                    .contains("window id");
-           });
+           }) &&
+           // The first key of all changes the server's keyboard, and the manager then takes its
+           // keys anew: it would miss an Alt+F4 pressed at that moment.
+           xdotool({QStringLiteral("key"), QStringLiteral("Shift_L")}).has_value();
 }
 
 Program& DesktopSession::start(const QStringList& arguments, const QStringList& extra,
