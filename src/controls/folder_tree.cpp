@@ -121,6 +121,13 @@ void FolderTree::mousePressEvent(QMouseEvent* event) {
     announce();
 }
 
+void FolderTree::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    if (currentIndex().isValid()) {
+        scrollTo(currentIndex());
+    }
+}
+
 // Passing over folders with the button held does not choose them.
 void FolderTree::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() == Qt::NoButton) {

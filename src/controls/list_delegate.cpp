@@ -2,6 +2,7 @@
 
 #include "controls/list_model.h"
 
+#include <QAbstractItemView>
 #include <QLineEdit>
 #include <QPainter>
 #include <QtMath>
@@ -27,12 +28,16 @@ float tint(const QStyleOptionViewItem& option) {
     return option.state.testFlag(QStyle::State_MouseOver) ? HoverTint : 0;
 }
 
-void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QRect& area) {
+/// `current`: commands work on this item also while the keyboard is elsewhere.
+void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QRect& area,
+                 bool current) {
     const QRectF ground = QRectF(area).adjusted(1.5, 1.5, -1.5, -1.5);
     QColor colour = option.palette.color(QPalette::Active, QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing);
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         painter.setPen(QPen(colour, 1));
+    } else if (current) {
+        painter.setPen(QPen(option.palette.color(QPalette::Active, QPalette::Mid), 1));
     } else {
         painter.setPen(Qt::NoPen);
     }
@@ -82,7 +87,9 @@ QRect ListDelegate::imageArea(const QRect& cell, const QFontMetrics& font) const
 void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     painter->save();
-    paintGround(*painter, option, content(option.rect, option.fontMetrics));
+    const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+    paintGround(*painter, option, content(option.rect, option.fontMetrics),
+                view != nullptr && view->currentIndex() == index);
     const int number = index.data(ListModel::IconRole).toInt();
     if (icons_ != nullptr && number > 0) {
         paintImage(*painter, icons_->image(number), imageArea(option.rect, option.fontMetrics));
@@ -113,8 +120,10 @@ QWidget* ListDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 void ListDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                         const QModelIndex&) const {
     const int height = editor->sizeHint().height();
-    editor->setGeometry(option.rect.left(), option.rect.bottom() - height + 1, option.rect.width(),
-                        height);
+    const QRect caption = captionArea(option.rect, option.fontMetrics);
+    const int top = caption.center().y() - height / 2;
+    editor->setGeometry(option.rect.left(), qMin(top, option.rect.bottom() - height + 1),
+                        option.rect.width(), height);
 }
 
 }  // namespace velorama

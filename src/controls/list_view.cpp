@@ -14,6 +14,7 @@ namespace velorama {
 namespace {
 
 constexpr int EmptyTextMargin = 12;
+constexpr int LeastEmptyTextWidth = 90;
 
 }  // namespace
 
@@ -405,10 +406,17 @@ void ListView::paintEmptyText() {
     QPainter painter(viewport());
     QColor colour = palette().color(QPalette::Text);
     colour.setAlphaF(0.6F);
-    painter.setPen(colour);
-    painter.drawText(viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin, -EmptyTextMargin,
-                                                 -EmptyTextMargin),
-                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+    const QRect place = viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin,
+                                                    -EmptyTextMargin, -EmptyTextMargin);
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::Active, QPalette::Highlight));
+        painter.drawRect(viewport()->rect().adjusted(1, 1, -2, -2));
+    }
+    // A text broken into letters tells nothing.
+    if (place.width() >= LeastEmptyTextWidth) {
+        painter.setPen(colour);
+        painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+    }
 }
 
 }  // namespace velorama

@@ -259,7 +259,7 @@ void tab::paintEvent(QPaintEvent*) {
     }
     const QRectF frame(0.5, top + 0.5, width() - 1, height() - top - 1);
     painter.setPen(lineColour());
-    painter.setBrush(palette().color(QPalette::Light));
+    painter.setBrush(palette().color(QPalette::Base));
     painter.drawRect(frame);
     if (holds(active_)) {
         paintTab(painter, active_);
@@ -275,7 +275,7 @@ void tab::paintTab(QPainter& painter, int number) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(lineColour());
-    painter.setBrush(active ? palette().color(QPalette::Light)
+    painter.setBrush(active ? palette().color(QPalette::Base)
                             : mixed(window, text, number == hovered_ ? 0.02F : 0.08F));
     painter.drawPath(outline(area));
     if (active) {

@@ -14,6 +14,7 @@
 #include <QScreen>
 
 #include <limits>
+#include <utility>
 
 namespace velorama {
 namespace {
@@ -314,7 +315,41 @@ void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
     if (event->isAutoRepeat() && !arrow) {
         return;  // The key that started the show, still held down, must not end it.
     }
-    Form_KeyDown(keyCode(*event), shiftMask(event->modifiers()));
+    if (arrow) {
+        pressArrow(keyCode(*event));
+    } else {
+        Form_KeyDown(keyCode(*event), shiftMask(event->modifiers()));
+    }
+}
+
+// A held arrow comes faster than large pictures load. Steps inside steps would each hold their
+// pictures, so the arrows that come meanwhile wait; of those that have piled up only the last one's
+// slide is shown, the others move the number on.
+void frmSLIDESHOW::pressArrow(int KeyCode) {
+    waiting_.append(KeyCode);
+    if (stepping_) {
+        return;
+    }
+    const Running running(*this);
+    stepping_ = true;
+    while (!waiting_.isEmpty() && !unloaded_) {
+        const QList<int> keys = std::exchange(waiting_, {});
+        for (qsizetype i = 0; i + 1 < keys.size(); ++i) {
+            step(keys.at(i));
+        }
+        Form_KeyDown(keys.last(), 0);
+    }
+    waiting_.clear();
+    stepping_ = false;
+}
+
+// The way of an arrow to its slide, without showing it.
+void frmSLIDESHOW::step(int KeyCode) {
+    if (opened_) {
+        while ((KeyCode == KeyRight ? slides.stepRight() : slides.stepLeft()) ==
+               SlideSequence::Step::Missing) {
+        }
+    }
 }
 
 // A click on the bare background does nothing.

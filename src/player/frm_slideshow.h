@@ -82,6 +82,8 @@ private:
     void showSlide(Advance way);
     void showOnOldSystem(Advance way);
     void ShowStatusLabels();
+    void pressArrow(int KeyCode);
+    void step(int KeyCode);
     void lookAhead();
     void restartPeriod();
 
@@ -92,6 +94,9 @@ private:
     FadeTransition fade_;
     QImage background_;
     int running_ = 0;
+    /// Arrows pressed while a step of an arrow runs, oldest first.
+    QList<int> waiting_;
+    bool stepping_ = false;
     /// The list has been read: the arrows have somewhere to go.
     bool opened_ = false;
     bool unloaded_ = false;

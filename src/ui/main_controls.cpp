@@ -62,10 +62,9 @@ MainControls::MainControls(QWidget& form)
 void MainControls::makePicturesPage() {
     ftvFOLDER = make<FolderTree>("ftvFOLDER", picframPICTURES);
     place(*ftvFOLDER, 100, 90, 3440, 3110);
-    picVBAR = make<PictureBox>("picVBAR", picframPICTURES);
+    picVBAR = make<SplitterBar>("picVBAR", picframPICTURES);
     place(*picVBAR, 3585, 90, 75, 3260);
     picVBAR->setCursor(Qt::SplitHCursor);
-    picVBAR->setFocusPolicy(Qt::StrongFocus);
     lvwFOUND = make<ListView>("lvwFOUND", picframPICTURES);
     place(*lvwFOUND, 3705, 90, 6905, 2760);
     lvwFOUND->setIcons(&imlFOUNDICONS);

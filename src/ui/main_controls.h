@@ -10,6 +10,7 @@
 #include "controls/push_button.h"
 #include "controls/tab_strip.h"
 #include "ui/slide_bar_shape.h"
+#include "ui/splitter_bar.h"
 
 #include <array>
 
@@ -25,7 +26,7 @@ struct MainControls {
     tab* tabPAGES;
     QWidget* picframPICTURES;
     FolderTree* ftvFOLDER;
-    PictureBox* picVBAR;
+    SplitterBar* picVBAR;
     ListView* lvwFOUND;
     Label* lblFOUNDCOUNT;
     PictureBox* picSELBAR;

@@ -150,6 +150,8 @@ void mfrmPRGMAIN::connectCommands() {
     press(5, [this] { slides_.MoveForward(); });
     press(6, [this] { menus_.mnuFILESTART->trigger(); });
 
+    // The listing begins with an empty image list: the new folder's names are there by then.
+    connect(&controls_.imlFOUNDICONS, &ImageList::changed, this, &mfrmPRGMAIN::updateFoundCount);
     connect(controls_.tabPAGES, &tab::Click, this, &mfrmPRGMAIN::tabPAGES_Click);
 }
 
@@ -200,6 +202,17 @@ void mfrmPRGMAIN::tabPAGES_Click(const QString& caption) {
         controls_.picframPICTURES->show();
         controls_.ftvFOLDER->setFocus();
     }
+}
+
+void mfrmPRGMAIN::setVisible(bool visible) {
+    const bool movable = !isMaximized() && !isFullScreen();
+    if (!visible && isVisible()) {
+        place_ = pos();
+    } else if (visible && isHidden() && loaded_ && !place_.isNull() && movable) {
+        // Moved by the user's hand, it would come back where the program last put it.
+        move(place_);
+    }
+    QMainWindow::setVisible(visible && !unloaded_);
 }
 
 void mfrmPRGMAIN::mnuFILESTART_Click() {

@@ -43,7 +43,7 @@ private:
     class Surface;
 
     /// A window closed while it loads does not come back at the end of that.
-    void setVisible(bool visible) override { QMainWindow::setVisible(visible && !unloaded_); }
+    void setVisible(bool visible) override;
     SlideListControls slideListControls();
     FoundListCalls foundListCalls();
     void connectCommands();
@@ -69,6 +69,8 @@ private:
     SlideList slides_;
     FoundList found_;
     QPointer<frmSLIDESHOW> show_;
+    /// Where the window stood when it was hidden.
+    QPoint place_;
     bool loaded_ = false;
     bool unloaded_ = false;
 };

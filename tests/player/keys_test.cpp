@@ -227,6 +227,28 @@ TEST_F(Keys, AKeyHeldSinceBeforeTheShowDoesNotEndIt) {
     EXPECT_TRUE(show.isUnloaded());
 }
 
+// Each waits for the step that runs, none inside another; the last one's slide is shown.
+TEST_F(Keys, ArrowsThatComeFasterThanTheirSlidesAllCount) {
+    makeSlides(9);
+    frmSLIDESHOW& show = open();
+    for (const int key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Right}) {
+        QCoreApplication::postEvent(&show, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+    }
+    QTest::keyPress(&show, Qt::Key_Right);
+    EXPECT_EQ(counter(show), "4 of 9");
+    EXPECT_FALSE(show.isUnloaded());
+}
+
+TEST_F(Keys, AKeyThatLeavesDoesNotWaitForArrows) {
+    makeSlides(9);
+    frmSLIDESHOW& show = open();
+    for (const int key : {Qt::Key_Right, Qt::Key_Escape, Qt::Key_Right}) {
+        QCoreApplication::postEvent(&show, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+    }
+    QTest::keyPress(&show, Qt::Key_Right);
+    EXPECT_TRUE(show.isUnloaded());
+}
+
 TEST_F(Keys, AnArrowHeldDownGoesOnAtEachRepeat) {
     makeSlides(3);
     frmSLIDESHOW& show = open();
