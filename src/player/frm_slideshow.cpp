@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QToolTip>
 
 #include <limits>
 #include <utility>
@@ -121,6 +122,7 @@ void frmSLIDESHOW::load(QScreen* screen) {
     Paused = false;
     slides.wrapAfterTick();
     host_.setVisible(false);
+    QToolTip::hideText();  // that of the button which has started the show
     activateWindow();
     Form_KeyDown(KeyRight, 0);
     if (unloaded_) {

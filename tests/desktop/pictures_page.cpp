@@ -73,21 +73,23 @@ QPoint PicturesPage::splitter(int twips) const {
 
 QPoint PicturesPage::button(ToolbarItem item) const {
     const QSize size = geometry().size();
-    const int left = item == Play ? size.width() * kTwips - 585 : kButtons.at(item);
+    const int left = item == Play ? size.width() * kTwips - 765 : kButtons.at(item);
     return {(left + 270) / kTwips, size.height() - (3180 - 270) / kTwips};
 }
 
-// The symbol of a button that is off is pale.
+// The symbol of a button that is off is pale. A window that is not painted yet is dark all over.
 bool PicturesPage::isOn(ToolbarItem item) const {
     const QPoint middle = geometry().topLeft() + button(item);
     const QImage symbol = m_session.glance({middle - QPoint(10, 10), QSize(20, 20)});
     int darkest = 255;
+    int lightest = 0;
     for (int y = 0; y < symbol.height(); ++y) {
         for (int x = 0; x < symbol.width(); ++x) {
             darkest = std::min(darkest, qGray(symbol.pixel(x, y)));
+            lightest = std::max(lightest, qGray(symbol.pixel(x, y)));
         }
     }
-    return darkest < 100;
+    return darkest < 100 && lightest > 180;
 }
 
 void PicturesPage::press(ToolbarItem item) const {
