@@ -1,0 +1,206 @@
+#include "music/audio_engine.h"
+
+#include "platform/numbers.h"
+
+namespace velorama {
+namespace {
+
+constexpr int PollInterval = 1000;  // milliseconds
+
+void caption(Label* label, const QString& text) {
+    if (label) {
+        label->setCaption(text);
+    }
+}
+
+}  // namespace
+
+AudioEngine::AudioEngine(const MusicControls& controls, MediaCommands& device,
+                         MusicFileChooser chooseFiles, QObject* parent)
+    : QObject(parent), list(controls, std::move(chooseFiles)), c_(controls), device_(device) {
+    stoppedState();
+    connectEvents();
+}
+
+void AudioEngine::stoppedState() {
+    if (c_.tmrMUSIC) {
+        c_.tmrMUSIC->stop();
+        c_.tmrMUSIC->setInterval(PollInterval);
+    }
+    showBar(false);
+    enableButtons({4, 3}, false);
+}
+
+void AudioEngine::connectEvents() {
+    if (c_.tmrMUSIC) {
+        connect(c_.tmrMUSIC, &QTimer::timeout, this, &AudioEngine::tmrMUSIC_Timer);
+    }
+    if (c_.lstMUSIC) {
+        connect(c_.lstMUSIC, &ListBox::DblClick, this, &AudioEngine::lstMUSIC_DblClick);
+        connect(c_.lstMUSIC, &ListBox::FilesDropped, this,
+                [this](const QStringList& paths) { list.MusicDrop(paths); });
+    }
+    for (int i = 0; i < static_cast<int>(c_.cbtnAUDIO.size()); ++i) {
+        if (QAbstractButton* button = c_.cbtnAUDIO.at(static_cast<size_t>(i))) {
+            connect(button, &QAbstractButton::clicked, this, [this, i] { cbtnAUDIO_Click(i); });
+        }
+    }
+    if (c_.Command1) {
+        connect(c_.Command1, &QAbstractButton::clicked, this, [this] { list.Command1_Click(); });
+    }
+    if (c_.Command2) {
+        connect(c_.Command2, &QAbstractButton::clicked, this, [this] { list.Command2_Click(); });
+    }
+}
+
+QString AudioEngine::currentRow() const {
+    return c_.lstMUSIC ? c_.lstMUSIC->List(c_.lstMUSIC->ListIndex()) : QString();
+}
+
+void AudioEngine::startPolling() {
+    // A running timer goes on in its beat: a start would put the next poll off.
+    if (c_.tmrMUSIC && !c_.tmrMUSIC->isActive()) {
+        c_.tmrMUSIC->start();
+    }
+}
+
+void AudioEngine::enableButtons(std::initializer_list<int> indexes, bool enabled) {
+    for (const int index : indexes) {
+        if (QAbstractButton* button = c_.cbtnAUDIO.at(static_cast<size_t>(index))) {
+            button->setEnabled(enabled);
+        }
+    }
+}
+
+void AudioEngine::enableList(bool enabled) {
+    if (c_.lstMUSIC) {
+        c_.lstMUSIC->setEnabled(enabled);
+    }
+}
+
+void AudioEngine::showBar(bool visible) {
+    if (c_.prgPLAY) {
+        c_.prgPLAY->setVisible(visible);
+    }
+}
+
+void AudioEngine::openAndPlay() {
+    // What fails here is not told: an open track makes the open fail, and the play goes on with it.
+    device_.send(u"open \"" + currentRow() + u"\" type MPEGVideo alias CURRFILE");
+    device_.send(QStringLiteral("play CURRFILE "));
+}
+
+void AudioEngine::AudioPlay() {
+    startPolling();
+    showBar(true);
+    openAndPlay();
+    enableButtons({4, 3, 2}, true);
+    enableList(true);
+}
+
+void AudioEngine::AudioPause() {
+    const bool playing = !c_.lstMUSIC || c_.lstMUSIC->Enabled();
+    device_.send(playing ? QStringLiteral("pause CURRFILE") : QStringLiteral("Resume CURRFILE"));
+    enableButtons({2}, true);
+    enableList(!playing);
+}
+
+void AudioEngine::AudioStop() {
+    closeDevice();
+    if (c_.tmrMUSIC) {
+        c_.tmrMUSIC->stop();
+    }
+    showBar(false);
+    enableButtons({2}, true);
+    enableButtons({4, 3}, false);
+    enableList(true);
+}
+
+void AudioEngine::closeDevice() {
+    device_.send(QStringLiteral("close CURRFILE"));
+}
+
+int AudioEngine::askSeconds(const QString& what) {
+    QString answer;
+    device_.send(u"status CURRFILE " + what, &answer);
+    // Milliseconds, whatever the time format was set to.
+    return static_cast<int>(roundHalfEven(numericValue(answer)) / 1000);
+}
+
+void AudioEngine::showProgress(int length, int position) {
+    caption(c_.lblM1, decimalText(length));
+    caption(c_.lblM2, decimalText(position));
+    showBar(true);
+    if (!c_.prgPLAY) {
+        return;
+    }
+    if (length > 0) {
+        c_.prgPLAY->setMax(static_cast<float>(length));
+    }
+    c_.prgPLAY->setValue(static_cast<float>(position));
+}
+
+void AudioEngine::tmrMUSIC_Timer() {
+    device_.send(QStringLiteral("set CURRFILE time format s"));
+    const int length = askSeconds(QStringLiteral("length"));
+    const int position = askSeconds(QStringLiteral("position"));
+    showProgress(length, position);
+    // Whole seconds on purpose: the end is seen in the track's last second. A file that did not
+    // open has 0 of 0, and so is over too.
+    if (position == length) {
+        nextTrack();
+    }
+}
+
+void AudioEngine::nextTrack() {
+    AudioStop();
+    if (c_.lstMUSIC) {
+        const int row = c_.lstMUSIC->ListIndex();
+        if (row < c_.lstMUSIC->ListCount() - 1) {
+            c_.lstMUSIC->setListIndex(row + 1);
+        } else if (row > 0) {
+            c_.lstMUSIC->setListIndex(0);
+        }
+    }
+    openAndPlay();
+    enableButtons({4, 3, 2}, true);
+    startPolling();
+    showBar(true);
+    caption(c_.lblFile, currentRow());
+}
+
+void AudioEngine::lstMUSIC_DblClick() {
+    AudioStop();
+    AudioPlay();
+}
+
+void AudioEngine::cbtnAUDIO_Click(int Index) {
+    switch (Index) {
+        case 0:
+            list.MusicBrowse();
+            break;
+        case 1:
+            list.removeRow();
+            break;
+        case 2:
+            AudioStop();
+            AudioPlay();
+            break;
+        case 3:
+            AudioPause();
+            break;
+        case 4:
+            AudioStop();
+            break;
+        case 5:
+            AudioStop();
+            if (c_.lstMUSIC) {
+                c_.lstMUSIC->Clear();
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace velorama

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "music/music_controls.h"
+
+namespace velorama {
+
+/// The music list: adding, removing and ordering its rows, and its copy in the settings. Nothing
+/// here touches the device.
+class MusicList {
+public:
+    MusicList(const MusicControls& controls, MusicFileChooser chooseFiles);
+
+    void MusicBrowse();
+    /// Takes the files with the ending of a music file; their paths become lower case.
+    void MusicDrop(const QStringList& paths);
+    void removeRow();
+    void Command1_Click();
+    void Command2_Click();
+
+    /// Under "<name>\Items Total" and "<name>\Details", by the list's own object name.
+    void ListboxSave(const ListBox& list, const QString& name) const;
+    void ListboxLoad(ListBox& list, const QString& name) const;
+
+private:
+    void exchangeWith(int offset);
+    void enableRestart(bool enabled) const;
+
+    MusicControls c_;
+    MusicFileChooser chooseFiles_;
+};
+
+}  // namespace velorama

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+namespace velorama {
+
+/// The one music device, driven by command texts. One track can be open at a time; it is named by
+/// the alias it was opened under.
+///
+/// | Command | Succeeds |
+/// |---|---|
+/// | `open "PATH" type MPEGVideo alias NAME` | if no track is open and the file plays; it then
+/// stands at 0 | | `play NAME` | starts, or goes on after a pause, from where the track stands | |
+/// `pause NAME`, `resume NAME` | stops the position and lets it run again; `resume` starts no
+/// stopped track | | `close NAME` | silences and forgets the track | | `set NAME time format s` |
+/// changes nothing: answers stay in milliseconds | | `status NAME length`, `status NAME position` |
+/// answers whole milliseconds as decimal text |
+///
+/// Letter case of words and alias does not matter, nor do blanks around the text. Any other text
+/// fails. The file's content decides whether it is MP3, WAV or MIDI; its path goes through
+/// `hostFile`.
+class MediaCommands {
+public:
+    MediaCommands() = default;
+    MediaCommands(const MediaCommands&) = delete;
+    MediaCommands& operator=(const MediaCommands&) = delete;
+    virtual ~MediaCommands() = default;
+
+    /// True if the command was carried out. `answer` becomes what the device answers, and empty
+    /// where it answers nothing or fails. Never waits for sound to be heard.
+    virtual bool send(const QString& /*command*/, QString* answer = nullptr) {
+        if (answer) {
+            answer->clear();
+        }
+        return false;
+    }
+};
+
+/// The device over the system's sound output. Nothing is opened before the first `open`. It is used
+/// from one thread.
+std::unique_ptr<MediaCommands> makeMediaPlayer();
+
+}  // namespace velorama

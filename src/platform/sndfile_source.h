@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/audio_source.h"
+
+namespace velorama {
+
+/// A file that libsndfile knows, WAV of any sample format above all. Of a number of channels that
+/// no device takes, the first two are played. Null if it is damaged or holds no sound.
+std::unique_ptr<AudioSource> openSoundFile(const QString& file);
+
+}  // namespace velorama
