@@ -24,8 +24,8 @@ public:
     /// The same picture, not merely one that looks alike.
     bool operator==(const ButtonPicture& other) const = default;
 
-    /// Paints the picture as large as fits into `place` (logical pixels), drawn anew for the pixels of
-    /// the device, so that no scale of the screen blurs it.
+    /// Paints the picture as large as fits into `place` (logical pixels), drawn anew for the pixels
+    /// of the device, so that no scale of the screen blurs it.
     void paint(QPainter& painter, const QRectF& place) const;
 
 private:

@@ -3,6 +3,8 @@
 #include <QHelpEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QStyle>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <QUrl>
 
@@ -10,6 +12,15 @@ namespace velorama {
 namespace {
 
 constexpr int EmptyTextMargin = 12;
+
+/// Lines ask for no width of their own: they get the box's, and are cut to it.
+class LineDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+    }
+};
 
 QStringList localFiles(const QMimeData* data) {
     QStringList paths;
@@ -29,7 +40,8 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setTextElideMode(Qt::ElideMiddle);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
-    setAcceptDrops(true);
+    setItemDelegate(new LineDelegate(this));
+    setDragDropMode(QAbstractItemView::DropOnly);
 }
 
 QString ListBox::List(int index) const {
@@ -92,8 +104,8 @@ void ListBox::setEmptyText(const QString& text) {
 }
 
 bool ListBox::isCut(const QListWidgetItem* line) const {
-    const QSize wanted = sizeHintForIndex(indexFromItem(line));
-    return wanted.width() > viewport()->width();
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    return fontMetrics().horizontalAdvance(line->text()) > viewport()->width() - 2 * margin;
 }
 
 bool ListBox::viewportEvent(QEvent* event) {

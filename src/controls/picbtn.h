@@ -10,8 +10,8 @@ namespace velorama {
 /// A button drawn from four pictures, with an optional caption. It keeps the mouse captured for as
 /// long as the pointer hovers over it: so it sees the very move that leaves it.
 ///
-/// Button is 1 left, 2 right, 4 middle (on a move, the sum of those held), Shift a sum of ShiftMask,
-/// X and Y are twips from the button's left top corner.
+/// Button is 1 left, 2 right, 4 middle (on a move, the sum of those held), Shift a sum of
+/// ShiftMask, X and Y are twips from the button's left top corner.
 class picbtn : public QWidget {
     Q_OBJECT
 public:
@@ -20,7 +20,8 @@ public:
 
     QString CAPTION() const { return caption_; }
     void setCAPTION(const QString& caption);
-    bool Enabled() const { return enabled_; }
+    /// The button's own word; a disabled form disables it all the same.
+    bool Enabled() const { return isEnabledTo(parentWidget()); }
     void setEnabled(bool enabled);
     ButtonPicture PictureNormal() const { return imgImage2; }
     void setPictureNormal(const ButtonPicture& picture);
@@ -85,15 +86,19 @@ private:
     enum class Look { Normal, HLight, Pressed };
 
     void press(int Button, int Shift, float X, float Y);
-    void move(int Button, int Shift, float X, float Y);
+    void hover(int Button, int Shift, float X, float Y);
     void release(int Button, int Shift, float X, float Y);
     void click();
-    void show(Look look);
+    void showLook(Look look);
+    void showPicture(const ButtonPicture& picture);
+    void redraw();
     const ButtonPicture& pictureOf(Look look) const;
     void store(ButtonPicture& place, const ButtonPicture& picture, const QString& name);
     bool isInside(float X, float Y) const;
+    bool mayCapture() const { return isVisible() && isEnabled(); }
+    void measure();
     void setMousePointer(int pointer);
-    void followEnabled() { setMousePointer(isEnabled() ? 99 : 0); }
+    void followEnabled();
     void SetCapture();
     void ReleaseCapture();
     void letGo();
@@ -102,7 +107,6 @@ private:
     friend class PictureButtonAccess;
 
     QString caption_;
-    bool enabled_ = true;
     bool disabledLook_ = false;
     bool mouseDown_ = false;
     bool mouseInside_ = false;

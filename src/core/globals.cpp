@@ -9,6 +9,7 @@ std::unique_ptr<clsPAGPROPS> gPagProps;
 std::unique_ptr<clsLIBRARY> gLibrary;
 std::unique_ptr<clsREGISTRY> gRegistry;
 std::unique_ptr<clsPICGRDNT> gGradient;
+std::unique_ptr<clsDLGHOOK> gDlgHook;
 std::unique_ptr<clsCOLRSTYLE> gColrStyle;
 std::unique_ptr<clsFILEFOLDR> gFileFoldr;
 
@@ -22,6 +23,7 @@ void makeServices(RegistryStore& store, Shell& shell) {
     gRegistry = std::make_unique<clsREGISTRY>(store, shell);
     gGradient = std::make_unique<clsPICGRDNT>();
     gLibrary = std::make_unique<clsLIBRARY>();
+    gDlgHook = std::make_unique<clsDLGHOOK>();
     gColrStyle = std::make_unique<clsCOLRSTYLE>();
     gFileFoldr = std::make_unique<clsFILEFOLDR>();
     SystemVersion = gRegistry->WindowsVersion();
@@ -30,6 +32,7 @@ void makeServices(RegistryStore& store, Shell& shell) {
 void releaseServices() {
     gFileFoldr.reset();
     gColrStyle.reset();
+    gDlgHook.reset();
     gGradient.reset();
     gRegistry.reset();
     gLibrary.reset();

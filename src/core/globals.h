@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/cls_dlghook.h"
 #include "core/cls_filefoldr.h"
 #include "core/cls_library.h"
 #include "core/cls_pagprops.h"
@@ -16,6 +17,7 @@ extern std::unique_ptr<clsPAGPROPS> gPagProps;
 extern std::unique_ptr<clsLIBRARY> gLibrary;
 extern std::unique_ptr<clsREGISTRY> gRegistry;
 extern std::unique_ptr<clsPICGRDNT> gGradient;
+extern std::unique_ptr<clsDLGHOOK> gDlgHook;
 extern std::unique_ptr<clsCOLRSTYLE> gColrStyle;
 extern std::unique_ptr<clsFILEFOLDR> gFileFoldr;
 

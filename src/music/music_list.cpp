@@ -100,13 +100,15 @@ void MusicList::removeRow() {
     c_.lstMUSIC->RemoveItem(c_.lstMUSIC->ListIndex());
 }
 
-/// The selection travels with the row.
+/// The selection travels with the row. Without a row there is nothing to exchange, and it only moves.
 void MusicList::exchangeWith(int offset) {
     ListBox& list = *c_.lstMUSIC;
     const int row = list.ListIndex();
-    const QString text = list.List(row);
-    list.setList(row, list.List(row + offset));
-    list.setList(row + offset, text);
+    if (row >= 0) {
+        const QString text = list.List(row);
+        list.setList(row, list.List(row + offset));
+        list.setList(row + offset, text);
+    }
     list.setListIndex(row + offset);
 }
 

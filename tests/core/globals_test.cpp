@@ -21,7 +21,8 @@ TEST(Globals, ServicesAreMadeOverTheStore) {
     store.setValue(Hive::LocalMachine, versionKey, QStringLiteral("CurrentVersion"),
                    {ValueType::Text, "6.0"});
     makeServices(store, shell);
-    EXPECT_TRUE(gPagProps && gLibrary && gRegistry && gGradient && gColrStyle && gFileFoldr);
+    EXPECT_TRUE(gPagProps && gLibrary && gRegistry && gGradient && gDlgHook && gColrStyle &&
+                gFileFoldr);
     EXPECT_EQ(SystemVersion, QStringLiteral("6.0"));
     EXPECT_TRUE(isModernSystem());
 
@@ -31,7 +32,8 @@ TEST(Globals, ServicesAreMadeOverTheStore) {
                           QStringLiteral("4")),
               QStringLiteral("9"));
     releaseServices();
-    EXPECT_FALSE(gPagProps || gLibrary || gRegistry || gGradient || gColrStyle || gFileFoldr);
+    EXPECT_FALSE(gPagProps || gLibrary || gRegistry || gGradient || gDlgHook || gColrStyle ||
+                 gFileFoldr);
 }
 
 TEST(Globals, WithoutServicesSettingsAreTheirDefaults) {

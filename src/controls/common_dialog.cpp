@@ -1,0 +1,129 @@
+#include "controls/common_dialog.h"
+
+#include "platform/paths.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace velorama {
+namespace {
+
+CommonDialog::Answer& answerer() {
+    static CommonDialog::Answer answer;
+    return answer;
+}
+
+QStringList patternsOf(const QString& text) {
+    QStringList patterns;
+    for (const QString& part : text.split(QLatin1Char(';'))) {
+        const QString pattern = part.trimmed();
+        if (!pattern.isEmpty()) {
+            patterns.append(pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern);
+        }
+    }
+    return patterns.isEmpty() ? QStringList(QStringLiteral("*")) : patterns;
+}
+
+QString existingFolder(const QString& wanted) {
+    const QString folder = hostFile(wanted);
+    if (!folder.isEmpty() && QFileInfo(folder).isDir()) {
+        return folder;
+    }
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+// The kinds are shown by their names alone: these already tell the endings.
+QComboBox* kindBox(const QFileDialog& dialog) {
+    return dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+}
+
+void offerKinds(QFileDialog& dialog, const FileDialogRequest& request) {
+    QStringList filters;
+    for (const FileKind& kind : request.kinds) {
+        filters.append(kind.name + QStringLiteral(" (") + kind.patterns.join(QLatin1Char(' ')) +
+                       QLatin1Char(')'));
+    }
+    if (filters.isEmpty()) {
+        return;
+    }
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(request.filterIndex - 1));
+    if (QComboBox* box = kindBox(dialog); box != nullptr && box->count() == filters.size()) {
+        for (int row = 0; row < box->count(); ++row) {
+            box->setItemText(row, request.kinds.at(row).name);
+        }
+    }
+}
+
+FileDialogAnswer askUser(const FileDialogRequest& request, QWidget* owner) {
+    QFileDialog dialog(owner, request.title, request.folder);
+    // The program's own dialog, as a desktop's may come up in another process and cannot be placed.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
+    dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.save      ? QFileDialog::AnyFile
+                       : request.several ? QFileDialog::ExistingFiles
+                                         : QFileDialog::ExistingFile);
+    offerKinds(dialog, request);
+    if (!request.fileName.isEmpty()) {
+        dialog.selectFile(request.fileName);
+    }
+    FileDialogAnswer answer;
+    if (dialog.exec() == QDialog::Accepted) {
+        answer.files = dialog.selectedFiles();
+    }
+    const QComboBox* box = kindBox(dialog);
+    answer.filterIndex = box == nullptr ? request.filterIndex : box->currentIndex() + 1;
+    return answer;
+}
+
+}  // namespace
+
+QList<FileKind> fileKinds(const QString& filter) {
+    const QStringList pieces = filter.split(QLatin1Char('|'));
+    QList<FileKind> kinds;
+    for (qsizetype i = 0; i + 1 < pieces.size(); i += 2) {
+        kinds.append({pieces.at(i).trimmed(), patternsOf(pieces.at(i + 1))});
+    }
+    return kinds;
+}
+
+void CommonDialog::answerWith(Answer answer) {
+    answerer() = std::move(answer);
+}
+
+FileDialogRequest CommonDialog::request(bool save) const {
+    FileDialogRequest request;
+    request.save = save;
+    request.title = DialogTitle;
+    request.kinds = fileKinds(Filter);
+    const auto count = static_cast<int>(request.kinds.size());
+    request.filterIndex = FilterIndex >= 1 && FilterIndex <= count ? FilterIndex : qMin(1, count);
+    request.folder = existingFolder(InitDir);
+    request.fileName = FileName;
+    request.several = !save && (Flags & FlagAllowMultiselect) != 0;
+    request.overwritePrompt = (Flags & FlagOverwritePrompt) != 0;
+    return request;
+}
+
+bool CommonDialog::showDialog(bool save) {
+    const FileDialogRequest asked = request(save);
+    const Answer& answer = answerer();
+    const FileDialogAnswer given = answer ? answer(asked) : askUser(asked, owner_);
+
+    fileNames_ = asked.several ? given.files : given.files.mid(0, 1);
+    if (fileNames_.isEmpty()) {
+        return !CancelError;
+    }
+    FileName = fileNames_.first();
+    if (given.filterIndex >= 1 && given.filterIndex <= asked.kinds.size()) {
+        FilterIndex = given.filterIndex;
+    }
+    return true;
+}
+
+}  // namespace velorama

@@ -1,0 +1,68 @@
+#include "core/cls_dlghook.h"
+
+#include "platform/numbers.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QScreen>
+
+namespace velorama {
+namespace {
+
+int middle(int screen, int dialog) {
+    return static_cast<int>(roundHalfEven((screen - dialog) * 0.5));
+}
+
+// A dialog gets its frame only when it is on the screen; its owner's frame is of the same make.
+QSize frameOfOwner(const QDialog& dialog) {
+    const QWidget* owner = dialog.parentWidget() ? dialog.parentWidget()->window() : nullptr;
+    if (owner == nullptr || !owner->isVisible() || owner->isFullScreen()) {
+        return {0, 0};
+    }
+    return owner->frameGeometry().size() - owner->geometry().size();
+}
+
+}  // namespace
+
+QPoint centredOnScreen(const QRect& screen, const QSize& dialog) {
+    return screen.topLeft() +
+           QPoint(middle(screen.width(), dialog.width()), middle(screen.height(), dialog.height()));
+}
+
+clsDLGHOOK::~clsDLGHOOK() {
+    subCMNDLGHOOKCLOSE();
+}
+
+void clsDLGHOOK::subCMNDLGHOOKOPEN() {
+    if (qApp != nullptr && !hooked_) {
+        qApp->installEventFilter(this);
+        hooked_ = true;
+    }
+}
+
+void clsDLGHOOK::subCMNDLGHOOKCLOSE() {
+    if (qApp != nullptr && hooked_) {
+        qApp->removeEventFilter(this);
+    }
+    hooked_ = false;
+}
+
+bool clsDLGHOOK::eventFilter(QObject* watched, QEvent* event) {
+    // Sent before the window reaches the screen, so it never jumps.
+    if (event->type() == QEvent::Show && !event->spontaneous()) {
+        if (auto* dialog = qobject_cast<QDialog*>(watched)) {
+            subCMNDLGHOOKCLOSE();
+            centre(*dialog);
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void clsDLGHOOK::centre(QDialog& dialog) {
+    const QWidget* owner = dialog.parentWidget();
+    if (const QScreen* screen = owner ? owner->screen() : dialog.screen()) {
+        dialog.move(centredOnScreen(screen->geometry(), dialog.size() + frameOfOwner(dialog)));
+    }
+}
+
+}  // namespace velorama
