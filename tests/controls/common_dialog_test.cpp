@@ -1,0 +1,254 @@
+#include "controls/common_dialog.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "support/test_world.h"
+
+#include <gtest/gtest.h>
+
+namespace velorama {
+namespace {
+
+const QString musicFilter = QStringLiteral(
+    "All Files (*.mp3; *.mid; *.wav)|*.mp3; *.mid; *.wav|mp3 Files|*.mp3|Wav Files|*.wav|Midi "
+    "Files|*.mid");
+
+void makeFile(const QString& path) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+}
+
+TEST(FileKinds, AreReadFromPairs) {
+    EXPECT_EQ(fileKinds(musicFilter),
+              QList<FileKind>(
+                  {{QStringLiteral("All Files (*.mp3; *.mid; *.wav)"), {"*.mp3", "*.mid", "*.wav"}},
+                   {QStringLiteral("mp3 Files"), {"*.mp3"}},
+                   {QStringLiteral("Wav Files"), {"*.wav"}},
+                   {QStringLiteral("Midi Files"), {"*.mid"}}}));
+}
+
+TEST(FileKinds, AllFilesNeedNoDot) {
+    EXPECT_EQ(fileKinds(QStringLiteral("Velorama Album Files (*.vlr)|*.vlr|All Files|*.*")),
+              QList<FileKind>({{QStringLiteral("Velorama Album Files (*.vlr)"), {"*.vlr"}},
+                               {QStringLiteral("All Files"), {"*"}}}));
+}
+
+TEST(FileKinds, OddTextsGiveWhatIsWholeInThem) {
+    EXPECT_TRUE(fileKinds(QString()).isEmpty());
+    EXPECT_TRUE(fileKinds(QStringLiteral("name alone")).isEmpty());
+    EXPECT_EQ(fileKinds(QStringLiteral("a|*.a|b")),
+              QList<FileKind>({{QStringLiteral("a"), {"*.a"}}}));
+    EXPECT_EQ(fileKinds(QStringLiteral("a| ; ")), QList<FileKind>({{QStringLiteral("a"), {"*"}}}));
+    EXPECT_EQ(fileKinds(QStringLiteral("a|;*.a;;*.b;")),
+              QList<FileKind>({{QStringLiteral("a"), {"*.a", "*.b"}}}));
+}
+
+// Answers in place of the dialog and keeps what was asked.
+class AnsweredDialog : public testing::Test {
+protected:
+    void SetUp() override {
+        CommonDialog::answerWith([this](const FileDialogRequest& request) {
+            asked = request;
+            return FileDialogAnswer{answer, answeredIndex};
+        });
+    }
+    void TearDown() override { CommonDialog::answerWith({}); }
+
+    CommonDialog cdlDIALOG;
+    FileDialogRequest asked;
+    QStringList answer;
+    int answeredIndex = 0;
+};
+
+TEST_F(AnsweredDialog, SeveralFilesComeOnlyWithTheirFlagAndInOrder) {
+    answer = {QStringLiteral("/m/b.mp3"), QStringLiteral("/m/a.mp3")};
+    cdlDIALOG.Flags = 524806;
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_TRUE(asked.several);
+    EXPECT_TRUE(asked.overwritePrompt);
+    EXPECT_EQ(cdlDIALOG.FileNames(), answer);
+    EXPECT_EQ(cdlDIALOG.FileName, QStringLiteral("/m/b.mp3"));
+
+    cdlDIALOG.Flags = 524294;
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_FALSE(asked.several);
+    EXPECT_EQ(cdlDIALOG.FileNames(), QStringList({QStringLiteral("/m/b.mp3")}));
+
+    cdlDIALOG.Flags = 512;
+    EXPECT_TRUE(cdlDIALOG.ShowSave());
+    EXPECT_TRUE(asked.save);
+    EXPECT_FALSE(asked.several);
+    EXPECT_FALSE(asked.overwritePrompt);
+    EXPECT_EQ(cdlDIALOG.FileNames().size(), 1);
+}
+
+TEST_F(AnsweredDialog, ACancelFailsOnlyWithCancelErrorAndKeepsTheName) {
+    cdlDIALOG.FileName = QStringLiteral("kept");
+    cdlDIALOG.FilterIndex = 2;
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    cdlDIALOG.CancelError = true;
+    EXPECT_FALSE(cdlDIALOG.ShowOpen());
+    EXPECT_FALSE(cdlDIALOG.ShowSave());
+    EXPECT_EQ(cdlDIALOG.FileName, QStringLiteral("kept"));
+    EXPECT_EQ(cdlDIALOG.FilterIndex, 2);
+    EXPECT_TRUE(cdlDIALOG.FileNames().isEmpty());
+}
+
+TEST_F(AnsweredDialog, ACancelDropsTheFilesOfTheShowingBefore) {
+    answer = {QStringLiteral("/m/a.mp3")};
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    answer.clear();
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_TRUE(cdlDIALOG.FileNames().isEmpty());
+    EXPECT_EQ(cdlDIALOG.FileName, QStringLiteral("/m/a.mp3"));
+}
+
+TEST_F(AnsweredDialog, TheFilterIndexCountsFromOneAndComesBack) {
+    cdlDIALOG.Filter = musicFilter;
+    const struct {
+        int given;
+        int shown;
+    } rows[] = {{1, 1}, {4, 4}, {0, 1}, {5, 1}, {-1, 1}};
+    for (const auto& row : rows) {
+        cdlDIALOG.FilterIndex = row.given;
+        EXPECT_TRUE(cdlDIALOG.ShowOpen());
+        EXPECT_EQ(asked.filterIndex, row.shown) << row.given;
+    }
+    answer = {QStringLiteral("/m/a.wav")};
+    answeredIndex = 3;
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_EQ(cdlDIALOG.FilterIndex, 3);
+    cdlDIALOG.Filter.clear();
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_EQ(asked.filterIndex, 0);
+}
+
+TEST_F(AnsweredDialog, StartsInTheFolderAskedForOrInOneThatIsThere) {
+    const QString folder = test::temporaryFolder();
+    cdlDIALOG.InitDir = folder;
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_EQ(QDir(asked.folder), QDir(folder));
+    for (const QString& gone : QStringList({QString(), folder + QStringLiteral("/gone")})) {
+        cdlDIALOG.InitDir = gone;
+        EXPECT_TRUE(cdlDIALOG.ShowOpen());
+        EXPECT_TRUE(QDir(asked.folder).exists()) << gone.toStdString();
+        EXPECT_NE(QDir(asked.folder), QDir(folder));
+    }
+    makeFile(folder + QStringLiteral("/file"));
+    cdlDIALOG.InitDir = folder + QStringLiteral("/file");
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_TRUE(QDir(asked.folder).exists());
+}
+
+// Runs as soon as the real dialog is up.
+template <typename Act>
+void onceShown(Act act) {
+    // The offscreen platform has no window manager to tell the least size to.
+    test::expectMessage(QStringLiteral("propagateSizeHints"));
+    QTimer::singleShot(0, [act] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        act(*dialog);
+    });
+}
+
+TEST(RealDialog, ShowsTitleKindsFolderAndModes) {
+    const QString folder = test::temporaryFolder();
+    CommonDialog dialog;
+    dialog.DialogTitle = QStringLiteral("Browse for music files");
+    dialog.Filter = musicFilter;
+    dialog.FilterIndex = 2;
+    dialog.Flags = 524806;
+    dialog.InitDir = folder;
+    dialog.CancelError = true;
+    onceShown([&](QFileDialog& shown) {
+        EXPECT_EQ(shown.windowTitle(), QStringLiteral("Browse for music files"));
+        EXPECT_EQ(shown.fileMode(), QFileDialog::ExistingFiles);
+        EXPECT_EQ(shown.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(shown.directory(), QDir(folder));
+        EXPECT_EQ(shown.nameFilters().value(1), QStringLiteral("mp3 Files (*.mp3)"));
+        auto* kinds = shown.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        ASSERT_NE(kinds, nullptr);
+        EXPECT_EQ(kinds->currentIndex(), 1);
+        EXPECT_EQ(kinds->itemText(0), QStringLiteral("All Files (*.mp3; *.mid; *.wav)"));
+        EXPECT_EQ(kinds->itemText(1), QStringLiteral("mp3 Files"));
+        shown.reject();
+    });
+    EXPECT_FALSE(dialog.ShowOpen());
+    EXPECT_TRUE(dialog.FileNames().isEmpty());
+}
+
+TEST(RealDialog, GivesTheFilesInTheOrderOfItsLine) {
+    const QString folder = test::temporaryFolder();
+    makeFile(folder + QStringLiteral("/a one.mp3"));
+    makeFile(folder + QStringLiteral("/b.WAV"));
+    CommonDialog dialog;
+    dialog.Filter = musicFilter;
+    dialog.Flags = 524806;
+    dialog.InitDir = folder;
+    onceShown([](QFileDialog& shown) {
+        shown.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->setCurrentIndex(2);
+        shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(QStringLiteral("\"b.WAV\" \"a one.mp3\""));
+        QMetaObject::invokeMethod(&shown, "accept");
+    });
+    EXPECT_TRUE(dialog.ShowOpen());
+    EXPECT_EQ(dialog.FileNames(), QStringList({folder + QStringLiteral("/b.WAV"),
+                                               folder + QStringLiteral("/a one.mp3")}));
+    EXPECT_EQ(dialog.FilterIndex, 3);
+}
+
+TEST(RealDialog, SavesUnderTheNameAsTyped) {
+    const QString folder = test::temporaryFolder();
+    CommonDialog dialog;
+    dialog.DialogTitle = QStringLiteral("Save");
+    dialog.Filter = QStringLiteral("Velorama Album Files (*.vlr)|*.vlr|All Files|*.*");
+    dialog.Flags = 524294;
+    dialog.InitDir = folder;
+    onceShown([](QFileDialog& shown) {
+        EXPECT_EQ(shown.acceptMode(), QFileDialog::AcceptSave);
+        EXPECT_FALSE(shown.testOption(QFileDialog::DontConfirmOverwrite));
+        shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(QStringLiteral("trip"));
+        QMetaObject::invokeMethod(&shown, "accept");
+    });
+    EXPECT_TRUE(dialog.ShowSave());
+    EXPECT_EQ(dialog.FileName, folder + QStringLiteral("/trip"));
+}
+
+TEST(RealDialog, AsksBeforeItReplacesAFile) {
+    const QString folder = test::temporaryFolder();
+    makeFile(folder + QStringLiteral("/trip.vlr"));
+    CommonDialog dialog;
+    dialog.Flags = 2;
+    dialog.InitDir = folder;
+    bool questioned = false;
+    onceShown([&](QFileDialog& shown) {
+        test::expectMessage(QStringLiteral("propagateSizeHints"));
+        QTimer::singleShot(0, [&] {
+            auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            questioned = question != nullptr;
+            if (question) {
+                question->button(QMessageBox::No)->click();
+            }
+        });
+        shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(QStringLiteral("trip.vlr"));
+        QMetaObject::invokeMethod(&shown, "accept");
+        shown.reject();
+    });
+    EXPECT_TRUE(dialog.ShowSave());
+    EXPECT_TRUE(questioned);
+    EXPECT_EQ(dialog.FileName, QString());
+}
+
+}  // namespace
+}  // namespace velorama
