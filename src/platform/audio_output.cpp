@@ -2,6 +2,8 @@
 
 #include "platform/audio_source.h"
 
+#include <QLibrary>
+
 #include <SDL.h>
 
 #include <algorithm>
@@ -28,6 +30,19 @@ float audible(float sample) {
     return sample >= -1 ? std::min(sample, 1.0F) : (sample < -1 ? -1.0F : 0.0F);
 }
 
+void noMessage(const char*, int, const char*, int, const char*, ...) {}
+
+/// ALSA writes to the error stream, at every attempt, that there is no card. Where there is no ALSA
+/// nothing happens.
+void silenceAlsa() {
+    using SetHandler = int (*)(decltype(&noMessage));
+    const auto set = reinterpret_cast<SetHandler>(
+        QLibrary::resolve(QStringLiteral("asound"), 2, "snd_lib_error_set_handler"));
+    if (set) {
+        set(&noMessage);
+    }
+}
+
 }  // namespace
 
 AudioOutput::~AudioOutput() {
@@ -41,6 +56,7 @@ bool AudioOutput::begin() {
     }
     // A device that cannot be had is a failure like any other; nothing of it goes to the terminal.
     SDL_LogSetOutputFunction(nullptr, nullptr);
+    silenceAlsa();
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Velorama");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Music");

@@ -68,6 +68,7 @@ protected:
         button->setPictureDisabled(disabled);
         log();
         form.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
         QCoreApplication::processEvents();
         button->clearFocus();
     }

@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QScreen>
+#include <QTest>
 #include <QTimer>
 
 #include "support/test_world.h"
@@ -47,6 +48,7 @@ struct Showing {
 Showing show(QDialog& dialog) {
     Showing showing;
     QTimer::singleShot(0, [&] {
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
         showing = {dialog.pos(), middleOf(dialog)};
         dialog.reject();
     });
@@ -58,6 +60,7 @@ TEST(DialogHook, PutsTheFirstDialogInTheMiddle) {
     QWidget owner;
     owner.setGeometry(500, 400, 100, 100);
     owner.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&owner));
     clsDLGHOOK hook;
     hook.subCMNDLGHOOKOPEN();
     EXPECT_TRUE(hook.isHooked());
@@ -83,6 +86,7 @@ TEST(DialogHook, LeavesTheSecondDialogWhereItWantsToBe) {
 TEST(DialogHook, ACancelledDialogLeavesNoHook) {
     QWidget owner;
     owner.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&owner));
     clsDLGHOOK hook;
     CommonDialog dialog(&owner);
     dialog.CancelError = true;
@@ -93,6 +97,7 @@ TEST(DialogHook, ACancelledDialogLeavesNoHook) {
     QTimer::singleShot(0, [&] {
         auto* shown = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(shown, nullptr);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(shown));
         place = shown->pos();
         middle = middleOf(*shown);
         EXPECT_FALSE(hook.isHooked());
@@ -108,6 +113,7 @@ TEST(DialogHook, ACancelledDialogLeavesNoHook) {
 TEST(DialogHook, TwoDialogsInARowEachGetTheirOwn) {
     QWidget owner;
     owner.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&owner));
     clsDLGHOOK hook;
     for (const QSize& size : {QSize(200, 100), QSize(301, 77)}) {
         hook.subCMNDLGHOOKOPEN();

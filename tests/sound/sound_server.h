@@ -1,0 +1,31 @@
+#pragma once
+
+#include "recording.h"
+
+#include <QProcess>
+#include <QString>
+
+namespace velorama::test {
+
+/// A sound server of the test's own, whose only output leads nowhere, and what it plays.
+class SoundServer {
+public:
+    SoundServer();
+    ~SoundServer();
+
+    /// False if it does not come up.
+    bool start();
+    /// At once, as in a crash.
+    void kill();
+
+    bool startRecording();
+    Recording stopRecording();
+
+private:
+    QString socket_;
+    QString recorded_;
+    QProcess server_;
+    QProcess recorder_;
+};
+
+}  // namespace velorama::test
