@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QScreen>
+#include <QWindow>
 
 namespace velorama {
 namespace {
@@ -60,8 +61,15 @@ bool clsDLGHOOK::eventFilter(QObject* watched, QEvent* event) {
 
 void clsDLGHOOK::centre(QDialog& dialog) {
     const QWidget* owner = dialog.parentWidget();
-    if (const QScreen* screen = owner ? owner->screen() : dialog.screen()) {
-        dialog.move(centredOnScreen(screen->geometry(), dialog.size() + frameOfOwner(dialog)));
+    const QScreen* screen = owner ? owner->screen() : dialog.screen();
+    if (screen == nullptr) {
+        return;
+    }
+    const QPoint place = centredOnScreen(screen->geometry(), dialog.size() + frameOfOwner(dialog));
+    dialog.move(place);
+    // The window is already made, and a move would set the corner inside a frame still to come.
+    if (QWindow* window = dialog.windowHandle()) {
+        window->setFramePosition(place);
     }
 }
 
