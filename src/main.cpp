@@ -1,5 +1,6 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
+#include "platform/media_commands.h"
 #include "platform/screen_saver.h"
 #include "platform/shell.h"
 #include "platform/sqlite_registry_store.h"
@@ -23,10 +24,11 @@ int main(int argc, char** argv) {
     SqliteRegistryStore store(SqliteRegistryStore::standardFile());
     const auto shell = makeDesktopShell();
     const auto screenSaver = makeSessionScreenSaver();
+    const auto device = makeMediaPlayer();
     makeServices(store, *shell);
     int result = 0;
     {
-        mfrmPRGMAIN mainWindow(*screenSaver);
+        mfrmPRGMAIN mainWindow(*screenSaver, *device);
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
         mainWindow.Form_Load();
@@ -34,6 +36,8 @@ int main(int argc, char** argv) {
             result = QApplication::exec();
         }
     }
+    // A track that a last tick has opened is closed too.
+    device->send(QStringLiteral("close CURRFILE"));
     releaseServices();
     return result;
 }

@@ -12,7 +12,9 @@
 namespace velorama {
 namespace {
 
-constexpr float sideWidth = 3600;
+constexpr float sideWidth = 5400;
+constexpr float buttonSize = 480;
+constexpr float buttonTop = 120;
 constexpr float rimTwips = 150;
 // Twips from the form's bottom edge: 15 more than the bar is high.
 constexpr float pointerZone = 750;
@@ -24,6 +26,10 @@ QFont barFont(double points, bool bold = false) {
     return font;
 }
 
+void placeButton(picbtn& button, float left) {
+    place(button, left, buttonTop, buttonSize, buttonSize);
+}
+
 }  // namespace
 
 ControlBar::ControlBar(QWidget* form)
@@ -31,15 +37,30 @@ ControlBar::ControlBar(QWidget* form)
       lblDESC(this),
       lblSTATUS(this),
       lblNOCOUNT(this),
+      lblPLAYING(this),
+      prgPLAY(this),
+      btnPREV(this),
+      btnNEXT(this),
+      btnPAUSE(this),
+      btnPLAY(this),
+      btnEXIT(this),
       imgLEFTCONTROLS(this),
       imgRIGHTCONTROLS(this) {
     setObjectName(QStringLiteral("picCONTROLBAR"));
+    imgLEFTCONTROLS.setObjectName(QStringLiteral("imgLEFTCONTROLS"));
+    imgRIGHTCONTROLS.setObjectName(QStringLiteral("imgRIGHTCONTROLS"));
+    imgLEFTCONTROLS.lower();
+    imgRIGHTCONTROLS.lower();
+    prgPLAY.setObjectName(QStringLiteral("prgPLAY"));
+    designLabels();
+    designButtons();
+}
+
+void ControlBar::designLabels() {
     lblDESC.setObjectName(QStringLiteral("lblDESC"));
     lblSTATUS.setObjectName(QStringLiteral("lblSTATUS"));
     lblNOCOUNT.setObjectName(QStringLiteral("lblNOCOUNT"));
-    imgLEFTCONTROLS.setObjectName(QStringLiteral("imgLEFTCONTROLS"));
-    imgRIGHTCONTROLS.setObjectName(QStringLiteral("imgRIGHTCONTROLS"));
-
+    lblPLAYING.setObjectName(QStringLiteral("lblPLAYING"));
     lblDESC.setCaption(QStringLiteral(" This is a test caption for the pictures"));
     lblDESC.setForeColor(Qt::white);
     lblDESC.setFont(barFont(11));
@@ -51,9 +72,40 @@ ControlBar::ControlBar(QWidget* form)
     lblNOCOUNT.setForeColor(toRgb(0x0080FFFF));
     lblNOCOUNT.setFont(barFont(9.75));
     lblNOCOUNT.setAlignment(Qt::AlignRight);
+    lblPLAYING.setCaption(QStringLiteral("Now Playing"));
+    lblPLAYING.setForeColor(toRgb(0x0080FFFF));
+    lblPLAYING.setFont(barFont(8.25));
+}
+
+void ControlBar::designButtons() {
+    struct Design {
+        picbtn& button;
+        const char* name;
+        const char* tooltip;
+        const char* pictures;
+    };
+    for (const Design& design : {
+             Design{btnPREV, "btnPREV", "Click to Previous Slide", "prev"},
+             Design{btnNEXT, "btnNEXT", "Click to Next Slide", "next"},
+             Design{btnPAUSE, "btnPAUSE", "Click to Pause the Slideshow", "pause"},
+             Design{btnPLAY, "btnPLAY", "Click to Play Slideshow", "play"},
+             Design{btnEXIT, "btnEXIT", "Click to Exit Slideshow (Esc)", "exit"},
+         }) {
+        design.button.setObjectName(QLatin1String(design.name));
+        design.button.setToolTip(QLatin1String(design.tooltip));
+        // The form sees every key: a button with the focus would take some of them.
+        design.button.setFocusPolicy(Qt::NoFocus);
+        const QString base = QStringLiteral(":/bar/") + QLatin1String(design.pictures);
+        design.button.setPictureNormal(ButtonPicture(base + QStringLiteral("-normal.svg")));
+        design.button.setPictureHLight(ButtonPicture(base + QStringLiteral("-hlight.svg")));
+        design.button.setPicturePressed(ButtonPicture(base + QStringLiteral("-pressed.svg")));
+        design.button.setPictureDisabled(ButtonPicture(base + QStringLiteral("-disabled.svg")));
+    }
+    btnPLAY.hide();
 }
 
 void ControlBar::layOut(float formWidth, float formHeight) {
+    placeButton(btnEXIT, formWidth - buttonSize - 90);
     place(*this, 0, formHeight - barHeight, formWidth, barHeight);
     setHeight(imgLEFTCONTROLS, barHeight);
     setWidth(imgLEFTCONTROLS, sideWidth);
@@ -71,7 +123,31 @@ void ControlBar::layOut(float formWidth, float formHeight) {
     setHeight(lblDESC, 315);
     setTop(lblSTATUS, 420);
     setHeight(lblSTATUS, 225);
-    place(lblNOCOUNT, Left(imgRIGHTCONTROLS), 0, Width(imgRIGHTCONTROLS) - 2 * rimTwips, barHeight);
+    placeButton(btnPREV, 150);
+    placeButton(btnPAUSE, 690);
+    placeButton(btnPLAY, 690);
+    placeButton(btnNEXT, 1230);
+    place(lblPLAYING, 1950, 135, sideWidth - 1950 - rimTwips, 240);
+    place(prgPLAY, 1950, 450, sideWidth - 1950 - rimTwips, 120);
+    place(lblNOCOUNT, Left(imgRIGHTCONTROLS), 0,
+          formWidth - 2 * 90 - buttonSize - rimTwips - Left(imgRIGHTCONTROLS), barHeight);
+}
+
+void ControlBar::showMusic(const QString& track, const QString& length, const QString& position,
+                           bool always) {
+    lblPLAYING.setCaption(gFileFoldr->FileNameFromPath(track, true));
+    const auto seconds = static_cast<float>(numericValue(length));
+    if (seconds > 0) {
+        prgPLAY.setMax(seconds);
+    }
+    if (seconds > 0 || always) {
+        prgPLAY.setValue(static_cast<float>(numericValue(position)));
+    }
+}
+
+void ControlBar::showPaused(bool paused) {
+    btnPAUSE.setVisible(!paused);
+    btnPLAY.setVisible(paused);
 }
 
 bool ControlBar::autoHide() {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "controls/label.h"
+#include "controls/picbtn.h"
 #include "controls/picture_box.h"
+#include "controls/progress_bar.h"
 
 namespace velorama {
 
-/// The show's control bar `picCONTROLBAR`: caption, status and counter, hidden and shown by the
-/// pointer's place.
+/// The show's control bar `picCONTROLBAR`: buttons, track, caption, status and counter, hidden and
+/// shown by the pointer's place.
 class ControlBar : public QWidget {
     Q_OBJECT
 public:
@@ -17,11 +19,24 @@ public:
     Label lblDESC;
     Label lblSTATUS;
     Label lblNOCOUNT;
+    Label lblPLAYING;
+    ProgressBar prgPLAY;
+    picbtn btnPREV;
+    picbtn btnNEXT;
+    picbtn btnPAUSE;
+    picbtn btnPLAY;
+    picbtn btnEXIT;
     QWidget imgLEFTCONTROLS;
     QWidget imgRIGHTCONTROLS;
 
     /// Lays the bar along the form's bottom edge and its parts along the bar.
     void layOut(float formWidth, float formHeight);
+
+    /// What the main window's music is doing: the track's name, and length and position in seconds
+    /// as text. A length of 0 sets no maximum; `always` sets the value all the same.
+    void showMusic(const QString& track, const QString& length, const QString& position,
+                   bool always);
+    void showPaused(bool paused);
 
     /// Hides the bar where auto-hide is on, shows it where it is off.
     void applyAutoHide();
@@ -34,6 +49,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void designLabels();
+    void designButtons();
     static bool autoHide();
 };
 

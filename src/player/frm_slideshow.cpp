@@ -22,6 +22,9 @@ namespace {
 
 constexpr int designInterval = 6000;
 constexpr int designTransition = 15;
+constexpr int musicInterval = 100;
+// A step that no fade reaches: the show has been left by its button.
+constexpr qint32 leftByButton = 242;
 
 // A timer runs on whole milliseconds above 0; any other value leaves it as it was.
 void setInterval(QTimer& timer, std::optional<double> milliseconds) {
@@ -100,6 +103,17 @@ void frmSLIDESHOW::designControls() {
     tmrFADETRANS.setInterval(designTransition);
     connect(&tmrSLIDESHOW, &QTimer::timeout, this, &frmSLIDESHOW::tmrSLIDESHOW_Timer);
     connect(&tmrFADETRANS, &QTimer::timeout, this, &frmSLIDESHOW::tmrFADETRANS_Timer);
+    tmrMUSIC.setInterval(musicInterval);
+    connect(&tmrMUSIC, &QTimer::timeout, this, &frmSLIDESHOW::tmrMUSIC_Timer);
+    connectBar();
+}
+
+void frmSLIDESHOW::connectBar() {
+    connect(&picCONTROLBAR.btnNEXT, &picbtn::Click, this, [this] { Form_KeyDown(KeyRight, 0); });
+    connect(&picCONTROLBAR.btnPREV, &picbtn::Click, this, [this] { Form_KeyDown(KeyLeft, 0); });
+    connect(&picCONTROLBAR.btnPAUSE, &picbtn::Click, this, &frmSLIDESHOW::Form_MouseUp);
+    connect(&picCONTROLBAR.btnPLAY, &picbtn::Click, this, &frmSLIDESHOW::Form_MouseUp);
+    connect(&picCONTROLBAR.btnEXIT, &picbtn::Click, this, &frmSLIDESHOW::btnEXIT_Click);
 }
 
 void frmSLIDESHOW::load(QScreen* screen) {
@@ -114,6 +128,8 @@ void frmSLIDESHOW::load(QScreen* screen) {
         return;  // Left by a key while the form was still coming up.
     }
     paintBackground();
+    host_.AudioPlay();
+    tmrMUSIC.start();
     readIntervals();
     picPREVIEW.hide();
     slides.begin();
@@ -130,6 +146,8 @@ void frmSLIDESHOW::load(QScreen* screen) {
     }
     Paused = false;
     screenSaver_.inhibit();
+    copyMusic(true);
+    picCONTROLBAR.prgPLAY.setVisible(!picCONTROLBAR.lblPLAYING.Caption().isEmpty());
     picCONTROLBAR.applyAutoHide();
 }
 
@@ -141,6 +159,7 @@ void frmSLIDESHOW::Unload() {
     unloaded_ = true;
     tmrSLIDESHOW.stop();
     tmrFADETRANS.stop();
+    tmrMUSIC.stop();
     screenSaver_.release();
     host_.setVisible(true);
     hide();
@@ -230,7 +249,7 @@ void frmSLIDESHOW::showSlide(Advance way) {
         showOnOldSystem(way);
     } else {
         fade_.LoadFadeSource(slides.SlidePath);
-        fitting_.ResizePic();
+        ResizePic();
         if (way == Advance::Tick) {
             fitting_.CenterPreview();
         }
@@ -266,7 +285,7 @@ void frmSLIDESHOW::showOnOldSystem(Advance way) {
         setHeight(imgPREVIEW98, Height(picPREVIEW));
     }
     imgPREVIEW98.setPicture(picSLIDERESIZE.Image());
-    fitting_.ResizePic();
+    ResizePic();
 }
 
 void frmSLIDESHOW::ShowStatusLabels() {
@@ -274,6 +293,7 @@ void frmSLIDESHOW::ShowStatusLabels() {
     picCONTROLBAR.lblNOCOUNT.setCaption(decimalText(slides.SlideIndex) + QStringLiteral(" of ") +
                                         decimalText(slides.SlideCount));
     picCONTROLBAR.lblSTATUS.setCaption(Paused ? QStringLiteral("Slideshow Now Paused") : QString());
+    picCONTROLBAR.lblPLAYING.setCaption(gFileFoldr->FileNameFromPath(host_.track(), true));
 }
 
 void frmSLIDESHOW::lookAhead() {
@@ -283,14 +303,36 @@ void frmSLIDESHOW::lookAhead() {
 }
 
 void frmSLIDESHOW::ResizePic() {
+    copyMusic(true);
     fitting_.ResizePic();
+}
+
+void frmSLIDESHOW::copyMusic(bool always) {
+    picCONTROLBAR.showMusic(host_.track(), host_.trackLength(), host_.trackPosition(), always);
+}
+
+void frmSLIDESHOW::tmrMUSIC_Timer() {
+    if (!unloaded_) {
+        copyMusic(false);
+    }
+}
+
+void frmSLIDESHOW::btnEXIT_Click() {
+    if (unloaded_) {
+        return;
+    }
+    fade_.FadeAlpha = leftByButton;
+    tmrFADETRANS.stop();
+    tmrSLIDESHOW.stop();
+    tmrMUSIC.stop();
+    Unload();
 }
 
 void frmSLIDESHOW::Form_Resize() {
     const Running running(*this);
     fitting_.setArea();
     fitting_.CenterPreview();
-    fitting_.ResizePic();
+    ResizePic();
     picCONTROLBAR.layOut(Width(*this), Height(*this));
 }
 
@@ -298,14 +340,18 @@ void frmSLIDESHOW::Form_MouseUp() {
     if (unloaded_) {
         return;
     }
-    Paused = !Paused;
-    ShowStatusLabels();
     if (Paused) {
-        screenSaver_.release();
-    } else {
+        host_.AudioPlay();
         screenSaver_.inhibit();
         restartPeriod();
+    } else {
+        host_.AudioPause();
+        screenSaver_.release();
     }
+    Paused = !Paused;
+    copyMusic(true);
+    ShowStatusLabels();
+    picCONTROLBAR.showPaused(Paused);
 }
 
 void frmSLIDESHOW::Form_MouseMove(float y) {

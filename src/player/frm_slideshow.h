@@ -22,6 +22,14 @@ public:
     ShowHost& operator=(const ShowHost&) = delete;
     virtual ~ShowHost() = default;
     virtual void setVisible(bool visible) = 0;
+
+    virtual void AudioPlay() = 0;
+    virtual void AudioPause() = 0;
+    /// Path of the selected row of the music list, empty for none.
+    virtual QString track() const = 0;
+    /// Texts of the track's length and position in whole seconds.
+    virtual QString trackLength() const = 0;
+    virtual QString trackPosition() const = 0;
 };
 
 /// The full-screen show. It is made on the heap, opened with `load`, and deletes itself once it has
@@ -44,6 +52,8 @@ public:
     // The handlers, public for those who drive them without a clock.
     void tmrSLIDESHOW_Timer();
     void tmrFADETRANS_Timer();
+    void tmrMUSIC_Timer();
+    void btnEXIT_Click();
     void Form_KeyDown(int KeyCode, int Shift);
     void Form_MouseUp();
     void Form_MouseMove(float y);
@@ -59,6 +69,7 @@ public:
     ControlBar picCONTROLBAR;
     QTimer tmrSLIDESHOW;
     QTimer tmrFADETRANS;
+    QTimer tmrMUSIC;
     SlideSequence slides;
 
     const FadeTransition& fade() const { return fade_; }
@@ -84,6 +95,8 @@ private:
     void ShowStatusLabels();
     void pressArrow(int KeyCode);
     void step(int KeyCode);
+    void copyMusic(bool always);
+    void connectBar();
     void lookAhead();
     void restartPeriod();
 

@@ -29,11 +29,39 @@ constexpr std::array<ToolbarButton, 7> toolbarButtons = {{
     {"play", "Play Slideshow [F5]", 0},
 }};
 
+struct MusicButton {
+    const char* symbol;
+    const char* tooltip;
+    float left;
+    float top;
+};
+
+// Those that work on the list stand in a column beside it, those that play in a row below.
+constexpr std::array<MusicButton, 6> musicButtons = {{
+    {"plus", "Add music files", 100, 90},
+    {"minus", "Remove the selected track", 100, 480},
+    {"play", "Play", 9150, 2950},
+    {"pause", "Pause or go on", 9660, 2950},
+    {"stop", "Stop", 10170, 2950},
+    {"clear", "Remove all tracks", 100, 870},
+}};
+
 template <typename Control>
 Control* make(const char* name, QWidget* parent) {
     auto* control = new Control(parent);
     control->setObjectName(QLatin1String(name));
     return control;
+}
+
+cbtn* makeButton(QWidget* parent, const QString& name, const char* symbol, const char* tooltip) {
+    auto* button = new cbtn(parent);
+    button->setObjectName(name);
+    button->setSymbol(QLatin1String(symbol));
+    button->setToolTip(QLatin1String(tooltip));
+    button->setAccessibleName(QLatin1String(tooltip));
+    // The mouse leaves the keyboard where it is: in the list that the button works on.
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
 }
 
 }  // namespace
@@ -45,9 +73,10 @@ MainControls::MainControls(QWidget& form)
     place(*tabPAGES, 60, 75, 10920, 3800);
     place(*picframPICTURES, pageLeft, 405, 10710, 3350);
     picframPICTURES->setAutoFillBackground(true);
-    tabPAGES->setActiveTabs(QStringLiteral("Pictures"));
+    tabPAGES->setActiveTabs(QStringLiteral("Pictures,Music"));
     tabPAGES->setActiveTab(1);
     makePicturesPage();
+    makeMusicPage();
     shpSLIDEBAR = make<SlideBarShape>("shpSLIDEBAR", &form);
     picSELBAR = make<PictureBox>("picSELBAR", &form);
     place(*picSELBAR, 0, 3765, 11040, bandHeight);
@@ -74,19 +103,42 @@ void MainControls::makePicturesPage() {
     place(*lblFOUNDCOUNT, 3705, 2950, 3600, 255);
 }
 
+void MainControls::makeMusicPage() {
+    picframMUSICLIST = make<QWidget>("picframMUSICLIST", &surface);
+    place(*picframMUSICLIST, pageLeft, 405, 10710, 3350);
+    picframMUSICLIST->setAutoFillBackground(true);
+    picframMUSICLIST->hide();
+    for (std::size_t index = 0; index < musicButtons.size(); ++index) {
+        const MusicButton& design = musicButtons.at(index);
+        cbtnAUDIO.at(index) = makeButton(picframMUSICLIST, QStringLiteral("cbtnAUDIO%1").arg(index),
+                                         design.symbol, design.tooltip);
+        place(*cbtnAUDIO.at(index), design.left, design.top, 450, 345);
+    }
+    Command1 = makeButton(picframMUSICLIST, QStringLiteral("Command1"), "up", "Move up");
+    place(*Command1, 100, 1350, 450, 345);
+    Command2 = makeButton(picframMUSICLIST, QStringLiteral("Command2"), "down", "Move down");
+    place(*Command2, 100, 1740, 450, 345);
+    lstMUSIC = make<ListBox>("lstMUSIC", picframMUSICLIST);
+    place(*lstMUSIC, 645, 90, 9990, 2760);
+    prgPLAY = make<ProgressBar>("prgPLAY", picframMUSICLIST);
+    place(*prgPLAY, 645, 3040, 8200, 150);
+    prgPLAY->hide();
+    lblM1 = make<Label>("lblM1", picframMUSICLIST);
+    lblM2 = make<Label>("lblM2", picframMUSICLIST);
+    lblFile = make<Label>("lblFile", picframMUSICLIST);
+    for (QWidget* store : {lblM1, lblM2, lblFile}) {
+        store->hide();
+    }
+}
+
 void MainControls::makeToolbar() {
     picbarCONTROLS = make<QWidget>("picbarCONTROLS", &surface);
     place(*picbarCONTROLS, 0, 4020, 11040, toolbarHeight);
     picbarCONTROLS->setAutoFillBackground(true);
     for (std::size_t index = 0; index < toolbarButtons.size(); ++index) {
         const ToolbarButton& design = toolbarButtons.at(index);
-        auto* button = new cbtn(picbarCONTROLS);
-        button->setObjectName(QStringLiteral("cbtnCONTROLS%1").arg(index));
-        button->setSymbol(QLatin1String(design.symbol));
-        button->setToolTip(QLatin1String(design.tooltip));
-        button->setAccessibleName(QLatin1String(design.tooltip));
-        // The mouse leaves the keyboard where it is: in the list that the button works on.
-        button->setFocusPolicy(Qt::TabFocus);
+        cbtn* button = makeButton(picbarCONTROLS, QStringLiteral("cbtnCONTROLS%1").arg(index),
+                                  design.symbol, design.tooltip);
         place(*button, design.left, 45, 540, 450);
         cbtnCONTROLS.at(index) = button;
     }
@@ -111,6 +163,10 @@ void MainControls::describe() {
         "No pictures in this folder.\nChoose a folder of photographs on the left."));
     lvwSLIDEBAR->setEmptyText(
         QCoreApplication::translate("MainControls", "Add pictures from above to make a show."));
+    lstMUSIC->setEmptyText(QCoreApplication::translate(
+        "MainControls", "Add MP3, WAV or MIDI files, or drop them here."));
+    lstMUSIC->setAccessibleName(QStringLiteral("Music"));
+    prgPLAY->setAccessibleName(QStringLiteral("Progress of the track"));
     ftvFOLDER->setAccessibleName(QStringLiteral("Folders"));
     lvwFOUND->setAccessibleName(QStringLiteral("Pictures Found"));
     lvwSLIDEBAR->setAccessibleName(QStringLiteral("Slideshow List"));

@@ -4,6 +4,7 @@
 #include "controls/folder_tree.h"
 #include "controls/image_list.h"
 #include "controls/label.h"
+#include "controls/list_box.h"
 #include "controls/list_view.h"
 #include "controls/picture_box.h"
 #include "controls/progress_bar.h"
@@ -29,6 +30,17 @@ struct MainControls {
     SplitterBar* picVBAR;
     ListView* lvwFOUND;
     Label* lblFOUNDCOUNT;
+    QWidget* picframMUSICLIST;
+    ListBox* lstMUSIC;
+    /// 0 add, 1 remove, 2 play, 3 pause, 4 stop, 5 remove all.
+    std::array<cbtn*, 6> cbtnAUDIO{};
+    cbtn* Command1;
+    cbtn* Command2;
+    ProgressBar* prgPLAY;
+    // Stores that the show reads too: length and position in seconds, and the track.
+    Label* lblM1;
+    Label* lblM2;
+    Label* lblFile;
     PictureBox* picSELBAR;
     ProgressBar* prgBARSLIDES;
     QWidget* picbarCONTROLS;
@@ -43,6 +55,7 @@ struct MainControls {
 
 private:
     void makePicturesPage();
+    void makeMusicPage();
     void makeToolbar();
     void makeSlideBar();
     void describe();

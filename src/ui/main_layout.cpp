@@ -27,8 +27,10 @@ void MainLayout::Form_Resize() {
     const float H = Height(c_.surface);
     setHeight(*c_.tabPAGES, H - 3400);
     setWidth(*c_.prgBARSLIDES, W - 2 * Left(*c_.prgBARSLIDES));
-    setWidth(*c_.picframPICTURES, W - 2 * Left(*c_.picframPICTURES));
-    setHeight(*c_.picframPICTURES, Height(*c_.tabPAGES) - 450);
+    for (QWidget* page : {c_.picframPICTURES, c_.picframMUSICLIST}) {
+        setWidth(*page, W - 2 * Left(*page));
+        setHeight(*page, Height(*c_.tabPAGES) - 450);
+    }
     setHeight(*c_.ftvFOLDER, Height(*c_.picframPICTURES) - 180 - 60);
     setTop(*c_.picSELBAR, Top(*c_.tabPAGES) + Height(*c_.tabPAGES) - 110);
     setTop(*c_.picbarCONTROLS, Top(*c_.picSELBAR) + Height(*c_.picSELBAR));
@@ -41,8 +43,25 @@ void MainLayout::Form_Resize() {
     placeSlideBar();
     QWidget& start = *c_.cbtnCONTROLS[6];
     setLeft(start, W - Width(start) - 45);
+    layOutMusic();
     setHeight(*c_.lvwFOUND, Height(*c_.picframPICTURES) - Top(*c_.lvwFOUND) - 500);
     setTop(*c_.lblFOUNDCOUNT, Height(*c_.picframPICTURES) - 400);
+}
+
+void MainLayout::layOutMusic() {
+    const float width = Width(*c_.picframMUSICLIST);
+    const float height = Height(*c_.picframMUSICLIST);
+    setWidth(*c_.lstMUSIC, width - Left(*c_.lstMUSIC) - 75);
+    setHeight(*c_.lstMUSIC, height - Top(*c_.lstMUSIC) - 500);
+    float right = width;
+    for (const std::size_t index : {4, 3, 2}) {
+        cbtn& button = *c_.cbtnAUDIO.at(index);
+        setLeft(button, right - 90 - Width(button));
+        setTop(button, height - 400);
+        right = Left(button);
+    }
+    setWidth(*c_.prgPLAY, right - Left(*c_.prgPLAY) - 240);
+    setTop(*c_.prgPLAY, height - 400 + 90);
 }
 
 void MainLayout::VBarLayout() {
@@ -117,9 +136,11 @@ void MainLayout::moveSplitter(float step) {
 
 void MainLayout::applyPageColour() {
     const QColor page = QColor(toRgb(highlight3D));
-    QPalette ground = c_.picframPICTURES->palette();
-    ground.setColor(QPalette::Window, page);
-    c_.picframPICTURES->setPalette(ground);
+    for (QWidget* frame : {c_.picframPICTURES, c_.picframMUSICLIST}) {
+        QPalette ground = frame->palette();
+        ground.setColor(QPalette::Window, page);
+        frame->setPalette(ground);
+    }
     c_.picVBAR->setBackColor(page);
 }
 

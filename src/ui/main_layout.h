@@ -19,13 +19,14 @@ public:
     /// The same by the keyboard: the splitter moves by `step` and the lists follow.
     void moveSplitter(float step);
 
-    /// Gives the page and the splitter on it their colour; buttons take the palette's.
+    /// Gives the pages and the splitter their colour; buttons take the palette's.
     void applyPageColour();
 
     /// The separator line behind the controls, in logical pixels of the surface.
     QLineF separator() const { return separator_; }
 
 private:
+    void layOutMusic();
     void tintBand();
     void tintSlideBar();
     void placeSlideBar();

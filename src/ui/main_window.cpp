@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QPainter>
 
@@ -26,6 +27,8 @@ constexpr int smallestWidth = 500;
 constexpr int smallestHeight = 400;
 
 constexpr float splitterKeyStep = 150;
+constexpr int pollInterval = 1000;
+const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
 
 const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
 const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
@@ -55,7 +58,7 @@ private:
     mfrmPRGMAIN& form_;
 };
 
-mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver)
+mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device)
     : screenSaver_(screenSaver),
       surface_(new Surface(*this)),
       controls_(*surface_),
@@ -66,7 +69,10 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver)
               [this](const PopupRequest& r) { popup(r, *surface_); }),
       found_({controls_.ftvFOLDER, &controls_.flbFOUND, controls_.lvwFOUND,
               &controls_.imlFOUNDICONS, controls_.prgBARSLIDES},
-             thumbnails_, foundListCalls()) {
+             thumbnails_, foundListCalls()),
+      cdlDIALOG_(this),
+      audio_(musicControls(), device,
+             [this](const MusicFileRequest& request) { return chooseMusic(request); }) {
     setObjectName(QStringLiteral("mfrmPRGMAIN"));
     setWindowTitle(libTxt.ProductName);
     setCentralWidget(surface_);
@@ -78,6 +84,7 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver)
     connectCommands();
     connectSplitter();
     setTabOrders();
+    qApp->installEventFilter(this);
 }
 
 mfrmPRGMAIN::~mfrmPRGMAIN() {
@@ -100,6 +107,35 @@ SlideListControls mfrmPRGMAIN::slideListControls() {
     given.mnuEDITCLEARALL = menus_.mnuEDITCLEARALL;
     given.mnuFILESTART = menus_.mnuFILESTART;
     return given;
+}
+
+MusicControls mfrmPRGMAIN::musicControls() {
+    tmrMUSIC_.setObjectName(QStringLiteral("tmrMUSIC"));
+    tmrMUSIC_.setInterval(pollInterval);
+    MusicControls given;
+    given.lstMUSIC = controls_.lstMUSIC;
+    given.tmrMUSIC = &tmrMUSIC_;
+    given.prgPLAY = controls_.prgPLAY;
+    given.lblM1 = controls_.lblM1;
+    given.lblM2 = controls_.lblM2;
+    given.lblFile = controls_.lblFile;
+    std::copy(controls_.cbtnAUDIO.begin(), controls_.cbtnAUDIO.end(), given.cbtnAUDIO.begin());
+    given.Command1 = controls_.Command1;
+    given.Command2 = controls_.Command2;
+    return given;
+}
+
+QStringList mfrmPRGMAIN::chooseMusic(const MusicFileRequest& request) {
+    cdlDIALOG_.InitDir = request.InitDir;
+    cdlDIALOG_.Filter = request.Filter;
+    cdlDIALOG_.FilterIndex = request.FilterIndex;
+    cdlDIALOG_.DialogTitle = request.DialogTitle;
+    cdlDIALOG_.Flags = request.Flags;
+    cdlDIALOG_.FileName = request.FileName;
+    gDlgHook->subCMNDLGHOOKOPEN();
+    cdlDIALOG_.ShowOpen();
+    gDlgHook->subCMNDLGHOOKCLOSE();
+    return cdlDIALOG_.FileNames();
 }
 
 FoundListCalls mfrmPRGMAIN::foundListCalls() {
@@ -181,6 +217,15 @@ void mfrmPRGMAIN::setTabOrders() {
         then(button);
     }
     then(controls_.lvwSLIDEBAR);
+    then(controls_.lstMUSIC);
+    for (const std::size_t index : {0, 1, 5}) {
+        then(controls_.cbtnAUDIO.at(index));
+    }
+    then(controls_.Command1);
+    then(controls_.Command2);
+    for (const std::size_t index : {2, 3, 4}) {
+        then(controls_.cbtnAUDIO.at(index));
+    }
 }
 
 void mfrmPRGMAIN::popup(const PopupRequest& request, const QWidget& page) {
@@ -198,10 +243,40 @@ void mfrmPRGMAIN::updateFoundCount() {
 }
 
 void mfrmPRGMAIN::tabPAGES_Click(const QString& caption) {
-    if (caption == QLatin1String("Pictures")) {
-        controls_.picframPICTURES->show();
-        controls_.ftvFOLDER->setFocus();
+    struct Page {
+        const char* caption;
+        QWidget* frame;
+        QWidget* focus;
+    };
+    const std::array<Page, 2> pages = {
+        {{"Pictures", controls_.picframPICTURES, controls_.ftvFOLDER},
+         {"Music", controls_.picframMUSICLIST, controls_.lstMUSIC}}};
+    const auto chosen = std::find_if(pages.begin(), pages.end(), [&caption](const Page& page) {
+        return caption == QLatin1String(page.caption);
+    });
+    if (chosen == pages.end()) {
+        return;
     }
+    chosen->frame->show();
+    for (const Page& page : pages) {
+        page.frame->setVisible(page.frame == chosen->frame);
+    }
+    chosen->focus->setFocus();
+}
+
+void mfrmPRGMAIN::Form_KeyDown(int& KeyCode, int& Shift) {
+    const bool forwards = Shift == CtrlDown;
+    if (KeyCode != KeyTab || (!forwards && Shift != (CtrlDown | ShiftDown))) {
+        return;
+    }
+    tab& pages = *controls_.tabPAGES;
+    const int last = pages.Tabcount();
+    const int now = pages.ActiveTab();
+    const int next = forwards ? (now >= last ? 1 : now + 1) : (now <= 1 ? last : now - 1);
+    pages.setActiveTab(next);
+    tabPAGES_Click(pages.StringPiece(pages.ActiveTabs(), QStringLiteral(","), next));
+    KeyCode = 0;
+    Shift = 0;
 }
 
 void mfrmPRGMAIN::setVisible(bool visible) {
@@ -251,6 +326,7 @@ void mfrmPRGMAIN::Form_Load() {
     controls_.flbFOUND.setPattern(pictureMask);
     DoEvents();
     DoEvents();
+    audio_.list.ListboxLoad(*controls_.lstMUSIC, musicListName);
     showFirst();
     setScreenPointer(ScreenPointer::Default);
     controls_.lvwSLIDEBAR->show();
@@ -280,10 +356,13 @@ void mfrmPRGMAIN::showFirst() {
 
 void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
     Cancel = false;
+    audio_.list.ListboxSave(*controls_.lstMUSIC, musicListName);
 }
 
 void mfrmPRGMAIN::Form_Unload() {
     unloaded_ = true;
+    audio_.closeDevice();
+    tmrMUSIC_.stop();
     found_.stop();
     slides_.stop();
     slides_.SELECTIONSAVE();
@@ -307,6 +386,22 @@ void mfrmPRGMAIN::closeEvent(QCloseEvent* event) {
     if (!Cancel) {
         Form_Unload();
     }
+}
+
+// The form sees the page keys before the control that has the focus.
+bool mfrmPRGMAIN::eventFilter(QObject* watched, QEvent* event) {
+    const auto* control = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::KeyPress && control != nullptr && control->window() == this) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        int code = keyCode(*key);
+        int shift = shiftMask(key->modifiers());
+        const bool handled = code != 0;
+        Form_KeyDown(code, shift);
+        if (handled && code == 0) {
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void mfrmPRGMAIN::changeEvent(QEvent* event) {

@@ -2,6 +2,8 @@
 
 #include "albums/slide_list.h"
 #include "browse/found_list.h"
+#include "controls/common_dialog.h"
+#include "music/audio_engine.h"
 #include "player/frm_slideshow.h"
 #include "ui/main_layout.h"
 #include "ui/main_menus.h"
@@ -16,7 +18,7 @@ namespace velorama {
 class mfrmPRGMAIN : public QMainWindow, private ShowHost {
     Q_OBJECT
 public:
-    explicit mfrmPRGMAIN(ScreenSaver& screenSaver);
+    mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device);
     ~mfrmPRGMAIN() override;
 
     /// Restores the window and everything in it, in the order of the start. The window is visible
@@ -29,6 +31,9 @@ public:
     void VBarLayout() { layout_.VBarLayout(); }
 
     void mnuFILESTART_Click();
+    // For the show too.
+    void AudioPlay() override { audio_.AudioPlay(); }
+    void AudioPause() override { audio_.AudioPause(); }
 
     MainControls& controls() { return controls_; }
     MainMenus& menus() { return menus_; }
@@ -38,13 +43,21 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     class Surface;
 
     /// A window closed while it loads does not come back at the end of that.
     void setVisible(bool visible) override;
+    QString track() const override {
+        return controls_.lstMUSIC->List(controls_.lstMUSIC->ListIndex());
+    }
+    QString trackLength() const override { return controls_.lblM1->Caption(); }
+    QString trackPosition() const override { return controls_.lblM2->Caption(); }
     SlideListControls slideListControls();
+    MusicControls musicControls();
+    QStringList chooseMusic(const MusicFileRequest& request);
     FoundListCalls foundListCalls();
     void connectCommands();
     void connectSplitter();
@@ -53,6 +66,7 @@ private:
     void popup(const PopupRequest& request, const QWidget& page);
     void updateFoundCount();
     void tabPAGES_Click(const QString& caption);
+    void Form_KeyDown(int& KeyCode, int& Shift);
 
     void disableCommands();
     void showFirst();
@@ -68,6 +82,9 @@ private:
     Thumbnails thumbnails_;
     SlideList slides_;
     FoundList found_;
+    QTimer tmrMUSIC_;
+    CommonDialog cdlDIALOG_;
+    AudioEngine audio_;
     QPointer<frmSLIDESHOW> show_;
     /// Where the window stood when it was hidden.
     QPoint place_;
