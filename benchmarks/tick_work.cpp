@@ -19,6 +19,11 @@ constexpr int slideCount = 1000;
 class NoHost : public ShowHost {
 public:
     void setVisible(bool) override {}
+    void AudioPlay() override {}
+    void AudioPause() override {}
+    QString track() const override { return {}; }
+    QString trackLength() const override { return {}; }
+    QString trackPosition() const override { return {}; }
 };
 
 class NoScreenSaver : public ScreenSaver {};

@@ -35,7 +35,17 @@ public:
 class RecordingHost : public ShowHost {
 public:
     void setVisible(bool visible) override { visibilities.append(visible); }
+    void AudioPlay() override { music.append(QStringLiteral("play")); }
+    void AudioPause() override { music.append(QStringLiteral("pause")); }
+    QString track() const override { return trackPath; }
+    QString trackLength() const override { return length; }
+    QString trackPosition() const override { return position; }
+
     QList<bool> visibilities;
+    QStringList music;
+    QString trackPath;
+    QString length;
+    QString position;
 };
 
 class CountingScreenSaver : public ScreenSaver {

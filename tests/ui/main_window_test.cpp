@@ -21,6 +21,15 @@ public:
     QString specialFolder(int) const override { return {}; }
 };
 
+class SilentDevice : public MediaCommands {
+public:
+    bool send(const QString& command, QString* answer) override {
+        commands.append(command);
+        return MediaCommands::send(command, answer);
+    }
+    QStringList commands;
+};
+
 class MainWindow : public testing::Test {
 protected:
     MainWindow() {
@@ -54,10 +63,11 @@ protected:
     MemoryRegistryStore store_;
     NoShell shell_;
     ScreenSaver screenSaver_;
+    SilentDevice device_;
 };
 
 TEST_F(MainWindow, FirstRunOpensAtDesignSizeOnTheApplicationsFolder) {
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Velorama"));
@@ -73,7 +83,7 @@ TEST_F(MainWindow, FirstRunOpensAtDesignSizeOnTheApplicationsFolder) {
 
 TEST_F(MainWindow, StartsWithEveryCommandOffInAnEmptyFolder) {
     setToolSetting("Files Location", test::temporaryFolder());
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     for (const cbtn* button : form.controls().cbtnCONTROLS) {
         EXPECT_FALSE(button->isEnabled()) << button->objectName().toStdString();
@@ -87,7 +97,7 @@ TEST_F(MainWindow, StartsWithEveryCommandOffInAnEmptyFolder) {
 }
 
 TEST_F(MainWindow, KeyHintsStandBehindATab) {
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     EXPECT_EQ(form.menus().mnuEDITADD->text(), QStringLiteral("&Add Selected\tIns"));
     EXPECT_EQ(form.menus().mnuEDITCLEAR->text(), QStringLiteral("&Clear Selected\tCtrl+Del"));
@@ -97,7 +107,7 @@ TEST_F(MainWindow, KeyHintsStandBehindATab) {
 TEST_F(MainWindow, ListsTheStoredFolderWithTheWindowUp) {
     setToolSetting("Files Location", folderWith({QStringLiteral("a.jpg"), QStringLiteral("b.BMP"),
                                                  QStringLiteral("c.png")}));
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     ASSERT_EQ(form.controls().lvwFOUND->Count(), 2);
     EXPECT_TRUE(form.controls().lvwFOUND->item(1)->Selected());
@@ -107,7 +117,7 @@ TEST_F(MainWindow, ListsTheStoredFolderWithTheWindowUp) {
 
 TEST_F(MainWindow, TheFolderTreeIsSilentWhileTheWindowLoads) {
     const QString folder = folderWith({QStringLiteral("a.jpg")});
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     FormLoading = true;
     form.controls().ftvFOLDER->setPath(folder);
     EXPECT_EQ(form.controls().lvwFOUND->Count(), 0);
@@ -118,7 +128,7 @@ TEST_F(MainWindow, TheFolderTreeIsSilentWhileTheWindowLoads) {
 TEST_F(MainWindow, ClosingWritesSlidesGeometryAndSplitter) {
     const QString folder = folderWith({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
     setToolSetting("Files Location", folder);
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     form.menus().mnuEDITADDALL->trigger();
     setLeft(*form.controls().picVBAR, 4000);
@@ -143,13 +153,13 @@ TEST_F(MainWindow, ClosingWritesSlidesGeometryAndSplitter) {
 
 TEST_F(MainWindow, TheNextStartComesUpAsTheLastWasLeft) {
     {
-        mfrmPRGMAIN form(screenSaver_);
+        mfrmPRGMAIN form(screenSaver_, device_);
         form.Form_Load();
         form.resize(760, 610);
         setLeft(*form.controls().picVBAR, 3300);
         form.close();
     }
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     EXPECT_EQ(form.size(), QSize(760, 610));
     EXPECT_EQ(Left(*form.controls().picVBAR), 3300);
@@ -158,7 +168,7 @@ TEST_F(MainWindow, TheNextStartComesUpAsTheLastWasLeft) {
 
 TEST_F(MainWindow, ASplitterThatIsNoNumberStaysAtDesign) {
     setToolSetting("Splitter Bar Left", QStringLiteral("wide"));
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     EXPECT_EQ(Left(*form.controls().picVBAR), 3585);
 }
@@ -169,11 +179,80 @@ TEST_F(MainWindow, ClosingInTheMidstOfAListingEndsIt) {
         names.append(QStringLiteral("p%1.jpg").arg(i));
     }
     setToolSetting("Files Location", folderWith(names));
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     QTimer::singleShot(0, &form, [&form] { form.close(); });
     form.Form_Load();
     EXPECT_TRUE(form.isUnloaded());
     EXPECT_FALSE(form.isVisible());
+}
+
+// -- music --
+
+TEST_F(MainWindow, TheMusicListComesBackAtTheNextStart) {
+    {
+        mfrmPRGMAIN form(screenSaver_, device_);
+        form.Form_Load();
+        form.controls().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
+        form.controls().lstMUSIC->AddItem(QStringLiteral("/music/b.wav"));
+        form.close();
+    }
+    mfrmPRGMAIN form(screenSaver_, device_);
+    form.Form_Load();
+    ASSERT_EQ(form.controls().lstMUSIC->ListCount(), 2);
+    EXPECT_EQ(form.controls().lstMUSIC->List(1), QStringLiteral("/music/b.wav"));
+    EXPECT_TRUE(form.controls().cbtnAUDIO[2]->isEnabled());
+    EXPECT_FALSE(form.controls().cbtnAUDIO[3]->isEnabled());
+    EXPECT_FALSE(form.controls().cbtnAUDIO[4]->isEnabled());
+}
+
+TEST_F(MainWindow, TheEndClosesTheDevice) {
+    mfrmPRGMAIN form(screenSaver_, device_);
+    form.Form_Load();
+    device_.commands.clear();
+    form.close();
+    EXPECT_EQ(device_.commands, QStringList(QStringLiteral("close CURRFILE")));
+}
+
+TEST_F(MainWindow, MusicIsChosenByTheDialogOfThePage) {
+    FileDialogRequest asked;
+    CommonDialog::answerWith([&asked](const FileDialogRequest& request) {
+        asked = request;
+        return FileDialogAnswer{{QStringLiteral("/m/one.mp3"), QStringLiteral("/m/two.mid")}, 1};
+    });
+    mfrmPRGMAIN form(screenSaver_, device_);
+    form.Form_Load();
+    form.controls().cbtnAUDIO[0]->click();
+    CommonDialog::answerWith({});
+    EXPECT_EQ(asked.title, QStringLiteral("Browse for music files"));
+    EXPECT_TRUE(asked.several);
+    EXPECT_EQ(asked.filterIndex, 1);
+    EXPECT_EQ(form.controls().lstMUSIC->ListCount(), 2);
+    EXPECT_EQ(form.controls().lblFile->Caption(), QStringLiteral("/m/one.mp3"));
+    EXPECT_EQ(loadSetting(QStringLiteral("mfrmPRGMAIN\\Details"),
+                          QStringLiteral("CMD Open FolderMP3"), {}),
+              QStringLiteral("/m/"));
+}
+
+TEST_F(MainWindow, CtrlTabGoesRoundThePages) {
+    mfrmPRGMAIN form(screenSaver_, device_);
+    form.Form_Load();
+    MainControls& c = form.controls();
+    const auto press = [&c](Qt::KeyboardModifiers held) {
+        QTest::keyClick(c.surface.window(),
+                        held & Qt::ShiftModifier ? Qt::Key_Backtab : Qt::Key_Tab, held);
+    };
+    EXPECT_TRUE(c.picframPICTURES->isVisible());
+    press(Qt::ControlModifier);
+    EXPECT_TRUE(c.picframMUSICLIST->isVisible());
+    EXPECT_FALSE(c.picframPICTURES->isVisible());
+    EXPECT_EQ(c.tabPAGES->ActiveTab(), 2);
+    press(Qt::ControlModifier);
+    EXPECT_EQ(c.tabPAGES->ActiveTab(), 1);
+    EXPECT_TRUE(c.picframPICTURES->isVisible());
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(c.tabPAGES->ActiveTab(), 2);
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(c.tabPAGES->ActiveTab(), 1);
 }
 
 // -- layout --
@@ -186,7 +265,7 @@ struct SizeCase {
 class MainLayoutRules : public MainWindow, public testing::WithParamInterface<SizeCase> {};
 
 TEST_P(MainLayoutRules, HoldToTheTwip) {
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     MainControls& c = form.controls();
     c.surface.resize(GetParam().width, GetParam().height);
@@ -213,6 +292,17 @@ TEST_P(MainLayoutRules, HoldToTheTwip) {
     EXPECT_EQ(Width(*c.shpSLIDEBAR), W - 300);
     EXPECT_EQ(Left(*c.cbtnCONTROLS[6]), W - Width(*c.cbtnCONTROLS[6]) - 45);
     EXPECT_EQ(Height(*c.lvwFOUND), H - 3850 - Top(*c.lvwFOUND) - 500);
+    EXPECT_EQ(Width(*c.picframMUSICLIST), W - 2 * Left(*c.picframMUSICLIST));
+    EXPECT_EQ(Height(*c.picframMUSICLIST), H - 3850);
+    const float page = Width(*c.picframMUSICLIST);
+    EXPECT_EQ(Width(*c.lstMUSIC), page - Left(*c.lstMUSIC) - 75);
+    EXPECT_EQ(Height(*c.lstMUSIC), H - 3850 - Top(*c.lstMUSIC) - 500);
+    EXPECT_EQ(Left(*c.cbtnAUDIO[4]), page - 90 - Width(*c.cbtnAUDIO[4]));
+    EXPECT_EQ(Left(*c.cbtnAUDIO[3]), Left(*c.cbtnAUDIO[4]) - 90 - Width(*c.cbtnAUDIO[3]));
+    EXPECT_EQ(Left(*c.cbtnAUDIO[2]), Left(*c.cbtnAUDIO[3]) - 90 - Width(*c.cbtnAUDIO[2]));
+    EXPECT_EQ(Top(*c.cbtnAUDIO[2]), H - 3850 - 400);
+    EXPECT_EQ(Left(*c.prgPLAY) + Width(*c.prgPLAY), Left(*c.cbtnAUDIO[2]) - 240);
+    EXPECT_EQ(Top(*c.prgPLAY), Top(*c.cbtnAUDIO[2]) + 90);
     const float bar = Left(*c.picVBAR);
     EXPECT_EQ(Width(*c.ftvFOLDER), bar - 45 - Left(*c.ftvFOLDER));
     EXPECT_EQ(Left(*c.lvwFOUND), bar + 120);
@@ -225,7 +315,7 @@ INSTANTIATE_TEST_SUITE_P(Sizes, MainLayoutRules,
                                          SizeCase{3840, 2100}));
 
 TEST_F(MainWindow, ASplitterDraggedLeftOf2700StopsAndSnapsTo2775) {
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     PictureBox& bar = *form.controls().picVBAR;
     MainLayout layout(form.controls());
@@ -240,7 +330,7 @@ TEST_F(MainWindow, ASplitterDraggedLeftOf2700StopsAndSnapsTo2775) {
 }
 
 TEST_F(MainWindow, TheRightLimitOfTheSplitterWinsInANarrowWindow) {
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     form.controls().surface.resize(240, 480);
     form.VBarLayout();
@@ -249,7 +339,7 @@ TEST_F(MainWindow, TheRightLimitOfTheSplitterWinsInANarrowWindow) {
 
 TEST_F(MainWindow, TheBarFollowsTheMouseAndTheListsFollowAtRelease) {
     setToolSetting("Files Location", test::temporaryFolder());
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     MainControls& c = form.controls();
     const float listLeft = Left(*c.lvwFOUND);
@@ -261,7 +351,7 @@ TEST_F(MainWindow, TheBarFollowsTheMouseAndTheListsFollowAtRelease) {
 }
 
 TEST_F(MainWindow, TheSplitterMovesByTheKeyboard) {
-    mfrmPRGMAIN form(screenSaver_);
+    mfrmPRGMAIN form(screenSaver_, device_);
     form.Form_Load();
     QTest::keyClick(form.controls().picVBAR, Qt::Key_Right);
     EXPECT_EQ(Left(*form.controls().picVBAR), 3735);
