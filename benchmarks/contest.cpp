@@ -78,7 +78,7 @@ double median(std::vector<double> values) {
 std::vector<Row> run(const Contest& contest, int rounds) {
     Series ours;
     std::vector<Series> theirs(contest.against.size());
-    for (int round = 0; round <= rounds; ++round) {
+    for (int round = contest.warmUp ? 0 : 1; round <= rounds; ++round) {
         measureInto(ours, contest.ours, contest.absent);
         for (size_t i = 0; i < theirs.size(); ++i) {
             const Opponent& opponent = contest.against[i];

@@ -15,7 +15,7 @@ using Measure = std::function<std::optional<double>()>;
 /// What the program is held against: one row of the table.
 struct Opponent {
     QString name;
-    /// The ratio ours / theirs that the program is not to exceed.
+    /// The ratio ours / theirs that the program is not to exceed; 0 if there is no such limit.
     double goal = 0;
     Measure measure;
     /// Why there is nothing to measure, e.g. a program that is not installed; empty otherwise.
@@ -31,6 +31,8 @@ struct Contest {
     std::vector<Opponent> against;
     /// Why our side cannot be measured; empty otherwise.
     QString absent = {};
+    /// Whether a first round is run that does not count.
+    bool warmUp = true;
 };
 
 struct Row {
@@ -47,8 +49,8 @@ struct Row {
     QString absent;
 };
 
-/// Runs ours and every opponent once for warming up, then `rounds` times in turn, each
-/// time waiting a little for the machine to be quiet.
+/// Runs ours and every opponent once for warming up, unless told not to, then `rounds` times in
+/// turn, each time waiting a little for the machine to be quiet.
 std::vector<Row> run(const Contest& contest, int rounds);
 
 double median(std::vector<double> values);

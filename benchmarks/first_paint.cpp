@@ -66,8 +66,8 @@ bool isPainted(xcb_connection_t* c, const QRect& place) {
                        [](uint8_t byte) { return byte != 0; });
 }
 
-/// The first painted main window; none: 0.
-xcb_window_t paintedWindow(xcb_connection_t* c) {
+/// The first painted main window of at least this width, and its place; none: 0.
+xcb_window_t paintedWindow(xcb_connection_t* c, QRect& place, int width = leastWidth) {
     const Pointer<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(c, xcb_query_tree(c, firstScreen(c)->root), nullptr));
     if (!tree) {
@@ -75,8 +75,8 @@ xcb_window_t paintedWindow(xcb_connection_t* c) {
     }
     const xcb_window_t* windows = xcb_query_tree_children(tree.get());
     for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-        QRect place;
-        if (isLargeAndMapped(c, windows[i], place) && isPainted(c, place)) {
+        if (isLargeAndMapped(c, windows[i], place) && place.width() >= width &&
+            isPainted(c, place)) {
             return windows[i];
         }
     }
@@ -170,9 +170,10 @@ std::optional<double> Desktop::timeToFirstPaint(const QString& program) {
     const Stopwatch watch;
     process.start(program, QStringList());
     xcb_window_t window = 0;
+    QRect place;
     while (window == 0 && watch.milliseconds() < patience) {
         std::this_thread::sleep_for(betweenLooks);
-        window = paintedWindow(connection_);
+        window = paintedWindow(connection_, place);
     }
     const double time = watch.milliseconds();
     if (window == 0) {
@@ -184,6 +185,33 @@ std::optional<double> Desktop::timeToFirstPaint(const QString& program) {
         stop(process);
     }
     return time;
+}
+
+QRect Desktop::waitForWindow() const {
+    const Stopwatch watch;
+    QRect place;
+    while (watch.milliseconds() < patience) {
+        if (paintedWindow(connection_, place) != 0) {
+            return place;
+        }
+        std::this_thread::sleep_for(betweenLooks);
+    }
+    return {};
+}
+
+bool Desktop::isCovered() const {
+    QRect place;
+    return paintedWindow(connection_, place, firstScreen(connection_)->width_in_pixels) != 0;
+}
+
+void Desktop::click(QPoint at) const {
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(QStringLiteral("xdotool"),
+                  {QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
+                   QStringLiteral("sleep"), QStringLiteral("0.2"), QStringLiteral("click"),
+                   QStringLiteral("1")});
+    process.waitForFinished(patience);
 }
 
 }  // namespace velorama::bench

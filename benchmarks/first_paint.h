@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QPoint>
 #include <QProcess>
+#include <QRect>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -26,8 +28,15 @@ public:
     /// black; it is then closed as a user closes it. Nothing if no such window comes.
     std::optional<double> timeToFirstPaint(const QString& program);
 
-private:
+    /// Where the first large window stands that shows anything but black; empty if none comes.
+    QRect waitForWindow() const;
+    /// True if such a window covers the whole screen.
+    bool isCovered() const;
+    /// A click of the left button at a place on the screen.
+    void click(QPoint at) const;
     QProcessEnvironment environment() const;
+
+private:
     /// Starts a process that prints one line when it is ready; the line, or empty.
     QString startServer(QProcess& process, const QString& program, const QStringList& arguments);
 

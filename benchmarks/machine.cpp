@@ -64,4 +64,17 @@ double machineLoad() {
     return getloadavg(&load, 1) == 1 ? load : -1;
 }
 
+double ownMemory() {
+    QFile file(QStringLiteral("/proc/self/smaps_rollup"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return -1;
+    }
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (line.startsWith("Pss:")) {
+            return line.mid(4).simplified().split(' ').value(0).toDouble();
+        }
+    }
+    return -1;
+}
+
 }  // namespace velorama::bench

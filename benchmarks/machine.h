@@ -15,4 +15,7 @@ QuietRecord quietRecord();
 /// The kernel's load average of the last minute; below 0 if unknown.
 double machineLoad();
 
+/// Memory of this process in KiB, what it shares with others counted in part; below 0 if unknown.
+double ownMemory();
+
 }  // namespace velorama::bench

@@ -5,9 +5,11 @@
 #include "world.h"
 
 #include <QApplication>
+#include <QFile>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 
 namespace velorama::bench {
 namespace {
@@ -27,6 +29,10 @@ constexpr Work works[] = {
     {"addall", 1, addingAll},
     {"start", 1, startOfProgram},
     {"memory", 1, memoryOfSlides},
+    {"music", 1, playingMusic},
+    {"show", 2, wholeShow},
+    {"sound", 1, firstSound},
+    {"longshow", 1, memoryOfLongShow},
 };
 
 constexpr int quickRounds = 3;
@@ -116,18 +122,40 @@ std::optional<Wish> parsed(const QStringList& arguments) {
     return wish;
 }
 
+/// What the music rows run as a process of its own; nothing if that was not asked for.
+std::optional<int> musicProcess(int argc, char** argv) {
+    const struct {
+        const char* option;
+        int (*body)(const QString& file);
+    } bodies[] = {{"--play-track", playTrack},
+                  {"--first-sound", timeFirstSound},
+                  {"--first-plain-sound", timeFirstPlainSound}};
+    for (const auto& each : bodies) {
+        if (argc == 3 && std::strcmp(argv[1], each.option) == 0) {
+            return each.body(QFile::decodeName(argv[2]));
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 }  // namespace velorama::bench
 
 int main(int argc, char** argv) {
     using namespace velorama::bench;
     setvbuf(stdout, nullptr, _IOLBF, 0);
+    if (const auto result = musicProcess(argc, argv)) {
+        return *result;
+    }
     useScreenInMemory();
     QApplication app(argc, argv);
     const World world;
     const QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.size() == 2 && arguments[0] == QLatin1String("--hold-slides")) {
         return holdSlides(arguments[1]);
+    }
+    if (arguments.size() == 3 && arguments[0] == QLatin1String("--hold-show")) {
+        return holdShow(arguments[1], arguments[2]);
     }
     const auto wish = parsed(arguments);
     if (!wish) {

@@ -1,3 +1,4 @@
+#include "machine.h"
 #include "picture_lists.h"
 #include "pictures.h"
 #include "works.h"
@@ -5,7 +6,6 @@
 #include "platform/events.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QProcess>
 
 #include <cstdio>
@@ -17,20 +17,6 @@ constexpr int slides = 2000;
 constexpr double goal = 1.3;
 // A thumbnail of 90 x 90 in 32 bits a pixel, 31.6 KiB, and 2.4 KiB for everything else.
 constexpr double allowedPerSlide = 34;
-
-/// Memory of this process in KiB, what it shares with others counted in part; below 0 if unknown.
-double ownMemory() {
-    QFile file(QStringLiteral("/proc/self/smaps_rollup"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return -1;
-    }
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        if (line.startsWith("Pss:")) {
-            return line.mid(4).simplified().split(' ').value(0).toDouble();
-        }
-    }
-    return -1;
-}
 
 std::optional<double> memoryWith(const QString& folder) {
     QProcess process;

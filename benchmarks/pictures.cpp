@@ -159,6 +159,14 @@ QString smallFolder(int count) {
         });
 }
 
+QString mediumFolder(int count) {
+    const QString name = QStringLiteral("medium-%1").arg(count);
+    const QImage base = photographLike({1600, 1200}, 1);
+    return filled(name, QStringLiteral("jpg"), count, [&](int number, const QString& path) {
+        return variant(base, number).save(path, "JPEG", 90);
+    });
+}
+
 QString tinyFolder(int count) {
     const QString name = QStringLiteral("tiny-%1").arg(count);
     return filled(name, QStringLiteral("bmp"), count, [](int number, const QString& path) {

@@ -21,6 +21,8 @@ QString wallpaperFolder();
 QString cameraFolder();
 /// `count` different JPEGs of 320 x 240.
 QString smallFolder(int count);
+/// `count` different JPEGs of 1600 x 1200.
+QString mediumFolder(int count);
 /// `count` different BMPs of 4 x 4.
 QString tinyFolder(int count);
 

@@ -57,8 +57,8 @@ void printRow(int number, const Row& row) {
     const bool whole = row.ours && row.theirs;
     printLine({QString::number(number), row.work, amountOrNone(row.ours, row.unit), row.against,
                amountOrNone(row.theirs, row.unit), whole ? ratios(row) : row.absent,
-               short2(row.goal),
-               !whole                  ? QStringLiteral("-")
+               row.goal > 0 ? short2(row.goal) : QStringLiteral("-"),
+               !whole || row.goal <= 0 ? QStringLiteral("-")
                : row.ratio <= row.goal ? QStringLiteral("yes")
                                        : QStringLiteral("no")});
 }

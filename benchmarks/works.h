@@ -13,9 +13,22 @@ Contest fadeStep();
 Contest addingAll();
 Contest startOfProgram();
 Contest memoryOfSlides();
+Contest playingMusic();
+Contest wholeShow();
+Contest firstSound();
+Contest memoryOfLongShow();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.
 int holdSlides(const QString& folder);
+
+/// Body of the process that `memoryOfLongShow` starts: a show of all pictures of two folders;
+/// prints its memory early on and its most afterwards, in KiB.
+int holdShow(const QString& small, const QString& medium);
+
+/// Bodies of the processes of the music rows. They need no application object: 0 if all went well.
+int playTrack(const QString& file);
+int timeFirstSound(const QString& file);
+int timeFirstPlainSound(const QString& file);
 
 }  // namespace velorama::bench

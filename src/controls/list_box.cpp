@@ -138,7 +138,9 @@ void ListBox::paintEvent(QPaintEvent* event) {
 void ListBox::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if ((key == Qt::Key_Return || key == Qt::Key_Enter) && ListIndex() >= 0) {
-        emit DblClick();
+        if (!event->isAutoRepeat()) {
+            emit DblClick();
+        }
         return;
     }
     // Into a list without a selected line, down leads to its first and up to its last.

@@ -58,7 +58,9 @@ bool cbtn::event(QEvent* event) {
 
 void cbtn::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
+        if (!event->isAutoRepeat()) {
+            click();
+        }
         return;
     }
     QAbstractButton::keyPressEvent(event);

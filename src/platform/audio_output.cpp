@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 
 namespace velorama {
 namespace {
@@ -125,7 +126,11 @@ void AudioOutput::close() {
         std::erase_if(closing_, [](const std::future<void>& closing) {
             return closing.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
         });
-        closing_.push_back(std::async(std::launch::async, SDL_CloseAudioDevice, device_));
+        try {
+            closing_.push_back(std::async(std::launch::async, SDL_CloseAudioDevice, device_));
+        } catch (const std::system_error&) {
+            SDL_CloseAudioDevice(device_);  // No thread to be had: it takes its time here, then.
+        }
         device_ = 0;
     }
     source_ = nullptr;

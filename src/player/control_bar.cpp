@@ -176,10 +176,15 @@ void ControlBar::paintEvent(QPaintEvent*) {
     painter.drawLine(0, 0, width(), 0);
 }
 
-// The bar keeps its clicks: they are no clicks on the form behind it.
+// The bar keeps its clicks and moves: they are none of the form behind it.
 void ControlBar::mousePressEvent(QMouseEvent* event) {
     event->accept();
 }
+
+void ControlBar::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+}
+
 void ControlBar::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
 }

@@ -61,7 +61,7 @@ void MainLayout::layOutMusic() {
         right = Left(button);
     }
     setWidth(*c_.prgPLAY, right - Left(*c_.prgPLAY) - 240);
-    setTop(*c_.prgPLAY, height - 400 + 90);
+    setTop(*c_.prgPLAY, Top(*c_.cbtnAUDIO[2]) + 90);
 }
 
 void MainLayout::VBarLayout() {

@@ -292,7 +292,7 @@ void mfrmPRGMAIN::setVisible(bool visible) {
 
 void mfrmPRGMAIN::mnuFILESTART_Click() {
     slides_.StartSave();
-    if (show_) {
+    if (show_ && !show_->isUnloaded()) {
         return;
     }
     show_ = new frmSLIDESHOW(*this, screenSaver_);
