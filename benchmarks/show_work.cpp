@@ -1,0 +1,191 @@
+#include "first_paint.h"
+#include "peers.h"
+#include "pictures.h"
+#include "sound_server.h"
+#include "stopwatch.h"
+#include "works.h"
+
+#include "platform/sqlite_registry_store.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include <unistd.h>
+
+namespace velorama::bench {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto duration = 24s;
+constexpr double patience = 20'000;
+constexpr int twipsPerPixel = 15;
+
+/// Milliseconds of processor time of a running process, in steps of ten.
+double timeOf(const QProcess& process) {
+    QFile file(QStringLiteral("/proc/%1/stat").arg(process.processId()));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return -1;
+    }
+    // The second field, a name in brackets, may hold blanks; user and system time are the twelfth
+    // and thirteenth after it.
+    const QByteArray line = file.readAll();
+    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+    const double ticks = fields.value(11).toDouble() + fields.value(12).toDouble();
+    return ticks * 1e3 / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
+/// Returns when the process has hardly worked for half a second.
+void waitUntilIdle(const QProcess& process) {
+    const Stopwatch watch;
+    double last = -1e9;
+    double now = timeOf(process);
+    while (now - last > 20 && watch.milliseconds() < patience) {
+        std::this_thread::sleep_for(500ms);
+        last = now;
+        now = timeOf(process);
+    }
+}
+
+void stop(QProcess& process) {
+    process.kill();
+    process.waitForFinished();
+}
+
+/// A screen, a sound server, ten wallpapers and the track.
+class ShowWorld {
+public:
+    ShowWorld() : folder_(dataFolder(QStringLiteral("show"))) {
+        const QString wallpapers = wallpaperFolder();
+        if (wallpapers.isEmpty()) {
+            absent_ = QStringLiteral("plasma-workspace-wallpapers is not installed");
+            return;
+        }
+        for (const QString& file : filesOf(wallpapers).mid(0, slides)) {
+            QFile::copy(file, folder_ + QLatin1Char('/') + QFileInfo(file).fileName());
+        }
+        absent_ = desktop_.whyAbsent() + sound_.whyAbsent() +
+                  bench::whyAbsent(QStringLiteral("xdotool"), QStringLiteral("xdotool"));
+    }
+
+    QString whyAbsent() const { return absent_; }
+
+    /// Processor time of our show, from the click that starts it.
+    std::optional<double> ours(int transition) {
+        QProcess process;
+        process.setProcessEnvironment(environment());
+        process.setStandardErrorFile(QProcess::nullDevice());
+        saveSettings(process.processEnvironment(), transition);
+        process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/velorama"),
+                      QStringList());
+        const QRect window = desktop_.waitForWindow();
+        std::optional<double> time;
+        if (!window.isEmpty()) {
+            waitUntilIdle(process);
+            desktop_.click(window.topLeft() + button(window, 705));
+            waitUntilIdle(process);
+            time = shown(process, [&] {
+                desktop_.click(window.topLeft() +
+                               button(window, window.width() * twipsPerPixel - 585));
+            });
+        }
+        stop(process);
+        return time;
+    }
+
+    std::optional<double> feh() {
+        QProcess process;
+        process.setProcessEnvironment(environment());
+        process.setStandardErrorFile(QProcess::nullDevice());
+        const auto time = shown(process, [&] {
+            process.start(
+                QStringLiteral("feh"),
+                QStringList{QStringLiteral("-F"), QStringLiteral("-D"), QStringLiteral("4")} +
+                    filesOf(folder_));
+            process.waitForStarted();
+        });
+        stop(process);
+        return time;
+    }
+
+private:
+    static constexpr int slides = 10;
+
+    /// The processor time from `begin` on, if a show then covers the screen to the end.
+    template <typename Begin>
+    std::optional<double> shown(QProcess& process, Begin begin) {
+        const double before = process.processId() == 0 ? 0 : timeOf(process);
+        begin();
+        std::this_thread::sleep_for(duration);
+        const double after = timeOf(process);
+        return after >= 0 && desktop_.isCovered() ? std::optional(after - before) : std::nullopt;
+    }
+
+    /// The middle of a button of the bar between the lists, at `left` twips.
+    static QPoint button(const QRect& window, int left) {
+        return {(left + 270) / twipsPerPixel, window.height() - (3180 - 270) / twipsPerPixel};
+    }
+
+    QProcessEnvironment environment() const {
+        QProcessEnvironment result = desktop_.environment();
+        sound_.addTo(result);
+        return result;
+    }
+
+    void saveSettings(const QProcessEnvironment& environment, int transition) const {
+        SqliteRegistryStore store(environment.value(QStringLiteral("HOME")) +
+                                  QStringLiteral("/.config/velorama/registry.sqlite"));
+        const struct {
+            const char* key;
+            const char* name;
+            QString value;
+        } settings[] = {
+            {"frmSLIDESHOW\\Items", "Items", QStringLiteral("0")},
+            {"frmTOOLSSETTINGS\\Items", "Files Location", folder_},
+            {"frmCONFIG\\Items", "INTERVAL", QStringLiteral("4")},
+            {"frmCONFIG\\Items", "TRANSITION", QString::number(transition)},
+            {"mfrmPRGMAINAUD\\Items Total", "lstMUSICList Total", QStringLiteral("1")},
+            {"mfrmPRGMAINAUD\\Details", "lstMUSIC0", track_},
+        };
+        for (const auto& each : settings) {
+            store.setValue(
+                Hive::CurrentUser,
+                QStringLiteral("SOFTWARE\\Brightquay\\Velorama\\") + QLatin1String(each.key),
+                QLatin1String(each.name), {ValueType::Text, each.value.toUtf8()});
+        }
+        store.flush();
+    }
+
+    Desktop desktop_;
+    SoundServer sound_;
+    QString track_ = fourMinutes();
+    QString folder_;
+    QString absent_;
+};
+
+}  // namespace
+
+Contest wholeShow() {
+    constexpr int usual = 15;
+    // Four steps in the time of a slide instead of 240.
+    constexpr int hardlyFading = 1000;
+    const auto world = std::make_shared<ShowWorld>();
+    return {.work = QStringLiteral("processor time of 24 s of a show with music"),
+            .unit = QStringLiteral("ms"),
+            .rounds = 1,
+            .ours = [world] { return world->ours(usual); },
+            .against = {{.name = QStringLiteral("feh -F -D 4, no fade, no music"),
+                         .measure = [world] { return world->feh(); },
+                         .absent = whyAbsent(QStringLiteral("feh"), QStringLiteral("feh"))},
+                        {.name = QStringLiteral("the same show with 4 steps a fade"),
+                         .measure = [world] { return world->ours(hardlyFading); }}},
+            .absent = world->whyAbsent(),
+            .warmUp = false};
+}
+
+}  // namespace velorama::bench
