@@ -110,7 +110,6 @@ start_program "$@"
 mkdir -p "$out"
 rm -f "$out"/main-window.png "$out"/fade.png "$out"/slide.png
 
-press ctrl+Tab
 until_true add_all_pictures || fail "no picture of $pictures became a slide"
 sleep 2
 picture_of main-window
