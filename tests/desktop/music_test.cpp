@@ -25,7 +25,6 @@ constexpr QRect listPlace(54, 33, 666, 184);
 constexpr QRect progressPlace(54, 229, 547, 10);
 constexpr QPoint addButton(33, 44);
 constexpr QPoint pauseButton(668, 235);
-constexpr QPoint stopButton(704, 235);
 
 const QString detailsKey = QStringLiteral("mfrmPRGMAINAUD\\Details");
 const QString totalKey = QStringLiteral("mfrmPRGMAINAUD\\Items Total");
@@ -75,7 +74,8 @@ protected:
         page.emplace(session, session.start({}, {QStringLiteral("SDL_AUDIODRIVER=pulseaudio"),
                                                  QStringLiteral("PULSE_SERVER=") +
                                                      qEnvironmentVariable("PULSE_SERVER")}));
-        ASSERT_NE(page->window(), 0U);
+        ASSERT_NE(page->window(), 0U)
+            << "the program " << (page->program().runs() ? "shows none" : "has ended");
         menuHeight = page->geometry().height() - surfaceHeight;
         ASSERT_GT(menuHeight, 0);
         if (!slides.isEmpty()) {
