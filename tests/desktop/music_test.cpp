@@ -323,6 +323,13 @@ protected:
         const QRect edge(300, 911, 600, 1);
         return isAll(session.glance(edge), QColor(110, 110, 120));
     }
+    // The show hides the bar when it has come up, which may be after a first move.
+    bool showsAtTheEdge(WindowId show) {
+        at = at == 950 ? 952 : 950;
+        session.moveMouse(show, {5, at});
+        return barShows();
+    }
+    int at = 950;
     QImage counter() const { return session.glance(QRect(1100, 915, 120, 40)); }
     bool tellsPause() const {
         return pixelsOf(session.glance(QRect(360, 911, 560, 49)), Qt::yellow) > 0;
@@ -340,8 +347,7 @@ TEST_F(ControlBarByMouse, EachButtonDoesWhatItSays) {
     session.moveMouse(show, {5, 500});
     session.moveMouse(show, {5, 400});
     EXPECT_TRUE(waitFor([&] { return !barShows(); }));
-    session.moveMouse(show, {5, 950});
-    ASSERT_TRUE(waitFor([&] { return barShows(); }));
+    ASSERT_TRUE(waitFor([&] { return showsAtTheEdge(show); }));
 
     const QImage first = counter();
     session.click(show, next);
@@ -359,8 +365,7 @@ TEST_F(ControlBarByMouse, EachButtonDoesWhatItSays) {
 
     session.moveMouse(show, {5, 400});
     EXPECT_TRUE(waitFor([&] { return !barShows(); }));
-    session.moveMouse(show, {5, 950});
-    ASSERT_TRUE(waitFor([&] { return barShows(); }));
+    ASSERT_TRUE(waitFor([&] { return showsAtTheEdge(show); }));
     session.click(show, exit);
     EXPECT_TRUE(page->waitForEndOfShow());
     ASSERT_TRUE(session.activate(page->window()));
