@@ -100,7 +100,8 @@ void MusicList::removeRow() {
     c_.lstMUSIC->RemoveItem(c_.lstMUSIC->ListIndex());
 }
 
-/// The selection travels with the row. Without a row there is nothing to exchange, and it only moves.
+/// The selection travels with the row. Without a row there is nothing to exchange, and it only
+/// moves.
 void MusicList::exchangeWith(int offset) {
     ListBox& list = *c_.lstMUSIC;
     const int row = list.ListIndex();

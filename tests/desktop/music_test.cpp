@@ -349,6 +349,8 @@ TEST_F(ControlBarByMouse, EachButtonDoesWhatItSays) {
     EXPECT_TRUE(waitFor([&] { return !barShows(); }));
     ASSERT_TRUE(waitFor([&] { return showsAtTheEdge(show); }));
 
+    // The bar is on the screen before all of it is painted.
+    ASSERT_TRUE(waitFor([&] { return pixelsOf(counter(), QColor(255, 255, 128)) > 3; }));
     const QImage first = counter();
     session.click(show, next);
     EXPECT_TRUE(waitFor([&] { return counter() != first; }));

@@ -355,7 +355,7 @@ TEST_F(Show, PointerIsInvisible) {
     session->moveMouse(show, {400, 590});
     ASSERT_TRUE(waitFor([&] { return (session->glance().pixel(5, 595) & 0xFFFF) != 0; }));
     const std::chrono::milliseconds never(300);
-    EXPECT_FALSE(isSeen(show, {100, 580}, never));
+    EXPECT_FALSE(isSeen(show, {400, 580}, never));
     session->moveMouse(show, {30, 300});
     ASSERT_TRUE(waitFor([&] { return (session->glance().pixel(5, 595) & 0xFFFF) == 0; }));
     EXPECT_FALSE(isSeen(show, {30, 300}, never));
