@@ -5,6 +5,7 @@
 #include "core/globals.h"
 #include "platform/events.h"
 #include "player/frm_slideshow.h"
+#include "quiet_show.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -22,18 +23,6 @@ constexpr int slideCount = 1000;
 constexpr int mediumCount = 200;
 constexpr int early = 50;
 constexpr int stepsOfFade = 4;
-
-class SilentHost : public ShowHost {
-public:
-    void setVisible(bool) override {}
-    void AudioPlay() override {}
-    void AudioPause() override {}
-    QString track() const override { return {}; }
-    QString trackLength() const override { return {}; }
-    QString trackPosition() const override { return {}; }
-};
-
-class NoScreenSaver : public ScreenSaver {};
 
 void setSlides(const QStringList& small, const QStringList& medium) {
     saveSetting(QStringLiteral("\\frmSLIDESHOW\\Items"), QStringLiteral("Items"),
@@ -79,8 +68,8 @@ int holdShow(const QString& small, const QString& medium) {
         return 1;
     }
     setSlides(smallFiles, mediumFiles);
-    SilentHost host;
-    NoScreenSaver screenSaver;
+    QuietHost host;
+    QuietScreenSaver screenSaver;
     auto* form = new frmSLIDESHOW(host, screenSaver);  // Deletes itself after Unload.
     form->load(QGuiApplication::primaryScreen());
     form->tmrSLIDESHOW.stop();

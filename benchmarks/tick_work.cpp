@@ -1,6 +1,7 @@
 #include "core/globals.h"
 #include "pictures.h"
 #include "player/frm_slideshow.h"
+#include "quiet_show.h"
 #include "stopwatch.h"
 #include "works.h"
 
@@ -15,18 +16,6 @@ namespace {
 
 constexpr double goal = 0.05;
 constexpr int slideCount = 1000;
-
-class NoHost : public ShowHost {
-public:
-    void setVisible(bool) override {}
-    void AudioPlay() override {}
-    void AudioPause() override {}
-    QString track() const override { return {}; }
-    QString trackLength() const override { return {}; }
-    QString trackPosition() const override { return {}; }
-};
-
-class NoScreenSaver : public ScreenSaver {};
 
 double processorTime() {
     timespec time{};
@@ -90,8 +79,8 @@ private:
         return watch.milliseconds();
     }
 
-    NoHost host_;
-    NoScreenSaver screenSaver_;
+    QuietHost host_;
+    QuietScreenSaver screenSaver_;
     QStringList files_;
     // Deletes itself after Unload.
     frmSLIDESHOW* form_ = new frmSLIDESHOW(host_, screenSaver_);
