@@ -10,12 +10,14 @@ std::unique_ptr<clsLIBRARY> gLibrary;
 std::unique_ptr<clsREGISTRY> gRegistry;
 std::unique_ptr<clsPICGRDNT> gGradient;
 std::unique_ptr<clsDLGHOOK> gDlgHook;
+std::unique_ptr<clsSTATUS> gStatus;
 std::unique_ptr<clsCOLRSTYLE> gColrStyle;
 std::unique_ptr<clsFILEFOLDR> gFileFoldr;
 
 QString SystemVersion;
 bool FormLoading = false;
 QString ActiveList;
+bool SaveCancelled = false;
 
 void makeServices(RegistryStore& store, Shell& shell) {
     gPagProps = std::make_unique<clsPAGPROPS>();
@@ -24,6 +26,7 @@ void makeServices(RegistryStore& store, Shell& shell) {
     gGradient = std::make_unique<clsPICGRDNT>();
     gLibrary = std::make_unique<clsLIBRARY>();
     gDlgHook = std::make_unique<clsDLGHOOK>();
+    gStatus = std::make_unique<clsSTATUS>();
     gColrStyle = std::make_unique<clsCOLRSTYLE>();
     gFileFoldr = std::make_unique<clsFILEFOLDR>();
     SystemVersion = gRegistry->WindowsVersion();
@@ -32,6 +35,7 @@ void makeServices(RegistryStore& store, Shell& shell) {
 void releaseServices() {
     gFileFoldr.reset();
     gColrStyle.reset();
+    gStatus.reset();
     gDlgHook.reset();
     gGradient.reset();
     gRegistry.reset();

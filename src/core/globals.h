@@ -5,6 +5,7 @@
 #include "core/cls_library.h"
 #include "core/cls_pagprops.h"
 #include "core/cls_registry.h"
+#include "core/cls_status.h"
 #include "imaging/colours.h"
 #include "imaging/gradient.h"
 
@@ -18,6 +19,7 @@ extern std::unique_ptr<clsLIBRARY> gLibrary;
 extern std::unique_ptr<clsREGISTRY> gRegistry;
 extern std::unique_ptr<clsPICGRDNT> gGradient;
 extern std::unique_ptr<clsDLGHOOK> gDlgHook;
+extern std::unique_ptr<clsSTATUS> gStatus;
 extern std::unique_ptr<clsCOLRSTYLE> gColrStyle;
 extern std::unique_ptr<clsFILEFOLDR> gFileFoldr;
 
@@ -27,6 +29,8 @@ extern QString SystemVersion;
 extern bool FormLoading;
 /// "SELECTED" or "FOUND": the list the user touched last.
 extern QString ActiveList;
+/// The last Save As was left without a file.
+extern bool SaveCancelled;
 
 /// Makes all service objects over a store and a shell, in the order of the start, and takes
 /// SystemVersion from the store. The store and the shell must outlive them.

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "albums/album_list.h"
+#include "albums/slide_list.h"
+
+#include <QObject>
+#include <QWidget>
+
+namespace velorama {
+
+/// The album that is open, and the commands that make, read and write it. The lists are all
+/// needed; a button or menu entry that is null is a step that does nothing.
+class AlbumFile : public QObject {
+    Q_OBJECT
+public:
+    struct Controls {
+        /// The main form: its window title is the caption.
+        QWidget* form = nullptr;
+        ListView* lvwSLIDEBAR = nullptr;
+        ReportView* lvwALBUMS = nullptr;
+        ImageList* imlTHUMBNAILS = nullptr;
+        ProgressBar* prgBARSLIDES = nullptr;
+        CommonDialog* cdlDIALOG = nullptr;
+        QAction* mnuFILESAVE = nullptr;
+        /// New, Open, Save, Save As.
+        std::array<QAbstractButton*, 4> cbtnSLIDES{};
+    };
+    AlbumFile(const Controls& controls, SlideList& slides, Thumbnails& thumbnails,
+              AlbumList& albums, QObject* parent = nullptr);
+
+    /// Path of the open album, the main form's Tag; empty for none.
+    QString Tag() const { return tag_; }
+    void setTag(const QString& path) { tag_ = path; }
+    /// The note of the open album, the Tag of lvwALBUMS.
+    QString note() const { return note_; }
+    bool isModified() const;
+    /// Ends the modified flag: menu entry and button off.
+    void setUnmodified();
+
+    /// Reads an album into the slide list, one thumbnail a slide; events run after each. The last
+    /// field read; empty if there is no such file.
+    QString DocumentOpenText(const QString& Path);
+    void mnuFILENEW_Click();
+    void mnuFILEOPEN_Click();
+    void mnuFILESAVE_Click();
+    void mnuFILESAVEAS_Click();
+    /// What the album list does with an album that exists.
+    void openFromList(const QString& path);
+    /// Part of the start: opens the album of the command line or of the last session.
+    void openAtStart(const QString& path);
+    /// The window is closing: a running read ends at its next field.
+    void stop() { stopped_ = true; }
+
+private:
+    QString captionOf(const QString& path) const;
+
+    Controls c_;
+    SlideList& slides_;
+    Thumbnails& thumbnails_;
+    AlbumList& albums_;
+    QString tag_;
+    QString note_;
+    bool stopped_ = false;
+};
+
+}  // namespace velorama

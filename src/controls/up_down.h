@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QAbstractSpinBox>
+
+namespace velorama {
+
+/// A field with two arrows: a whole number between two bounds, typed, or stepped by arrows, keys
+/// and wheel. `setText` takes any text and holds it to nothing; typing is held to the bounds: what
+/// would exceed the upper one is refused as it is typed, what stays below the lower one becomes it
+/// when the field is left.
+class updown : public QAbstractSpinBox {
+    Q_OBJECT
+public:
+    explicit updown(QWidget* parent = nullptr);
+
+    /// Bounds and step of the arrows; the text is that of the design.
+    void design(int min, int max, int interval, const QString& text);
+    /// What stands in the field.
+    QString Text() const;
+    void setText(const QString& text);
+    /// The leading number of the text, within the bounds; the lower bound where there is none.
+    int Value() const;
+    void setValue(int value);
+
+    void stepBy(int steps) override;
+    QValidator::State validate(QString& input, int& position) const override;
+    void fixup(QString& input) const override;
+
+signals:
+    void Change();
+
+protected:
+    StepEnabled stepEnabled() const override;
+
+private:
+    int min_ = 0;
+    int max_ = 100;
+    int interval_ = 1;
+};
+
+}  // namespace velorama
