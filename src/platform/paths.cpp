@@ -1,5 +1,7 @@
 #include "platform/paths.h"
 
+#include "platform/drives.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -68,10 +70,11 @@ struct Walk {
 };
 
 /// Follows the path one folder at a time, the exact name first, then one that differs in case.
-Walk walk(const QString& path) {
+/// `start` ends in a slash, or is empty for the current folder.
+Walk walk(const QString& start, const QString& path) {
     thread_local FolderNames folderNames;
     const QStringList parts = segments(path);
-    QString folder = isSlash(path[0]) ? QStringLiteral("/") : QString();
+    QString folder = start;
     for (qsizetype i = 0; i < parts.size(); ++i) {
         QString name = parts[i];
         if (!QFileInfo::exists(folder + name)) {
@@ -86,6 +89,27 @@ Walk walk(const QString& path) {
         }
     }
     return {folder, QString()};
+}
+
+Walk walk(const QString& path) {
+    return walk(isSlash(path[0]) ? QStringLiteral("/") : QString(), path);
+}
+
+QString withSlash(const QString& folder) {
+    return folder.endsWith(u'/') ? folder : folder + u'/';
+}
+
+Walk walk(const DrivePath& path) {
+    const QString exact = path.below.isEmpty() ? path.folder : withSlash(path.folder) + path.below;
+    if (QFileInfo::exists(exact)) {
+        return {exact, QString()};
+    }
+    // A disk that is not there has nothing, and gets nothing: that would be written below the
+    // place it hangs in.
+    if (path.below.isEmpty() || !QFileInfo(path.folder).isDir()) {
+        return {QString(), exact};
+    }
+    return walk(withSlash(path.folder), path.below);
 }
 
 bool canBeName(const QString& path) {
@@ -139,22 +163,27 @@ QString hostFile(const QString& path) {
     if (!canBeName(path)) {
         return QString();
     }
-    if (QFileInfo::exists(path) || !canStandHere(path)) {
+    if (QFileInfo::exists(path)) {
         return path;
     }
-    const Walk found = walk(path);
+    const std::optional<DrivePath> drive = onDrive(path);
+    if (!drive && !canStandHere(path)) {
+        return path;
+    }
+    const Walk found = drive ? walk(*drive) : walk(path);
     return found.missing.isEmpty() ? found.reached : path;
 }
 
 QString hostPlace(const QString& path) {
-    if (!canStandHere(path)) {
+    const std::optional<DrivePath> drive = onDrive(path);
+    if (!drive && !canStandHere(path)) {
         return QString();
     }
     if (QFileInfo::exists(path)) {
         return path;
     }
-    const Walk found = walk(path);
-    return found.reached + found.missing;
+    const Walk found = drive ? walk(*drive) : walk(path);
+    return drive && found.reached.isEmpty() ? QString() : found.reached + found.missing;
 }
 
 }  // namespace velorama

@@ -32,8 +32,9 @@ QString lastSegment(const QString& path);
 
 /// The file of this machine that a path means: the path itself if it exists; otherwise the one that
 /// differs only in letter case or in the kind of slash, as a case-blind system would find it;
-/// otherwise the path unchanged. The first match in name order wins. Empty for a text that can name
-/// no file on any system.
+/// otherwise the path unchanged. The first match in name order wins. A path on a drive that the
+/// user has given a folder to (`onDrive`) is looked for below that folder. Empty for a text that
+/// can name no file on any system.
 QString hostFile(const QString& path);
 
 /// Where a new file or folder of that path belongs on this machine: folders above it are found as
