@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/audio_device.h"
+
 #include <QtGlobal>
 
 #include <atomic>
-#include <future>
-#include <vector>
 
 namespace velorama {
 
@@ -20,9 +20,12 @@ public:
     ~AudioOutput();
 
     /// Opens the device, silent, for a source that must live until `close`. False without a device.
+    /// One that keeps us waiting is taken for open: the position stands until it is there.
     bool open(AudioSource& source);
+    /// True if the device that was waited for turned out not to be had.
+    bool failed() const { return device_.state() == AudioDevice::State::Failed; }
     /// Lets the sound run or holds it; the position stands while it is held.
-    void setRunning(bool running);
+    void setRunning(bool running) { device_.setRunning(running); }
     /// The source is not touched any more afterwards. Does not wait for the device, which takes its
     /// time to let the last sound out.
     void close();
@@ -35,16 +38,11 @@ public:
 private:
     static void onDeviceWants(void* self, unsigned char* bytes, int count);
     void fill(float* out, int frames);
-    bool openDevice();
-    bool begin();
-    void end();
 
     AudioSource* source_ = nullptr;
-    quint32 device_ = 0;
-    bool begun_ = false;
-    std::vector<std::future<void>> closing_;
     std::atomic<qint64> handed_ = 0;
     std::atomic<bool> ended_ = false;
+    AudioDevice device_;
 };
 
 }  // namespace velorama

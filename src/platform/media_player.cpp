@@ -28,6 +28,7 @@ MediaPlayer::~MediaPlayer() {
 }
 
 bool MediaPlayer::send(const QString& command, QString* answer) {
+    forgetUnheard();
     QString said;
     bool done = false;
     const QString text = command.trimmed();
@@ -41,6 +42,14 @@ bool MediaPlayer::send(const QString& command, QString* answer) {
         *answer = said;
     }
     return done;
+}
+
+/// A track whose device did not come after all is one that could not be opened.
+void MediaPlayer::forgetUnheard() {
+    if (source_ && output_.failed()) {
+        output_.close();
+        source_.reset();
+    }
 }
 
 bool MediaPlayer::isOpen(const QString& name) const {

@@ -28,6 +28,7 @@ private:
     bool set(const QString& rest, QString& answer);
     bool status(const QString& rest, QString& answer);
 
+    void forgetUnheard();
     bool isOpen(const QString& name) const;
     qint64 milliseconds(qint64 frames) const;
     qint64 position();

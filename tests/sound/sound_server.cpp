@@ -56,6 +56,14 @@ void SoundServer::kill() {
     QFile::remove(socket_);
 }
 
+void SoundServer::freeze() {
+    ::kill(static_cast<pid_t>(server_.processId()), SIGSTOP);
+}
+
+void SoundServer::goOn() {
+    ::kill(static_cast<pid_t>(server_.processId()), SIGCONT);
+}
+
 bool SoundServer::startRecording() {
     QFile::remove(recorded_);
     recorder_.setStandardOutputFile(recorded_);

@@ -17,6 +17,9 @@ public:
     bool start();
     /// At once, as in a crash.
     void kill();
+    /// It is there and takes what is sent, but does nothing and answers nobody, until it goes on.
+    void freeze();
+    void goOn();
 
     bool startRecording();
     Recording stopRecording();

@@ -1,53 +1,13 @@
-#include "sound_server.h"
+#include "sound_world.h"
 
 #include "music/audio_engine.h"
-#include "platform/media_player.h"
-#include "support/sound_files.h"
-#include "support/test_world.h"
 
 #include <QElapsedTimer>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace velorama {
 namespace {
 
 using namespace test;
-
-constexpr double LengthLimit = 0.2;  // seconds
-constexpr double PitchLimit = 5;     // hertz
-constexpr double LeastLoudness = 0.01;
-constexpr double NoGap = 0.02;  // seconds: more than half a wave of the deepest tone
-
-class SoundTest : public testing::Test {
-protected:
-    void SetUp() override { ASSERT_TRUE(server.start()); }
-
-    bool open(const QString& path) {
-        return player.send(u"open \"" + path + u"\" type MPEGVideo alias CURRFILE");
-    }
-    bool play() { return player.send(QStringLiteral("play CURRFILE ")); }
-    int ask(const char* what) {
-        QString answer;
-        player.send(u"status CURRFILE " + QString::fromLatin1(what), &answer);
-        return answer.toInt();
-    }
-    bool reaches(int milliseconds) {
-        return QTest::qWaitFor([&] { return ask("position") >= milliseconds; }, 30000);
-    }
-    Recording heardWhole(const QString& path) {
-        EXPECT_TRUE(server.startRecording());
-        EXPECT_TRUE(open(path) && play() && reaches(ask("length")));
-        const Recording heard = server.stopRecording();
-        player.send(QStringLiteral("close CURRFILE"));
-        return heard;
-    }
-
-    QString folder = temporaryFolder();
-    SoundServer server;
-    MediaPlayer player;
-};
 
 TEST_F(SoundTest, EachKindIsHeardAsLongAsHighAndAsLoudAsItIs) {
     struct Row {
@@ -88,7 +48,7 @@ protected:
 
     ListBox lstMUSIC;
     QTimer tmrMUSIC;
-    AudioEngine engine = AudioEngine(MusicControls{&lstMUSIC, &tmrMUSIC}, player);
+    AudioEngine engine = AudioEngine(MusicControls{&lstMUSIC, &tmrMUSIC}, *player);
 };
 
 TEST_F(EngineSoundTest, APauseIsASilenceOfItsLength) {
@@ -127,7 +87,7 @@ TEST_F(SoundTest, ClosingSilencesWithinAMoment) {
     ASSERT_TRUE(server.startRecording());
     ASSERT_TRUE(open(saved(folder, QStringLiteral("a.wav"), wavFile(20000))) && play());
     ASSERT_TRUE(reaches(1000));
-    player.send(QStringLiteral("close CURRFILE"));
+    close();
     const Recording heard = server.stopRecording();
     EXPECT_GT(heard.seconds(), 0.5);
     EXPECT_LT(heard.seconds(), 1.5);
@@ -143,7 +103,7 @@ TEST_F(SoundTest, WhenTheServerDiesTheTrackRunsToItsEnd) {
     ASSERT_TRUE(reaches(4000));
     // By the clock, and not in a rush to the end.
     EXPECT_GT(clock.elapsed(), 2000);
-    EXPECT_TRUE(player.send(QStringLiteral("close CURRFILE")));
+    EXPECT_TRUE(close());
 
     EXPECT_FALSE(open(path));
     ASSERT_TRUE(server.start());
