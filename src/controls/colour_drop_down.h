@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/colour_palette.h"
 #include "platform/system_colours.h"
 
 #include <QPointer>
@@ -21,7 +22,9 @@ public:
     /// Where the screen ends, it opens upwards.
     void Open(QWidget* anchor = nullptr);
     /// Leaves "Custom..." out.
-    void setCustom(bool offered);
+    void setCustom(bool offered) { custom_ = offered; }
+
+    QSize sizeHint() const override;
 
 signals:
     /// A colour was chosen by a click, as decimal text of 0x00BBGGRR.
@@ -37,11 +40,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    class Palette;
+    void take(Colour colour, bool byKey);
 
     Colour colour_ = 0;
     bool custom_ = true;
-    QPointer<QWidget> palette_;
+    QPointer<ColourPalette> palette_;
 };
 
 }  // namespace velorama

@@ -2,6 +2,7 @@
 
 #include "platform/paths.h"
 
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
@@ -13,6 +14,11 @@ namespace {
 
 CommonDialog::Answer& answerer() {
     static CommonDialog::Answer answer;
+    return answer;
+}
+
+CommonDialog::ColourAnswer& colourAnswerer() {
+    static CommonDialog::ColourAnswer answer;
     return answer;
 }
 
@@ -81,6 +87,18 @@ FileDialogAnswer askUser(const FileDialogRequest& request, QWidget* owner) {
     return answer;
 }
 
+std::optional<Colour> askUserColour(const ColourDialogRequest& request, QWidget* owner) {
+    const Colour start = request.colour;
+    QColorDialog dialog(QColor(start & 255, (start >> 8) & 255, (start >> 16) & 255), owner);
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(request.title);
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    const QColor chosen = dialog.selectedColor();
+    return chosen.red() | chosen.green() << 8 | chosen.blue() << 16;
+}
+
 }  // namespace
 
 QList<FileKind> fileKinds(const QString& filter) {
@@ -94,6 +112,23 @@ QList<FileKind> fileKinds(const QString& filter) {
 
 void CommonDialog::answerWith(Answer answer) {
     answerer() = std::move(answer);
+}
+
+void CommonDialog::answerColourWith(ColourAnswer answer) {
+    colourAnswerer() = std::move(answer);
+}
+
+bool CommonDialog::ShowColor() {
+    ColourDialogRequest asked;
+    asked.title = DialogTitle;
+    asked.colour = (Flags & FlagRgbInit) != 0 ? OleTranslateColor(Color) & 0xFFFFFF : 0;
+    const ColourAnswer& answer = colourAnswerer();
+    const std::optional<Colour> given = answer ? answer(asked) : askUserColour(asked, owner_);
+    if (!given) {
+        return !CancelError;
+    }
+    Color = *given;
+    return true;
 }
 
 FileDialogRequest CommonDialog::request(bool save) const {

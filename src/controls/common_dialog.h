@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/system_colours.h"
+
 #include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 namespace velorama {
 
@@ -21,7 +24,10 @@ struct FileKind {
 /// all files, also those without a dot.
 QList<FileKind> fileKinds(const QString& filter);
 
+/// The numbers mean one thing in a file dialog and another in a colour dialog.
 enum DialogFlag : int {
+    FlagRgbInit = 1,
+    FlagFullOpen = 2,
     FlagOverwritePrompt = 2,
     FlagHideReadOnly = 4,
     FlagAllowMultiselect = 512,
@@ -48,6 +54,12 @@ struct FileDialogAnswer {
     int filterIndex = 0;
 };
 
+/// What a colour dialog is asked: the plain colour (0x00BBGGRR) it starts from.
+struct ColourDialogRequest {
+    QString title;
+    Colour colour = 0;
+};
+
 /// The common dialog of the system, `cdlDIALOG`: its properties keep their values from one showing
 /// to the next.
 class CommonDialog {
@@ -67,11 +79,16 @@ public:
     bool CancelError = false;
     /// The name offered; after a showing the full path of the (first) file chosen.
     QString FileName;
+    /// The colour dialog starts from it with FlagRgbInit, otherwise from black; afterwards the
+    /// plain colour chosen.
+    Colour Color = 0;
 
     /// Show the dialog and wait for it. False only for a cancel with CancelError on; a cancel
     /// leaves FileName as it was and FileNames empty.
     bool ShowOpen() { return showDialog(false); }
     bool ShowSave() { return showDialog(true); }
+    /// The same with a colour: a cancel leaves Color as it was. The dialog is always the full one.
+    bool ShowColor();
 
     /// Full paths of the files of the last showing, in the dialog's order: at most one unless the
     /// flags allow several, and one always when saving.
@@ -80,6 +97,9 @@ public:
     using Answer = std::function<FileDialogAnswer(const FileDialogRequest&)>;
     /// Lets a function answer in place of all dialogs; an empty one brings the dialogs back.
     static void answerWith(Answer answer);
+    using ColourAnswer = std::function<std::optional<Colour>(const ColourDialogRequest&)>;
+    /// The same for colour dialogs; nothing is a cancel.
+    static void answerColourWith(ColourAnswer answer);
 
 private:
     bool showDialog(bool save);

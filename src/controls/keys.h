@@ -20,6 +20,10 @@ enum KeyCode : int {
     KeyDelete = 46,
     KeyContextMenu = 93,
     KeyF1 = 112,
+    // Keys of the characters , \ | and ' on the layout that the codes were made for.
+    KeyComma = 188,
+    KeyBackslash = 220,
+    KeyApostrophe = 222,
 };
 
 enum ShiftMask : int { ShiftDown = 1, CtrlDown = 2, AltDown = 4 };

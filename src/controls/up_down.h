@@ -10,6 +10,11 @@ namespace velorama {
 /// when the field is left.
 class updown : public QAbstractSpinBox {
     Q_OBJECT
+    // By these names assistive tools ask a field for its value and bounds.
+    Q_PROPERTY(int value READ Value WRITE setValue NOTIFY Change)
+    Q_PROPERTY(int minimum MEMBER min_)
+    Q_PROPERTY(int maximum MEMBER max_)
+    Q_PROPERTY(int singleStep MEMBER interval_)
 public:
     explicit updown(QWidget* parent = nullptr);
 
@@ -20,7 +25,11 @@ public:
     void setText(const QString& text);
     /// The leading number of the text, within the bounds; the lower bound where there is none.
     int Value() const;
+    /// A value outside the bounds is refused: nothing changes.
     void setValue(int value);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
     void stepBy(int steps) override;
     QValidator::State validate(QString& input, int& position) const override;
@@ -31,8 +40,12 @@ signals:
 
 protected:
     StepEnabled stepEnabled() const override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void holdToBounds();
+
     int min_ = 0;
     int max_ = 100;
     int interval_ = 1;

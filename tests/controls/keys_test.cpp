@@ -25,6 +25,10 @@ TEST(Keys, HaveTheCodesTheFormsKnow) {
     EXPECT_EQ(codeOf(Qt::Key_Menu), 93);
     EXPECT_EQ(codeOf(Qt::Key_F1), 112);
     EXPECT_EQ(codeOf(Qt::Key_F12), 123);
+    EXPECT_EQ(codeOf(Qt::Key_Comma), 188);
+    EXPECT_EQ(codeOf(Qt::Key_Backslash), 220);
+    EXPECT_EQ(codeOf(Qt::Key_Bar), 220);
+    EXPECT_EQ(codeOf(Qt::Key_Apostrophe), 222);
     EXPECT_EQ(codeOf(Qt::Key_MediaPlay), 0);
 }
 
