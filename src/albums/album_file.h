@@ -9,7 +9,8 @@
 namespace velorama {
 
 /// The album that is open, and the commands that make, read and write it. The lists are all
-/// needed; a button or menu entry that is null is a step that does nothing.
+/// needed; a button or menu entry that is null is a step that does nothing. The window connects
+/// menu entries and buttons to the commands.
 class AlbumFile : public QObject {
     Q_OBJECT
 public:
@@ -52,7 +53,23 @@ public:
     void stop() { stopped_ = true; }
 
 private:
+    class Fields;
+
     QString captionOf(const QString& path) const;
+    void setCaption(const QString& caption);
+    bool choose(bool save);
+    QString text(const QString& firstLine) const;
+    /// If the settings let albums join it.
+    void joinAlbumList(const QString& path);
+    void read(const QString& path);
+
+    // album_reading.cpp
+    void beginReading();
+    void endReading();
+    QString readSlides(Fields& fields, const QString& count);
+    void addSlide(const QString& path, const QString& picture);
+    void expect(const Fields& fields);
+    void showProgress(const QString& count);
 
     Controls c_;
     SlideList& slides_;
@@ -61,6 +78,8 @@ private:
     QString tag_;
     QString note_;
     bool stopped_ = false;
+    /// The keyboard was in lvwSLIDEBAR when it was hidden.
+    bool hadFocus_ = false;
 };
 
 }  // namespace velorama

@@ -1,0 +1,204 @@
+#include "albums/album_file.h"
+
+#include "core/documents.h"
+#include "core/globals.h"
+#include "core/lib_txt.h"
+#include "platform/numbers.h"
+#include "platform/shell.h"
+
+#include <QPointer>
+
+namespace velorama {
+namespace {
+
+const QString viewKey = QStringLiteral("mfrmPRGMAIN\\View");
+const QString albumName = QStringLiteral("Slideshow");
+const QString folderKey = QStringLiteral("mfrmPRGMAIN\\Details");
+const QString folderName = QStringLiteral("CMD Open Folder");
+const QString albumListName = QStringLiteral("mfrmPRGMAIN");
+const QString albumKinds = QStringLiteral("Velorama Album Files (*.vlr)|*.vlr|All Files|*.*");
+constexpr int albumFlags = FlagOverwritePrompt + FlagHideReadOnly + FlagExplorer;
+
+const QString separator = QStringLiteral(" - ");
+const QString lineEnd = QStringLiteral("\r\n");
+
+}  // namespace
+
+AlbumFile::AlbumFile(const Controls& controls, SlideList& slides, Thumbnails& thumbnails,
+                     AlbumList& albums, QObject* parent)
+    : QObject(parent), c_(controls), slides_(slides), thumbnails_(thumbnails), albums_(albums) {}
+
+bool AlbumFile::isModified() const {
+    const QAbstractButton* save = c_.cbtnSLIDES[2];
+    return c_.mnuFILESAVE ? c_.mnuFILESAVE->isEnabled() : save && save->isEnabled();
+}
+
+void AlbumFile::setUnmodified() {
+    if (c_.mnuFILESAVE) {
+        c_.mnuFILESAVE->setEnabled(false);
+    }
+    if (c_.cbtnSLIDES[2]) {
+        c_.cbtnSLIDES[2]->setEnabled(false);
+    }
+}
+
+QString AlbumFile::captionOf(const QString& path) const {
+    return path.isEmpty() ? libTxt.ProductName : QString(path + separator + libTxt.ProductName);
+}
+
+void AlbumFile::setCaption(const QString& caption) {
+    if (c_.form) {
+        // A window title holds a place for a mark; written twice it is plain text.
+        const QString mark = QStringLiteral("[*]");
+        c_.form->setWindowTitle(QString(caption).replace(mark, mark + mark));
+    }
+}
+
+/// False if the user chose no file.
+bool AlbumFile::choose(bool save) {
+    CommonDialog& dialog = *c_.cdlDIALOG;
+    dialog.FileName.clear();
+    dialog.Filter = albumKinds;
+    dialog.Flags = albumFlags;
+    dialog.CancelError = true;
+    gDlgHook->subCMNDLGHOOKOPEN();
+    const bool chosen = save ? dialog.ShowSave() : dialog.ShowOpen();
+    gDlgHook->subCMNDLGHOOKCLOSE();
+    return chosen;
+}
+
+void AlbumFile::joinAlbumList(const QString& path) {
+    const QString joins = loadSetting(QStringLiteral("frmTOOLSSETTINGS"),
+                                      QStringLiteral("projectlist"), QStringLiteral("1"));
+    if (decimalNumber(joins) == 1.0) {
+        albums_.AlbumListAdd(path);
+    }
+}
+
+void AlbumFile::mnuFILENEW_Click() {
+    slides_.ClearAll();
+    tag_.clear();
+    setCaption(captionOf(tag_));
+    slides_.selectFirstSlide();
+    slides_.lvwSLIDEBAR_Click();
+    saveSetting(viewKey, albumName, QString());
+    slides_.SelectChk();
+    slides_.FoundButtonsCheck();
+    setUnmodified();
+}
+
+void AlbumFile::mnuFILEOPEN_Click() {
+    const QPointer<AlbumFile> self = this;
+    c_.cdlDIALOG->InitDir = loadSetting(folderKey, folderName, applicationFolder());
+    c_.cdlDIALOG->DialogTitle = QStringLiteral("Open");
+    if (!choose(false) || !self) {
+        return;
+    }
+    const QString file = c_.cdlDIALOG->FileName;
+    mnuFILENEW_Click();
+    joinAlbumList(file);
+    read(file);
+    if (!self) {
+        return;
+    }
+    saveSetting(folderKey, folderName, gFileFoldr->FolderPathFromFilename(file));
+    saveSetting(viewKey, albumName, file);
+    albums_.AlbumListSelect(file);
+    slides_.selectFirstSlide();
+    slides_.lvwSLIDEBAR_Click();
+    slides_.FoundButtonsCheck();
+    slides_.SelectChk();
+}
+
+/// Reads the album and makes it the open one.
+void AlbumFile::read(const QString& path) {
+    const QPointer<AlbumFile> self = this;
+    DocumentOpenText(path);
+    if (self) {
+        tag_ = path;
+        setCaption(captionOf(tag_));
+    }
+}
+
+void AlbumFile::openFromList(const QString& path) {
+    const QPointer<AlbumFile> self = this;
+    const QString file = path;
+    mnuFILENEW_Click();
+    read(file);
+    if (!self) {
+        return;
+    }
+    saveSetting(viewKey, albumName, file);
+    slides_.selectFirstSlide();
+    slides_.SelectChk();
+    slides_.FoundButtonsCheck();
+    setUnmodified();
+}
+
+void AlbumFile::openAtStart(const QString& path) {
+    const QPointer<AlbumFile> self = this;
+    tag_.clear();
+    const QString file = path;
+    if (file.isEmpty()) {
+        return;
+    }
+    DocumentOpenText(file);
+    if (!self) {
+        return;
+    }
+    tag_ = file;
+    // Other than after an Open, the name comes first.
+    setCaption(libTxt.ProductName + separator + file);
+    joinAlbumList(file);
+}
+
+/// The album's text with line ends, but for the one that closes every document.
+QString AlbumFile::text(const QString& firstLine) const {
+    const int count = c_.lvwSLIDEBAR->Count();
+    QString content = firstLine + lineEnd;
+    qsizetype size = content.size();
+    for (int i = 1; i <= count; ++i) {
+        size += c_.lvwSLIDEBAR->item(i)->Key().size() + lineEnd.size();
+    }
+    content.reserve(size);
+    for (int i = 1; i <= count; ++i) {
+        content += c_.lvwSLIDEBAR->item(i)->Key() + lineEnd;
+    }
+    return content;
+}
+
+void AlbumFile::mnuFILESAVE_Click() {
+    const QPointer<AlbumFile> self = this;
+    if (tag_.isEmpty()) {
+        mnuFILESAVEAS_Click();
+    } else {
+        const QString count = decimalText(c_.lvwSLIDEBAR->Count());
+        DocumentSaveText(text(count + QLatin1Char('|') + note_ + QLatin1Char(' ')), tag_);
+        setCaption(captionOf(tag_));
+        setUnmodified();
+        albums_.AlbumListAdd(tag_);
+    }
+    if (self) {
+        albums_.SlideshowListSave(*c_.lvwALBUMS, albumListName);
+        albums_.SlideshowListLoad(*c_.lvwALBUMS, albumListName);
+    }
+}
+
+void AlbumFile::mnuFILESAVEAS_Click() {
+    SaveCancelled = true;
+    const QPointer<AlbumFile> self = this;
+    const QString content = text(decimalText(c_.lvwSLIDEBAR->Count()));
+    c_.cdlDIALOG->DialogTitle = QStringLiteral("Save");
+    if (!choose(true) || !self) {
+        return;
+    }
+    tag_ = c_.cdlDIALOG->FileName;
+    DocumentSaveText(content, tag_);
+    setCaption(captionOf(tag_));
+    joinAlbumList(tag_);
+    saveSetting(viewKey, albumName, tag_);
+    setUnmodified();
+    SaveCancelled = false;
+}
+
+}  // namespace velorama
