@@ -1,5 +1,7 @@
 #include "platform/audio_device.h"
 
+#include "platform/detached_thread.h"
+
 #include <QLibrary>
 
 #include <SDL.h>
@@ -8,8 +10,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <optional>
-#include <system_error>
-#include <thread>
+#include <utility>
 
 namespace velorama {
 namespace {
@@ -44,17 +45,6 @@ void silenceAlsa() {
         QLibrary::resolve(QStringLiteral("asound"), 2, "snd_lib_error_set_handler"));
     if (set) {
         set(&noMessage);
-    }
-}
-
-/// Starts a thread that nobody waits for. False if none is to be had.
-template <typename Work>
-bool startThread(Work work) {
-    try {
-        std::thread(std::move(work)).detach();
-        return true;
-    } catch (const std::system_error&) {
-        return false;
     }
 }
 
@@ -119,7 +109,7 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
             --self->closing;
             self->changed.notify_all();
         };
-        if (!startThread(close)) {
+        if (!startDetached(close)) {
             SDL_CloseAudioDevice(old);  // It takes its time here, then.
             --closing;
         }
@@ -199,7 +189,7 @@ AudioDevice::~AudioDevice() {
     std::unique_lock guard(shared_->lock);
     shared_->leaving = true;
     if (!shared_->working) {
-        shared_->working = startThread([shared = shared_] { work(shared); });
+        shared_->working = startDetached([shared = shared_] { work(shared); });
     }
     shared_->changed.wait_for(guard, LongestEnd, [this] { return shared_->idle(); });
 }
@@ -212,7 +202,7 @@ void AudioDevice::open(const Wanted& wanted) {
     shared_->wanted = wanted;
     shared_->running = false;
     shared_->state = State::Opening;
-    if (!late && !startThread([shared = shared_] { work(shared); })) {
+    if (!late && !startDetached([shared = shared_] { work(shared); })) {
         shared_->wanted.reset();
         shared_->state = State::Failed;
         return;

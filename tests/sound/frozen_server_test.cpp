@@ -53,11 +53,6 @@ protected:
         track = saved(folder, QStringLiteral("a.wav"), wavFile(4000, 440));
         other = saved(folder, QStringLiteral("b.wav"), wavFile(3000, 660));
     }
-    /// Soon there is no open track any more.
-    bool isForgotten() {
-        return QTest::qWaitFor(
-            [this] { return !player->send(QStringLiteral("set CURRFILE time format s")); }, 20000);
-    }
 
     QString track;
     QString other;

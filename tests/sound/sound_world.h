@@ -34,6 +34,11 @@ protected:
     bool reaches(int milliseconds) {
         return QTest::qWaitFor([&] { return ask("position") >= milliseconds; }, 30000);
     }
+    /// Soon there is no open track any more: its device did not come.
+    bool isForgotten() {
+        return QTest::qWaitFor(
+            [this] { return !player->send(QStringLiteral("set CURRFILE time format s")); }, 20000);
+    }
     Recording heardWhole(const QString& path) {
         EXPECT_TRUE(server.startRecording());
         EXPECT_TRUE(open(path) && play() && reaches(ask("length")));
