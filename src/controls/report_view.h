@@ -3,6 +3,10 @@
 #include <QIcon>
 #include <QTreeWidget>
 
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
 namespace velorama {
 
 class ReportView;
@@ -27,8 +31,8 @@ private:
     QTreeWidgetItem& row_;
 };
 
-/// A list view of rows with columns: ordered items with unique keys, one of them selected. Names
-/// too long for their column are cut in the middle, and the tooltip has the whole of them.
+/// A list view of rows with columns: ordered items with unique keys, at most one of them selected.
+/// Texts too long for their column are cut in the middle, and the tooltip has the whole of them.
 class ReportView : public QTreeWidget {
     Q_OBJECT
 public:
@@ -37,8 +41,11 @@ public:
 
     QString Name() const { return objectName(); }
     void setColumns(const QStringList& headers);
-    /// Width of a column, counted from 1, in twips. Negative: refused, nothing changes.
+    /// Width of a column, counted from 1, in twips: exactly what was set, or the pixels since the
+    /// user has dragged it. 0 where there is no such column.
     float ColumnWidth(int column) const;
+    /// False where there is no such column, and for a width that is negative or no number; nothing
+    /// changes then.
     bool setColumnWidth(int column, float twips);
     /// Painted in the middle of an empty list.
     void setEmptyText(const QString& text);
@@ -46,34 +53,53 @@ public:
     void setSmallIcon(const QIcon& icon);
 
     int Count() const;
-    /// At the end. Null, and nothing changes, if `key` is empty or another item has it.
+    /// At the end, not selected. Null, and nothing changes, if `key` is empty or another item has
+    /// it.
     ReportItem* Add(const QString& key, const QString& text);
     /// Null outside 1 to Count.
     ReportItem* item(int index) const;
     /// Null if no item has the key.
     ReportItem* item(const QString& key) const;
-    /// False outside 1 to Count. The row that takes its place is selected then, or the last.
+    /// False outside 1 to Count. If the selected row goes, the one that takes its place is selected
+    /// then, or the last.
     bool Remove(int index);
     void Clear();
     /// Null where no row is selected.
     ReportItem* SelectedItem() const;
 
+    /// The whole text of the cell at a place of the viewport if it is cut there; empty otherwise.
+    QString cutText(const QPoint& point) const;
+    /// A place beside the columns belongs to its row too.
+    QModelIndex indexAt(const QPoint& point) const override;
+
 signals:
-    /// A row was double-clicked.
+    /// A row was double-clicked with the left button.
     void DblClick();
-    /// Character code of the key, before the list's own handling.
+    /// Character code of the key, before the list's own handling. Enter is 13, and is not repeated
+    /// while it is held.
     void KeyPress(int keyAscii);
 
 protected:
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
 
 private:
-    QHash<QString, ReportItem*> keys_;
+    bool hasColumn(int column) const { return column >= 1 && column <= columnCount(); }
+    void paintEmptyText();
+    void paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;
+
+    std::unordered_map<QString, std::unique_ptr<ReportItem>> keys_;
+    std::vector<float> widths_;  // twips, -1 for a column never set
     QString emptyText_;
     QIcon icon_;
+    bool placing_ = false;
 };
 
 }  // namespace velorama
