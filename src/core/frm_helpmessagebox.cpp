@@ -18,7 +18,7 @@ constexpr int Margin = 18;
 constexpr int Gap = 8;
 constexpr int IconSize = 36;
 constexpr int ButtonWidth = 84;
-constexpr int TextColumns = 42;
+constexpr int TextColumns = 46;
 
 constexpr int DescriptionPoints = 12;
 constexpr int FileNamePoints = 9;
@@ -62,6 +62,11 @@ frmHELPMESSAGEBOX::frmHELPMESSAGEBOX(clsSTATUS& status, QWidget* owner)
     rows->addWidget(makeFooter());
 }
 
+// The owner may take the form along while it is up: no button was pressed then.
+frmHELPMESSAGEBOX::~frmHELPMESSAGEBOX() {
+    unload();
+}
+
 QWidget* frmHELPMESSAGEBOX::makeWindow() {
     picframWINDOW = new QWidget(this);
     picframWINDOW->setObjectName(QStringLiteral("picframWINDOW"));
@@ -72,6 +77,7 @@ QWidget* frmHELPMESSAGEBOX::makeWindow() {
     imgINFOICON = new SymbolPicture(picframWINDOW);
     imgINFOICON->setObjectName(QStringLiteral("imgINFOICON"));
     imgINFOICON->setFixedSize(IconSize, IconSize);
+    imgINFOICON->setSymbol(QStringLiteral("information"));
     lblDESCRIPTION = makeText("lblDESCRIPTION", DescriptionPoints);
     lblFILENAME = new Label(picframWINDOW);
     lblFILENAME->setObjectName(QStringLiteral("lblFILENAME"));
@@ -162,6 +168,7 @@ void frmHELPMESSAGEBOX::showModal() {
     if (gRegistry) {
         gRegistry->FormDimensionsSetup(*this, false);
     }
+    loaded_ = true;
     exec();
 }
 
@@ -184,13 +191,21 @@ void frmHELPMESSAGEBOX::placeOverOwner() {
     move(qMax(place.left(), desktop.left()), qMax(place.top(), desktop.top()));
 }
 
-void frmHELPMESSAGEBOX::done(int result) {
+void frmHELPMESSAGEBOX::unload() {
+    if (!loaded_) {
+        return;
+    }
+    loaded_ = false;
     if (gRegistry) {
         gRegistry->FormDimensionsSave(*this, false);
     }
     if (status_.MessageBoxClick() == 0) {
         status_.setMessageBoxClick(AnswerCancel);
     }
+}
+
+void frmHELPMESSAGEBOX::done(int result) {
+    unload();
     QDialog::done(result);
 }
 

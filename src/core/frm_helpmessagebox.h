@@ -20,6 +20,7 @@ class frmHELPMESSAGEBOX : public QDialog {
 public:
     /// Comes up over `owner`; without one in the middle of the screen.
     frmHELPMESSAGEBOX(clsSTATUS& status, QWidget* owner);
+    ~frmHELPMESSAGEBOX() override;
 
     /// Shows the form where the user left it and returns when it is gone.
     void showModal();
@@ -53,6 +54,7 @@ private:
     QWidget* makeBar(const char* name);
     void addButton(QWidget* bar, const char* name, const QString& caption, Handler handler);
     void placeOverOwner();
+    void unload();
     QPushButton* defaultButton() const;
 
     /// `key` is the code of the character typed. True if it answered.
@@ -63,6 +65,7 @@ private:
     void btnOK_Click();
 
     clsSTATUS& status_;
+    bool loaded_ = false;
 };
 
 }  // namespace velorama
