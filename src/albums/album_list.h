@@ -51,6 +51,10 @@ public:
     void lvwALBUMS_DblClick();
 
 private:
+    void connectButton(QAbstractButton* button, void (AlbumList::*handler)());
+    ReportItem* addAlbum(const QString& path);
+    bool mayLeaveAlbum();
+
     Controls c_;
     AlbumListCalls calls_;
 };
