@@ -50,8 +50,9 @@ void cbtnddp::Open(QWidget* anchor) {
         }
     });
     palette_->adjustSize();
-    palette_->move(dropPlace(QRect(place.mapToGlobal(QPoint()), place.size()), palette_->size(),
-                             place.screen()->availableGeometry()));
+    const QPoint corner = dropPlace(QRect(place.mapToGlobal(QPoint()), place.size()),
+                                    palette_->size(), place.screen()->availableGeometry());
+    palette_->setGeometry(QRect(corner, palette_->size()));
     palette_->show();
 }
 

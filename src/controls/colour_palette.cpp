@@ -145,6 +145,7 @@ ColourPalette::ColourPalette(Colour held, bool custom, QWidget* parent)
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(Margin, Margin, Margin, Margin);
     grid->setSpacing(1);
+    grid->setSizeConstraint(QLayout::SetNoConstraint);
     addColours(OleTranslateColor(held));
     if (custom) {
         addCustom(OleTranslateColor(held));

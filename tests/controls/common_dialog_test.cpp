@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -248,6 +249,79 @@ TEST(RealDialog, AsksBeforeItReplacesAFile) {
     EXPECT_TRUE(dialog.ShowSave());
     EXPECT_TRUE(questioned);
     EXPECT_EQ(dialog.FileName, QString());
+}
+
+// Answers in place of the colour dialog.
+class AnsweredColour : public testing::Test {
+protected:
+    void SetUp() override {
+        CommonDialog::answerColourWith([this](const ColourDialogRequest& request) {
+            asked = request;
+            return answer;
+        });
+    }
+    void TearDown() override { CommonDialog::answerColourWith({}); }
+
+    CommonDialog cdlDIALOG;
+    ColourDialogRequest asked;
+    std::optional<Colour> answer;
+};
+
+TEST_F(AnsweredColour, StartsFromTheColourAndBringsTheChosenOne) {
+    cdlDIALOG.DialogTitle = QStringLiteral("Custom Color");
+    cdlDIALOG.Flags = 3;
+    cdlDIALOG.Color = 0x400000;
+    answer = 0x123456;
+    EXPECT_TRUE(cdlDIALOG.ShowColor());
+    EXPECT_EQ(asked.title, QStringLiteral("Custom Color"));
+    EXPECT_EQ(asked.colour, 0x400000);
+    EXPECT_EQ(cdlDIALOG.Color, 0x123456);
+}
+
+TEST_F(AnsweredColour, ACancelLeavesTheColour) {
+    cdlDIALOG.Color = 0x400000;
+    EXPECT_TRUE(cdlDIALOG.ShowColor());
+    EXPECT_EQ(cdlDIALOG.Color, 0x400000);
+    cdlDIALOG.CancelError = true;
+    EXPECT_FALSE(cdlDIALOG.ShowColor());
+    EXPECT_EQ(cdlDIALOG.Color, 0x400000);
+}
+
+TEST_F(AnsweredColour, WithoutItsFlagItStartsFromBlack) {
+    cdlDIALOG.Color = 0x400000;
+    cdlDIALOG.Flags = 2;
+    EXPECT_TRUE(cdlDIALOG.ShowColor());
+    EXPECT_EQ(asked.colour, 0);
+}
+
+TEST_F(AnsweredColour, StartsASystemColourFromItsPlainOne) {
+    cdlDIALOG.Flags = 1;
+    cdlDIALOG.Color = systemColour(15);
+    EXPECT_TRUE(cdlDIALOG.ShowColor());
+    EXPECT_EQ(asked.colour, GetSysColor(15));
+    EXPECT_EQ(cdlDIALOG.Color, systemColour(15));
+}
+
+TEST(RealColourDialog, ShowsTitleAndColourAndBringsTheChosenOne) {
+    CommonDialog dialog;
+    dialog.DialogTitle = QStringLiteral("Custom Color");
+    dialog.Flags = 3;
+    dialog.Color = 0x400000;
+    for (const bool accepted : {true, false}) {
+        test::expectMessage(QStringLiteral("propagateSizeHints"));
+        QTimer::singleShot(0, [accepted] {
+            auto* shown = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(shown, nullptr);
+            EXPECT_EQ(shown->windowTitle(), QStringLiteral("Custom Color"));
+            if (accepted) {
+                EXPECT_EQ(shown->currentColor(), QColor(0, 0, 0x40));
+            }
+            shown->setCurrentColor(accepted ? QColor(1, 2, 3) : QColor(9, 9, 9));
+            accepted ? shown->accept() : shown->reject();
+        });
+        EXPECT_TRUE(dialog.ShowColor());
+        EXPECT_EQ(dialog.Color, 0x030201);
+    }
 }
 
 }  // namespace
