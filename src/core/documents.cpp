@@ -160,7 +160,7 @@ QString StringPieceArr(const QString& Text, const QString& Delimiter, qint32 Pie
         end = end == 0 ? Text.size() : end;
         result = Text.mid(start - 1, end - start + 1);
     }
-    return withoutOuterBlanks(result.isEmpty() ? firstPiece(Text, Delimiter) : result);
+    return result.isEmpty() ? firstPiece(Text, Delimiter) : withoutOuterBlanks(result);
 }
 
 }  // namespace velorama

@@ -1,0 +1,139 @@
+#include "core/documents.h"
+
+#include "support/test_world.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace velorama {
+namespace {
+
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+void writeBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(bytes);
+}
+
+QStringList everythingIn(const QString& folder) {
+    return QDir(folder).entryList(
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+class DocumentSave : public testing::Test {
+protected:
+    QString folder = test::temporaryFolder();
+    QString path = folder + QStringLiteral("/a.vlr");
+};
+
+TEST_F(DocumentSave, aClosingLineEndComesOnTop) {
+    DocumentSaveText(QStringLiteral("2\r\n/p/a.jpg\r\n/p/b.jpg\r\n"), path);
+    EXPECT_EQ(bytesOf(path), QByteArray("2\r\n/p/a.jpg\r\n/p/b.jpg\r\n\r\n"));
+}
+
+TEST_F(DocumentSave, emptyContentIsOneLineEnd) {
+    DocumentSaveText(QString(), path);
+    EXPECT_EQ(bytesOf(path), QByteArray("\r\n"));
+}
+
+TEST_F(DocumentSave, nothingElseIsChangedOnTheWay) {
+    DocumentSaveText(QStringLiteral("a\nb\rc\td\"e\" "), path);
+    EXPECT_EQ(bytesOf(path), QByteArray("a\nb\rc\td\"e\" \r\n"));
+}
+
+TEST_F(DocumentSave, textIsUtf8WithoutAMark) {
+    DocumentSaveText(QString::fromUtf8("/p/Z\u00fcrich \u6771\u4eac \U0001F3D4.jpg"), path);
+    EXPECT_EQ(bytesOf(path), QByteArray("/p/Z\xc3\xbcrich \xe6\x9d\xb1\xe4\xba\xac "
+                                        "\xf0\x9f\x8f\x94.jpg\r\n"));
+}
+
+TEST_F(DocumentSave, anOldFileIsReplacedWhole) {
+    writeBytes(path, QByteArray(100000, 'x'));
+    DocumentSaveText(QStringLiteral("0"), path);
+    EXPECT_EQ(bytesOf(path), QByteArray("0\r\n"));
+}
+
+TEST_F(DocumentSave, nothingIsLeftBesideTheFile) {
+    for (int i = 0; i < 3; ++i) {
+        DocumentSaveText(QString::number(i), path);
+    }
+    EXPECT_EQ(everythingIn(folder), QStringList("a.vlr"));
+    EXPECT_EQ(bytesOf(path), QByteArray("2\r\n"));
+}
+
+TEST_F(DocumentSave, aMissingFolderIsNotMade) {
+    DocumentSaveText(QStringLiteral("0"), folder + QStringLiteral("/none/a.vlr"));
+    EXPECT_TRUE(everythingIn(folder).isEmpty());
+}
+
+// Permissions do not bind the user that the tests often run as; a file where the folder should be
+// refuses everybody.
+TEST_F(DocumentSave, aFileInTheFoldersPlaceStaysAsItIs) {
+    writeBytes(path, "old");
+    DocumentSaveText(QStringLiteral("0"), path + QStringLiteral("/b.vlr"));
+    EXPECT_EQ(bytesOf(path), QByteArray("old"));
+    EXPECT_EQ(everythingIn(folder), QStringList("a.vlr"));
+}
+
+TEST_F(DocumentSave, aFolderInTheFilesPlaceStaysAsItIs) {
+    ASSERT_TRUE(QDir().mkpath(path));
+    writeBytes(path + QStringLiteral("/kept.jpg"), "kept");
+    DocumentSaveText(QStringLiteral("0"), path);
+    EXPECT_EQ(everythingIn(folder), QStringList("a.vlr"));
+    EXPECT_EQ(bytesOf(path + QStringLiteral("/kept.jpg")), QByteArray("kept"));
+}
+
+TEST_F(DocumentSave, aSymbolicLinkStaysOneAndItsFileIsReplaced) {
+    const QString real = test::temporaryFolder() + QStringLiteral("/real.vlr");
+    writeBytes(real, "old");
+    ASSERT_TRUE(QFile::link(real, path));
+    DocumentSaveText(QStringLiteral("0"), path);
+    EXPECT_TRUE(QFileInfo(path).isSymLink());
+    EXPECT_EQ(bytesOf(real), QByteArray("0\r\n"));
+    EXPECT_EQ(bytesOf(path), QByteArray("0\r\n"));
+}
+
+TEST_F(DocumentSave, theFilesPermissionsStay) {
+    writeBytes(path, "old");
+    const QFile::Permissions shared = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
+                                      QFile::WriteGroup | QFile::ReadOther;
+    ASSERT_TRUE(QFile::setPermissions(path, shared));
+    const QFile::Permissions before = QFile::permissions(path);
+    DocumentSaveText(QStringLiteral("0"), path);
+    EXPECT_EQ(QFile::permissions(path), before);
+}
+
+TEST_F(DocumentSave, letterCaseAndSlashesFindTheFolder) {
+    ASSERT_TRUE(QDir(folder).mkdir(QStringLiteral("Trips")));
+    DocumentSaveText(QStringLiteral("0"), folder + QStringLiteral("/tRIPS/a.vlr"));
+    EXPECT_EQ(everythingIn(folder), QStringList("Trips"));
+    EXPECT_EQ(bytesOf(folder + QStringLiteral("/Trips/a.vlr")), QByteArray("0\r\n"));
+}
+
+TEST_F(DocumentSave, pathsThatThisMachineCannotHaveMakeNoFile) {
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(folder));
+    DocumentSaveText(QStringLiteral("0"), QString());
+    DocumentSaveText(QStringLiteral("0"), QStringLiteral("C:\\Pictures\\a.vlr"));
+    DocumentSaveText(QStringLiteral("0"), folder + QStringLiteral("/a") + QChar(0));
+    DocumentSaveText(QStringLiteral("0"), folder + u'/' + QString(5000, u'x'));
+    EXPECT_TRUE(everythingIn(folder).isEmpty());
+    QDir::setCurrent(before);
+}
+
+TEST_F(DocumentSave, tenMegabytesGoOutInOne) {
+    const QString content(10 * 1024 * 1024, u'x');
+    DocumentSaveText(content, path);
+    EXPECT_EQ(bytesOf(path), content.toUtf8() + "\r\n");
+}
+
+}  // namespace
+}  // namespace velorama
