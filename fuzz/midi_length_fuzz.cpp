@@ -4,6 +4,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QByteArrayView bytes(data, qsizetype(size));
-    velorama::midiLength(velorama::unwrappedMidi(bytes));
+    const QByteArrayView midi = velorama::unwrappedMidi(bytes);
+    velorama::midiLength(midi);
+    velorama::playableMidi(midi);
     return 0;
 }

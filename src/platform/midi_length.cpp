@@ -1,18 +1,18 @@
 #include "platform/midi_length.h"
 
+#include "platform/midi_tracks.h"
+
 #include <QtEndian>
 
 #include <algorithm>
-#include <vector>
 
 namespace velorama {
 namespace {
 
 using std::chrono::microseconds;
 
-constexpr qint64 DefaultTempo = 500000;  // microseconds a quarter note
-constexpr qint64 MaxTicks = 0x3fffffff;  // the synthesizer counts in 32 bits
-constexpr int MaxTracks = 128;           // and plays no more tracks
+constexpr qint64 DefaultTempo = 500000;  // microseconds a beat
+constexpr int MaxTracks = 128;           // the synthesizer takes no more
 constexpr microseconds MaxLength = std::chrono::hours(24);
 
 struct TempoChange {
@@ -20,129 +20,14 @@ struct TempoChange {
     qint64 tempo;
 };
 
-/// Reads forward through bytes. A read past the end gives 0 and makes the reader bad for good.
-class Reader {
-public:
-    explicit Reader(QByteArrayView bytes) : bytes_(bytes) {}
-
-    bool good() const { return good_; }
-    bool atEnd() const { return bytes_.isEmpty(); }
-    void fail() { good_ = false; }
-
-    QByteArrayView take(qint64 count) {
-        if (!good_ || count > bytes_.size()) {
-            good_ = false;
-            return {};
+void noteTempo(const MidiEvent& event, std::vector<TempoChange>& tempos) {
+    if (event.status == 0xff && event.bytes[1] == 0x51) {
+        qint64 tempo = 0;
+        for (const char byte : event.bytes.last(3)) {
+            tempo = tempo << 8 | static_cast<quint8>(byte);
         }
-        const QByteArrayView taken = bytes_.first(count);
-        bytes_ = bytes_.sliced(count);
-        return taken;
+        tempos.push_back({event.tick, tempo});
     }
-
-    /// A big-endian number of `count` bytes.
-    quint32 number(int count) {
-        quint32 value = 0;
-        for (const char byte : take(count)) {
-            value = value << 8 | static_cast<quint8>(byte);
-        }
-        return value;
-    }
-
-    /// A number in groups of seven bits, four at most.
-    quint32 variable() {
-        quint32 value = 0;
-        for (int i = 0; i < 4; ++i) {
-            const quint32 byte = number(1);
-            value = value << 7 | (byte & 0x7f);
-            if (byte < 0x80) {
-                return value;
-            }
-        }
-        fail();
-        return 0;
-    }
-
-private:
-    QByteArrayView bytes_;
-    bool good_ = true;
-};
-
-/// Walks the events of one track and notes where it ends and where the tempo changes.
-class Track {
-public:
-    Track(QByteArrayView bytes, std::vector<TempoChange>& tempos)
-        : reader_(bytes), tempos_(tempos) {}
-
-    /// Tick of the track's end, nothing if it is damaged.
-    std::optional<qint64> walk() {
-        while (reader_.good() && !ended_ && !reader_.atEnd()) {
-            tick_ += reader_.variable();
-            if (tick_ > MaxTicks) {
-                return std::nullopt;
-            }
-            event();
-        }
-        return reader_.good() ? std::optional(tick_) : std::nullopt;
-    }
-
-private:
-    void event() {
-        const quint32 first = reader_.number(1);
-        if (first == 0xff) {
-            meta();
-        } else if (first == 0xf0 || first == 0xf7) {
-            reader_.take(reader_.variable());
-        } else if (first < 0xf0) {
-            channelEvent(first);
-        } else {
-            reader_.fail();
-        }
-    }
-
-    void meta() {
-        const quint32 type = reader_.number(1);
-        const QByteArrayView content = reader_.take(reader_.variable());
-        if (type == 0x2f) {
-            ended_ = true;
-        } else if (type == 0x51) {
-            const qint64 tempo = content.size() == 3 ? Reader(content).number(3) : 0;
-            if (tempo == 0) {
-                reader_.fail();
-            }
-            tempos_.push_back({tick_, tempo});
-        }
-    }
-
-    /// One or two data bytes; the first of them has been read where the status runs on.
-    void channelEvent(quint32 first) {
-        const bool running = first < 0x80;
-        if (!running) {
-            status_ = first;
-        }
-        if (status_ == 0) {
-            reader_.fail();
-        }
-        const bool single = (status_ & 0xf0) == 0xc0 || (status_ & 0xf0) == 0xd0;
-        reader_.take((single ? 1 : 2) - (running ? 1 : 0));
-    }
-
-    Reader reader_;
-    std::vector<TempoChange>& tempos_;
-    qint64 tick_ = 0;
-    quint32 status_ = 0;
-    bool ended_ = false;
-};
-
-/// The content of the next track chunk; chunks of other kinds are passed over.
-QByteArrayView nextTrack(Reader& file) {
-    while (file.good()) {
-        const QByteArrayView kind = file.take(4);
-        const QByteArrayView content = file.take(file.number(4));
-        if (kind == QByteArrayView("MTrk")) {
-            return content;
-        }
-    }
-    return {};
 }
 
 /// Time from 0 to `end`, given in ticks.
@@ -161,52 +46,103 @@ microseconds timeAt(qint64 end, std::vector<TempoChange>& tempos, qint64 divisio
     return microseconds(sum / division);
 }
 
+void appendTime(QByteArray& bytes, qint64 ticks) {
+    for (int shift = 21; shift > 0; shift -= 7) {
+        if (ticks >> shift != 0) {
+            bytes += static_cast<char>(0x80 | (ticks >> shift & 0x7f));
+        }
+    }
+    bytes += static_cast<char>(ticks & 0x7f);
+}
+
+/// All tracks as one. What happens at the same tick keeps the order of the tracks.
+QByteArray inOneTrack(const MidiTracks& midi) {
+    std::vector<MidiEvent> events;
+    qint64 end = 0;
+    for (const QByteArrayView track : midi.tracks) {
+        const auto last =
+            walkMidiTrack(track, [&](const MidiEvent& event) { events.push_back(event); });
+        end = std::max(end, last.value_or(0));
+    }
+    std::stable_sort(events.begin(), events.end(),
+                     [](const auto& a, const auto& b) { return a.tick < b.tick; });
+    QByteArray bytes;
+    qint64 tick = 0;
+    for (const MidiEvent& event : events) {
+        appendTime(bytes, event.tick - std::exchange(tick, event.tick));
+        if (static_cast<quint8>(event.bytes[0]) < 0x80) {
+            bytes += static_cast<char>(event.status);
+        }
+        bytes += event.bytes;
+    }
+    appendTime(bytes, end - tick);
+    return bytes + QByteArray("\xff\x2f\0", 3);
+}
+
+template <typename Number>
+QByteArray big(Number number) {
+    QByteArray bytes(sizeof(number), 0);
+    qToBigEndian(number, bytes.data());
+    return bytes;
+}
+
 }  // namespace
 
 QByteArrayView unwrappedMidi(QByteArrayView bytes) {
     if (!bytes.startsWith("RIFF")) {
         return bytes;
     }
-    Reader riff(bytes);
-    riff.take(12);
-    while (riff.good() && !riff.atEnd()) {
-        const QByteArrayView kind = riff.take(4);
-        const QByteArrayView size = riff.take(4);
-        const qint64 length = size.isEmpty() ? 0 : qFromLittleEndian<quint32>(size.data());
-        const QByteArrayView content = riff.take(length);
-        if (kind == QByteArrayView("data")) {
-            return content;
+    qint64 at = 12;
+    while (at + 8 <= bytes.size()) {
+        const qint64 length = qFromLittleEndian<quint32>(bytes.data() + at + 4);
+        const qint64 content = at + 8;
+        if (length > bytes.size() - content) {
+            return {};
         }
-        if (length % 2 == 1) {
-            riff.take(1);
+        if (bytes.sliced(at, 4) == QByteArrayView("data")) {
+            return bytes.sliced(content, length);
         }
+        at = content + length + length % 2;
     }
     return {};
 }
 
 std::optional<microseconds> midiLength(QByteArrayView midi) {
-    Reader file(midi);
-    if (file.take(4) != QByteArrayView("MThd") || file.number(4) != 6) {
-        return std::nullopt;
-    }
-    const quint32 format = file.number(2);
-    const int tracks = static_cast<int>(file.number(2));
-    const quint32 division = file.number(2);
-    if (!file.good() || format > 2 || tracks > MaxTracks || division == 0 || division >= 0x8000) {
+    const std::optional<MidiTracks> found = midiTracks(midi);
+    if (!found) {
         return std::nullopt;
     }
     std::vector<TempoChange> tempos;
     qint64 end = 0;
-    for (int i = 0; i < tracks; ++i) {
-        const std::optional<qint64> trackEnd = Track(nextTrack(file), tempos).walk();
-        if (!trackEnd || !file.good()) {
+    for (const QByteArrayView track : found->tracks) {
+        const std::optional<qint64> trackEnd =
+            walkMidiTrack(track, [&](const MidiEvent& event) { noteTempo(event, tempos); });
+        if (!trackEnd) {
             return std::nullopt;
         }
         end = std::max(end, *trackEnd);
     }
+    if (found->fixedTempo > 0) {
+        tempos = {{0, found->fixedTempo}};
+    }
     // A tempo change behind the end of the longest track cannot be: tracks end behind their events.
-    const microseconds length = timeAt(end, tempos, division);
+    const microseconds length = timeAt(end, tempos, found->division);
     return length.count() > 0 && length <= MaxLength ? std::optional(length) : std::nullopt;
+}
+
+PlayableMidi playableMidi(QByteArrayView midi) {
+    const std::optional<MidiTracks> found = midiTracks(midi);
+    if (!found) {
+        return {};
+    }
+    const QByteArray division = big(static_cast<quint16>(found->division));
+    if (found->tracks.size() > MaxTracks) {
+        const QByteArray track = inOneTrack(*found);
+        return {"MThd" + big(quint32(6)) + big(quint16(0)) + big(quint16(1)) + division + "MTrk" +
+                    big(static_cast<quint32>(track.size())) + track,
+                found->fixedTempo};
+    }
+    return {midi.toByteArray().replace(12, 2, division), found->fixedTempo};
 }
 
 }  // namespace velorama

@@ -12,7 +12,7 @@ namespace velorama {
 namespace {
 
 // A larger file is no music, and the player needs twenty times its size in memory.
-constexpr qint64 MaxFileSize = 2 * 1024 * 1024;
+constexpr qint64 MaxFileSize = 16 * 1024 * 1024;
 // Makes MIDI about as loud as recorded music.
 constexpr double Gain = 1.0;
 
@@ -62,14 +62,18 @@ private:
     qint64 done_ = 0;
 };
 
-std::unique_ptr<AudioSource> playing(fluid_synth_t* synth, QByteArrayView midi, qint64 frames) {
+std::unique_ptr<AudioSource> playing(fluid_synth_t* synth, const PlayableMidi& midi,
+                                     qint64 frames) {
     fluid_player_t* player = new_fluid_player(synth);
     if (!player) {
         return nullptr;
     }
     auto source = std::make_unique<MidiSource>(synth, player, frames);
     const bool ready =
-        fluid_player_add_mem(player, midi.data(), static_cast<size_t>(midi.size())) == FLUID_OK &&
+        fluid_player_add_mem(player, midi.bytes.constData(),
+                             static_cast<size_t>(midi.bytes.size())) == FLUID_OK &&
+        (midi.tempo == 0 || fluid_player_set_tempo(player, FLUID_PLAYER_TEMPO_EXTERNAL_MIDI,
+                                                   midi.tempo) == FLUID_OK) &&
         fluid_player_play(player) == FLUID_OK;
     return ready ? std::move(source) : nullptr;
 }
@@ -120,7 +124,7 @@ std::unique_ptr<AudioSource> openMidi(const QString& file, MidiSynth& synth) {
     const auto length = midiLength(midi);
     fluid_synth_t* voices = length ? synth.synth() : nullptr;
     const qint64 frames = length ? length->count() * MidiSynth::rate / 1000000 : 0;
-    return voices && frames > 0 ? playing(voices, midi, frames) : nullptr;
+    return voices && frames > 0 ? playing(voices, playableMidi(midi), frames) : nullptr;
 }
 
 }  // namespace velorama

@@ -72,7 +72,8 @@ TEST_F(DamagedAudio, IsRefused) {
         {"cut.mid", midi.first(midi.size() - 9)},
         {"long-track.mid", longTrack},
         {"no-beat.mid", noBeat},
-        {"smpte.mid", midiHead(1, 0xe728) + midi.mid(14)},
+        {"frames-without-ticks.mid", midiHead(1, 0xe700) + midi.mid(14)},
+        {"seven-frames-a-second.mid", midiHead(1, 0xf928) + midi.mid(14)},
         {"no-tracks.mid", midiHead(0, 480)},
         {"missing-track.mid", midiHead(2, 480) + midi.mid(14)},
         {"silent-for-ever.mid", track("ffffff7f90454000ff2f00")},
@@ -81,7 +82,7 @@ TEST_F(DamagedAudio, IsRefused) {
         {"tempo-of-nothing.mid", track("00ff5103000000604540ff2f00")},
         {"cut-wrapping.mid", riffWrapped(midi).first(40)},
         {"too-large.mid",
-         midiHead(1, 480) + midiTrack(QByteArray::fromHex("00c000").repeated(2000000))},
+         midiHead(1, 480) + midiTrack(QByteArray::fromHex("00c000").repeated(6000000))},
     };
     for (const Row& row : rows) {
         EXPECT_FALSE(opensAndEnds(QString::fromLatin1(row.name), row.bytes)) << row.name;

@@ -259,6 +259,42 @@ TEST_F(MediaPlayerTest, TheSynthesizerPlaysOneFileLikeTheNext) {
     }
 }
 
+TEST_F(MediaPlayerTest, MidiOfEveryTimingAndAnyNumberOfTracksIsHeardAlike) {
+    const QByteArray usual = midiFile({{3, 69}});
+    // 960 ticks a second, as 480 ticks a beat make them at 120 beats a minute.
+    const QByteArray frames = midiHead(1, 0xe828) + usual.mid(14);
+    QByteArray tracks = midiHead(301, 480);
+    for (int i = 0; i < 300; ++i) {
+        tracks += midiTrack(QByteArray::fromHex("00ff2f00"));
+    }
+    tracks += usual.mid(14);
+    const QByteArray large =
+        usual.first(14) +
+        midiTrack(QByteArray::fromHex("00ff01") + QByteArray::fromHex("81808000") +
+                  QByteArray(1 << 21, 'a') + QByteArray::fromHex("00ff01") +
+                  QByteArray::fromHex("81808000") + QByteArray(1 << 21, 'a') + usual.mid(22));
+    struct Row {
+        const char* name;
+        QByteArray bytes;
+    };
+    const Row rows[] = {{"usual.mid", usual},
+                        {"frames.mid", frames},
+                        {"tracks.mid", tracks},
+                        {"large.mid", large},
+                        {"usual-again.mid", usual}};
+    for (const Row& row : rows) {
+        ASSERT_TRUE(open(saved(folder, QString::fromLatin1(row.name), row.bytes))) << row.name;
+        EXPECT_EQ(length(), 1500) << row.name;
+        ASSERT_TRUE(playsToItsEnd()) << row.name;
+        send("close CURRFILE");
+    }
+    const double first = static_cast<double>(sounding(heard(0)).size());
+    EXPECT_GT(first, 2 * 1.4 * 44100);
+    for (int i = 1; i < 5; ++i) {
+        EXPECT_NEAR(static_cast<double>(sounding(heard(i)).size()), first, 2000) << rows[i].name;
+    }
+}
+
 TEST_F(MediaPlayerTest, AFontThatDoesNotLoadFailsMidiOnly) {
     MediaPlayer fontless(saved(folder, QStringLiteral("bad.sf2"), "nonsense"));
     const QString form = QStringLiteral("open \"%1\" type MPEGVideo alias CURRFILE");
