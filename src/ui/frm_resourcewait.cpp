@@ -53,6 +53,7 @@ QLabel* frmRESOURCEWAIT::makeLabel(const char* name) {
 
 void frmRESOURCEWAIT::wait() {
     tmrWAITING.start();
+    layout()->activate();
     exec();
 }
 
