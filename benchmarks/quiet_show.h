@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/show_colours.h"
 #include "player/frm_slideshow.h"
 
 namespace velorama::bench {
@@ -13,6 +14,8 @@ public:
     QString track() const override { return {}; }
     QString trackLength() const override { return {}; }
     QString trackPosition() const override { return {}; }
+    Colour background() override { return showBackground(); }
+    Colour gradient() override { return showGradient(); }
 };
 
 class QuietScreenSaver : public ScreenSaver {};

@@ -11,6 +11,16 @@
 #include <QDate>
 #include <QIcon>
 
+namespace {
+
+/// Without the program's own name and what the toolkit has taken: a path whose blanks the caller
+/// left unquoted comes as several words.
+QString commandLine() {
+    return QApplication::arguments().mid(1).join(QLatin1Char(' '));
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     using namespace velorama;
     QApplication::setApplicationName(QStringLiteral("velorama"));
@@ -31,7 +41,7 @@ int main(int argc, char** argv) {
         mfrmPRGMAIN mainWindow(*screenSaver, *device);
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
-        mainWindow.Form_Load();
+        mainWindow.Form_Load(commandLine());
         if (!mainWindow.isUnloaded()) {
             result = QApplication::exec();
         }

@@ -13,6 +13,7 @@ constexpr int Gap = 6;
 constexpr qreal Radius = 4;
 constexpr float HoverTint = 0.10F;
 constexpr float PressedTint = 0.22F;
+constexpr float OutlineTint = 0.25F;
 
 QColor faded(QColor colour, float alpha) {
     colour.setAlphaF(colour.alphaF() * alpha);
@@ -71,6 +72,11 @@ void cbtn::setPrimary(bool primary) {
     update();
 }
 
+void cbtn::setLeading(bool leading) {
+    leading_ = leading;
+    update();
+}
+
 QColor cbtn::textColour() const {
     if (primary_ && isEnabled()) {
         return palette().color(QPalette::Active, QPalette::HighlightedText);
@@ -86,6 +92,11 @@ void cbtn::paintGround(QPainter& painter) const {
         painter.setPen(Qt::NoPen);
         painter.setBrush(accent);
         painter.drawRoundedRect(ground, Radius, Radius);
+    }
+    if (!text().isEmpty() && !primary_) {
+        painter.setPen(QPen(faded(textColour(), OutlineTint), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(ground.adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
     }
     if (isEnabled() && (isDown() || isChecked() || underMouse())) {
         painter.setPen(Qt::NoPen);
@@ -121,6 +132,9 @@ void cbtn::paintEvent(QPaintEvent*) {
     const int iconWidth = hasIcon() ? iconSize().width() : 0;
     QRect content(0, 0, qMin(iconWidth + gap + textWidth, width() - 2), height());
     content.moveCenter(rect().center());
+    if (leading_) {
+        content.moveLeft(2 * Margin);
+    }
     if (hasIcon()) {
         QRect place(QPoint(), iconSize());
         place.moveCenter(content.center());

@@ -4,8 +4,8 @@
 
 namespace velorama {
 
-/// A flat button of a symbol, a caption, or both. Space and Enter press it. Without a caption its
-/// tooltip is its name for assistive tools.
+/// A flat button of a symbol, a caption, or both; one with a caption has an outline. Space and
+/// Enter press it. Without a caption its tooltip is its name for assistive tools.
 class cbtn : public QAbstractButton {
     Q_OBJECT
 public:
@@ -17,6 +17,8 @@ public:
     QString Symbol() const { return symbol_; }
     /// The one button of its group that leads on is filled with the palette's accent.
     void setPrimary(bool primary);
+    /// Symbol and caption stand at the left instead of in the middle: for buttons in a column.
+    void setLeading(bool leading);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -37,6 +39,7 @@ private:
 
     QString symbol_;
     bool primary_ = false;
+    bool leading_ = false;
 };
 
 }  // namespace velorama

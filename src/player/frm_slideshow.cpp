@@ -181,7 +181,7 @@ void frmSLIDESHOW::paintBackground() {
     background_ = QImage(pixels, QImage::Format_RGB32);
     if (!background_.isNull()) {
         background_.fill(Qt::black);
-        GradientPaint(background_, 45, showBackground(), showGradient());
+        GradientPaint(background_, 45, host_.background(), host_.gradient());
         background_.setDevicePixelRatio(devicePixelRatioF());
     }
     update();

@@ -3,6 +3,7 @@
 #include "controls/picture_box.h"
 #include "imaging/look_ahead.h"
 #include "platform/screen_saver.h"
+#include "platform/system_colours.h"
 #include "player/control_bar.h"
 #include "player/fade_transition.h"
 #include "player/slide_fitting.h"
@@ -30,6 +31,10 @@ public:
     /// Texts of the track's length and position in whole seconds.
     virtual QString trackLength() const = 0;
     virtual QString trackPosition() const = 0;
+
+    /// The two colours behind the slides, as the settings dialog has them.
+    virtual Colour background() = 0;
+    virtual Colour gradient() = 0;
 };
 
 /// The full-screen show. It is made on the heap, opened with `load`, and deletes itself once it has

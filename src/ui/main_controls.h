@@ -9,27 +9,45 @@
 #include "controls/picture_box.h"
 #include "controls/progress_bar.h"
 #include "controls/push_button.h"
+#include "controls/report_view.h"
 #include "controls/tab_strip.h"
 #include "ui/slide_bar_shape.h"
 #include "ui/splitter_bar.h"
+
+#include <QLabel>
 
 #include <array>
 
 namespace velorama {
 
-/// All controls of the main window at their design places. They belong to the surface they stand
-/// on.
+/// All controls of the main window at their design places, but for those of the page WebAlbum.
+/// They belong to the surface they stand on.
 struct MainControls {
     explicit MainControls(QWidget& surface);
 
     QWidget& surface;
 
     tab* tabPAGES;
+
+    // Page Slideshows.
+    QWidget* picframSLIDEHSOW;
+    /// New, Open, Save, Save As.
+    std::array<cbtn*, 4> cbtnSLIDES{};
+    ReportView* lvwALBUMS;
+    cbtn* btnADD;
+    cbtn* btnREMOVE;
+    cbtn* btnView;
+
+    // Page Pictures.
     QWidget* picframPICTURES;
     FolderTree* ftvFOLDER;
     SplitterBar* picVBAR;
     ListView* lvwFOUND;
     Label* lblFOUNDCOUNT;
+    /// 0 preview, 1 wallpaper.
+    std::array<cbtn*, 2> cbtnBROWSEBTNS{};
+
+    // Page Music.
     QWidget* picframMUSICLIST;
     ListBox* lstMUSIC;
     /// 0 add, 1 remove, 2 play, 3 pause, 4 stop, 5 remove all.
@@ -41,21 +59,45 @@ struct MainControls {
     Label* lblM1;
     Label* lblM2;
     Label* lblFile;
+
+    QWidget* picframWEBALBM;
+
+    // Page Help.
+    QWidget* picframHELP;
+    QLabel* imgICON;
+    QLabel* lblMAINTITLE;
+    QLabel* lblVERSION;
+    QLabel* lblCOPYRIGHT;
+    cbtn* cbtnHELP;
+    cbtn* cbtnUPDATES;
+    cbtn* cbtnWEBSITE;
+    cbtn* cbtnSUPPORT;
+    cbtn* cbtnABOUT;
+
     PictureBox* picSELBAR;
     ProgressBar* prgBARSLIDES;
     QWidget* picbarCONTROLS;
     SlideBarShape* shpSLIDEBAR;
     ListView* lvwSLIDEBAR;
-    /// Items 0 to 6 of the toolbar.
-    std::array<cbtn*, 7> cbtnCONTROLS{};
+    /// The toolbar's items 0 to 6 and 8; there is no item 7.
+    std::array<cbtn*, 9> cbtnCONTROLS{};
 
     FileList flbFOUND;
     ImageList imlFOUNDICONS;
     ImageList imlTHUMBNAILS;
 
+    /// The five pages in the order of their tabs.
+    std::array<QWidget*, 5> pages() const {
+        return {picframSLIDEHSOW, picframPICTURES, picframMUSICLIST, picframWEBALBM, picframHELP};
+    }
+
 private:
+    QWidget* makePage(const char* name);
+    void makeSlideshowsPage();
     void makePicturesPage();
     void makeMusicPage();
+    void makeHelpPage();
+    void makeBand();
     void makeToolbar();
     void makeSlideBar();
     void describe();

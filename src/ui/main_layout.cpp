@@ -18,34 +18,65 @@ float whole(float twips) {
     return static_cast<float>(roundHalfEven(static_cast<double>(twips)));
 }
 
+/// Buttons from the right, 90 apart and as far from the edge.
+void placeRow(std::initializer_list<cbtn*> buttons, float right, float top) {
+    for (cbtn* button : buttons) {
+        setLeft(*button, right - 90 - Width(*button));
+        setTop(*button, top);
+        right = Left(*button);
+    }
+}
+
 }  // namespace
 
-MainLayout::MainLayout(MainControls& controls) : c_(controls) {}
+MainLayout::MainLayout(MainControls& controls, WebAlbumPage& webAlbum)
+    : c_(controls), web_(webAlbum) {}
 
 void MainLayout::Form_Resize() {
-    const float W = Width(c_.surface);
-    const float H = Height(c_.surface);
-    setHeight(*c_.tabPAGES, H - 3400);
-    setWidth(*c_.prgBARSLIDES, W - 2 * Left(*c_.prgBARSLIDES));
-    for (QWidget* page : {c_.picframPICTURES, c_.picframMUSICLIST}) {
-        setWidth(*page, W - 2 * Left(*page));
-        setHeight(*page, Height(*c_.tabPAGES) - 450);
-    }
-    setHeight(*c_.ftvFOLDER, Height(*c_.picframPICTURES) - 180 - 60);
-    setTop(*c_.picSELBAR, Top(*c_.tabPAGES) + Height(*c_.tabPAGES) - 110);
-    setTop(*c_.picbarCONTROLS, Top(*c_.picSELBAR) + Height(*c_.picSELBAR));
-    setTop(*c_.lvwSLIDEBAR, Top(*c_.picbarCONTROLS) + Height(*c_.picbarCONTROLS) + 180);
-    setWidth(*c_.picbarCONTROLS, W);
-    setHeight(*c_.picVBAR, Height(*c_.picframPICTURES) - Top(*c_.picVBAR));
+    layOutFrames();
     VBarLayout();
     tintBand();
     tintSlideBar();
     placeSlideBar();
-    QWidget& start = *c_.cbtnCONTROLS[6];
-    setLeft(start, W - Width(start) - 45);
+    layOutToolbar();
+    layOutSlideshows();
     layOutMusic();
-    setHeight(*c_.lvwFOUND, Height(*c_.picframPICTURES) - Top(*c_.lvwFOUND) - 500);
-    setTop(*c_.lblFOUNDCOUNT, Height(*c_.picframPICTURES) - 400);
+    layOutPictures();
+    layOutWebAlbum();
+}
+
+void MainLayout::layOutFrames() {
+    const float W = Width(c_.surface);
+    const float H = Height(c_.surface);
+    setHeight(*c_.tabPAGES, H - 3400);
+    setWidth(*c_.prgBARSLIDES, W - 2 * Left(*c_.prgBARSLIDES));
+    for (QWidget* page : c_.pages()) {
+        setWidth(*page, W - 2 * Left(*page));
+        setHeight(*page, Height(*c_.tabPAGES) - 450);
+    }
+    setHeight(*c_.ftvFOLDER, Height(*c_.picframSLIDEHSOW) - 180 - 60);
+    setTop(*c_.picSELBAR, Top(*c_.tabPAGES) + Height(*c_.tabPAGES) - 110);
+    setTop(*c_.picbarCONTROLS, Top(*c_.picSELBAR) + Height(*c_.picSELBAR));
+    setTop(*c_.lvwSLIDEBAR, Top(*c_.picbarCONTROLS) + Height(*c_.picbarCONTROLS) + 180);
+    setWidth(*c_.picbarCONTROLS, W);
+    setHeight(*c_.picVBAR, Height(*c_.picframSLIDEHSOW) - Top(*c_.picVBAR));
+}
+
+void MainLayout::layOutToolbar() {
+    cbtn& start = *c_.cbtnCONTROLS[6];
+    cbtn& settings = *c_.cbtnCONTROLS[8];
+    setLeft(start, Width(c_.surface) - Width(start) - 45);
+    setLeft(settings, Left(start) - 120 - Width(settings));
+}
+
+void MainLayout::layOutSlideshows() {
+    const float width = Width(*c_.picframSLIDEHSOW);
+    const float height = Height(*c_.picframSLIDEHSOW);
+    ReportView& albums = *c_.lvwALBUMS;
+    setWidth(albums, width - Left(albums) - 75);
+    setHeight(albums, height - Top(albums) - 500);
+    albums.setColumnWidth(1, Width(albums) - 900 - albums.ColumnWidth(2));
+    placeRow({c_.btnView, c_.btnREMOVE, c_.btnADD}, width, height - 400);
 }
 
 void MainLayout::layOutMusic() {
@@ -53,15 +84,26 @@ void MainLayout::layOutMusic() {
     const float height = Height(*c_.picframMUSICLIST);
     setWidth(*c_.lstMUSIC, width - Left(*c_.lstMUSIC) - 75);
     setHeight(*c_.lstMUSIC, height - Top(*c_.lstMUSIC) - 500);
-    float right = width;
-    for (const std::size_t index : {4, 3, 2}) {
-        cbtn& button = *c_.cbtnAUDIO.at(index);
-        setLeft(button, right - 90 - Width(button));
-        setTop(button, height - 400);
-        right = Left(button);
-    }
-    setWidth(*c_.prgPLAY, right - Left(*c_.prgPLAY) - 240);
+    placeRow({c_.cbtnAUDIO[4], c_.cbtnAUDIO[3], c_.cbtnAUDIO[2]}, width, height - 400);
+    setWidth(*c_.prgPLAY, Left(*c_.cbtnAUDIO[2]) - Left(*c_.prgPLAY) - 240);
     setTop(*c_.prgPLAY, Top(*c_.cbtnAUDIO[2]) + 90);
+}
+
+void MainLayout::layOutPictures() {
+    const float height = Height(*c_.picframPICTURES);
+    setHeight(*c_.lvwFOUND, height - Top(*c_.lvwFOUND) - 500);
+    for (QWidget* below :
+         {static_cast<QWidget*>(c_.cbtnBROWSEBTNS[0]), static_cast<QWidget*>(c_.cbtnBROWSEBTNS[1]),
+          static_cast<QWidget*>(c_.lblFOUNDCOUNT)}) {
+        setTop(*below, height - 400);
+    }
+}
+
+void MainLayout::layOutWebAlbum() {
+    const float width = Width(*c_.picframWEBALBM);
+    const float height = Height(*c_.picframWEBALBM);
+    placeRow({web_.cbtnVIEWWEBALB, web_.cbtnWEBALBUM}, width, height - 400);
+    web_.layOut(width, height - 500);
 }
 
 void MainLayout::VBarLayout() {
@@ -87,8 +129,13 @@ void MainLayout::VBarLayout() {
     setWidth(*c_.lvwSLIDEBAR, W - 2 * Left(*c_.lvwSLIDEBAR));
     c_.lvwSLIDEBAR->viewport()->update();
     c_.lvwFOUND->setVisible(true);
+    cbtn& preview = *c_.cbtnBROWSEBTNS[0];
+    cbtn& wallpaper = *c_.cbtnBROWSEBTNS[1];
+    const float right = Left(*c_.tabPAGES) + Width(*c_.tabPAGES);
+    setLeft(wallpaper, right - Width(wallpaper) - 90);
+    setLeft(preview, right - Width(wallpaper) - 90 - Width(preview) - 90);
     setLeft(*c_.lblFOUNDCOUNT, Left(*c_.lvwFOUND));
-    setWidth(*c_.lblFOUNDCOUNT, Width(*c_.lvwFOUND));
+    setWidth(*c_.lblFOUNDCOUNT, Left(preview) - Left(*c_.lblFOUNDCOUNT) - 120);
 }
 
 void MainLayout::tintBand() {
@@ -136,7 +183,7 @@ void MainLayout::moveSplitter(float step) {
 
 void MainLayout::applyPageColour() {
     const QColor page = QColor(toRgb(highlight3D));
-    for (QWidget* frame : {c_.picframPICTURES, c_.picframMUSICLIST}) {
+    for (QWidget* frame : c_.pages()) {
         QPalette ground = frame->palette();
         ground.setColor(QPalette::Window, page);
         frame->setPalette(ground);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/main_controls.h"
+#include "ui/web_album_page.h"
 
 #include <QLineF>
 
@@ -9,7 +10,7 @@ namespace velorama {
 /// Places and tints the main window's controls by its size. Everything in twips.
 class MainLayout {
 public:
-    explicit MainLayout(MainControls& controls);
+    MainLayout(MainControls& controls, WebAlbumPage& webAlbum);
 
     void Form_Resize();
     void VBarLayout();
@@ -26,12 +27,18 @@ public:
     QLineF separator() const { return separator_; }
 
 private:
+    void layOutFrames();
+    void layOutToolbar();
+    void layOutSlideshows();
     void layOutMusic();
+    void layOutPictures();
+    void layOutWebAlbum();
     void tintBand();
     void tintSlideBar();
     void placeSlideBar();
 
     MainControls& c_;
+    WebAlbumPage& web_;
     QLineF separator_;
 };
 

@@ -1,49 +1,60 @@
 #include "ui/main_menus.h"
 
-#include "controls/icon.h"
+#include "ui/menu_making.h"
 
 namespace velorama {
-namespace {
-
-QMenu* menu(QWidget* parent, const char* name, const char* caption) {
-    auto* made = new QMenu(QLatin1String(caption), parent);
-    made->setObjectName(QLatin1String(name));
-    return made;
-}
-
-QAction* entry(QMenu* top, const char* name, const char* caption, const char* symbol = "",
-               const QKeySequence& key = {}) {
-    QAction* made = top->addAction(symbolIcon(QLatin1String(symbol)), QLatin1String(caption));
-    made->setObjectName(QLatin1String(name));
-    made->setShortcut(key);
-    return made;
-}
-
-}  // namespace
 
 MainMenus::MainMenus(QMenuBar& bar)
-    : mnuFILETOP(menu(&bar, "mnuFILETOP", "&Slideshow")),
-      mnuEDITTOP(menu(&bar, "mnuEDITTOP", "Sli&des")),
-      mnuFOUNDTOP(menu(&bar, "mnuFOUNDTOP", "&Found Files Pop up")),
-      mnuSELECTEDTOP(menu(&bar, "mnuSELECTEDTOP", "&Selected Files Pop up")) {
-    bar.addMenu(mnuFILETOP);
-    bar.addMenu(mnuEDITTOP);
+    : mnuFILETOP(makeMenu(&bar, "mnuFILETOP", "&Slideshow")),
+      mnuEDITTOP(makeMenu(&bar, "mnuEDITTOP", "Sli&des")),
+      mnuHELPTOP(makeMenu(&bar, "mnuHELPTOP", "&Help")) {
+    for (QMenu* top : {mnuFILETOP, mnuEDITTOP, mnuHELPTOP}) {
+        bar.addMenu(top);
+    }
+    makeSlideshow();
+    makeSlides();
+    makeHelp();
+}
 
-    mnuFILESTART = entry(mnuFILETOP, "mnuFILESTART", "Start Slidesho&w", "play", Qt::Key_F5);
+void MainMenus::makeSlideshow() {
+    QMenu* top = mnuFILETOP;
+    mnuFILENEW = makeEntry(top, "mnuFILENEW", "&New             ", "new", Qt::CTRL | Qt::Key_N);
+    top->addSeparator();
+    mnuFILEOPEN = makeEntry(top, "mnuFILEOPEN", "&Open...", "open", Qt::CTRL | Qt::Key_O);
+    top->addSeparator();
+    mnuFILESAVE = makeEntry(top, "mnuFILESAVE", "&Save", "save", Qt::CTRL | Qt::Key_S);
+    mnuFILESAVEAS = makeEntry(top, "mnuFILESAVEAS", "Save &As...       ", "save-as", Qt::Key_F12);
+    top->addSeparator();
+    mnuFILESTART = makeEntry(top, "mnuFILESTART", "Start Slidesho&w", "play", Qt::Key_F5);
     mnuFILESTART->setEnabled(false);  // until there are slides
-    mnuFILETOP->addSeparator();
-    mnuFILEEXIT = entry(mnuFILETOP, "mnuFILEEXIT", "E&xit");
+    top->addSeparator();
+    mnuTOOLSOPTIONS = makeEntry(top, "mnuTOOLSOPTIONS", "Se&ttings...", "settings");
+    top->addSeparator();
+    mnuFILEEXIT = makeEntry(top, "mnuFILEEXIT", "E&xit");
+}
 
-    mnuEDITADD = entry(mnuEDITTOP, "mnuEDITADD", "&Add", "add");
-    mnuEDITADDALL = entry(mnuEDITTOP, "mnuEDITADDALL", "A&dd All", "add-all");
-    mnuEDITTOP->addSeparator();
-    mnuEDITCLEAR = entry(mnuEDITTOP, "mnuEDITCLEAR", "&Remove", "remove");
-    mnuEDITCLEARALL = entry(mnuEDITTOP, "mnuEDITCLEARALL", "Remo&ve All", "remove-all");
+void MainMenus::makeSlides() {
+    QMenu* top = mnuEDITTOP;
+    mnuEDITADD = makeEntry(top, "mnuEDITADD", "&Add", "add");
+    mnuEDITADDALL = makeEntry(top, "mnuEDITADDALL", "A&dd All", "add-all");
+    top->addSeparator();
+    mnuEDITCLEAR = makeEntry(top, "mnuEDITCLEAR", "&Remove", "remove");
+    mnuEDITCLEARALL = makeEntry(top, "mnuEDITCLEARALL", "Remo&ve All", "remove-all");
+    top->addSeparator();
+    mnuEDITPREVIEW = makeEntry(top, "mnuEDITPREVIEW", "Picture Pr&eview", "preview", Qt::Key_F11);
+    mnuTOOLSWALLPAPER =
+        makeEntry(top, "mnuTOOLSWALLPAPER", "Set As Desktop &Wallpaper", "wallpaper", Qt::Key_F4);
+}
 
-    mnuFOUNDADD = entry(mnuFOUNDTOP, "mnuFOUNDADD", "&Add", "add");
-    mnuFOUNDADDALL = entry(mnuFOUNDTOP, "mnuFOUNDADDALL", "A&dd All", "add-all");
-    mnuSELECTEDCLEAR = entry(mnuSELECTEDTOP, "mnuSELECTEDCLEAR", "&Remove", "remove");
-    mnuSELECTEDCLEARALL = entry(mnuSELECTEDTOP, "mnuSELECTEDCLEARALL", "Remo&ve All", "remove-all");
+void MainMenus::makeHelp() {
+    QMenu* top = mnuHELPTOP;
+    mnuHELPCONTENTS = makeEntry(top, "mnuHELPCONTENTS", "Help &Center Online", "help", Qt::Key_F1);
+    mnuHELPUPDATECHECK = makeEntry(top, "mnuHELPUPDATECHECK", "Check For &Updates", "update");
+    top->addSeparator();
+    mnuHELPONLINE = makeEntry(top, "mnuHELPONLINE", "&Visit Website", "web");
+    mnuHELPEMAILSUPPORT = makeEntry(top, "mnuHELPEMAILSUPPORT", "Customer &Support", "support");
+    top->addSeparator();
+    mnuHELPABOUT = makeEntry(top, "mnuHELPABOUT", "&About", "about");
 }
 
 void MainMenus::setKeyHints() {

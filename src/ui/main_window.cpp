@@ -1,18 +1,13 @@
 #include "ui/main_window.h"
 
-#include "browse/screen_pointer.h"
 #include "controls/keys.h"
 #include "controls/twips.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/events.h"
-#include "platform/numbers.h"
-#include "platform/shell.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QPainter>
 
 #include <cmath>
@@ -20,18 +15,13 @@
 namespace velorama {
 namespace {
 
-// The window's inner surface at design, and the smallest window, in twips.
+// The window's inner surface at design, in twips, and the smallest window, in logical pixels.
 constexpr float designWidth = 11040;
 constexpr float designHeight = 7200;
 constexpr int smallestWidth = 500;
 constexpr int smallestHeight = 400;
 
-constexpr float splitterKeyStep = 150;
 constexpr int pollInterval = 1000;
-const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
-
-const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
-const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
 
 }  // namespace
 
@@ -62,15 +52,19 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device)
     : screenSaver_(screenSaver),
       surface_(new Surface(*this)),
       controls_(*surface_),
+      cdlDIALOG_(this),
+      webAlbum_(*controls_.picframWEBALBM, cdlDIALOG_),
       menus_(*menuBar()),
-      layout_(controls_),
+      popups_(this),
+      layout_(controls_, webAlbum_),
       thumbnails_(controls_.imlFOUNDICONS, controls_.imlTHUMBNAILS, pictures_, devicePixelRatioF()),
       slides_(slideListControls(), thumbnails_,
               [this](const PopupRequest& r) { popup(r, *surface_); }),
       found_({controls_.ftvFOLDER, &controls_.flbFOUND, controls_.lvwFOUND,
               &controls_.imlFOUNDICONS, controls_.prgBARSLIDES},
              thumbnails_, foundListCalls()),
-      cdlDIALOG_(this),
+      albums_(albumListControls(), albumListCalls()),
+      album_(albumControls(), slides_, thumbnails_, albums_),
       audio_(musicControls(), device,
              [this](const MusicFileRequest& request) { return chooseMusic(request); }) {
     setObjectName(QStringLiteral("mfrmPRGMAIN"));
@@ -101,12 +95,42 @@ SlideListControls mfrmPRGMAIN::slideListControls() {
     given.prgBARSLIDES = controls_.prgBARSLIDES;
     std::copy(controls_.cbtnCONTROLS.begin(), controls_.cbtnCONTROLS.end(),
               given.cbtnCONTROLS.begin());
+    std::copy(controls_.cbtnSLIDES.begin(), controls_.cbtnSLIDES.end(), given.cbtnSLIDES.begin());
+    given.cbtnWEBALBUM = webAlbum_.cbtnWEBALBUM;
     given.mnuEDITADD = menus_.mnuEDITADD;
     given.mnuEDITADDALL = menus_.mnuEDITADDALL;
     given.mnuEDITCLEAR = menus_.mnuEDITCLEAR;
     given.mnuEDITCLEARALL = menus_.mnuEDITCLEARALL;
     given.mnuFILESTART = menus_.mnuFILESTART;
+    given.mnuFILESAVE = menus_.mnuFILESAVE;
     return given;
+}
+
+AlbumFile::Controls mfrmPRGMAIN::albumControls() {
+    AlbumFile::Controls given;
+    given.form = this;
+    given.lvwSLIDEBAR = controls_.lvwSLIDEBAR;
+    given.lvwALBUMS = controls_.lvwALBUMS;
+    given.imlTHUMBNAILS = &controls_.imlTHUMBNAILS;
+    given.prgBARSLIDES = controls_.prgBARSLIDES;
+    given.cdlDIALOG = &cdlDIALOG_;
+    given.mnuFILESAVE = menus_.mnuFILESAVE;
+    std::copy(controls_.cbtnSLIDES.begin(), controls_.cbtnSLIDES.end(), given.cbtnSLIDES.begin());
+    return given;
+}
+
+AlbumList::Controls mfrmPRGMAIN::albumListControls() {
+    return {controls_.lvwALBUMS, controls_.btnADD, controls_.btnREMOVE, controls_.btnView,
+            &cdlDIALOG_};
+}
+
+AlbumListCalls mfrmPRGMAIN::albumListCalls() {
+    AlbumListCalls calls;
+    calls.AlbumPath = [this] { return album_.Tag(); };
+    calls.isModified = [this] { return album_.isModified(); };
+    calls.mnuFILESAVE_Click = [this] { album_.mnuFILESAVE_Click(); };
+    calls.openAlbum = [this](const QString& path) { album_.openFromList(path); };
+    return calls;
 }
 
 MusicControls mfrmPRGMAIN::musicControls() {
@@ -154,129 +178,12 @@ FoundListCalls mfrmPRGMAIN::foundListCalls() {
     return calls;
 }
 
-void mfrmPRGMAIN::connectCommands() {
-    const auto on = [this](QAction* entry, auto handler) {
-        connect(entry, &QAction::triggered, this, handler);
-    };
-    on(menus_.mnuFILESTART, [this] { mnuFILESTART_Click(); });
-    on(menus_.mnuFILEEXIT, [this] { close(); });
-    on(menus_.mnuEDITADD, [this] { slides_.Add(); });
-    on(menus_.mnuEDITADDALL, [this] { slides_.AddAll(); });
-    on(menus_.mnuEDITCLEAR, [this] {
-        slides_.Clear();
-        slides_.SelectChk();
-    });
-    on(menus_.mnuEDITCLEARALL, [this] { slides_.ClearAll(); });
-    on(menus_.mnuFOUNDADD, [this] { slides_.Add(); });
-    on(menus_.mnuFOUNDADDALL, [this] { slides_.AddAll(); });
-    on(menus_.mnuSELECTEDCLEAR, [this] { slides_.Clear(); });
-    on(menus_.mnuSELECTEDCLEARALL, [this] { slides_.ClearAll(); });
-
-    const auto press = [this](std::size_t index, auto action) {
-        connect(controls_.cbtnCONTROLS.at(index), &cbtn::Click, this, [this, action] {
-            action();
-            slides_.SelectChk();
-        });
-    };
-    press(0, [this] { menus_.mnuEDITADD->trigger(); });
-    press(1, [this] { menus_.mnuEDITADDALL->trigger(); });
-    press(2, [this] { menus_.mnuEDITCLEAR->trigger(); });
-    press(3, [this] { menus_.mnuEDITCLEARALL->trigger(); });
-    press(4, [this] { slides_.MoveBack(); });
-    press(5, [this] { slides_.MoveForward(); });
-    press(6, [this] { menus_.mnuFILESTART->trigger(); });
-
-    // The listing begins with an empty image list: the new folder's names are there by then.
-    connect(&controls_.imlFOUNDICONS, &ImageList::changed, this, &mfrmPRGMAIN::updateFoundCount);
-    connect(controls_.tabPAGES, &tab::Click, this, &mfrmPRGMAIN::tabPAGES_Click);
-}
-
-void mfrmPRGMAIN::connectSplitter() {
-    PictureBox* bar = controls_.picVBAR;
-    connect(bar, &PictureBox::MouseMove, this,
-            [this](int button, float x, float) { layout_.dragSplitter(button, x); });
-    connect(bar, &PictureBox::MouseUp, this, [this] { layout_.VBarLayout(); });
-    connect(bar, &PictureBox::KeyDown, this, [this](int code, int shift) {
-        if (code == KeyLeft || code == KeyRight) {
-            layout_.moveSplitter(code == KeyLeft ? -splitterKeyStep : splitterKeyStep);
-        }
-        slides_.ListKeysCheck(code, shift);
-    });
-}
-
-void mfrmPRGMAIN::setTabOrders() {
-    QWidget* before = controls_.tabPAGES;
-    const auto then = [&before](QWidget* next) {
-        QWidget::setTabOrder(before, next);
-        before = next;
-    };
-    then(controls_.ftvFOLDER);
-    then(controls_.picVBAR);
-    then(controls_.lvwFOUND);
-    for (cbtn* button : controls_.cbtnCONTROLS) {
-        then(button);
+frmTOOLSSETTINGS& mfrmPRGMAIN::settings() {
+    if (!settings_ || settings_->isUnloaded()) {
+        delete settings_;
+        settings_ = new frmTOOLSSETTINGS(this, album_.Tag(), *controls_.lvwALBUMS);
     }
-    then(controls_.lvwSLIDEBAR);
-    then(controls_.lstMUSIC);
-    for (const std::size_t index : {0, 1, 5}) {
-        then(controls_.cbtnAUDIO.at(index));
-    }
-    then(controls_.Command1);
-    then(controls_.Command2);
-    for (const std::size_t index : {2, 3, 4}) {
-        then(controls_.cbtnAUDIO.at(index));
-    }
-}
-
-void mfrmPRGMAIN::popup(const PopupRequest& request, const QWidget& page) {
-    const bool found = request.menu == PopupRequest::Menu::mnuFOUNDTOP;
-    QMenu* menu = found ? menus_.mnuFOUNDTOP : menus_.mnuSELECTEDTOP;
-    menu->setDefaultAction(request.firstIsDefault ? menu->actions().value(0) : nullptr);
-    const QPoint place(toPixels(request.x), toPixels(request.y));
-    menu->popup(page.mapToGlobal(place));
-}
-
-void mfrmPRGMAIN::updateFoundCount() {
-    const int count = controls_.flbFOUND.ListCount();
-    const QString noun = count == 1 ? QStringLiteral(" picture") : QStringLiteral(" pictures");
-    controls_.lblFOUNDCOUNT->setCaption(count == 0 ? QString() : decimalText(count) + noun);
-}
-
-void mfrmPRGMAIN::tabPAGES_Click(const QString& caption) {
-    struct Page {
-        const char* caption;
-        QWidget* frame;
-        QWidget* focus;
-    };
-    const std::array<Page, 2> pages = {
-        {{"Pictures", controls_.picframPICTURES, controls_.ftvFOLDER},
-         {"Music", controls_.picframMUSICLIST, controls_.lstMUSIC}}};
-    const auto chosen = std::find_if(pages.begin(), pages.end(), [&caption](const Page& page) {
-        return caption == QLatin1String(page.caption);
-    });
-    if (chosen == pages.end()) {
-        return;
-    }
-    chosen->frame->show();
-    for (const Page& page : pages) {
-        page.frame->setVisible(page.frame == chosen->frame);
-    }
-    chosen->focus->setFocus();
-}
-
-void mfrmPRGMAIN::Form_KeyDown(int& KeyCode, int& Shift) {
-    const bool forwards = Shift == CtrlDown;
-    if (KeyCode != KeyTab || (!forwards && Shift != (CtrlDown | ShiftDown))) {
-        return;
-    }
-    tab& pages = *controls_.tabPAGES;
-    const int last = pages.Tabcount();
-    const int now = pages.ActiveTab();
-    const int next = forwards ? (now >= last ? 1 : now + 1) : (now <= 1 ? last : now - 1);
-    pages.setActiveTab(next);
-    tabPAGES_Click(pages.StringPiece(pages.ActiveTabs(), QStringLiteral(","), next));
-    KeyCode = 0;
-    Shift = 0;
+    return *settings_;
 }
 
 void mfrmPRGMAIN::setVisible(bool visible) {
@@ -290,98 +197,18 @@ void mfrmPRGMAIN::setVisible(bool visible) {
     QMainWindow::setVisible(visible && !unloaded_);
 }
 
-void mfrmPRGMAIN::mnuFILESTART_Click() {
-    slides_.StartSave();
-    if (show_ && !show_->isUnloaded()) {
-        return;
-    }
-    show_ = new frmSLIDESHOW(*this, screenSaver_);
-    show_->load(screen());
-}
-
-void mfrmPRGMAIN::Form_Load() {
-    FormLoading = true;
-    controls_.lvwSLIDEBAR->setFont(QFont(QStringLiteral("Arial"), 7));
-    ActiveList = QStringLiteral("SELECTED");
-    controls_.lvwSLIDEBAR->hide();
-    layout_.applyPageColour();
-    menus_.setKeyHints();
-    gRegistry->FormDimensionsSetup(*this, true);
-    // A window that has not been shown has not laid itself out; what follows needs its inner size.
-    layout()->setGeometry(rect());
-    const QString splitter =
-        loadSetting(toolSettings, QStringLiteral("Splitter Bar Left"), QStringLiteral("3585"));
-    if (const auto left = decimalNumber(splitter)) {
-        setLeft(*controls_.picVBAR, static_cast<float>(*left));
-    }
-    tabPAGES_Click(QStringLiteral("Pictures"));
-    disableCommands();
-    VBarLayout();
-    DoEvents();
-    loaded_ = true;
-    Form_Resize();
-    QMainWindow::show();
-    VBarLayout();
-    DoEvents();
-    controls_.flbFOUND.setPattern(pictureMask);
-    DoEvents();
-    DoEvents();
-    audio_.list.ListboxLoad(*controls_.lstMUSIC, musicListName);
-    showFirst();
-    setScreenPointer(ScreenPointer::Default);
-    controls_.lvwSLIDEBAR->show();
-    VBarLayout();
-    DoEvents();
-    Form_Resize();
-    FormLoading = false;
-    controls_.ftvFOLDER->setPath(
-        loadSetting(toolSettings, QStringLiteral("Files Location"), applicationFolder()));
-}
-
-void mfrmPRGMAIN::disableCommands() {
-    for (const std::size_t index : {3, 6, 2, 4, 5, 0, 1}) {
-        controls_.cbtnCONTROLS.at(index)->setEnabled(false);
-    }
-    for (QAction* entry :
-         {menus_.mnuEDITCLEAR, menus_.mnuEDITCLEARALL, menus_.mnuEDITADD, menus_.mnuEDITADDALL}) {
-        entry->setEnabled(false);
-    }
-}
-
-void mfrmPRGMAIN::showFirst() {
-    ActiveList = QStringLiteral("SELECTED");
-    slides_.selectFirstSlide();
-    ActiveList = QStringLiteral("SELECTED");
-}
-
-void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
-    Cancel = false;
-    audio_.list.ListboxSave(*controls_.lstMUSIC, musicListName);
-}
-
-void mfrmPRGMAIN::Form_Unload() {
-    unloaded_ = true;
-    audio_.closeDevice();
-    tmrMUSIC_.stop();
-    found_.stop();
-    slides_.stop();
-    slides_.SELECTIONSAVE();
-    gRegistry->FormDimensionsSave(*this, true);
-    saveSetting(toolSettings, QStringLiteral("Splitter Bar Left"),
-                singleText(Left(*controls_.picVBAR)));
-    if (show_) {
-        show_->Unload();
-    }
-    hide();
-    QCoreApplication::quit();
-}
-
 void mfrmPRGMAIN::closeEvent(QCloseEvent* event) {
     if (unloaded_) {
         return;
     }
+    if (closing_) {
+        event->ignore();
+        return;
+    }
+    closing_ = true;
     bool Cancel = false;
     Form_QueryUnload(Cancel);
+    closing_ = false;
     event->setAccepted(!Cancel);
     if (!Cancel) {
         Form_Unload();

@@ -1,10 +1,15 @@
 #pragma once
 
+#include "albums/album_file.h"
+#include "albums/album_list.h"
 #include "albums/slide_list.h"
 #include "browse/found_list.h"
 #include "controls/common_dialog.h"
+#include "controls/menu_text.h"
 #include "music/audio_engine.h"
 #include "player/frm_slideshow.h"
+#include "ui/frm_resourcemainstore.h"
+#include "ui/frm_toolssettings.h"
 #include "ui/main_layout.h"
 #include "ui/main_menus.h"
 
@@ -21,9 +26,10 @@ public:
     mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device);
     ~mfrmPRGMAIN() override;
 
-    /// Restores the window and everything in it, in the order of the start. The window is visible
-    /// before the first folder is listed; events run inside.
-    void Form_Load();
+    /// Restores the window and everything in it, in the order of the start, and opens the album
+    /// that `commandLine` names, or the last one where it is empty. The window is visible before
+    /// the first folder is listed; events run inside.
+    void Form_Load(const QString& commandLine = {});
     /// True once the window has been closed for good.
     bool isUnloaded() const { return unloaded_; }
 
@@ -31,14 +37,21 @@ public:
     void VBarLayout() { layout_.VBarLayout(); }
 
     void mnuFILESTART_Click();
+    void mnuTOOLSOPTIONS_Click();
     // For the show too.
     void AudioPlay() override { audio_.AudioPlay(); }
     void AudioPause() override { audio_.AudioPause(); }
 
     MainControls& controls() { return controls_; }
+    WebAlbumPage& webAlbum() { return webAlbum_; }
     MainMenus& menus() { return menus_; }
+    frmRESOURCEMAINSTORE& popups() { return popups_; }
     SlideList& slides() { return slides_; }
+    AlbumFile& album() { return album_; }
+    AlbumList& albums() { return albums_; }
     QPointer<frmSLIDESHOW> slideShow() const { return show_; }
+    /// The settings dialog, loaded at its first use and anew after each unload.
+    frmTOOLSSETTINGS& settings();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -48,6 +61,7 @@ protected:
 private:
     class Surface;
 
+    // -- ShowHost --
     /// A window closed while it loads does not come back at the end of that.
     void setVisible(bool visible) override;
     QString track() const override {
@@ -55,20 +69,40 @@ private:
     }
     QString trackLength() const override { return controls_.lblM1->Caption(); }
     QString trackPosition() const override { return controls_.lblM2->Caption(); }
+    Colour background() override { return settings().background(); }
+    Colour gradient() override { return settings().gradient(); }
+
+    // -- what the classes are given --
     SlideListControls slideListControls();
     MusicControls musicControls();
-    QStringList chooseMusic(const MusicFileRequest& request);
+    AlbumFile::Controls albumControls();
+    AlbumList::Controls albumListControls();
+    AlbumListCalls albumListCalls();
     FoundListCalls foundListCalls();
+    QStringList chooseMusic(const MusicFileRequest& request);
+
+    // -- main_window_commands.cpp --
     void connectCommands();
+    void connectSlideshowMenu();
+    void connectSlidesMenu();
+    void connectHelp();
+    void connectButtons();
     void connectSplitter();
     void setTabOrders();
     /// `page`: what the asking list stands on; its coordinates count.
     void popup(const PopupRequest& request, const QWidget& page);
     void updateFoundCount();
     void tabPAGES_Click(const QString& caption);
+    void showPage(int number);
     void Form_KeyDown(int& KeyCode, int& Shift);
 
+    // -- main_window_start.cpp --
+    void fillHelpPage();
+    void restoreFrame();
+    void restorePage();
     void disableCommands();
+    void appear();
+    void loadLists(const QString& albumPath);
     void showFirst();
     void Form_QueryUnload(bool& Cancel);
     void Form_Unload();
@@ -76,19 +110,27 @@ private:
     ScreenSaver& screenSaver_;
     Surface* surface_;
     MainControls controls_;
+    CommonDialog cdlDIALOG_;
+    WebAlbumPage webAlbum_;
     MainMenus menus_;
+    frmRESOURCEMAINSTORE popups_;
+    mnutxt mnutxt1_;
     MainLayout layout_;
     LookAhead pictures_;
     Thumbnails thumbnails_;
     SlideList slides_;
     FoundList found_;
     QTimer tmrMUSIC_;
-    CommonDialog cdlDIALOG_;
+    AlbumList albums_;
+    AlbumFile album_;
     AudioEngine audio_;
     QPointer<frmSLIDESHOW> show_;
+    QPointer<frmTOOLSSETTINGS> settings_;
     /// Where the window stood when it was hidden.
     QPoint place_;
     bool loaded_ = false;
+    /// The questions of a close are being asked.
+    bool closing_ = false;
     bool unloaded_ = false;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/show_colours.h"
 #include "platform/memory_registry_store.h"
 #include "platform/shell.h"
 #include "player/frm_slideshow.h"
@@ -40,6 +41,8 @@ public:
     QString track() const override { return trackPath; }
     QString trackLength() const override { return length; }
     QString trackPosition() const override { return position; }
+    Colour background() override { return showBackground(); }
+    Colour gradient() override { return showGradient(); }
 
     QList<bool> visibilities;
     QStringList music;

@@ -1,0 +1,208 @@
+#include "ui/main_window.h"
+
+#include "controls/keys.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "core/lib_txt.h"
+#include "platform/numbers.h"
+
+namespace velorama {
+namespace {
+
+constexpr float splitterKeyStep = 150;
+
+}  // namespace
+
+void mfrmPRGMAIN::connectCommands() {
+    connectSlideshowMenu();
+    connectSlidesMenu();
+    connectHelp();
+    connectButtons();
+    connect(&mnutxt1_, &mnutxt::MenuHover, this,
+            [](const QString& text) { gStatus->MenuText(text); });
+    // The listing begins with an empty image list: the new folder's names are there by then.
+    connect(&controls_.imlFOUNDICONS, &ImageList::changed, this, &mfrmPRGMAIN::updateFoundCount);
+    connect(controls_.tabPAGES, &tab::Click, this, &mfrmPRGMAIN::tabPAGES_Click);
+}
+
+void mfrmPRGMAIN::connectSlideshowMenu() {
+    const auto on = [this](QAction* entry, auto handler) {
+        connect(entry, &QAction::triggered, this, handler);
+    };
+    on(menus_.mnuFILENEW, [this] { album_.mnuFILENEW_Click(); });
+    on(menus_.mnuFILEOPEN, [this] { album_.mnuFILEOPEN_Click(); });
+    on(menus_.mnuFILESAVE, [this] { album_.mnuFILESAVE_Click(); });
+    on(menus_.mnuFILESAVEAS, [this] { album_.mnuFILESAVEAS_Click(); });
+    on(menus_.mnuFILESTART, [this] { mnuFILESTART_Click(); });
+    on(menus_.mnuTOOLSOPTIONS, [this] { mnuTOOLSOPTIONS_Click(); });
+    on(menus_.mnuFILEEXIT, [this] { close(); });
+}
+
+void mfrmPRGMAIN::connectSlidesMenu() {
+    const auto on = [this](QAction* entry, auto handler) {
+        connect(entry, &QAction::triggered, this, handler);
+    };
+    on(menus_.mnuEDITADD, [this] { slides_.Add(); });
+    on(menus_.mnuEDITADDALL, [this] { slides_.AddAll(); });
+    on(menus_.mnuEDITCLEAR, [this] {
+        slides_.Clear();
+        slides_.SelectChk();
+    });
+    on(menus_.mnuEDITCLEARALL, [this] { slides_.ClearAll(); });
+    on(popups_.mnuFOUNDADD, [this] { slides_.Add(); });
+    on(popups_.mnuFOUNDADDALL, [this] { slides_.AddAll(); });
+    on(popups_.mnuSELECTEDCLEAR, [this] { slides_.Clear(); });
+    on(popups_.mnuSELECTEDCLEARALL, [this] { slides_.ClearAll(); });
+}
+
+void mfrmPRGMAIN::connectHelp() {
+    const auto browse = [this](QAction* entry, const QString& link) {
+        connect(entry, &QAction::triggered, this, [this, link] {
+            gRegistry->InternetLinkRun(QString::number(winId()), libTxt.ProtocolHttp, link);
+        });
+    };
+    connect(menus_.mnuHELPCONTENTS, &QAction::triggered, this,
+            [] { gLibrary->subHELPCENTERPAGEINDEX(); });
+    browse(menus_.mnuHELPONLINE, libTxt.WebsiteUrl);
+    browse(menus_.mnuHELPEMAILSUPPORT, libTxt.SupportUrl);
+}
+
+// Every button only forwards to the handler of a menu entry.
+void mfrmPRGMAIN::connectButtons() {
+    const auto forward = [this](cbtn* button, QAction* entry) {
+        connect(button, &cbtn::Click, entry, &QAction::trigger);
+    };
+    const auto press = [this](std::size_t index, auto action) {
+        connect(controls_.cbtnCONTROLS.at(index), &cbtn::Click, this, [this, action] {
+            action();
+            slides_.SelectChk();
+        });
+    };
+    press(0, [this] { menus_.mnuEDITADD->trigger(); });
+    press(1, [this] { menus_.mnuEDITADDALL->trigger(); });
+    press(2, [this] { menus_.mnuEDITCLEAR->trigger(); });
+    press(3, [this] { menus_.mnuEDITCLEARALL->trigger(); });
+    press(4, [this] { slides_.MoveBack(); });
+    press(5, [this] { slides_.MoveForward(); });
+    press(6, [this] { menus_.mnuFILESTART->trigger(); });
+    press(8, [this] { menus_.mnuTOOLSOPTIONS->trigger(); });
+
+    forward(controls_.cbtnSLIDES[0], menus_.mnuFILENEW);
+    forward(controls_.cbtnSLIDES[1], menus_.mnuFILEOPEN);
+    forward(controls_.cbtnSLIDES[2], menus_.mnuFILESAVE);
+    forward(controls_.cbtnSLIDES[3], menus_.mnuFILESAVEAS);
+    forward(controls_.cbtnBROWSEBTNS[0], menus_.mnuEDITPREVIEW);
+    forward(controls_.cbtnBROWSEBTNS[1], menus_.mnuTOOLSWALLPAPER);
+    forward(controls_.cbtnHELP, menus_.mnuHELPCONTENTS);
+    forward(controls_.cbtnUPDATES, menus_.mnuHELPUPDATECHECK);
+    forward(controls_.cbtnWEBSITE, menus_.mnuHELPONLINE);
+    forward(controls_.cbtnSUPPORT, menus_.mnuHELPEMAILSUPPORT);
+    forward(controls_.cbtnABOUT, menus_.mnuHELPABOUT);
+}
+
+void mfrmPRGMAIN::connectSplitter() {
+    PictureBox* bar = controls_.picVBAR;
+    connect(bar, &PictureBox::MouseMove, this,
+            [this](int button, float x, float) { layout_.dragSplitter(button, x); });
+    connect(bar, &PictureBox::MouseUp, this, [this] { layout_.VBarLayout(); });
+    connect(bar, &PictureBox::KeyDown, this, [this](int code, int shift) {
+        if (code == KeyLeft || code == KeyRight) {
+            layout_.moveSplitter(code == KeyLeft ? -splitterKeyStep : splitterKeyStep);
+        }
+        slides_.ListKeysCheck(code, shift);
+    });
+}
+
+// Down the page that is up, then the toolbar and the slide bar.
+void mfrmPRGMAIN::setTabOrders() {
+    MainControls& c = controls_;
+    const QList<QWidget*> order = {
+        c.tabPAGES,          c.cbtnSLIDES[0],     c.cbtnSLIDES[1],   c.cbtnSLIDES[2],
+        c.cbtnSLIDES[3],     c.lvwALBUMS,         c.btnADD,          c.btnREMOVE,
+        c.btnView,           c.ftvFOLDER,         c.picVBAR,         c.lvwFOUND,
+        c.cbtnBROWSEBTNS[0], c.cbtnBROWSEBTNS[1], c.cbtnAUDIO[0],    c.cbtnAUDIO[1],
+        c.cbtnAUDIO[5],      c.Command1,          c.Command2,        c.lstMUSIC,
+        c.cbtnAUDIO[2],      c.cbtnAUDIO[3],      c.cbtnAUDIO[4],    c.cbtnHELP,
+        c.cbtnUPDATES,       c.cbtnWEBSITE,       c.cbtnSUPPORT,     c.cbtnABOUT,
+        c.cbtnCONTROLS[0],   c.cbtnCONTROLS[1],   c.cbtnCONTROLS[2], c.cbtnCONTROLS[3],
+        c.cbtnCONTROLS[4],   c.cbtnCONTROLS[5],   c.cbtnCONTROLS[8], c.cbtnCONTROLS[6],
+        c.lvwSLIDEBAR,
+    };
+    for (qsizetype i = 1; i < order.size(); ++i) {
+        QWidget::setTabOrder(order.at(i - 1), order.at(i));
+    }
+    webAlbum_.setTabOrders(c.cbtnAUDIO[4], c.cbtnHELP);
+}
+
+void mfrmPRGMAIN::popup(const PopupRequest& request, const QWidget& page) {
+    const bool found = request.menu == PopupRequest::Menu::mnuFOUNDTOP;
+    QMenu* menu = found ? popups_.mnuFOUNDTOP : popups_.mnuSELECTEDTOP;
+    menu->setDefaultAction(request.firstIsDefault ? menu->actions().value(0) : nullptr);
+    const QPoint place(toPixels(request.x), toPixels(request.y));
+    menu->popup(page.mapToGlobal(place));
+}
+
+void mfrmPRGMAIN::updateFoundCount() {
+    const int count = controls_.flbFOUND.ListCount();
+    const QString noun = count == 1 ? QStringLiteral(" picture") : QStringLiteral(" pictures");
+    controls_.lblFOUNDCOUNT->setCaption(count == 0 ? QString() : decimalText(count) + noun);
+}
+
+void mfrmPRGMAIN::tabPAGES_Click(const QString& caption) {
+    struct Page {
+        const char* caption;
+        QWidget* frame;
+        QWidget* focus;
+    };
+    const std::array<Page, 5> pages = {
+        {{"Pictures", controls_.picframPICTURES, controls_.ftvFOLDER},
+         {"Slideshows", controls_.picframSLIDEHSOW, controls_.lvwALBUMS},
+         {"Music", controls_.picframMUSICLIST, controls_.lstMUSIC},
+         {"WebAlbum", controls_.picframWEBALBM, webAlbum_.txtTITLE},
+         {"Help", controls_.picframHELP, controls_.cbtnHELP}}};
+    const auto chosen = std::find_if(pages.begin(), pages.end(), [&caption](const Page& page) {
+        return caption == QLatin1String(page.caption);
+    });
+    if (chosen == pages.end()) {
+        return;
+    }
+    chosen->frame->show();
+    for (const Page& page : pages) {
+        page.frame->setVisible(page.frame == chosen->frame);
+    }
+    chosen->focus->setFocus();
+}
+
+/// The strip's selected index, and what its own click then does.
+void mfrmPRGMAIN::showPage(int number) {
+    controls_.tabPAGES->setActiveTab(number);
+    tabPAGES_Click(controls_.tabPAGES->Caption(number));
+}
+
+void mfrmPRGMAIN::Form_KeyDown(int& KeyCode, int& Shift) {
+    const bool forwards = Shift == CtrlDown;
+    if (KeyCode != KeyTab || (!forwards && Shift != (CtrlDown | ShiftDown))) {
+        return;
+    }
+    tab& pages = *controls_.tabPAGES;
+    const int last = pages.Tabcount();
+    const int now = pages.ActiveTab();
+    showPage(forwards ? (now >= last ? 1 : now + 1) : (now <= 1 ? last : now - 1));
+    KeyCode = 0;
+    Shift = 0;
+}
+
+void mfrmPRGMAIN::mnuFILESTART_Click() {
+    slides_.StartSave();
+    if (show_ && !show_->isUnloaded()) {
+        return;
+    }
+    show_ = new frmSLIDESHOW(*this, screenSaver_);
+    show_->load(screen());
+}
+
+void mfrmPRGMAIN::mnuTOOLSOPTIONS_Click() {
+    settings().exec();
+}
+
+}  // namespace velorama

@@ -1,0 +1,165 @@
+#include "ui/main_window.h"
+
+#include "browse/screen_pointer.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "core/lib_txt.h"
+#include "platform/events.h"
+#include "platform/numbers.h"
+#include "platform/shell.h"
+
+#include <QCoreApplication>
+#include <QLayout>
+
+namespace velorama {
+namespace {
+
+const QString albumListName = QStringLiteral("mfrmPRGMAIN");
+const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
+const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
+const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
+const QString viewSettings = QStringLiteral("\\mfrmPRGMAIN\\View");
+// A window closed on a later page comes back on the first.
+constexpr int lastRestoredPage = 3;
+
+}  // namespace
+
+void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
+    FormLoading = true;
+    fillHelpPage();
+    webAlbum_.load();
+    controls_.lvwSLIDEBAR->setFont(QFont(QStringLiteral("Arial"), 7));
+    mnutxt1_.start(menuBar(), {popups_.mnuFOUNDTOP, popups_.mnuSELECTEDTOP});
+    ActiveList = QStringLiteral("SELECTED");
+    controls_.lvwSLIDEBAR->hide();
+    layout_.applyPageColour();
+    menus_.setKeyHints();
+    restoreFrame();
+    restorePage();
+    disableCommands();
+    const QString albumPath =
+        commandLine.isEmpty()
+            ? loadSetting(viewSettings, QStringLiteral("Slideshow"), QString()).trimmed()
+            : commandLine;
+    album_.setUnmodified();
+    appear();
+    controls_.flbFOUND.setPattern(pictureMask);
+    DoEvents();
+    DoEvents();
+    loadLists(albumPath);
+    showFirst();
+    setScreenPointer(ScreenPointer::Default);
+    controls_.lvwSLIDEBAR->show();
+    VBarLayout();
+    DoEvents();
+    Form_Resize();
+    FormLoading = false;
+    controls_.ftvFOLDER->setPath(
+        loadSetting(toolSettings, QStringLiteral("Files Location"), applicationFolder()));
+}
+
+void mfrmPRGMAIN::fillHelpPage() {
+    controls_.lblMAINTITLE->setText(libTxt.ProductName);
+    controls_.lblCOPYRIGHT->setText(libTxt.LegalLine);
+    controls_.lblVERSION->setText(libTxt.VersionText);
+    const QSize size = controls_.imgICON->size();
+    controls_.imgICON->setPixmap(popups_.Icon().pixmap(size, devicePixelRatioF()));
+}
+
+void mfrmPRGMAIN::restoreFrame() {
+    gRegistry->FormDimensionsSetup(*this, true);
+    // A window that has not been shown has not laid itself out; what follows needs its inner size.
+    layout()->setGeometry(rect());
+    const QString splitter =
+        loadSetting(toolSettings, QStringLiteral("Splitter Bar Left"), QStringLiteral("3585"));
+    if (const auto left = decimalNumber(splitter)) {
+        setLeft(*controls_.picVBAR, static_cast<float>(*left));
+    }
+}
+
+void mfrmPRGMAIN::restorePage() {
+    const QString stored = loadSetting(viewSettings, QStringLiteral("TABIDX"), QStringLiteral("1"));
+    if (const auto number = wholeNumber(stored)) {
+        showPage(*number);
+    }
+    const int shown = controls_.tabPAGES->ActiveTab();
+    if (shown <= 0 || shown > lastRestoredPage) {
+        showPage(1);
+    }
+    tabPAGES_Click(decimalText(controls_.tabPAGES->ActiveTab()));
+}
+
+void mfrmPRGMAIN::disableCommands() {
+    for (const std::size_t index : {3, 6, 2, 4, 5, 0, 1}) {
+        controls_.cbtnCONTROLS.at(index)->setEnabled(false);
+    }
+    for (QAction* entry :
+         {menus_.mnuEDITCLEAR, menus_.mnuEDITCLEARALL, menus_.mnuEDITADD, menus_.mnuEDITADDALL}) {
+        entry->setEnabled(false);
+    }
+    webAlbum_.cbtnWEBALBUM->setEnabled(false);
+}
+
+void mfrmPRGMAIN::appear() {
+    VBarLayout();
+    DoEvents();
+    loaded_ = true;
+    Form_Resize();
+    QMainWindow::show();
+    VBarLayout();
+    DoEvents();
+}
+
+void mfrmPRGMAIN::loadLists(const QString& albumPath) {
+    albums_.SlideshowListLoad(*controls_.lvwALBUMS, albumListName);
+    audio_.list.ListboxLoad(*controls_.lstMUSIC, musicListName);
+    albums_.AlbumListSelect(albumPath);
+    album_.openAtStart(albumPath);
+}
+
+void mfrmPRGMAIN::showFirst() {
+    ActiveList = QStringLiteral("SELECTED");
+    slides_.selectFirstSlide();
+    ActiveList = QStringLiteral("SELECTED");
+}
+
+void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
+    SaveCancelled = false;
+    Cancel = false;
+    if (menus_.mnuFILESAVE->isEnabled()) {
+        const int answer = gStatus->MessageBoxQuestionOpen(6, album_.Tag());
+        if (answer == AnswerCancel) {
+            Cancel = true;
+        } else if (answer == AnswerYes) {
+            album_.mnuFILESAVE_Click();
+            Cancel = SaveCancelled;
+        }
+    }
+    audio_.list.ListboxSave(*controls_.lstMUSIC, musicListName);
+    albums_.SlideshowListSave(*controls_.lvwALBUMS, albumListName);
+}
+
+void mfrmPRGMAIN::Form_Unload() {
+    unloaded_ = true;
+    audio_.closeDevice();
+    tmrMUSIC_.stop();
+    found_.stop();
+    slides_.stop();
+    album_.stop();
+    saveSetting(viewSettings, QStringLiteral("TABIDX"),
+                decimalText(controls_.tabPAGES->ActiveTab()));
+    slides_.SELECTIONSAVE();
+    gRegistry->FormDimensionsSave(*this, true);
+    saveSetting(toolSettings, QStringLiteral("Splitter Bar Left"),
+                singleText(Left(*controls_.picVBAR)));
+    webAlbum_.save();
+    mnutxt1_.stop();
+    delete settings_;
+    if (show_) {
+        show_->Unload();
+    }
+    hide();
+    QCoreApplication::quit();
+}
+
+}  // namespace velorama
