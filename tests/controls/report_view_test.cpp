@@ -260,6 +260,8 @@ TEST_F(Report, ADoubleClickOnARowIsTold) {
     EXPECT_EQ(clicks.size(), 1);
     EXPECT_EQ(selected(), 2);
     QTest::mouseDClick(view.viewport(), Qt::RightButton, {}, cell(1).center());
+    // Qt's simulated double click leaves the button pressed, for all tests that follow.
+    QTest::mouseRelease(view.viewport(), Qt::RightButton, {}, cell(1).center());
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, QPoint(50, cell(2).bottom() + 20));
     EXPECT_EQ(clicks.size(), 1);
 }
