@@ -303,13 +303,14 @@ TEST_F(ColourDropDown, OpensOnceByPressSpaceDownAndF4) {
     ColourPalette* first = palette();
     drop.Open();
     EXPECT_EQ(palette(), first);
+    QTest::mouseRelease(&drop, Qt::LeftButton);
     first->close();
     for (const int key : {Qt::Key_Space, Qt::Key_Down, Qt::Key_F4}) {
         expectPopup();
         QTest::keyClick(&drop, static_cast<Qt::Key>(key));
         palette()->close();
     }
-    QTest::mousePress(&drop, Qt::RightButton);
+    QTest::mouseClick(&drop, Qt::RightButton);
     QTest::keyClick(&drop, Qt::Key_Return);
     EXPECT_FALSE(isOpen());
 }
