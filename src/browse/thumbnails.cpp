@@ -81,7 +81,10 @@ Thumbnails::Thumbnails(ImageList& imlFOUNDICONS, ImageList& imlTHUMBNAILS, LookA
     : imlFOUNDICONS_(&imlFOUNDICONS),
       imlTHUMBNAILS_(&imlTHUMBNAILS),
       pictures_(pictures),
-      ratio_(std::max(devicePixelRatio, 0.5)) {}
+      ratio_(std::max(devicePixelRatio, 0.5)),
+      blankSlide_(blankCell(slideCell)) {
+    blankSlide_.setDevicePixelRatio(ratio_);
+}
 
 int Thumbnails::devicePixels(int cell) const {
     return static_cast<int>(roundHalfEven(cell * ratio_));
@@ -126,14 +129,17 @@ void Thumbnails::SlideThumbnailAdd(const QString& Path) {
     if (list->indexOf(Path) != 0) {
         return;
     }
-    QImage cell = blankCell(slideCell);
+    QImage cell = blankSlide_;
     const double ratio = ratio_;
     const QImage picture = resampledFile(pictures_, Path, cell.width());
     if (!list) {
         return;
     }
-    paintSlide(cell, picture, ratio);
-    cell.setDevicePixelRatio(ratio);
+    if (!picture.isNull()) {
+        cell.setDevicePixelRatio(1);
+        paintSlide(cell, picture, ratio);
+        cell.setDevicePixelRatio(ratio);
+    }
     list->Add(Path, cell);
 }
 

@@ -43,6 +43,8 @@ private:
     QPointer<ImageList> imlTHUMBNAILS_;
     LookAhead& pictures_;
     double ratio_;
+    /// One for all files that cannot be loaded: an album of lost pictures takes no memory for them.
+    QImage blankSlide_;
 };
 
 }  // namespace velorama

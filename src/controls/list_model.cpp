@@ -3,6 +3,19 @@
 #include "controls/list_view.h"
 
 namespace velorama {
+namespace {
+
+// Characters kept of either end of a caption. Its middle is never seen, and a caption of millions
+// would take seconds to measure.
+constexpr qsizetype shownEnd = 1000;
+
+QString shortened(const QString& caption) {
+    return caption.size() <= 2 * shownEnd
+               ? caption
+               : QString(caption.first(shownEnd) + QChar(0x2026) + caption.last(shownEnd));
+}
+
+}  // namespace
 
 ListModel::ListModel(ListView& list) : QAbstractListModel(&list), list_(list) {}
 
@@ -32,8 +45,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
         case Qt::DisplayRole:
-        case Qt::EditRole:
         case Qt::ToolTipRole:
+            return shortened(item->Text());
+        case Qt::EditRole:
             return item->Text();
         case IconRole:
             return item->Icon();
