@@ -1,14 +1,17 @@
 #pragma once
 
-#include "controls/colour_drop_down.h"
+#include "controls/common_dialog.h"
 #include "controls/picture_box.h"
-#include "controls/push_button.h"
 #include "controls/report_view.h"
 #include "controls/up_down.h"
+#include "ui/colour_field.h"
+#include "ui/description_edit.h"
 
 #include <QCheckBox>
 #include <QDialog>
-#include <QLineEdit>
+#include <QPushButton>
+
+class QBoxLayout;
 
 namespace velorama {
 
@@ -22,20 +25,51 @@ public:
     /// description. `main` is the owner window.
     frmTOOLSSETTINGS(QWidget* main, const QString& albumPath, const ReportView& lvwALBUMS);
 
-    Colour background() const { return background_; }
-    Colour gradient() const { return gradient_; }
+    Colour background() const { return picBACKGROUND->BackColor(); }
+    Colour gradient() const { return picGRADCOLOR->BackColor(); }
     /// OK and Cancel unload the form: whoever holds it lets it go then.
     bool isUnloaded() const { return unloaded_; }
 
     void btnOK_Click();
     void btnCANCEL_Click();
 
+    /// Esc and the title bar's button.
+    void reject() override { btnCANCEL_Click(); }
+
 signals:
+    /// The last thing that OK and Cancel do; the form is hidden then. Not yet to be deleted in a
+    /// handler: events of its controls are still under way.
     void unloaded();
 
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
-    Colour background_ = 0;
-    Colour gradient_ = 0;
+    void makeControls();
+    void layOut();
+    QWidget* toolbarGroup();
+    QWidget* intervalGroup();
+    QWidget* colourGroup();
+    QWidget* descriptionGroup();
+    QBoxLayout* buttons();
+
+    void Form_Load(const QString& albumPath, const ReportView& lvwALBUMS);
+    void paintSample();
+    void unload();
+
+    CommonDialog cdlDIALOG{this};
+    QCheckBox* chkTBAR = nullptr;
+    updown* udnINTERVAL = nullptr;
+    updown* udnTRANSITIONVAL = nullptr;
+    /// With cddGRADSHDW, btnBACK and darBACKGROUND.
+    ColourField* picBACKGROUND = nullptr;
+    /// With cddGRAD, btnGRADCOLOR and darGRAD.
+    ColourField* picGRADCOLOR = nullptr;
+    PictureBox* picSAMPLE = nullptr;
+    DescriptionEdit* txtDESC = nullptr;
+    QPushButton* btnOK = nullptr;
+    QPushButton* btnCANCEL = nullptr;
     bool unloaded_ = false;
 };
 
