@@ -31,7 +31,9 @@ std::unique_ptr<AudioSource> openAudioSource(const QString& file, MidiSynth& syn
     if (start.startsWith("MThd") || (riff && start.mid(8) == "RMID")) {
         return openMidi(file, synth);
     }
-    return riff ? openSoundFile(file) : openMp3(file);
+    // The other two are WAV as well: high byte first, and of more than four gigabytes.
+    return riff || start.startsWith("RIFX") || start.startsWith("RF64") ? openSoundFile(file)
+                                                                        : openMp3(file);
 }
 
 }  // namespace velorama

@@ -29,8 +29,9 @@ public:
 };
 
 /// Opens a file of this machine by its content: `MThd`, and `RIFF` with `RMID`, is MIDI, any other
-/// `RIFF` a sound file, and the rest is taken for MP3. Null if it is empty, no plain file, or
-/// damaged. `synth` must outlive the source, and only one MIDI source may live at a time.
+/// `RIFF`, `RIFX` or `RF64` a sound file, and the rest is taken for MP3. Null if it is empty, no
+/// plain file, or damaged. `synth` must outlive the source, and only one MIDI source may live at a
+/// time.
 std::unique_ptr<AudioSource> openAudioSource(const QString& file, MidiSynth& synth);
 
 }  // namespace velorama

@@ -1,8 +1,6 @@
 #include "platform/sndfile_source.h"
 
-#include <QFile>
-
-#include <sndfile.h>
+#include "platform/unfinished_wave.h"
 
 #include <algorithm>
 #include <vector>
@@ -16,6 +14,7 @@ constexpr int Block = 1024;  // frames
 
 struct FileDeleter {
     void operator()(SNDFILE* file) const { sf_close(file); }
+    std::unique_ptr<UnfinishedWave> bytes;  // null where the library reads the file itself
 };
 using File = std::unique_ptr<SNDFILE, FileDeleter>;
 
@@ -68,19 +67,33 @@ bool deviceTakes(int channels) {
     return channels == 1 || channels == 2 || channels == 4 || channels == 6 || channels == 8;
 }
 
+bool isPlayable(const File& file, const SF_INFO& info) {
+    return file && info.frames > 0 && info.channels >= 1 && info.samplerate >= MinRate &&
+           info.samplerate <= MaxRate;
+}
+
+File openUnfinished(const QString& path, SF_INFO& info) {
+    info = {};
+    std::unique_ptr<UnfinishedWave> bytes = UnfinishedWave::open(path);
+    SNDFILE* file = bytes ? bytes->openSound(info) : nullptr;
+    return File(file, FileDeleter{std::move(bytes)});
+}
+
 }  // namespace
 
-std::unique_ptr<AudioSource> openSoundFile(const QString& file) {
+std::unique_ptr<AudioSource> openSoundFile(const QString& path) {
     SF_INFO info = {};
-    File handle(sf_open(QFile::encodeName(file).constData(), SFM_READ, &info));
-    if (!handle || info.frames <= 0 || info.channels < 1 || info.samplerate < MinRate ||
-        info.samplerate > MaxRate) {
+    File file(sf_open(QFile::encodeName(path).constData(), SFM_READ, &info));
+    if (!isPlayable(file, info)) {
+        file = openUnfinished(path, info);
+    }
+    if (!isPlayable(file, info)) {
         return nullptr;
     }
     if (deviceTakes(info.channels)) {
-        return std::make_unique<SoundFileSource>(std::move(handle), info);
+        return std::make_unique<SoundFileSource>(std::move(file), info);
     }
-    return std::make_unique<FirstTwoChannels>(std::move(handle), info);
+    return std::make_unique<FirstTwoChannels>(std::move(file), info);
 }
 
 }  // namespace velorama

@@ -67,7 +67,13 @@ TEST_F(DamagedAudio, IsRefused) {
         {"no-channels.wav", wavHead(1000, 0) + QByteArray(1000, 1)},
         {"no-rate.wav", wavHead(1000, 2, 0) + QByteArray(1000, 1)},
         {"unknown-format.wav", wavHead(1000, 2, 44100, 16, 0x7777) + QByteArray(1000, 1)},
+        // Whole and silent: what follows its data is no sound.
+        {"no-data-and-a-text.wav", QByteArray(wavHead(0)).replace(4, 1, "4") + "LIST" +
+                                       QByteArray::fromHex("08000000") + "INFOtext"},
         {"riff-only.wav", "RIFF"},
+        {"rifx-only.wav", "RIFX"},
+        {"rf64-only.wav", QByteArray("RF64").leftJustified(27, '\xff')},
+        {"rf64-of-nothing.wav", QByteArray("RF64").leftJustified(5000, '\xff')},
         {"head-only.mid", midi.first(14)},
         {"cut.mid", midi.first(midi.size() - 9)},
         {"long-track.mid", longTrack},

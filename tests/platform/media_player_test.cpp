@@ -1,6 +1,7 @@
 #include "media_world.h"
 
 #include <QDir>
+#include <QtEndian>
 
 namespace velorama {
 namespace {
@@ -93,6 +94,70 @@ TEST_F(MediaPlayerTest, WavOfEverySampleFormatPlays) {
         const std::vector<float> sound = sounding(heard());
         ASSERT_FALSE(sound.empty()) << format.join(u' ').toStdString();
         EXPECT_GT(*std::max_element(sound.begin(), sound.end()), 0.3);
+    }
+}
+
+/// The file of 22,050 frames in another head: `kind`, its size, chunks in front, the data's size.
+QByteArray waveIn(const char* kind, quint32 size, const QByteArray& chunks, quint32 dataSize) {
+    const QByteArray wav = wavFile(500);
+    const auto number = [](quint32 value) {
+        QByteArray bytes(4, 0);
+        qToLittleEndian(value, bytes.data());
+        return bytes;
+    };
+    return kind + number(size) + "WAVE" + chunks + wav.mid(12, 24) + "data" + number(dataSize) +
+           wav.mid(44);
+}
+
+TEST_F(MediaPlayerTest, WavOfEveryHeadPlays) {
+    constexpr quint32 data = 22050 * 4;
+    constexpr quint32 unknown = 0xffffffffU;
+    const auto ds64 = [](quint64 size, quint64 dataSize) {
+        QByteArray bytes = "ds64" + QByteArray::fromHex("1c000000") + QByteArray(28, 0);
+        qToLittleEndian(size, bytes.data() + 8);
+        qToLittleEndian(dataSize, bytes.data() + 16);
+        return bytes;
+    };
+    struct Row {
+        const char* name;
+        QByteArray bytes;
+    };
+    const Row rows[] = {
+        {"streamed-no-sizes", waveIn("RIFF", 0, {}, 0)},
+        {"streamed-size-of-the-head", waveIn("RIFF", 36, {}, 0)},
+        {"streamed-largest-sizes", waveIn("RIFF", unknown, {}, unknown)},
+        {"streamed-largest-and-none", waveIn("RIFF", unknown, {}, 0)},
+        {"streamed-half-of-the-largest", waveIn("RIFF", 0x80000024U, {}, 0x7ffff000U)},
+        {"rf64", waveIn("RF64", unknown, ds64(72 + data, data), unknown)},
+        {"rf64-streamed", waveIn("RF64", unknown, ds64(0, 0), unknown)},
+        {"rf64-streamed-largest", waveIn("RF64", unknown, ds64(~0ULL, ~0ULL), unknown)},
+    };
+    for (const Row& row : rows) {
+        ASSERT_TRUE(open(saved(folder, QStringLiteral("a.wav"), row.bytes))) << row.name;
+        EXPECT_EQ(length(), 500) << row.name;
+        EXPECT_TRUE(playsToItsEnd()) << row.name;
+        send("close CURRFILE");
+        EXPECT_NEAR(static_cast<double>(sounding(heard()).size()), data / 2, 4) << row.name;
+    }
+}
+
+TEST_F(MediaPlayerTest, WavOfTheOtherByteOrderPlays) {
+    const QString source = saved(folder, QStringLiteral("a.wav"), wavFile(500));
+    const QString target = folder + QStringLiteral("/b.wav");
+    run(QStringLiteral("sox"), {source, QStringLiteral("-B"), target});
+    const QByteArray whole = contentOf(target);
+    ASSERT_TRUE(whole.startsWith("RIFX"));
+    QByteArray streamed = whole;
+    streamed.replace(4, 4, QByteArray(4, 0));
+    streamed.replace(streamed.indexOf("data") + 4, 4, QByteArray(4, 0));
+    for (const QByteArray& bytes : {whole, streamed}) {
+        ASSERT_TRUE(open(saved(folder, QStringLiteral("c.wav"), bytes)));
+        EXPECT_EQ(length(), 500);
+        EXPECT_TRUE(playsToItsEnd());
+        send("close CURRFILE");
+        const std::vector<float> sound = sounding(heard());
+        ASSERT_FALSE(sound.empty());
+        EXPECT_NEAR(*std::max_element(sound.begin(), sound.end()), 16000.0 / 32768, 0.001);
     }
 }
 
