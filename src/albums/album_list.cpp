@@ -22,7 +22,7 @@ constexpr qint32 cannotOpen = 8;
 // A damaged count must not keep the start waiting. No list comes near this.
 constexpr int MostAlbums = 1000000;
 // An album may be of any size, and a file named in the list need not be an album.
-constexpr qint64 MostHeaderBytes = 64 * 1024;
+constexpr qint64 MostHeaderBytes = 64LL * 1024;
 
 QString totalKey(const QString& name) {
     return name + QStringLiteral("\\Items Total");

@@ -14,7 +14,7 @@ namespace velorama {
 namespace {
 
 // Far more than 26 lines with the longest paths; what is longer is no drives file.
-constexpr qint64 MostBytes = 256 * 1024;
+constexpr qint64 MostBytes = 256LL * 1024;
 
 /// 0 to 25, -1 for what is no drive letter.
 int driveNumber(QChar letter) {
