@@ -1,0 +1,116 @@
+#include "albums/album_world.h"
+
+#include <QCursor>
+
+namespace velorama {
+namespace {
+
+class AlbumYield : public test::WithAlbums {
+protected:
+    void open(const QString& target) {
+        chosen = target;
+        file->mnuFILEOPEN_Click();
+    }
+
+    QStringList p =
+        pictures({QStringLiteral("a.jpg"), QStringLiteral("b.jpg"), QStringLiteral("c.jpg")});
+    QStringList q = pictures({QStringLiteral("x.jpg"), QStringLiteral("y.jpg")});
+    QString path = album(formA(p));
+    QString other = album(formA(q));
+};
+
+TEST_F(AlbumYield, newDuringAReadLeavesTheRest) {
+    atSlide(1, [&] { file->mnuFILENEW_Click(); });
+    open(path);
+    EXPECT_EQ(keys(), QStringList({p[1], p[2]}));
+    EXPECT_EQ(file->Tag(), path);
+    EXPECT_EQ(form.windowTitle(), path + QStringLiteral(" - Velorama"));
+    EXPECT_EQ(storedSlideshow(), path);
+    EXPECT_FALSE(lvwSLIDEBAR->isHidden());
+    EXPECT_TRUE(prgBARSLIDES->isHidden());
+}
+
+TEST_F(AlbumYield, anAlbumOpenedDuringAReadMixesWithIt) {
+    atSlide(1, [&] { file->openFromList(other); });
+    open(path);
+    EXPECT_EQ(keys(), QStringList({q[0], q[1], p[1], p[2]}));
+    EXPECT_EQ(icons(), std::vector<int>({1, 2, 3, 4}));
+    EXPECT_EQ(file->Tag(), path);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(AlbumYield, clearDuringARead) {
+    atSlide(1, [&] { list->Clear(); });
+    file->DocumentOpenText(path);
+    EXPECT_EQ(keys(), QStringList({p[1], p[2]}));
+}
+
+TEST_F(AlbumYield, saveDuringAReadWritesWhatIsThere) {
+    const QString target = test::temporaryFolder() + QStringLiteral("/s.vlr");
+    atSlide(1, [&] {
+        file->setTag(target);
+        file->mnuFILESAVE_Click();
+    });
+    file->DocumentOpenText(path);
+    EXPECT_EQ(test::contentOf(target), QByteArray("1| \r\n" + p[0].toUtf8() + "\r\n\r\n"));
+    EXPECT_EQ(keys(), p);
+}
+
+TEST_F(AlbumYield, aFileThatGoesDuringItsReadIsReadToTheEnd) {
+    atSlide(1, [&] { EXPECT_TRUE(QFile::remove(path)); });
+    file->DocumentOpenText(path);
+    EXPECT_EQ(keys(), p);
+}
+
+TEST_F(AlbumYield, closingEndsTheRead) {
+    atSlide(1, [&] { file->stop(); });
+    file->DocumentOpenText(path);
+    EXPECT_EQ(keys(), QStringList(p[0]));
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(AlbumYield, closingBeforeTheFirstSlideEndsTheRead) {
+    test::atNextYield([&] { file->stop(); });
+    file->DocumentOpenText(path);
+    EXPECT_LE(lvwSLIDEBAR->Count(), 1);
+}
+
+TEST_F(AlbumYield, closingKeepsTheAlbumForTheNextStart) {
+    atSlide(1, [&] { file->stop(); });
+    open(path);
+    EXPECT_EQ(storedSlideshow(), path);
+}
+
+TEST_F(AlbumYield, destroyedWindowEndsTheRead) {
+    atSlide(1, [&] { file.reset(); });
+    file->DocumentOpenText(path);
+    EXPECT_EQ(file, nullptr);
+    EXPECT_EQ(keys(), QStringList(p[0]));
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(AlbumYield, destroyedBeforeTheFirstSlide) {
+    test::atNextYield([&] { file.reset(); });
+    file->DocumentOpenText(path);
+    EXPECT_LE(lvwSLIDEBAR->Count(), 1);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(AlbumYield, destroyedWindowEndsTheCommandsThatRead) {
+    atSlide(1, [&] { file.reset(); });
+    open(path);
+    EXPECT_EQ(keys(), QStringList(p[0]));
+
+    makeAlbums();
+    atSlide(1, [&] { file.reset(); });
+    file->openFromList(path);
+    EXPECT_EQ(keys(), QStringList(p[0]));
+
+    makeAlbums();
+    atSlide(1, [&] { file.reset(); });
+    file->openAtStart(path);
+    EXPECT_EQ(keys(), QStringList(p[0]));
+}
+
+}  // namespace
+}  // namespace velorama
