@@ -115,6 +115,21 @@ ReportView::ReportView(QWidget* parent) : QTreeWidget(parent) {
         }
     });
     setColumns({QString()});
+    paintHeaderToTheEnd();
+}
+
+// Behind the last column the header goes on in the colour of its sections, not of the page.
+void ReportView::paintHeaderToTheEnd() {
+    QPalette ground = header()->palette();
+    ground.setColor(QPalette::Window, palette().color(QPalette::Button));
+    header()->setPalette(ground);
+}
+
+void ReportView::changeEvent(QEvent* event) {
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        paintHeaderToTheEnd();
+    }
 }
 
 ReportView::~ReportView() = default;

@@ -80,6 +80,7 @@ signals:
     void KeyPress(int keyAscii);
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -91,6 +92,7 @@ protected:
                                                          const QEvent* event) const override;
 
 private:
+    void paintHeaderToTheEnd();
     bool hasColumn(int column) const { return column >= 1 && column <= columnCount(); }
     void paintEmptyText();
     void paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;

@@ -109,12 +109,12 @@ void MainControls::makeSlideshowsPage() {
         const CaptionedButton& design = slidesButtons.at(index);
         cbtn* button = makeButton(picframSLIDEHSOW, QStringLiteral("cbtnSLIDES%1").arg(index),
                                   design.symbol, design.tooltip, design.caption);
-        place(*button, 105, columnTop + 30 + 390 * static_cast<float>(index), 1320, 345);
+        place(*button, 105, columnTop + 30 + 390 * static_cast<float>(index), 1440, 345);
         button->setLeading(true);
         cbtnSLIDES.at(index) = button;
     }
     lvwALBUMS = make<ReportView>("lvwALBUMS", picframSLIDEHSOW);
-    place(*lvwALBUMS, 1530, 90, 9285, 2760);
+    place(*lvwALBUMS, 1650, 90, 9165, 2760);
     lvwALBUMS->setColumns({QStringLiteral("Slideshow"), QStringLiteral("Description")});
     lvwALBUMS->setColumnWidth(2, 2900);
     lvwALBUMS->setSmallIcon(symbolIcon(QStringLiteral("album")));

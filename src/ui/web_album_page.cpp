@@ -46,7 +46,7 @@ QComboBox* combo(const char* name, const QStringList& entries, const QString& de
     made->addItems(entries);
     made->setCurrentText(design);
     made->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    made->setMinimumContentsLength(13);
+    made->setMinimumContentsLength(9);
     return made;
 }
 
@@ -66,12 +66,11 @@ void setFamily(QWidget& widget, const QString& family) {
     widget.setFont(font);
 }
 
-void addRow(QGridLayout& grid, const char* caption, QWidget* control) {
+void addPair(QGridLayout& grid, int row, int column, const char* caption, QWidget* control) {
     auto* label = new QLabel(QLatin1String(caption), control->parentWidget());
     label->setBuddy(control);
-    const int row = grid.rowCount();
-    grid.addWidget(label, row, 0);
-    grid.addWidget(control, row, 1);
+    grid.addWidget(label, row, column);
+    grid.addWidget(control, row, column + 1);
 }
 
 QGridLayout* columnOfRows() {
@@ -95,9 +94,8 @@ WebAlbumPage::WebAlbumPage(QWidget& picframWEBALBM, CommonDialog& cdlDIALOG)
     makeControls(cdlDIALOG);
     auto* row = new QHBoxLayout(content_);
     row->setContentsMargins(7, 6, 7, 0);
-    row->setSpacing(18);
-    row->addLayout(looks());
-    row->addLayout(fonts());
+    row->setSpacing(14);
+    row->addLayout(settings());
     row->addLayout(panes());
     row->addStretch();
     scroll_->setWidget(content_);
@@ -155,26 +153,31 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     samples_ = std::make_unique<WebAlbumSamples>(content_);
 }
 
-QLayout* WebAlbumPage::looks() {
+QLayout* WebAlbumPage::settings() {
     QGridLayout* grid = columnOfRows();
-    addRow(*grid, "Pa&ge Title:", txtTITLE);
-    addRow(*grid, "&Page Color:", picBACKGROUND->button());
-    addRow(*grid, "&Text Color:", picTEXTCOLOR->button());
-    addRow(*grid, "Control &Bar:", picBARCOL->button());
-    addRow(*grid, "T&itle Bar:", picTITLEBARCOL->button());
-    addRow(*grid, "Tit&le Bar Text:", picTITLEBARTEXTCOL->button());
-    grid->setRowStretch(grid->rowCount(), 1);
-    return grid;
-}
-
-QLayout* WebAlbumPage::fonts() {
-    QGridLayout* grid = columnOfRows();
-    addRow(*grid, "Text &Font:", cboFONTS);
-    addRow(*grid, "Text Font Siz&e:", cboFONTSIZE);
-    addRow(*grid, "Bar F&ont:", cboFONTSBAR);
-    addRow(*grid, "B&ar Font Size:", cboFONTSSIZEBAR);
-    addRow(*grid, "Photo Si&ze:", udnPHOTO);
-    addRow(*grid, "Thumb&nail Size:", udnTHUMBNAIL);
+    const std::pair<const char*, QWidget*> looks[] = {
+        {"Pa&ge Title:", txtTITLE},
+        {"&Page Color:", picBACKGROUND->button()},
+        {"&Text Color:", picTEXTCOLOR->button()},
+        {"Control &Bar:", picBARCOL->button()},
+        {"T&itle Bar:", picTITLEBARCOL->button()},
+        {"Tit&le Bar Text:", picTITLEBARTEXTCOL->button()},
+    };
+    const std::pair<const char*, QWidget*> fonts[] = {
+        {"Text &Font:", cboFONTS},   {"Text Font Siz&e:", cboFONTSIZE},
+        {"Bar F&ont:", cboFONTSBAR}, {"B&ar Font Size:", cboFONTSSIZEBAR},
+        {"Photo Si&ze:", udnPHOTO},  {"Thumb&nail Size:", udnTHUMBNAIL},
+    };
+    int row = 0;
+    for (const auto& [caption, control] : looks) {
+        addPair(*grid, row++, 0, caption, control);
+    }
+    row = 0;
+    for (const auto& [caption, control] : fonts) {
+        addPair(*grid, row++, 3, caption, control);
+    }
+    grid->setColumnMinimumWidth(1, 110);
+    grid->setColumnMinimumWidth(2, 8);
     grid->setRowStretch(grid->rowCount(), 1);
     return grid;
 }

@@ -51,8 +51,7 @@ public:
 
 private:
     void makeControls(CommonDialog& cdlDIALOG);
-    QLayout* looks();
-    QLayout* fonts();
+    QLayout* settings();
     QLayout* panes();
     void WebAlbumSampleUpdate();
 
