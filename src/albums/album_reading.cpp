@@ -31,7 +31,7 @@ qsizetype fieldsAhead() {
 QByteArray albumBytes(const QString& path) {
     QFile file(hostFile(path));
     const bool isOpen = file.open(QIODevice::ReadOnly);
-    return isOpen && file.size() <= largestAlbum ? file.read(largestAlbum) : QByteArray();
+    return isOpen && file.size() <= largestAlbum ? file.readAll() : QByteArray();
 }
 
 }  // namespace
@@ -50,6 +50,10 @@ public:
             fill();
         }
     }
+    /// Path of the next slide; empty for none. `s` becomes the last field read. A path may have
+    /// been cut at a comma: where its file is missing, it is put together with the field that
+    /// follows, the second time on top of the first.
+    QString nextSlide(QString& s);
     /// The next ones, soonest first.
     const std::deque<QString>& coming() const { return next_; }
 
@@ -64,20 +68,14 @@ private:
     std::deque<QString> next_;
 };
 
-namespace {
-
-/// Path of the next slide; empty for none. `s` becomes the last field read. A path may have been
-/// cut at a comma: where its file is missing, it is put together with the field that follows, the
-/// second time on top of the first.
-template <typename Fields>
-QString nextSlide(Fields& fields, QString& s) {
-    fields.Input(s);
+QString AlbumFile::Fields::nextSlide(QString& s) {
+    Input(s);
     if (gFileFoldr->FileExists(s)) {
         return s;
     }
     QString alt = s;
     if (!s.isEmpty()) {
-        fields.Input(s);
+        Input(s);
     }
     alt += QLatin1String(", ") + s;
     if (gFileFoldr->FileExists(alt)) {
@@ -91,8 +89,6 @@ QString nextSlide(Fields& fields, QString& s) {
     // The empty line at the end of an album gives three.
     return alt.size() < 4 ? QString() : alt;
 }
-
-}  // namespace
 
 QString AlbumFile::DocumentOpenText(const QString& Path) {
     const QString file = Path;
@@ -143,7 +139,7 @@ QString AlbumFile::readSlides(Fields& fields, const QString& count) {
     QString s;
     while (self && !stopped_ && !fields.EndOfFile()) {
         expect(fields);
-        const QString path = nextSlide(fields, s);
+        const QString path = fields.nextSlide(s);
         if (!path.isEmpty()) {
             addSlide(path, s);
         }
