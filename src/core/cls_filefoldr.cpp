@@ -1,48 +1,20 @@
 #include "core/cls_filefoldr.h"
 
+#include "platform/file_copy.h"
 #include "platform/paths.h"
 
-#include <QDateTime>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace velorama {
-namespace {
-
-/// True if every byte of `source` went into `target`.
-bool copyBytes(QFile& source, QSaveFile& target) {
-    constexpr qint64 blockSize = 1024 * 1024;
-    while (true) {
-        const QByteArray block = source.read(blockSize);
-        if (block.isEmpty()) {
-            return source.error() == QFileDevice::NoError;
-        }
-        if (target.write(block) != block.size()) {
-            return false;
-        }
-    }
-}
-
-}  // namespace
-
 void clsFILEFOLDR::FileCopyNew(const QString& Source, const QString& Target) const {
     const QFileInfo from(FileExists(Source) ? hostFile(Source) : QString());
     const QFileInfo to(hostPlace(Target));
+    // Onto itself, a copy has nothing to do.
     if (!from.isFile() || to.filePath().isEmpty() || to.isDir() || from == to) {
         return;
     }
-    QFile source(from.filePath());
-    QSaveFile target(to.filePath());
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)) {
-        return;
-    }
-    if (!copyBytes(source, target)) {
-        return;
-    }
-    target.setFileTime(from.lastModified(), QFileDevice::FileModificationTime);
-    target.commit();
+    copyFileWhole(from.filePath(), to.filePath());
 }
 
 bool clsFILEFOLDR::FileExists(const QString& Path) const {

@@ -7,6 +7,7 @@ namespace velorama {
 /// Paths and the file system. A step that fails gives the type's empty value.
 class clsFILEFOLDR {
 public:
+    /// Overwrites without asking, whole or not at all; the copy keeps the source's time.
     void FileCopyNew(const QString& Source, const QString& Target) const;
     bool FileExists(const QString& Path) const;
     bool FolderExists(const QString& Path) const;
