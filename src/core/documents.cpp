@@ -75,7 +75,8 @@ void DocumentSaveText(const QString& Content, const QString& Path) {
         return;
     }
     const QByteArray bytes = (Content + QLatin1String("\r\n")).toUtf8();
-    if (file.write(bytes) == bytes.size()) {
+    // On a full disk only the flush says so: closing would take the cut text for a whole one.
+    if (file.write(bytes) == bytes.size() && file.flush()) {
         file.commit();
     }
 }

@@ -1,5 +1,6 @@
 #include "core/documents.h"
 
+#include "support/full_disk.h"
 #include "support/test_world.h"
 
 #include <QDir>
@@ -53,6 +54,17 @@ TEST_F(DocumentSave, textIsUtf8WithoutAMark) {
     DocumentSaveText(QString::fromUtf8("/p/Z\u00fcrich \u6771\u4eac \U0001F3D4.jpg"), path);
     EXPECT_EQ(bytesOf(path), QByteArray("/p/Z\xc3\xbcrich \xe6\x9d\xb1\xe4\xba\xac "
                                         "\xf0\x9f\x8f\x94.jpg\r\n"));
+}
+
+TEST_F(DocumentSave, aFullDiskKeepsTheOldFile) {
+    writeBytes(path, "old");
+    for (const int room : {0, 1, 1000, 40000}) {
+        const test::FullDisk full(static_cast<rlim_t>(room));
+        DocumentSaveText(QString(50000, u'x'), path);
+        DocumentSaveText(QString(room, u'x'), path);  // the line end finds no room
+    }
+    EXPECT_EQ(bytesOf(path), QByteArray("old"));
+    EXPECT_EQ(everythingIn(folder), QStringList(QStringLiteral("a.vlr")));
 }
 
 TEST_F(DocumentSave, anOldFileIsReplacedWhole) {
