@@ -1,6 +1,7 @@
 #include "platform/paths.h"
 
 #include "platform/drives.h"
+#include "platform/exact_names.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -167,7 +168,7 @@ QString hostFile(const QString& path) {
         return path;
     }
     const std::optional<DrivePath> drive = onDrive(path);
-    if (!drive && !canStandHere(path)) {
+    if (!drive && (!canStandHere(path) || ExactNames::hold(path))) {
         return path;
     }
     const Walk found = drive ? walk(*drive) : walk(path);
@@ -179,7 +180,7 @@ QString hostPlace(const QString& path) {
     if (!drive && !canStandHere(path)) {
         return QString();
     }
-    if (QFileInfo::exists(path)) {
+    if (QFileInfo::exists(path) || (!drive && ExactNames::hold(path))) {
         return path;
     }
     const Walk found = drive ? walk(*drive) : walk(path);
