@@ -175,6 +175,13 @@ void convertToSrgb(QImage& bitmap, const QColorSpace& space) {
     bitmap.setColorSpace({});
 }
 
+QSize headSizeOf(QByteArrayView bytes) {
+    const auto kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& one) {
+        return bytes.startsWith(one.signature);
+    });
+    return kind == std::end(kinds) ? QSize() : kind->size(bytes);
+}
+
 Picture decodePicture(QByteArrayView bytes, const Fit& fit) {
     if (bytes.startsWith("\xFF\xD8")) {
         return readJpeg(bytes, fit);

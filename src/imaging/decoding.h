@@ -16,6 +16,9 @@ MemoryPool& fileMemory();
 /// The part for decoders and bitmaps. Whoever has a share of it never waits for one of the files'.
 MemoryPool& decodingMemory();
 
+/// Size that the first bytes of a GIF, BMP or PNG tell, 64 of them being enough; empty for others.
+QSize headSizeOf(QByteArrayView bytes);
+
 /// The JPEG reader; null picture on failure.
 Picture readJpeg(QByteArrayView bytes, const Fit& fit);
 
