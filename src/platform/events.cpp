@@ -4,12 +4,23 @@
 #include <QThread>
 
 namespace velorama {
+namespace {
 
-void DoEvents() {
+void processEvents(QEventLoop::ProcessEventsFlags flags) {
     const QCoreApplication* app = QCoreApplication::instance();
     if (app != nullptr && QThread::currentThread() == app->thread()) {
-        QCoreApplication::processEvents();
+        QCoreApplication::processEvents(flags);
     }
+}
+
+}  // namespace
+
+void DoEvents() {
+    processEvents(QEventLoop::AllEvents);
+}
+
+void PaintEvents() {
+    processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 }  // namespace velorama

@@ -6,4 +6,9 @@ namespace velorama {
 /// the program yields on purpose; handlers may run inside. On other threads it does nothing.
 void DoEvents();
 
+/// Lets windows paint and answer the system, and timers run, but keeps keys, clicks and the closing
+/// of windows for later. For long steps at which nobody may step in. On other threads it does
+/// nothing.
+void PaintEvents();
+
 }  // namespace velorama

@@ -29,5 +29,23 @@ TEST(DoEvents, DoesNothingOnAnotherThread) {
     EXPECT_TRUE(ran);
 }
 
+TEST(PaintEvents, RunsWhatIsPending) {
+    bool ran = false;
+    QMetaObject::invokeMethod(
+        qApp, [&ran] { ran = true; }, Qt::QueuedConnection);
+    PaintEvents();
+    EXPECT_TRUE(ran);
+}
+
+TEST(PaintEvents, DoesNothingOnAnotherThread) {
+    bool ran = false;
+    QMetaObject::invokeMethod(
+        qApp, [&ran] { ran = true; }, Qt::QueuedConnection);
+    std::thread([] { PaintEvents(); }).join();
+    EXPECT_FALSE(ran);
+    DoEvents();
+    EXPECT_TRUE(ran);
+}
+
 }  // namespace
 }  // namespace velorama
