@@ -78,7 +78,7 @@ ListItem* ListView::Add(int index, const QString& key, const QString& text, int 
     ListItem* const added = made.get();
     added->position_ = index;
     numbered_ = numbered_ && index == Count() + 1;
-    items_.insert(items_.begin() + index - 1, std::move(made));
+    items_.insert(items_.begin() + (index - 1), std::move(made));
     if (!key.isEmpty()) {
         keys_.insert(key, added);
     }
@@ -104,7 +104,7 @@ bool ListView::Remove(int index) {
     const ListItem* gone = item(index);
     const bool wasCurrent = gone == current_;
     keys_.remove(gone->key_);
-    items_.erase(items_.begin() + index - 1);
+    items_.erase(items_.begin() + (index - 1));
     numbered_ = false;
     if (wasCurrent) {
         current_ = item(qMin(index, Count()));
