@@ -1,0 +1,66 @@
+#pragma once
+
+#include "controls/list_view.h"
+#include "controls/progress_bar.h"
+#include "webalbum/mod_webalbum.h"
+#include "webalbum/web_album_values.h"
+
+#include <QAbstractButton>
+
+#include <functional>
+
+namespace velorama {
+
+/// The list must be there; a bar or a button that is null is a step that does nothing.
+struct WebAlbumControls {
+    const ListView* lvwSLIDEBAR = nullptr;
+    ProgressBar* prgBARSLIDES = nullptr;
+    QAbstractButton* cbtnVIEWWEBALB = nullptr;
+};
+
+/// What a build asks of the screen. One that is not set does nothing.
+struct WebAlbumScreen {
+    using MessageBox = std::function<void(const QString& text, const QString& caption)>;
+
+    /// Plain message boxes with the button OK; they return when they are closed.
+    MessageBox critical;
+    MessageBox information;
+    /// The pointer over the whole program.
+    std::function<void(bool on)> hourglass;
+};
+
+/// Turns the slide list into a folder of pages for a browser, and opens them.
+///
+/// A build lets events run, so that a click may start another one inside it, and the list and the
+/// page may change under it. Nothing is ever written outside the album's folder but the style sheet
+/// in the application's own.
+class WebAlbum {
+public:
+    /// The controls must outlive this object. Documents folder and link handler are the registry
+    /// service's.
+    WebAlbum(const WebAlbumControls& controls, WebAlbumValues values, WebAlbumScreen screen);
+
+    void cbtnWEBALBUM_Click();
+    /// `hWnd` is the main window's handle as decimal text.
+    void cbtnVIEWWEBALB_Click(const QString& hWnd) const;
+    /// The window is closing: running builds end at their next picture and say nothing.
+    void stop();
+
+    void WebAlbumFolderCreate(const QString& path) const;
+    /// `destination` ends in its separator.
+    void WebAlbumPicturesCopy(const ListView& list, const QString& destination) const;
+
+private:
+    void build(const QString& chosen);
+    void enableView(bool enabled) const;
+    void makeFolders(const QString& parent, const QString& album) const;
+    void copyProgramImages(const QString& album) const;
+    QString title() const { return valueOf(values_.txtTITLE); }
+
+    WebAlbumControls controls_;
+    WebAlbumValues values_;
+    WebAlbumScreen screen_;
+    modWEBALBUM writer_;
+};
+
+}  // namespace velorama

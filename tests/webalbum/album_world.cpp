@@ -1,0 +1,167 @@
+#include "webalbum/album_world.h"
+
+#include "core/globals.h"
+#include "core/lib_txt.h"
+#include "support/test_world.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QImage>
+
+#include <algorithm>
+
+namespace velorama::test {
+namespace {
+
+const QStringList imageNames = {
+    QStringLiteral("arrowleft.gif"),  QStringLiteral("arrowleftdis.gif"),
+    QStringLiteral("arrowright.gif"), QStringLiteral("arrowrightdis.gif"),
+    QStringLiteral("end.gif"),
+};
+
+QString pageColour(Colour colour) {
+    return QStringLiteral("#%1%2%3")
+        .arg(colour & 255, 2, 16, QLatin1Char('0'))
+        .arg(colour >> 8 & 255, 2, 16, QLatin1Char('0'))
+        .arg(colour >> 16, 2, 16, QLatin1Char('0'))
+        .toUpper();
+}
+
+QString pixels(const QString& label) {
+    return label.section(u'(', 1).section(u' ', 0, 0) + QStringLiteral("px");
+}
+
+}  // namespace
+
+QByteArray pictureBytes(QSize size) {
+    QImage image(size, QImage::Format_Mono);
+    image.fill(1);
+    QBuffer buffer;
+    EXPECT_TRUE(image.save(&buffer, "BMP"));
+    return buffer.data();
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    EXPECT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray readFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+}
+
+QMap<QString, QByteArray> filesBelow(const QString& folder) {
+    QMap<QString, QByteArray> files;
+    QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QString path = walk.next();
+        files[QDir(folder).relativeFilePath(path)] = readFile(path);
+    }
+    return files;
+}
+
+void expectSameFiles(const QMap<QString, QByteArray>& found,
+                     const QMap<QString, QByteArray>& wanted) {
+    EXPECT_EQ(QStringList(found.keys()).join(u'\n').toStdString(),
+              QStringList(wanted.keys()).join(u'\n').toStdString());
+    for (auto one = wanted.begin(); one != wanted.end(); ++one) {
+        const QByteArray is = found.value(one.key());
+        const auto differ =
+            std::mismatch(is.begin(), is.end(), one.value().begin(), one.value().end());
+        const qsizetype at = differ.first - is.begin();
+        EXPECT_TRUE(is == one.value()) << one.key().toStdString() << " from byte " << at << ":\n"
+                                       << is.mid(at, 100).toStdString() << "\n"
+                                       << one.value().mid(at, 100).toStdString();
+    }
+}
+
+QStringList entriesBelow(const QString& folder) {
+    QStringList entries;
+    QDirIterator walk(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        entries.append(QDir(folder).relativeFilePath(walk.next()));
+    }
+    entries.sort();
+    return entries;
+}
+
+AlbumWorld::AlbumWorld()
+    : sources(temporaryFolder()),
+      album(
+          {&lvwSLIDEBAR, &prgBARSLIDES, &cbtnVIEWWEBALB}, values(),
+          {[this](const QString& text, const QString& caption) {
+               shown.append(u"critical|" + text + u'|' + caption);
+           },
+           [this](const QString& text, const QString& caption) {
+               shown.append(u"information|" + text + u'|' + caption);
+           },
+           [this](bool on) {
+               shown.append(on ? QStringLiteral("hourglass on") : QStringLiteral("hourglass off"));
+           }}) {
+    shell.documents = temporaryFolder() + u'/';
+    fillTextConstants(2026, QStringLiteral("http://server.invalid/"));
+    makeServices(store, shell);
+    cbtnVIEWWEBALB.setEnabled(false);
+    prgBARSLIDES.hide();
+}
+
+AlbumWorld::~AlbumWorld() {
+    releaseServices();
+}
+
+WebAlbumValues AlbumWorld::values() {
+    return {[this] { return title; },      [this] { return background; },
+            [this] { return textColour; }, [this] { return bar; },
+            [this] { return titleBar; },   [this] { return titleBarText; },
+            [this] { return font; },       [this] { return fontSize; },
+            [this] { return barFont; },    [this] { return barFontSize; },
+            [this] { return photo; },      [this] { return thumbnail; }};
+}
+
+void AlbumWorld::addSlide(const QString& name, QSize size) {
+    const QString key = sources + u'/' + name;
+    const QByteArray bytes = pictureBytes(size);
+    writeFile(key, bytes);
+    ASSERT_NE(lvwSLIDEBAR.Add(lvwSLIDEBAR.Count() + 1, key, name, 0), nullptr);
+    told.push_back({name, name, bytes, size});
+}
+
+void AlbumWorld::addMissing(const QString& name) {
+    const QString key = sources + u"/gone/" + name;
+    ASSERT_NE(lvwSLIDEBAR.Add(lvwSLIDEBAR.Count() + 1, key, name, 0), nullptr);
+    told.push_back({name, QString(), QByteArray(), QSize()});
+}
+
+QMap<QString, QByteArray> AlbumWorld::programImages() const {
+    QMap<QString, QByteArray> images;
+    for (const QString& name : imageNames) {
+        images[name] = readFile(QStringLiteral(VELORAMA_SOURCE_DIR "/images/") + name);
+    }
+    images[QStringLiteral("mainwa.css")] =
+        toldSheet({{QStringLiteral("font"), font},
+                   {QStringLiteral("back"), pageColour(background)},
+                   {QStringLiteral("text"), pageColour(textColour)},
+                   {QStringLiteral("size"), pixels(fontSize)},
+                   {QStringLiteral("bar"), pageColour(bar)},
+                   {QStringLiteral("top"), pageColour(titleBar)},
+                   {QStringLiteral("top font"), barFont},
+                   {QStringLiteral("top size"), pixels(barFontSize)},
+                   {QStringLiteral("top text"), pageColour(titleBarText)}});
+    return images;
+}
+
+QMap<QString, QByteArray> AlbumWorld::expected() const {
+    return toldFiles({title, told, photo.toLongLong(), thumbnail.toLongLong(), QSize(200, 150),
+                      programImages()});
+}
+
+void AlbumWorld::expectAlbum() const {
+    expectSameFiles(filesBelow(albumFolder()), expected());
+}
+
+}  // namespace velorama::test

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "controls/list_view.h"
+#include "controls/progress_bar.h"
+#include "platform/memory_registry_store.h"
+#include "platform/shell.h"
+#include "webalbum/second_writer.h"
+#include "webalbum/web_album.h"
+
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace velorama::test {
+
+/// A documents folder of the test's own, and a record of what was opened.
+class AlbumShell : public Shell {
+public:
+    bool open(const QString& target) override {
+        opened.append(target);
+        return true;
+    }
+    QString specialFolder(int folderId) const override {
+        return folderId == 5 ? documents : QString();
+    }
+
+    QString documents;
+    QStringList opened;
+};
+
+/// Bytes of a small picture file of this size.
+QByteArray pictureBytes(QSize size);
+void writeFile(const QString& path, const QByteArray& bytes);
+QByteArray readFile(const QString& path);
+/// Every file below a folder by its path there, hidden ones too.
+QMap<QString, QByteArray> filesBelow(const QString& folder);
+/// Fails with the names and first bytes of files that differ, and no more.
+void expectSameFiles(const QMap<QString, QByteArray>& found,
+                     const QMap<QString, QByteArray>& wanted);
+/// Every file and folder below a folder, sorted.
+QStringList entriesBelow(const QString& folder);
+
+/// The page WebAlbum, the slide list and the screen without a window.
+class AlbumWorld : public testing::Test {
+protected:
+    AlbumWorld();
+    ~AlbumWorld() override;
+
+    /// A slide for a new picture file in the folder of pictures.
+    void addSlide(const QString& name, QSize size);
+    /// The same for a file that is not there.
+    void addMissing(const QString& name);
+    void build() { album.cbtnWEBALBUM_Click(); }
+
+    QString documents() const { return shell.documents; }
+    QString albumFolder() const { return documents() + u"My WebAlbum/" + title + u'/'; }
+    QByteArray page(const QString& name) const { return readFile(albumFolder() + name); }
+    /// What the second writer expects of the slides added so far.
+    QMap<QString, QByteArray> expected() const;
+    /// The program's own pictures, and the style sheet as the page has it now.
+    QMap<QString, QByteArray> programImages() const;
+    void expectAlbum() const;
+    WebAlbumValues values();
+
+    MemoryRegistryStore store;
+    AlbumShell shell;
+    QString sources;
+
+    QString title = QStringLiteral("Trip");
+    Colour background = 16708836;
+    Colour textColour = 4194304;
+    Colour bar = 16761024;
+    Colour titleBar = 16744576;
+    Colour titleBarText = 16777215;
+    QString font = QStringLiteral("Arial, Helvetica, Sans-Serif");
+    QString fontSize = QStringLiteral("3 (12 pt)");
+    QString barFont = QStringLiteral("Georgia, \"Times New Roman\", Times, Serif");
+    QString barFontSize = QStringLiteral("6 (24 pt)");
+    QString photo = QStringLiteral("500");
+    QString thumbnail = QStringLiteral("95");
+
+    ListView lvwSLIDEBAR;
+    ProgressBar prgBARSLIDES;
+    QPushButton cbtnVIEWWEBALB;
+    /// "critical|text|caption" and the like, and "hourglass on" or "off", in order.
+    QStringList shown;
+    std::vector<ToldSlide> told;
+    WebAlbum album;
+};
+
+}  // namespace velorama::test
