@@ -122,13 +122,12 @@ void AlbumFile::read(const QString& path) {
 
 void AlbumFile::openFromList(const QString& path) {
     const QPointer<AlbumFile> self = this;
-    const QString file = path;
     mnuFILENEW_Click();
-    read(file);
+    read(path);
     if (!self) {
         return;
     }
-    saveSetting(viewKey, albumName, file);
+    saveSetting(viewKey, albumName, path);
     slides_.selectFirstSlide();
     slides_.SelectChk();
     slides_.FoundButtonsCheck();
@@ -138,18 +137,17 @@ void AlbumFile::openFromList(const QString& path) {
 void AlbumFile::openAtStart(const QString& path) {
     const QPointer<AlbumFile> self = this;
     tag_.clear();
-    const QString file = path;
-    if (file.isEmpty()) {
+    if (path.isEmpty()) {
         return;
     }
-    DocumentOpenText(file);
+    DocumentOpenText(path);
     if (!self) {
         return;
     }
-    tag_ = file;
+    tag_ = path;
     // Other than after an Open, the name comes first.
-    setCaption(libTxt.ProductName + separator + file);
-    joinAlbumList(file);
+    setCaption(libTxt.ProductName + separator + path);
+    joinAlbumList(path);
 }
 
 /// The album's text with line ends, but for the one that closes every document.

@@ -91,12 +91,11 @@ QString AlbumFile::Fields::nextSlide(QString& s) {
 }
 
 QString AlbumFile::DocumentOpenText(const QString& Path) {
-    const QString file = Path;
     beginReading();
     QString last;
-    if (gFileFoldr->FileExists(file)) {
+    if (gFileFoldr->FileExists(Path)) {
         const QPointer<AlbumFile> self = this;
-        Fields fields(albumBytes(file));
+        Fields fields(albumBytes(Path));
         QString header;
         fields.Input(header);
         const QString bar = QStringLiteral("|");
