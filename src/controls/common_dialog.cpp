@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
+#include <QListView>
 #include <QStandardPaths>
 
 namespace velorama {
@@ -65,10 +67,46 @@ void offerKinds(QFileDialog& dialog, const FileDialogRequest& request) {
     }
 }
 
+/// The base opens what is selected before what is typed, and selects on its own: the folders that a
+/// typed path passes through, and, when the line is emptied, the folder that is shown. That one
+/// stayed selected beside what was then picked, and was entered anew instead of opening it.
+class TypedFileDialog : public QFileDialog {
+public:
+    TypedFileDialog(QWidget* owner, const FileDialogRequest& request)
+        : QFileDialog(owner, request.title, request.folder) {
+        // The program's own dialog, as a desktop's may come up in another process and cannot be
+        // placed.
+        setOption(QFileDialog::DontUseNativeDialog);
+        line_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        list_ = findChild<QListView*>(QStringLiteral("listView"));
+        if (!line_ || !list_) {
+            return;
+        }
+        connect(line_, &QLineEdit::textEdited, this, [this] { typed_ = true; });
+        connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+                [this] { typed_ = typed_ && line_->hasFocus(); });
+        connect(line_, &QLineEdit::textChanged, this, [this](const QString& text) {
+            if (text.isEmpty()) {
+                list_->selectionModel()->clearSelection();
+            }
+        });
+    }
+
+    void accept() override {
+        if (typed_ && !line_->text().isEmpty()) {
+            list_->selectionModel()->clearSelection();
+        }
+        QFileDialog::accept();
+    }
+
+private:
+    QLineEdit* line_ = nullptr;
+    QListView* list_ = nullptr;
+    bool typed_ = false;
+};
+
 FileDialogAnswer askUser(const FileDialogRequest& request, QWidget* owner) {
-    QFileDialog dialog(owner, request.title, request.folder);
-    // The program's own dialog, as a desktop's may come up in another process and cannot be placed.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    TypedFileDialog dialog(owner, request);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
     dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(request.save      ? QFileDialog::AnyFile

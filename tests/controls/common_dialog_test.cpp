@@ -4,12 +4,18 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 #include "support/test_world.h"
 
@@ -205,6 +211,131 @@ TEST(RealDialog, GivesTheFilesInTheOrderOfItsLine) {
     EXPECT_EQ(dialog.FileNames(), QStringList({folder + QStringLiteral("/b.WAV"),
                                                folder + QStringLiteral("/a one.mp3")}));
     EXPECT_EQ(dialog.FilterIndex, 3);
+}
+
+// A folder with a folder and files in both, and the dialog on it driven by keys and mouse.
+class TypedDialog : public testing::Test {
+protected:
+    TypedDialog() {
+        QDir().mkpath(folder);
+        makeFile(top + QStringLiteral("/above.wav"));
+        makeFile(folder + QStringLiteral("/a.wav"));
+        makeFile(folder + QStringLiteral("/b.wav"));
+        dialog.Filter = musicFilter;
+        dialog.Flags = 524806;
+        dialog.InitDir = top;
+    }
+
+    static QLineEdit* line(const QFileDialog& shown) {
+        return shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    }
+    static void type(const QFileDialog& shown, const QString& text) {
+        // Its popup would need a window manager.
+        line(shown)->setCompleter(nullptr);
+        line(shown)->setFocus();
+        QTest::keyClicks(line(shown), text);
+    }
+    static void pressReturn(const QFileDialog& shown) {
+        QTest::keyClick(line(shown), Qt::Key_Return);
+    }
+    static void pressOpen(const QFileDialog& shown) {
+        const auto* buttons = shown.findChild<QDialogButtonBox*>();
+        QTest::mouseClick(buttons->button(QDialogButtonBox::Open), Qt::LeftButton);
+    }
+    static bool pick(const QFileDialog& shown, const QString& name, Qt::KeyboardModifiers keys) {
+        QAbstractItemView* list = shown.findChild<QListView*>(QStringLiteral("listView"));
+        if (!list->isVisible()) {
+            list = shown.findChild<QTreeView*>(QStringLiteral("treeView"));
+        }
+        QModelIndex found;
+        const bool there = QTest::qWaitFor(
+            [&] {
+                for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
+                    const QModelIndex index = list->model()->index(row, 0, list->rootIndex());
+                    found = index.data().toString() == name ? index : found;
+                }
+                return found.isValid();
+            },
+            20000);
+        list->setFocus();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, keys, list->visualRect(found).center());
+        return there;
+    }
+    static bool isIn(const QFileDialog& shown, const QString& path) {
+        return QTest::qWaitFor([&] { return shown.directory() == QDir(path); }, 20000);
+    }
+    // The dialog's own completion needs the folders to have been read.
+    static bool knows(QFileDialog& shown, const QString& path) {
+        const auto* files = shown.findChild<QFileSystemModel*>();
+        return QTest::qWaitForWindowActive(&shown) &&
+               QTest::qWaitFor([&] { return files->rowCount(files->index(path)) > 0; }, 20000);
+    }
+
+    QString top = test::temporaryFolder() + QStringLiteral("/top");
+    QString folder = top + QStringLiteral("/sub");
+    CommonDialog dialog;
+};
+
+TEST_F(TypedDialog, EntersTheFolderThatWasTyped) {
+    const QStringList texts = {QStringLiteral("sub"), QStringLiteral("sub/"), folder,
+                               folder + QStringLiteral("/"), top + QStringLiteral("/../top/sub")};
+    for (const QString& text : texts) {
+        onceShown([&](QFileDialog& shown) {
+            EXPECT_TRUE(knows(shown, top));
+            type(shown, text);
+            pressReturn(shown);
+            EXPECT_TRUE(isIn(shown, folder)) << text.toStdString();
+            EXPECT_EQ(line(shown)->text(), QString());
+            EXPECT_TRUE(shown.selectedFiles().isEmpty()) << text.toStdString();
+            shown.reject();
+        });
+        EXPECT_TRUE(dialog.ShowOpen());
+    }
+}
+
+TEST_F(TypedDialog, OpensWhatIsPickedInTheFolderThatWasTyped) {
+    onceShown([&](QFileDialog& shown) {
+        EXPECT_TRUE(knows(shown, top));
+        type(shown, QStringLiteral("sub"));
+        pressReturn(shown);
+        EXPECT_TRUE(isIn(shown, folder));
+        EXPECT_TRUE(pick(shown, QStringLiteral("a.wav"), Qt::ControlModifier));
+        EXPECT_TRUE(pick(shown, QStringLiteral("b.wav"), Qt::ControlModifier));
+        pressOpen(shown);
+        EXPECT_FALSE(shown.isVisible());
+        if (shown.isVisible()) {
+            shown.reject();
+        }
+    });
+    EXPECT_TRUE(dialog.ShowOpen());
+    EXPECT_EQ(dialog.FileNames(),
+              QStringList({folder + QStringLiteral("/a.wav"), folder + QStringLiteral("/b.wav")}));
+}
+
+TEST_F(TypedDialog, OpensTheFileThatWasTypedWithItsWholePath) {
+    onceShown([&](QFileDialog& shown) {
+        EXPECT_TRUE(knows(shown, top));
+        type(shown, folder + QStringLiteral("/a.wav"));
+        pressOpen(shown);
+        EXPECT_FALSE(shown.isVisible());
+        if (shown.isVisible()) {
+            shown.reject();
+        }
+    });
+    EXPECT_TRUE(dialog.ShowOpen());
+    EXPECT_EQ(dialog.FileNames(), QStringList({folder + QStringLiteral("/a.wav")}));
+}
+
+TEST_F(TypedDialog, EntersTheFolderThatIsPickedAfterATypedName) {
+    onceShown([&](QFileDialog& shown) {
+        EXPECT_TRUE(knows(shown, top));
+        type(shown, QStringLiteral("above.wav"));
+        EXPECT_TRUE(pick(shown, QStringLiteral("sub"), Qt::NoModifier));
+        pressOpen(shown);
+        EXPECT_TRUE(isIn(shown, folder));
+        shown.reject();
+    });
+    EXPECT_TRUE(dialog.ShowOpen());
 }
 
 TEST(RealDialog, SavesUnderTheNameAsTyped) {
