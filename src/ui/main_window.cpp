@@ -1,5 +1,6 @@
 #include "ui/main_window.h"
 
+#include "browse/screen_pointer.h"
 #include "controls/keys.h"
 #include "controls/twips.h"
 #include "core/globals.h"
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QMessageBox>
 #include <QPainter>
 
 #include <cmath>
@@ -53,10 +55,10 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device)
       surface_(new Surface(*this)),
       controls_(*surface_),
       cdlDIALOG_(this),
-      webAlbum_(*controls_.picframWEBALBM, cdlDIALOG_),
+      webAlbumPage_(*controls_.picframWEBALBM, cdlDIALOG_),
       menus_(*menuBar()),
       popups_(this),
-      layout_(controls_, webAlbum_),
+      layout_(controls_, webAlbumPage_),
       thumbnails_(controls_.imlFOUNDICONS, controls_.imlTHUMBNAILS, pictures_, devicePixelRatioF()),
       slides_(slideListControls(), thumbnails_,
               [this](const PopupRequest& r) { popup(r, *surface_); }),
@@ -66,7 +68,8 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device)
       albums_(albumListControls(), albumListCalls()),
       album_(albumControls(), slides_, thumbnails_, albums_),
       audio_(musicControls(), device,
-             [this](const MusicFileRequest& request) { return chooseMusic(request); }) {
+             [this](const MusicFileRequest& request) { return chooseMusic(request); }),
+      webAlbum_(webAlbumControls(), webAlbumPage_.values(), webAlbumScreen()) {
     setObjectName(QStringLiteral("mfrmPRGMAIN"));
     setWindowTitle(libTxt.ProductName);
     setCentralWidget(surface_);
@@ -96,7 +99,7 @@ SlideListControls mfrmPRGMAIN::slideListControls() {
     std::copy(controls_.cbtnCONTROLS.begin(), controls_.cbtnCONTROLS.end(),
               given.cbtnCONTROLS.begin());
     std::copy(controls_.cbtnSLIDES.begin(), controls_.cbtnSLIDES.end(), given.cbtnSLIDES.begin());
-    given.cbtnWEBALBUM = webAlbum_.cbtnWEBALBUM;
+    given.cbtnWEBALBUM = webAlbumPage_.cbtnWEBALBUM;
     given.mnuEDITADD = menus_.mnuEDITADD;
     given.mnuEDITADDALL = menus_.mnuEDITADDALL;
     given.mnuEDITCLEAR = menus_.mnuEDITCLEAR;
@@ -176,6 +179,24 @@ FoundListCalls mfrmPRGMAIN::foundListCalls() {
         popup(request, *controls_.picframPICTURES);
     };
     return calls;
+}
+
+WebAlbumControls mfrmPRGMAIN::webAlbumControls() {
+    return {controls_.lvwSLIDEBAR, controls_.prgBARSLIDES, webAlbumPage_.cbtnVIEWWEBALB};
+}
+
+WebAlbumScreen mfrmPRGMAIN::webAlbumScreen() {
+    WebAlbumScreen screen;
+    screen.critical = [this](const QString& text, const QString& caption) {
+        QMessageBox::critical(this, caption, text);
+    };
+    screen.information = [this](const QString& text, const QString& caption) {
+        QMessageBox::information(this, caption, text);
+    };
+    screen.hourglass = [](bool on) {
+        setScreenPointer(on ? ScreenPointer::Hourglass : ScreenPointer::Default);
+    };
+    return screen;
 }
 
 frmTOOLSSETTINGS& mfrmPRGMAIN::settings() {

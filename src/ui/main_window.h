@@ -12,6 +12,7 @@
 #include "ui/frm_toolssettings.h"
 #include "ui/main_layout.h"
 #include "ui/main_menus.h"
+#include "webalbum/web_album.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -43,7 +44,7 @@ public:
     void AudioPause() override { audio_.AudioPause(); }
 
     MainControls& controls() { return controls_; }
-    WebAlbumPage& webAlbum() { return webAlbum_; }
+    WebAlbumPage& webAlbumPage() { return webAlbumPage_; }
     MainMenus& menus() { return menus_; }
     frmRESOURCEMAINSTORE& popups() { return popups_; }
     SlideList& slides() { return slides_; }
@@ -79,6 +80,8 @@ private:
     AlbumList::Controls albumListControls();
     AlbumListCalls albumListCalls();
     FoundListCalls foundListCalls();
+    WebAlbumControls webAlbumControls();
+    WebAlbumScreen webAlbumScreen();
     QStringList chooseMusic(const MusicFileRequest& request);
 
     // -- main_window_commands.cpp --
@@ -111,10 +114,10 @@ private:
     Surface* surface_;
     MainControls controls_;
     CommonDialog cdlDIALOG_;
-    WebAlbumPage webAlbum_;
+    WebAlbumPage webAlbumPage_;
     MainMenus menus_;
     frmRESOURCEMAINSTORE popups_;
-    mnutxt mnutxt1_;
+    mnutxt mnutxt1_{this};
     MainLayout layout_;
     LookAhead pictures_;
     Thumbnails thumbnails_;
@@ -124,6 +127,7 @@ private:
     AlbumList albums_;
     AlbumFile album_;
     AudioEngine audio_;
+    WebAlbum webAlbum_;
     QPointer<frmSLIDESHOW> show_;
     QPointer<frmTOOLSSETTINGS> settings_;
     /// Where the window stood when it was hidden.

@@ -18,6 +18,7 @@ void mfrmPRGMAIN::connectCommands() {
     connectSlidesMenu();
     connectHelp();
     connectButtons();
+    mnutxt1_.setObjectName(QStringLiteral("mnutxt1"));
     connect(&mnutxt1_, &mnutxt::MenuHover, this,
             [](const QString& text) { gStatus->MenuText(text); });
     // The listing begins with an empty image list: the new folder's names are there by then.
@@ -93,6 +94,10 @@ void mfrmPRGMAIN::connectButtons() {
     forward(controls_.cbtnSLIDES[3], menus_.mnuFILESAVEAS);
     forward(controls_.cbtnBROWSEBTNS[0], menus_.mnuEDITPREVIEW);
     forward(controls_.cbtnBROWSEBTNS[1], menus_.mnuTOOLSWALLPAPER);
+    connect(webAlbumPage_.cbtnWEBALBUM, &cbtn::Click, this,
+            [this] { webAlbum_.cbtnWEBALBUM_Click(); });
+    connect(webAlbumPage_.cbtnVIEWWEBALB, &cbtn::Click, this,
+            [this] { webAlbum_.cbtnVIEWWEBALB_Click(QString::number(winId())); });
     forward(controls_.cbtnHELP, menus_.mnuHELPCONTENTS);
     forward(controls_.cbtnUPDATES, menus_.mnuHELPUPDATECHECK);
     forward(controls_.cbtnWEBSITE, menus_.mnuHELPONLINE);
@@ -131,7 +136,7 @@ void mfrmPRGMAIN::setTabOrders() {
     for (qsizetype i = 1; i < order.size(); ++i) {
         QWidget::setTabOrder(order.at(i - 1), order.at(i));
     }
-    webAlbum_.setTabOrders(c.cbtnAUDIO[4], c.cbtnHELP);
+    webAlbumPage_.setTabOrders(c.cbtnAUDIO[4], c.cbtnHELP);
 }
 
 void mfrmPRGMAIN::popup(const PopupRequest& request, const QWidget& page) {
@@ -158,7 +163,7 @@ void mfrmPRGMAIN::tabPAGES_Click(const QString& caption) {
         {{"Pictures", controls_.picframPICTURES, controls_.ftvFOLDER},
          {"Slideshows", controls_.picframSLIDEHSOW, controls_.lvwALBUMS},
          {"Music", controls_.picframMUSICLIST, controls_.lstMUSIC},
-         {"WebAlbum", controls_.picframWEBALBM, webAlbum_.txtTITLE},
+         {"WebAlbum", controls_.picframWEBALBM, webAlbumPage_.txtTITLE},
          {"Help", controls_.picframHELP, controls_.cbtnHELP}}};
     const auto chosen = std::find_if(pages.begin(), pages.end(), [&caption](const Page& page) {
         return caption == QLatin1String(page.caption);

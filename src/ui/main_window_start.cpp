@@ -27,7 +27,7 @@ constexpr int lastRestoredPage = 3;
 void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     FormLoading = true;
     fillHelpPage();
-    webAlbum_.load();
+    webAlbumPage_.load();
     controls_.lvwSLIDEBAR->setFont(QFont(QStringLiteral("Arial"), 7));
     mnutxt1_.start(menuBar(), {popups_.mnuFOUNDTOP, popups_.mnuSELECTEDTOP});
     ActiveList = QStringLiteral("SELECTED");
@@ -97,7 +97,7 @@ void mfrmPRGMAIN::disableCommands() {
          {menus_.mnuEDITCLEAR, menus_.mnuEDITCLEARALL, menus_.mnuEDITADD, menus_.mnuEDITADDALL}) {
         entry->setEnabled(false);
     }
-    webAlbum_.cbtnWEBALBUM->setEnabled(false);
+    webAlbumPage_.cbtnWEBALBUM->setEnabled(false);
 }
 
 void mfrmPRGMAIN::appear() {
@@ -146,13 +146,14 @@ void mfrmPRGMAIN::Form_Unload() {
     found_.stop();
     slides_.stop();
     album_.stop();
+    webAlbum_.stop();
     saveSetting(viewSettings, QStringLiteral("TABIDX"),
                 decimalText(controls_.tabPAGES->ActiveTab()));
     slides_.SELECTIONSAVE();
     gRegistry->FormDimensionsSave(*this, true);
     saveSetting(toolSettings, QStringLiteral("Splitter Bar Left"),
                 singleText(Left(*controls_.picVBAR)));
-    webAlbum_.save();
+    webAlbumPage_.save();
     mnutxt1_.stop();
     delete settings_;
     if (show_) {
