@@ -113,8 +113,11 @@ Walk walk(const DrivePath& path) {
     return walk(withSlash(path.folder), path.below);
 }
 
+// Characters. No system takes a longer path.
+constexpr qsizetype longestPath = 32767;
+
 bool canBeName(const QString& path) {
-    return !path.isEmpty() && !path.contains(QChar(u'\0'));
+    return !path.isEmpty() && path.size() <= longestPath && !path.contains(QChar(u'\0'));
 }
 
 /// False for a path of another system that no file of this one can have.
