@@ -134,6 +134,8 @@ void AlbumList::btnADD_Click() {
     dialog.DialogTitle = QStringLiteral("Insert a Slideshow album");
     dialog.Flags = FlagHideReadOnly + FlagExplorer + FlagLongNames;
     dialog.Filter = QStringLiteral("Velorama Album File (*.vlr)|*.vlr|All Files|*.*");
+    // Not the file that another command has chosen in the shared dialog: a cancel goes on with it.
+    dialog.FileName.clear();
 
     const QPointer<AlbumList> self = this;
     gDlgHook->subCMNDLGHOOKOPEN();

@@ -73,6 +73,13 @@ TEST_F(AlbumPage, aFirstCancelOfAddGoesOnWithNoName) {
     EXPECT_FALSE(gDlgHook->isHooked());
 }
 
+TEST_F(AlbumPage, aFirstCancelOfAddTakesNoFileOfAnotherCommand) {
+    cdlDIALOG.FileName = QStringLiteral("/music/one.mp3");
+    btnADD->click();
+    EXPECT_EQ(lvwALBUMS->Count(), 0);
+    EXPECT_EQ(cdlDIALOG.FileName, QString());
+}
+
 TEST_F(AlbumPage, aCancelOfAddEndsItOnceOpenOrSaveAsRan) {
     for (const bool saving : {false, true}) {
         cdlDIALOG.CancelError = false;
