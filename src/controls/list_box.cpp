@@ -1,5 +1,7 @@
 #include "controls/list_box.h"
 
+#include "controls/icon.h"
+
 #include <QHelpEvent>
 #include <QMimeData>
 #include <QPainter>
@@ -12,15 +14,8 @@ namespace velorama {
 namespace {
 
 constexpr int EmptyTextMargin = 12;
-
-/// Lines ask for no width of their own: they get the box's, and are cut to it.
-class LineDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return {0, QStyledItemDelegate::sizeHint(option, index).height()};
-    }
-};
+constexpr int SymbolMargin = 1;
+constexpr float HeldTint = 0.24F;
 
 QStringList localFiles(const QMimeData* data) {
     QStringList paths;
@@ -32,7 +27,50 @@ QStringList localFiles(const QMimeData* data) {
     return paths;
 }
 
+/// The line that waits: not pale as the others are, but without the fill of a selected one.
+void paintHeld(QPainter& painter, const QStyleOptionViewItem& option, const QString& symbol) {
+    QColor ground = option.palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor ink = option.palette.color(QPalette::Active, QPalette::Text);
+    ground.setAlphaF(HeldTint);
+    painter.fillRect(option.rect, ground);
+    const int side = option.rect.height();
+    QRect place(option.rect.topLeft(), QSize(side, side));
+    QRect text = option.rect.adjusted(side, 0, -SymbolMargin, 0);
+    place = QStyle::visualRect(option.direction, option.rect, place);
+    text = QStyle::visualRect(option.direction, option.rect, text);
+    paintSymbol(painter, place.adjusted(SymbolMargin, SymbolMargin, -SymbolMargin, -SymbolMargin),
+                symbol, ink);
+    painter.setPen(ink);
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeading,
+                     option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, text.width()));
+}
+
 }  // namespace
+
+class ListBox::LineDelegate : public QStyledItemDelegate {
+public:
+    explicit LineDelegate(ListBox* box) : QStyledItemDelegate(box), box_(*box) {}
+
+    /// Lines ask for no width of their own: they get the box's, and are cut to it.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem line = option;
+        initStyleOption(&line, index);
+        if (!box_.disabledSymbol_.isEmpty() && !box_.isEnabled() &&
+            line.state.testFlag(QStyle::State_Selected)) {
+            paintHeld(*painter, line, box_.disabledSymbol_);
+        } else {
+            QStyledItemDelegate::paint(painter, option, index);
+        }
+    }
+
+private:
+    const ListBox& box_;
+};
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -100,6 +138,11 @@ void ListBox::Clear() {
 
 void ListBox::setEmptyText(const QString& text) {
     emptyText_ = text;
+    viewport()->update();
+}
+
+void ListBox::setDisabledSymbol(const QString& name) {
+    disabledSymbol_ = name;
     viewport()->update();
 }
 

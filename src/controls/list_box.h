@@ -34,6 +34,9 @@ public:
 
     /// Shown in the middle of the empty box.
     void setEmptyText(const QString& text);
+    /// Stands in front of the selected line while the box is disabled, and that line stays as
+    /// readable as it was. Name of a symbol (controls/icon.h).
+    void setDisabledSymbol(const QString& name);
 
 signals:
     /// A line was double-clicked, or Enter pressed on the selected one.
@@ -53,9 +56,11 @@ protected:
                                                          const QEvent* event) const override;
 
 private:
+    class LineDelegate;
     bool isCut(const QListWidgetItem* line) const;
 
     QString emptyText_;
+    QString disabledSymbol_;
 };
 
 }  // namespace velorama

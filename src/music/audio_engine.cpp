@@ -15,6 +15,37 @@ void caption(Label* label, const QString& text) {
 
 }  // namespace
 
+/// A control that is disabled loses the keyboard to whichever comes next in the window. At the end
+/// of a step that is back where it was, or on another button of the player if it cannot be.
+class AudioEngine::Focus {
+public:
+    Focus(const MusicControls& controls, size_t instead)
+        : instead_(controls.cbtnAUDIO.at(instead)) {
+        take(controls.lstMUSIC);
+        for (QAbstractButton* button : controls.cbtnAUDIO) {
+            take(button);
+        }
+    }
+    Focus(const Focus&) = delete;
+    Focus& operator=(const Focus&) = delete;
+    ~Focus() {
+        QWidget* to = before_ && !before_->isEnabled() ? instead_ : before_;
+        if (to && to->window()->focusWidget() != to) {
+            to->setFocus();
+        }
+    }
+
+private:
+    void take(QWidget* control) {
+        if (control && control->window()->focusWidget() == control) {
+            before_ = control;
+        }
+    }
+
+    QWidget* before_ = nullptr;
+    QAbstractButton* instead_;
+};
+
 AudioEngine::AudioEngine(const MusicControls& controls, MediaCommands& device,
                          MusicFileChooser chooseFiles, QObject* parent)
     : QObject(parent), list(controls, std::move(chooseFiles)), c_(controls), device_(device) {
@@ -29,6 +60,10 @@ void AudioEngine::stoppedState() {
     }
     showBar(false);
     enableButtons({4, 3}, false);
+    if (c_.lstMUSIC) {
+        // A disabled list means paused.
+        c_.lstMUSIC->setDisabledSymbol(QStringLiteral("pause"));
+    }
 }
 
 void AudioEngine::connectEvents() {
@@ -75,6 +110,7 @@ void AudioEngine::enableButtons(std::initializer_list<int> indexes, bool enabled
 void AudioEngine::enableList(bool enabled) {
     if (c_.lstMUSIC) {
         c_.lstMUSIC->setEnabled(enabled);
+        c_.lstMUSIC->setAccessibleDescription(enabled ? QString() : tr("Paused"));
     }
 }
 
@@ -99,6 +135,7 @@ void AudioEngine::AudioPlay() {
 }
 
 void AudioEngine::AudioPause() {
+    const Focus focus(c_, 3);
     const bool playing = !c_.lstMUSIC || c_.lstMUSIC->Enabled();
     device_.send(playing ? QStringLiteral("pause CURRFILE") : QStringLiteral("Resume CURRFILE"));
     enableButtons({2}, true);
@@ -106,6 +143,7 @@ void AudioEngine::AudioPause() {
 }
 
 void AudioEngine::AudioStop() {
+    const Focus focus(c_, 2);
     closeDevice();
     if (c_.tmrMUSIC) {
         c_.tmrMUSIC->stop();
@@ -153,6 +191,7 @@ void AudioEngine::tmrMUSIC_Timer() {
 }
 
 void AudioEngine::nextTrack() {
+    const Focus focus(c_, 2);
     AudioStop();
     if (c_.lstMUSIC) {
         const int row = c_.lstMUSIC->ListIndex();

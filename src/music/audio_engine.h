@@ -44,6 +44,7 @@ private:
     void enableButtons(std::initializer_list<int> indexes, bool enabled);
     void enableList(bool enabled);
     void showBar(bool visible);
+    class Focus;
 
     MusicControls c_;
     MediaCommands& device_;

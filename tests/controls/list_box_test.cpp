@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace velorama {
 namespace {
 
@@ -150,6 +152,61 @@ TEST_F(ListBoxTest, DroppedFilesAreToldAndNothingElse) {
     QDragEnterEvent other(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, {});
     QCoreApplication::sendEvent(box.viewport(), &other);
     EXPECT_FALSE(other.isAccepted());
+}
+
+/// As accessibility guidelines define it: 1 for two like colours, 21 for black on white.
+double contrast(QRgb one, QRgb other) {
+    const auto light = [](QRgb colour) {
+        const auto part = [](int value) {
+            const double share = value / 255.0;
+            return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) +
+               0.0722 * part(qBlue(colour));
+    };
+    const double a = light(one) + 0.05;
+    const double b = light(other) + 0.05;
+    return std::max(a, b) / std::min(a, b);
+}
+
+// The ground of a picture and the strongest contrast of anything on it.
+double strongestContrast(const QImage& image) {
+    double strongest = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            strongest = std::max(
+                strongest,
+                contrast(image.pixel(x, y), image.pixel(image.width() - 3, image.height() / 2)));
+        }
+    }
+    return strongest;
+}
+
+TEST_F(ListBoxTest, DisabledItsSelectedLineStaysReadableBesideItsSymbol) {
+    const QPalette light = box.palette();
+    QPalette dark(QColor(50, 50, 50));
+    for (const QPalette& palette : {light, dark}) {
+        box.setPalette(palette);
+        box.setDisabledSymbol(QString());
+        box.setListIndex(1);
+        box.setEnabled(false);
+        const QRect line = box.visualItemRect(box.item(1));
+        const QRect symbol(line.topLeft(), QSize(line.height(), line.height()));
+        const QRect text = line.adjusted(symbol.width(), 0, 0, 0);
+        const auto shown = [&](const QRect& part) { return box.viewport()->grab(part).toImage(); };
+        const QImage plain = shown(line);
+        box.setDisabledSymbol(QStringLiteral("pause"));
+        EXPECT_NE(shown(line), plain);
+        EXPECT_GE(strongestContrast(shown(text)), 4.5);
+        EXPECT_GE(strongestContrast(shown(symbol)), 3);  // a picture needs less than text
+        const QImage other = shown(box.visualItemRect(box.item(0)));
+        EXPECT_LT(strongestContrast(other), strongestContrast(shown(line)));
+
+        box.setEnabled(true);
+        const QImage enabled = shown(line);
+        box.setDisabledSymbol(QString());
+        EXPECT_EQ(shown(line), enabled);
+    }
 }
 
 TEST_F(ListBoxTest, TheEmptyBoxSaysWhatBelongsThere) {

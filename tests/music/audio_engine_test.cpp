@@ -267,6 +267,67 @@ TEST_F(AudioEngineTest, TheTimerPolls) {
     EXPECT_EQ(device.taken(), pollCommands);
 }
 
+/// The controls in a window, in the order of the page.
+class MusicFocus : public MusicWorld {
+protected:
+    MusicFocus() {
+        for (QWidget* control :
+             std::initializer_list<QWidget*>{&cbtnAUDIO[0], &cbtnAUDIO[1], &lstMUSIC, &cbtnAUDIO[2],
+                                             &cbtnAUDIO[3], &cbtnAUDIO[4], &elsewhere}) {
+            control->setParent(&window);
+        }
+        window.show();
+        fill({a, b}, 0);
+        engine->AudioPlay();
+    }
+    // The controls are members and not the window's own.
+    ~MusicFocus() override {
+        for (QObject* child : QObjectList(window.children())) {
+            static_cast<QWidget*>(child)->setParent(nullptr);
+        }
+    }
+
+    QWidget window;
+    QPushButton elsewhere;
+};
+
+TEST_F(MusicFocus, APauseTakesItFromTheListToThePauseButton) {
+    lstMUSIC.setFocus();
+    engine->AudioPause();
+    EXPECT_FALSE(lstMUSIC.isEnabled());
+    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[3]);
+    engine->AudioPause();
+    EXPECT_TRUE(lstMUSIC.isEnabled());
+    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[3]);
+}
+
+TEST_F(MusicFocus, StaysOnAButtonThatStaysEnabled) {
+    cbtnAUDIO[3].setFocus();
+    engine->AudioPause();
+    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[3]);
+    elsewhere.setFocus();
+    engine->AudioPause();
+    engine->AudioStop();
+    EXPECT_EQ(window.focusWidget(), &elsewhere);
+}
+
+TEST_F(MusicFocus, AStopTakesItToTheButtonThatStartsAgain) {
+    for (const size_t pressed : {3U, 4U}) {
+        engine->AudioPlay();
+        cbtnAUDIO.at(pressed).setFocus();
+        engine->AudioStop();
+        EXPECT_FALSE(cbtnAUDIO.at(pressed).isEnabled());
+        EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[2]);
+    }
+}
+
+TEST_F(MusicFocus, ATrackChangeLeavesItWhereItIs) {
+    cbtnAUDIO[4].setFocus();
+    engine->tmrMUSIC_Timer();
+    EXPECT_EQ(lstMUSIC.ListIndex(), 1);
+    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[4]);
+}
+
 TEST_F(AudioEngineTest, WithoutControlsEveryStepDoesNothing) {
     AudioEngine bare({}, device);
     bare.AudioPlay();
