@@ -33,6 +33,7 @@ constexpr Work works[] = {
     {"show", 2, wholeShow},
     {"sound", 1, firstSound},
     {"longshow", 1, memoryOfLongShow},
+    {"webalbum", 1, pagesOfWebAlbum},
 };
 
 constexpr int quickRounds = 3;

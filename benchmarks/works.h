@@ -17,6 +17,7 @@ Contest playingMusic();
 Contest wholeShow();
 Contest firstSound();
 Contest memoryOfLongShow();
+Contest pagesOfWebAlbum();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.

@@ -1,0 +1,74 @@
+#include "stopwatch.h"
+#include "works.h"
+
+#include "controls/list_view.h"
+#include "platform/exact_names.h"
+#include "webalbum/mod_webalbum.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QTemporaryDir>
+
+namespace velorama::bench {
+namespace {
+
+constexpr double goal = 4.4;
+
+/// In memory where the system has such a folder: pages reach the disk one by one, and that is the
+/// disk's time.
+QString placeForAlbums() {
+    const QString memory = QStringLiteral("/dev/shm");
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/velorama-bench-XXXXXX";
+}
+
+WebAlbumValues sizes() {
+    WebAlbumValues values;
+    values.udnPHOTO = [] { return QStringLiteral("500"); };
+    values.udnTHUMBNAIL = [] { return QStringLiteral("95"); };
+    return values;
+}
+
+/// Index and slide pages of a new album whose pictures have been copied already.
+std::optional<double> timeOfPages(int pictures) {
+    const QTemporaryDir place(placeForAlbums());
+    const QString source = place.filePath(QStringLiteral("source.jpg"));
+    const bool made = place.isValid() && QDir(place.path()).mkdir(QStringLiteral("pictures")) &&
+                      QImage(640, 480, QImage::Format_RGB32).save(source);
+    if (!made) {
+        return std::nullopt;
+    }
+    ListView slides;
+    for (int i = 1; i <= pictures; ++i) {
+        const QString name = QStringLiteral("picture %1.jpg").arg(i);
+        const QString copy = place.filePath(u"pictures/" + name);
+        QFile::copy(source, copy);
+        slides.Add(i, copy, name, 0);
+    }
+    const QString folder = place.path() + u'/';
+    const ExactNames exactNames(place.path());
+    modWEBALBUM writer(sizes(), nullptr);
+    const Stopwatch watch;
+    writer.WebAlbumMainPagesWrite(folder, QStringLiteral("Bench"), slides);
+    writer.WebAlbumSlidePagesWrite(folder, QStringLiteral("Bench"), slides);
+    const double time = watch.milliseconds();
+    return QDir(folder).entryList({QStringLiteral("picture*.html")}).size() == pictures
+               ? std::optional(time)
+               : std::nullopt;
+}
+
+}  // namespace
+
+Contest pagesOfWebAlbum() {
+    return {
+        .work = QStringLiteral("Pages of a web album of 4,000 pictures"),
+        .unit = QStringLiteral("ms"),
+        .rounds = 7,
+        .ours = [] { return timeOfPages(4000); },
+        .against = {{.name = QStringLiteral("the same with 1,000"), .goal = goal, .measure = [] {
+                         return timeOfPages(1000);
+                     }}}};
+}
+
+}  // namespace velorama::bench
