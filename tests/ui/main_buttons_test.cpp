@@ -1,0 +1,179 @@
+#include "ui/window_world.h"
+
+#include <QSignalSpy>
+
+namespace velorama {
+namespace {
+
+class ButtonsTest : public test::WithWindow {
+protected:
+    ButtonsTest() {
+        clsLIBRARY::showHelpWith([](const QString&) {});
+        browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+        start();
+    }
+    cbtn& item(std::size_t index) { return *controls().cbtnCONTROLS.at(index); }
+    /// Times that a click of the button ran the menu entry.
+    static int forwards(cbtn& button, QAction& entry) {
+        QSignalSpy ran(&entry, &QAction::triggered);
+        button.click();
+        return static_cast<int>(ran.count());
+    }
+    void makeCurrent(int slide) {
+        ListView& list = *controls().lvwSLIDEBAR;
+        list.clearSelection();
+        list.setSelectedItem(slide);
+        list.item(slide)->setSelected(true);
+        window->slides().SelectChk();
+    }
+    /// Sets what SelectChk decides the wrong way round, and clicks.
+    void clickInDisorder(cbtn& button) {
+        item(3).setEnabled(slides().isEmpty());
+        menus().mnuEDITCLEARALL->setEnabled(slides().isEmpty());
+        window->webAlbumPage().cbtnWEBALBUM->setEnabled(slides().isEmpty());
+        button.click();
+    }
+    void expectOrder(int index) {
+        const bool holds = !slides().isEmpty();
+        EXPECT_EQ(item(3).isEnabled(), holds) << index;
+        EXPECT_EQ(menus().mnuEDITCLEARALL->isEnabled(), holds) << index;
+        EXPECT_EQ(window->webAlbumPage().cbtnWEBALBUM->isEnabled(), holds) << index;
+    }
+};
+
+TEST_F(ButtonsTest, ToolbarItemsHaveNamesAndTooltips) {
+    const std::map<std::size_t, const char*> tooltips = {
+        {0, "Add selected found photos"}, {1, "Add all found photos"},
+        {2, "Remove selected photos"},    {3, "Remove all photos"},
+        {4, "move photo backwards"},      {5, "move photo forwards"},
+        {6, "Play Slideshow [F5]"},       {8, "Change Slideshow settings"}};
+    for (const auto& [index, tooltip] : tooltips) {
+        EXPECT_EQ(item(index).toolTip(), QLatin1String(tooltip));
+        EXPECT_EQ(item(index).objectName(), QStringLiteral("cbtnCONTROLS%1").arg(index));
+        EXPECT_EQ(item(index).parentWidget(), controls().picbarCONTROLS);
+    }
+    EXPECT_EQ(controls().cbtnCONTROLS[7], nullptr);
+}
+
+TEST_F(ButtonsTest, AddAndAddAllTakePicturesOfTheFolder) {
+    controls().lvwFOUND->clearSelection();
+    controls().lvwFOUND->item(3)->setSelected(true);
+    EXPECT_EQ(forwards(item(0), *menus().mnuEDITADD), 1);
+    EXPECT_EQ(slides().size(), 1);
+    EXPECT_EQ(forwards(item(1), *menus().mnuEDITADDALL), 1);
+    EXPECT_EQ(slides().size(), 3);
+}
+
+TEST_F(ButtonsTest, RemoveAndRemoveAllTakeSlidesAway) {
+    item(1).click();
+    makeCurrent(2);
+    EXPECT_EQ(forwards(item(2), *menus().mnuEDITCLEAR), 1);
+    EXPECT_EQ(slides().size(), 2);
+    EXPECT_EQ(forwards(item(3), *menus().mnuEDITCLEARALL), 1);
+    EXPECT_EQ(slides().size(), 0);
+}
+
+TEST_F(ButtonsTest, MovesTheCurrentSlide) {
+    item(1).click();
+    const QStringList before = slides();
+    makeCurrent(2);
+    item(4).click();
+    EXPECT_EQ(slides(), QStringList({before[1], before[0], before[2]}));
+    EXPECT_EQ(controls().lvwSLIDEBAR->SelectedItem()->Index(), 1);
+    item(5).click();
+    item(5).click();
+    EXPECT_EQ(slides(), QStringList({before[0], before[2], before[1]}));
+    EXPECT_EQ(controls().lvwSLIDEBAR->SelectedItem()->Index(), 3);
+}
+
+TEST_F(ButtonsTest, TheEndsOfTheListStopAMove) {
+    chosen = test::temporaryFolder() + QStringLiteral("/a.vlr");
+    item(1).click();
+    menus().mnuFILESAVEAS->trigger();
+    const QStringList before = slides();
+    makeCurrent(1);
+    EXPECT_FALSE(item(4).isEnabled());
+    window->slides().MoveBack();
+    makeCurrent(3);
+    EXPECT_FALSE(item(5).isEnabled());
+    window->slides().MoveForward();
+    EXPECT_EQ(slides(), before);
+    EXPECT_FALSE(menus().mnuFILESAVE->isEnabled());
+}
+
+TEST_F(ButtonsTest, WithASingleSlideForwardsIsOnAndDoesNothing) {
+    controls().lvwFOUND->item(1)->setSelected(true);
+    item(0).click();
+    ASSERT_EQ(slides().size(), 1);
+    const QStringList before = slides();
+    EXPECT_FALSE(item(4).isEnabled());
+    EXPECT_TRUE(item(5).isEnabled());
+    item(5).click();
+    EXPECT_EQ(slides(), before);
+}
+
+TEST_F(ButtonsTest, SelectChkRunsAfterEveryItem) {
+    // The display of the tests has no window manager to tell the dialog's fixed size to.
+    test::expectMessage(QStringLiteral("propagateSizeHints"));
+    test::Presser cancel(QStringLiteral("btnCANCEL"));
+    for (const std::size_t index : {0U, 1U, 4U, 5U, 2U, 8U, 3U}) {
+        if (index == 4) {
+            makeCurrent(2);
+        }
+        if (index == 3) {
+            item(3).setEnabled(true);
+            item(3).click();
+        } else {
+            clickInDisorder(item(index));
+        }
+        expectOrder(static_cast<int>(index));
+    }
+    EXPECT_EQ(cancel.forms, QStringList(QStringLiteral("frmTOOLSSETTINGS")));
+}
+
+TEST_F(ButtonsTest, AlbumButtonsForwardToTheirEntries) {
+    const auto& buttons = controls().cbtnSLIDES;
+    QAction* entries[] = {menus().mnuFILENEW, menus().mnuFILEOPEN, menus().mnuFILESAVE,
+                          menus().mnuFILESAVEAS};
+    const char* tooltips[] = {"Create a new Slideshow Album", "Open Existing Slideshow Album",
+                              "Save Slideshow Album", "Save Slideshow Album with new name"};
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        menus().mnuFILESAVE->setEnabled(true);
+        buttons.at(2)->setEnabled(true);
+        EXPECT_EQ(buttons.at(i)->toolTip(), QLatin1String(tooltips[i]));
+        EXPECT_EQ(buttons.at(i)->objectName(), QStringLiteral("cbtnSLIDES%1").arg(i));
+        EXPECT_EQ(forwards(*buttons.at(i), *entries[i]), 1) << i;
+    }
+}
+
+TEST_F(ButtonsTest, BrowseButtonsForwardToTheirEntries) {
+    const auto& buttons = controls().cbtnBROWSEBTNS;
+    EXPECT_EQ(buttons[0]->toolTip(), QStringLiteral("Preview selected photo"));
+    EXPECT_EQ(buttons[1]->toolTip(), QStringLiteral("Set the selected photo as your wallpaper"));
+    menus().mnuEDITPREVIEW->disconnect(window.get());
+    menus().mnuTOOLSWALLPAPER->disconnect(window.get());
+    EXPECT_EQ(forwards(*buttons[0], *menus().mnuEDITPREVIEW), 1);
+    EXPECT_EQ(forwards(*buttons[1], *menus().mnuTOOLSWALLPAPER), 1);
+}
+
+TEST_F(ButtonsTest, HelpButtonsForwardToTheirEntries) {
+    MainControls& c = controls();
+    // What the entries do is another matter.
+    for (QAction* entry : menus().mnuHELPTOP->actions()) {
+        entry->disconnect(window.get());
+    }
+    EXPECT_EQ(forwards(*c.cbtnHELP, *menus().mnuHELPCONTENTS), 1);
+    EXPECT_EQ(forwards(*c.cbtnUPDATES, *menus().mnuHELPUPDATECHECK), 1);
+    EXPECT_EQ(forwards(*c.cbtnWEBSITE, *menus().mnuHELPONLINE), 1);
+    EXPECT_EQ(forwards(*c.cbtnSUPPORT, *menus().mnuHELPEMAILSUPPORT), 1);
+    EXPECT_EQ(forwards(*c.cbtnABOUT, *menus().mnuHELPABOUT), 1);
+}
+
+TEST_F(ButtonsTest, EnterPressesTheButtonWithTheKeyboard) {
+    item(1).setFocus();
+    QTest::keyClick(&item(1), Qt::Key_Return);
+    EXPECT_EQ(slides().size(), 3);
+}
+
+}  // namespace
+}  // namespace velorama

@@ -1,0 +1,137 @@
+#include "ui/window_world.h"
+
+namespace velorama {
+namespace {
+
+class PagesTest : public test::WithWindow {
+protected:
+    /// Number of the page that is up; 0 if none is or several are.
+    int shown() {
+        int number = 0;
+        int up = 0;
+        for (std::size_t i = 0; i < controls().pages().size(); ++i) {
+            if (!controls().pages().at(i)->isHidden()) {
+                number = static_cast<int>(i) + 1;
+                ++up;
+            }
+        }
+        return up == 1 ? number : 0;
+    }
+    void press(Qt::KeyboardModifiers held) {
+        QTest::keyClick(window.get(), held & Qt::ShiftModifier ? Qt::Key_Backtab : Qt::Key_Tab,
+                        held);
+    }
+    int restored(const QString& TABIDX) {
+        setStored("mfrmPRGMAIN\\View", "TABIDX", TABIDX);
+        start();
+        EXPECT_EQ(controls().tabPAGES->ActiveTab(), shown());
+        return shown();
+    }
+};
+
+TEST_F(PagesTest, HaveTheirCaptionsInOrder) {
+    start();
+    tab& pages = *controls().tabPAGES;
+    EXPECT_EQ(pages.ActiveTabs(), QStringLiteral("Slideshows,Pictures,Music,WebAlbum,Help"));
+    EXPECT_EQ(pages.Tabcount(), 5);
+    EXPECT_EQ(pages.Caption(1), QStringLiteral("Slideshows"));
+    EXPECT_EQ(pages.Caption(5), QStringLiteral("Help"));
+}
+
+TEST_F(PagesTest, EachCaptionShowsItsFrameAloneAndGivesItTheKeyboard) {
+    start();
+    MainControls& c = controls();
+    struct Case {
+        const char* caption;
+        QWidget* frame;
+        QWidget* focus;
+    };
+    const Case cases[] = {
+        {"Pictures", c.picframPICTURES, c.ftvFOLDER},
+        {"Slideshows", c.picframSLIDEHSOW, c.lvwALBUMS},
+        {"Music", c.picframMUSICLIST, c.lstMUSIC},
+        {"WebAlbum", c.picframWEBALBM, window->webAlbumPage().txtTITLE},
+        {"Help", c.picframHELP, c.cbtnHELP},
+    };
+    for (const Case& page : cases) {
+        emit c.tabPAGES->Click(QLatin1String(page.caption));
+        for (const QWidget* frame : c.pages()) {
+            EXPECT_EQ(frame->isVisible(), frame == page.frame) << page.caption;
+        }
+        EXPECT_EQ(QApplication::focusWidget(), page.focus) << page.caption;
+    }
+}
+
+TEST_F(PagesTest, AnUnknownCaptionChangesNothing) {
+    start();
+    emit controls().tabPAGES->Click(QStringLiteral("Music"));
+    for (const char* caption : {"", "3", "music", "MUSIC", "Pictures ", "Audio"}) {
+        emit controls().tabPAGES->Click(QLatin1String(caption));
+        EXPECT_EQ(shown(), 3) << caption;
+        EXPECT_EQ(QApplication::focusWidget(), controls().lstMUSIC) << caption;
+    }
+}
+
+TEST_F(PagesTest, CtrlTabGoesThroughAllAndRound) {
+    start();
+    EXPECT_EQ(shown(), 1);
+    for (const int page : {2, 3, 4, 5, 1}) {
+        press(Qt::ControlModifier);
+        EXPECT_EQ(shown(), page);
+        EXPECT_EQ(controls().tabPAGES->ActiveTab(), page);
+    }
+}
+
+TEST_F(PagesTest, CtrlShiftTabGoesBackAndRound) {
+    start();
+    for (const int page : {5, 4, 3, 2, 1}) {
+        press(Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(shown(), page);
+        EXPECT_EQ(controls().tabPAGES->ActiveTab(), page);
+    }
+}
+
+TEST_F(PagesTest, TabAloneShiftTabAndCtrlAltTabStay) {
+    start();
+    for (const Qt::KeyboardModifiers held :
+         {Qt::KeyboardModifiers(Qt::NoModifier), Qt::KeyboardModifiers(Qt::ShiftModifier),
+          Qt::ControlModifier | Qt::AltModifier}) {
+        press(held);
+        EXPECT_EQ(shown(), 1);
+    }
+}
+
+TEST_F(PagesTest, TheWindowSeesThePageKeyBeforeTheControlWithTheKeyboard) {
+    start();
+    emit controls().tabPAGES->Click(QStringLiteral("WebAlbum"));
+    controls().tabPAGES->setActiveTab(4);
+    QTest::keyClick(window->webAlbumPage().txtTITLE, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(shown(), 5);
+    EXPECT_TRUE(window->webAlbumPage().txtTITLE->text().isEmpty());
+}
+
+TEST_F(PagesTest, TheFirstThreeComeBackAtTheNextStart) {
+    EXPECT_EQ(restored(QStringLiteral("1")), 1);
+    EXPECT_EQ(restored(QStringLiteral("2")), 2);
+    EXPECT_EQ(restored(QStringLiteral("3")), 3);
+}
+
+TEST_F(PagesTest, AnythingElseComesBackOnTheFirst) {
+    for (const char* number : {"4", "5", "6", "0", "-1", "-32768", "70000", "Music", "", " "}) {
+        EXPECT_EQ(restored(QLatin1String(number)), 1) << number;
+    }
+}
+
+TEST_F(PagesTest, ThePageIsWrittenAtTheEndWhicheverItIs) {
+    for (int page = 1; page <= 5; ++page) {
+        start();
+        controls().tabPAGES->press(page);
+        window->close();
+        EXPECT_EQ(stored("mfrmPRGMAIN\\View", "TABIDX"), QString::number(page));
+    }
+    start();
+    EXPECT_EQ(shown(), 1);
+}
+
+}  // namespace
+}  // namespace velorama

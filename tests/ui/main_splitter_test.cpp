@@ -1,0 +1,121 @@
+#include "ui/window_world.h"
+
+namespace velorama {
+namespace {
+
+class SplitterTest : public test::WithWindow {
+protected:
+    SplitterTest() { start(); }
+    SplitterBar& bar() { return *controls().picVBAR; }
+};
+
+TEST_F(SplitterTest, ADragLeftOf2700StopsAndSnapsTo2775) {
+    emit bar().MouseMove(1, -885, 0);
+    EXPECT_EQ(Left(bar()), 2700);
+    emit bar().MouseMove(1, -1, 0);
+    EXPECT_EQ(Left(bar()), 2700);
+    emit bar().MouseUp(1, 0, 0);
+    EXPECT_EQ(Left(bar()), 2775);
+    EXPECT_EQ(Left(*controls().lvwFOUND), 2895);
+}
+
+TEST_F(SplitterTest, ADragIsRoundedToAWholeNumber) {
+    emit bar().MouseMove(1, 100.4F, 0);
+    EXPECT_EQ(Left(bar()), 3685);
+    emit bar().MouseMove(1, 0.6F, 0);
+    EXPECT_EQ(Left(bar()), 3686);
+}
+
+TEST_F(SplitterTest, OnlyTheLeftButtonDrags) {
+    for (const int button : {0, 2, 4}) {
+        emit bar().MouseMove(button, 600, 0);
+        EXPECT_EQ(Left(bar()), 3585) << button;
+    }
+}
+
+TEST_F(SplitterTest, TheBarFollowsTheMouseAndTheListsFollowAtRelease) {
+    const float list = Left(*controls().lvwFOUND);
+    emit bar().MouseMove(1, 300, 0);
+    EXPECT_EQ(Left(bar()), 3885);
+    EXPECT_EQ(Left(*controls().lvwFOUND), list);
+    emit bar().MouseUp(1, 0, 0);
+    EXPECT_EQ(Left(*controls().lvwFOUND), 4005);
+    EXPECT_EQ(Width(*controls().ftvFOLDER), 3885 - 45 - Left(*controls().ftvFOLDER));
+}
+
+TEST_F(SplitterTest, TheRightLimitIs1000BeforeTheEdge) {
+    controls().surface.resize(736, 480);
+    setLeft(bar(), 10500);
+    window->VBarLayout();
+    EXPECT_EQ(Left(bar()), 11040 - 1000);
+}
+
+TEST_F(SplitterTest, InANarrowWindowTheRightLimitWins) {
+    controls().surface.resize(240, 480);
+    window->VBarLayout();
+    EXPECT_EQ(Left(bar()), 2600);
+}
+
+TEST_F(SplitterTest, WithTheBarAlmostAtTheLeftEdgeNothingElseMoves) {
+    const float tree = Width(*controls().ftvFOLDER);
+    const float tabs = Width(*controls().tabPAGES);
+    controls().surface.resize(60, 480);
+    setWidth(*controls().tabPAGES, tabs);
+    setWidth(*controls().ftvFOLDER, tree);
+    window->VBarLayout();
+    EXPECT_EQ(Left(bar()), -100);
+    EXPECT_EQ(Width(*controls().ftvFOLDER), tree);
+    EXPECT_EQ(Width(*controls().tabPAGES), tabs);
+}
+
+TEST_F(SplitterTest, AWindowWithoutWidthHasNoRightLimit) {
+    controls().surface.resize(0, 480);
+    setLeft(bar(), 3000);
+    window->VBarLayout();
+    EXPECT_EQ(Left(bar()), 3000);
+}
+
+TEST_F(SplitterTest, TheLayoutBringsTheFoundListBack) {
+    controls().lvwFOUND->hide();
+    window->VBarLayout();
+    EXPECT_FALSE(controls().lvwFOUND->isHidden());
+}
+
+TEST_F(SplitterTest, MovesByTheKeyboard) {
+    QTest::keyClick(&bar(), Qt::Key_Right);
+    EXPECT_EQ(Left(bar()), 3735);
+    EXPECT_EQ(Left(*controls().lvwFOUND), 3855);
+    QTest::keyClick(&bar(), Qt::Key_Left);
+    EXPECT_EQ(Left(bar()), 3585);
+}
+
+TEST_F(SplitterTest, ThePlaceComesBackAtTheNextStart) {
+    setLeft(bar(), 4000);
+    window->close();
+    EXPECT_EQ(toolSetting("Splitter Bar Left"), QStringLiteral("4000"));
+    start();
+    EXPECT_EQ(Left(bar()), 4000);
+}
+
+TEST_F(SplitterTest, APlaceThatIsNoNumberLeavesItAsDesigned) {
+    setToolSetting("Splitter Bar Left", QStringLiteral("wide"));
+    start();
+    EXPECT_EQ(Left(bar()), 3585);
+}
+
+TEST_F(SplitterTest, InsAndCtrlDelWorkFromTheBar) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
+    start();
+    ASSERT_TRUE(controls().lvwFOUND->item(1)->Selected());
+    QTest::keyClick(&bar(), Qt::Key_Insert, Qt::ControlModifier);
+    EXPECT_EQ(slides().size(), 0);
+    QTest::keyClick(&bar(), Qt::Key_Insert);
+    EXPECT_EQ(slides().size(), 1);
+    QTest::keyClick(&bar(), Qt::Key_Delete);
+    EXPECT_EQ(slides().size(), 1);
+    QTest::keyClick(&bar(), Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(slides().size(), 0);
+}
+
+}  // namespace
+}  // namespace velorama

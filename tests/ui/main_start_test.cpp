@@ -1,0 +1,272 @@
+#include "ui/window_world.h"
+
+#include <cmath>
+
+namespace velorama {
+namespace {
+
+class StartTest : public test::WithWindow {
+protected:
+    static void setLast(const QString& path) { setStored("mfrmPRGMAIN\\View", "Slideshow", path); }
+    static void setAlbums(const QStringList& paths) {
+        setStored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total", QString::number(paths.size()));
+        for (qsizetype i = 0; i < paths.size(); ++i) {
+            saveSetting(QStringLiteral("mfrmPRGMAIN\\Details"),
+                        QStringLiteral("lvwALBUMS%1").arg(i + 1), paths.at(i));
+        }
+    }
+    static void setProjectList(const QString& value) {
+        setStored("frmTOOLSSETTINGS", "projectlist", value);
+    }
+    void expectOpen(const QString& path) {
+        EXPECT_EQ(window->album().Tag(), path);
+        EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama - ") + path);
+    }
+};
+
+TEST_F(StartTest, TheFirstRunOpensAtDesignSizeOnTheApplicationsFolder) {
+    start();
+    MainControls& c = controls();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama"));
+    EXPECT_EQ(window->album().Tag(), QString());
+    EXPECT_EQ(Width(c.surface), 11040);
+    EXPECT_EQ(Height(c.surface), 7200);
+    EXPECT_EQ(Left(*window), std::nearbyint((screenWidth(*window) - Width(*window)) / 2));
+    EXPECT_EQ(Top(*window), std::nearbyint((screenHeight(*window) - Height(*window)) / 2));
+    EXPECT_EQ(Left(*c.picVBAR), 3585);
+    EXPECT_EQ(c.tabPAGES->ActiveTab(), 1);
+    EXPECT_TRUE(c.picframSLIDEHSOW->isVisible());
+    EXPECT_EQ(c.ftvFOLDER->Path(), applicationFolder());
+    EXPECT_FALSE(QDir(applicationFolder()).exists());
+    EXPECT_FALSE(FormLoading);
+    EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
+    EXPECT_TRUE(c.lvwSLIDEBAR->isVisible());
+    EXPECT_TRUE(slides().isEmpty());
+    EXPECT_TRUE(albums().isEmpty());
+}
+
+TEST_F(StartTest, TheHelpPageNamesTheProgram) {
+    start();
+    EXPECT_EQ(controls().lblMAINTITLE->text(), QStringLiteral("Velorama"));
+    EXPECT_EQ(controls().lblCOPYRIGHT->text(), libTxt.LegalLine);
+    EXPECT_EQ(controls().lblVERSION->text(), libTxt.VersionText);
+    EXPECT_TRUE(libTxt.VersionText.startsWith(QStringLiteral("Version: ")));
+    EXPECT_FALSE(controls().imgICON->pixmap(Qt::ReturnByValue).isNull());
+}
+
+TEST_F(StartTest, TheSlideBarAndTheMaskAreSet) {
+    start();
+    EXPECT_EQ(controls().lvwSLIDEBAR->font().family(), QStringLiteral("Arial"));
+    EXPECT_EQ(controls().lvwSLIDEBAR->font().pointSize(), 7);
+    EXPECT_EQ(controls().flbFOUND.Pattern(), QStringLiteral("*.bmp;*.jpg;*.gif"));
+}
+
+TEST_F(StartTest, EveryCommandIsOffInAnEmptyFolder) {
+    setToolSetting("Files Location", test::temporaryFolder());
+    start();
+    MainControls& c = controls();
+    for (const std::size_t index : {0U, 1U, 2U, 3U, 4U, 5U, 6U}) {
+        EXPECT_FALSE(c.cbtnCONTROLS.at(index)->isEnabled()) << index;
+    }
+    EXPECT_TRUE(c.cbtnCONTROLS[8]->isEnabled());
+    EXPECT_FALSE(c.cbtnSLIDES[2]->isEnabled());
+    EXPECT_FALSE(window->webAlbumPage().cbtnWEBALBUM->isEnabled());
+    for (const QAction* entry :
+         {menus().mnuEDITADD, menus().mnuEDITADDALL, menus().mnuEDITCLEAR, menus().mnuEDITCLEARALL,
+          menus().mnuFILESTART, menus().mnuFILESAVE}) {
+        EXPECT_FALSE(entry->isEnabled()) << entry->objectName().toStdString();
+    }
+    EXPECT_FALSE(c.prgBARSLIDES->isVisible());
+}
+
+// -- the album --
+
+TEST_F(StartTest, TheAlbumOfTheLastSessionOpens) {
+    const QString path = album(3);
+    setLast(path);
+    start();
+    expectOpen(path);
+    EXPECT_EQ(slides().size(), 3);
+    EXPECT_FALSE(menus().mnuFILESAVE->isEnabled());
+    EXPECT_FALSE(controls().cbtnSLIDES[2]->isEnabled());
+    EXPECT_TRUE(menus().mnuFILESTART->isEnabled());
+    EXPECT_TRUE(window->webAlbumPage().cbtnWEBALBUM->isEnabled());
+}
+
+TEST_F(StartTest, TheStoredPathIsTrimmedOfBlanks) {
+    const QString path = album(1);
+    setLast(QStringLiteral("   ") + path + QStringLiteral("  "));
+    start();
+    expectOpen(path);
+    EXPECT_EQ(slides().size(), 1);
+}
+
+TEST_F(StartTest, AStoredPathOfBlanksIsNone) {
+    for (const char* none : {"", " ", "          "}) {
+        setLast(QLatin1String(none));
+        start();
+        EXPECT_EQ(window->album().Tag(), QString());
+        EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama"));
+        EXPECT_TRUE(albums().isEmpty());
+    }
+}
+
+TEST_F(StartTest, TheCommandLineBeatsTheStoredAlbumWhichStays) {
+    const QString last = album(1);
+    const QString named = album(2);
+    setLast(last);
+    start(named);
+    expectOpen(named);
+    EXPECT_EQ(slides().size(), 2);
+    EXPECT_EQ(stored("mfrmPRGMAIN\\View", "Slideshow"), last);
+    window->close();
+    EXPECT_EQ(stored("mfrmPRGMAIN\\View", "Slideshow"), last);
+}
+
+TEST_F(StartTest, ACommandLineWithBlanksIsUsedAsItStands) {
+    const QString path = album(2, QStringLiteral("my best days.vlr"));
+    start(path);
+    expectOpen(path);
+    EXPECT_EQ(slides().size(), 2);
+}
+
+TEST_F(StartTest, QuotesRoundTheCommandLineAreNotDealtWithHere) {
+    const QString quoted = QLatin1Char('"') + album(2) + QLatin1Char('"');
+    start(quoted);
+    expectOpen(quoted);
+    EXPECT_TRUE(slides().isEmpty());
+}
+
+TEST_F(StartTest, AnAlbumThatHasGoneLeavesAnEmptyListUnderItsName) {
+    const QString gone = test::temporaryFolder() + QStringLiteral("/gone.vlr");
+    start(gone);
+    expectOpen(gone);
+    EXPECT_TRUE(slides().isEmpty());
+    EXPECT_EQ(albums(), QStringList(gone));
+}
+
+TEST_F(StartTest, TheCaptionHasTheNameFirstUntilAnAlbumIsOpenedOrSaved) {
+    const QString path = album(1);
+    start(path);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama - ") + path);
+    menus().mnuFILESAVE->setEnabled(true);
+    menus().mnuFILESAVE->trigger();
+    EXPECT_EQ(window->windowTitle(), path + QStringLiteral(" - Velorama"));
+}
+
+TEST_F(StartTest, TheAlbumJoinsTheListByTheSettingProjectlist) {
+    const QString path = album(1);
+    const std::map<QString, bool> cases = {
+        {QStringLiteral("1"), true},   {QStringLiteral("1.0"), true},
+        {QStringLiteral(" 1 "), true}, {QStringLiteral("0"), false},
+        {QStringLiteral("2"), false},  {QStringLiteral("yes"), false}};
+    for (const auto& [value, joins] : cases) {
+        setAlbums({});
+        setProjectList(value);
+        start(path);
+        EXPECT_EQ(albums(), joins ? QStringList(path) : QStringList()) << value.toStdString();
+    }
+}
+
+TEST_F(StartTest, AKnownAlbumIsSelectedAndNotAddedAgain) {
+    const QString first = album(1);
+    const QString second = album(1);
+    const QString third = album(1);
+    setAlbums({first, second, third});
+    start(second);
+    EXPECT_EQ(albums(), QStringList({first, second, third}));
+    EXPECT_EQ(selectedAlbum(), second);
+}
+
+TEST_F(StartTest, WithoutAnAlbumTheSelectionStaysWhereTheListLeftIt) {
+    const QString first = album(1);
+    const QString second = album(1);
+    setAlbums({first, second});
+    start();
+    EXPECT_EQ(albums(), QStringList({first, second}));
+    EXPECT_EQ(selectedAlbum(), second);
+}
+
+TEST_F(StartTest, TheFirstSlideIsSelectedAndTheSlidesAreTheActiveList) {
+    browse({QStringLiteral("x.bmp")});
+    start(album(3));
+    ListView& list = *controls().lvwSLIDEBAR;
+    EXPECT_EQ(list.SelectedItem(), list.item(1));
+    EXPECT_TRUE(list.item(1)->Selected());
+    EXPECT_FALSE(list.item(2)->Selected());
+    EXPECT_FALSE(list.item(3)->Selected());
+    EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
+    EXPECT_FALSE(controls().cbtnCONTROLS[4]->isEnabled());
+    EXPECT_TRUE(controls().cbtnCONTROLS[5]->isEnabled());
+}
+
+// -- the folder --
+
+TEST_F(StartTest, TheStoredFolderIsListedWithTheWindowUp) {
+    browse({QStringLiteral("a.jpg"), QStringLiteral("b.BMP"), QStringLiteral("c.png")});
+    start();
+    ASSERT_EQ(controls().lvwFOUND->Count(), 2);
+    EXPECT_TRUE(controls().lvwFOUND->item(1)->Selected());
+    EXPECT_TRUE(menus().mnuEDITADD->isEnabled());
+    EXPECT_EQ(controls().lblFOUNDCOUNT->Caption(), QStringLiteral("2 pictures"));
+}
+
+TEST_F(StartTest, TheFolderTreeIsSilentWhileTheWindowLoads) {
+    const QString folder = folderWith({QStringLiteral("a.jpg")});
+    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    FormLoading = true;
+    controls().ftvFOLDER->setPath(folder);
+    EXPECT_EQ(controls().lvwFOUND->Count(), 0);
+    EXPECT_EQ(toolSetting("Files Location"), QStringLiteral("absent"));
+    FormLoading = false;
+}
+
+TEST_F(StartTest, TheMusicListComesBack) {
+    start();
+    controls().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
+    controls().lstMUSIC->AddItem(QStringLiteral("/music/b.wav"));
+    window->close();
+    start();
+    ASSERT_EQ(controls().lstMUSIC->ListCount(), 2);
+    EXPECT_EQ(controls().lstMUSIC->List(1), QStringLiteral("/music/b.wav"));
+    EXPECT_TRUE(controls().cbtnAUDIO[2]->isEnabled());
+    EXPECT_FALSE(controls().cbtnAUDIO[3]->isEnabled());
+    EXPECT_FALSE(controls().cbtnAUDIO[4]->isEnabled());
+}
+
+TEST_F(StartTest, TheSlidesInTheStoreAreNotReadBack) {
+    setStored("frmSLIDESHOW\\Items", "Items", QStringLiteral("1"));
+    setStored("frmSLIDESHOW\\Selection", "1", QStringLiteral("/pictures/a.jpg"));
+    start();
+    EXPECT_TRUE(slides().isEmpty());
+}
+
+TEST_F(StartTest, TheWindowComesUpAsTheLastWasLeft) {
+    start();
+    window->resize(760, 610);
+    setLeft(*controls().picVBAR, 3300);
+    window->close();
+    start();
+    EXPECT_EQ(window->size(), QSize(760, 610));
+    EXPECT_EQ(Left(*controls().picVBAR), 3300);
+}
+
+TEST_F(StartTest, MusicIsChosenByTheDialogOfThePage) {
+    start();
+    CommonDialog::answerWith([this](const FileDialogRequest& request) {
+        asked.push_back(request);
+        return FileDialogAnswer{{QStringLiteral("/m/one.mp3"), QStringLiteral("/m/two.mid")}, 1};
+    });
+    controls().cbtnAUDIO[0]->click();
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_EQ(asked.front().title, QStringLiteral("Browse for music files"));
+    EXPECT_TRUE(asked.front().several);
+    EXPECT_EQ(asked.front().filterIndex, 1);
+    EXPECT_EQ(controls().lstMUSIC->ListCount(), 2);
+    EXPECT_EQ(controls().lblFile->Caption(), QStringLiteral("/m/one.mp3"));
+    EXPECT_EQ(stored("mfrmPRGMAIN\\Details", "CMD Open FolderMP3"), QStringLiteral("/m/"));
+}
+
+}  // namespace
+}  // namespace velorama
