@@ -182,7 +182,7 @@ void MainControls::makeHelpPage() {
     place(*imgICON, 240, 150, 960, 960);
     const auto line = [this](const char* name, float top, float height) {
         auto* label = make<QLabel>(name, picframHELP);
-        place(*label, 1440, top, 5400, height);
+        place(*label, 1440, top, 3390, height);
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
         return label;
     };
@@ -194,7 +194,8 @@ void MainControls::makeHelpPage() {
     const auto button = [this, &top](const char* name, const char* symbol, const char* tooltip,
                                      const char* caption) {
         cbtn* made = makeButton(picframHELP, QLatin1String(name), symbol, tooltip, caption);
-        place(*made, 7140, top, 2400, rowHeight);
+        // Within the page of the smallest window.
+        place(*made, 4860, top, 2400, rowHeight);
         made->setLeading(true);
         top += columnPitch;
         return made;
