@@ -6,6 +6,7 @@
 
 #include <SDL.h>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -22,8 +23,12 @@ constexpr auto Moment = 100ms;
 // The last sound takes a fifth of a second to be let out.
 constexpr auto LongestEnd = 2s;
 
-// What one turn of the device takes: shorter turns have been heard as gaps.
-constexpr int TurnFrames = 4096;
+// How long a device that has just opened waits to be let run before it takes its first turn.
+constexpr auto FirstTurn = 50ms;
+
+// What one turn of the device takes. Shorter turns have been heard as gaps, and a turn wakes the
+// processor a few times whatever its length; a pause is heard up to a turn late.
+constexpr int TurnFrames = 8192;
 constexpr int TurnRate = 48000;
 
 /// Frames of a turn at this rate, a power of two, about as long as TurnFrames at TurnRate.
@@ -72,15 +77,62 @@ bool begin() {
     return true;
 }
 
-SDL_AudioDeviceID openHeld(const AudioDevice::Wanted& wanted) {
+/// Between a device and what it asks: lets it ask, or gives it silence. The device itself is never
+/// held.
+class Gate {
+public:
+    explicit Gate(const AudioDevice::Wanted& wanted) : wanted_(wanted) {}
+
+    /// Nothing is asked any more once false has been set.
+    void setRunning(bool running) {
+        const std::lock_guard guard(lock_);
+        running_ = running;
+        changed_.notify_all();
+    }
+
+    static void onTurn(void* self, Uint8* bytes, int count) {
+        static_cast<Gate*>(self)->turn(bytes, count);
+    }
+
+private:
+    void turn(Uint8* bytes, int count) {
+        std::unique_lock guard(lock_);
+        if (std::exchange(first_, false)) {
+            // A turn of silence would have to be heard to its end before the track begins.
+            changed_.wait_for(guard, FirstTurn, [this] { return running_; });
+        }
+        if (running_) {
+            wanted_.callback(wanted_.self, bytes, count);
+        } else {
+            std::fill(bytes, bytes + count, Uint8(0));
+        }
+    }
+
+    const AudioDevice::Wanted wanted_;
+    std::mutex lock_;
+    std::condition_variable changed_;
+    bool running_ = false;
+    bool first_ = true;
+};
+
+struct Device {
+    SDL_AudioDeviceID id = 0;  // 0: none
+    std::shared_ptr<Gate> gate;
+};
+
+Device openHeld(const AudioDevice::Wanted& wanted) {
+    auto gate = std::make_shared<Gate>(wanted);
     SDL_AudioSpec spec = {};
     spec.freq = wanted.rate;
     spec.format = AUDIO_F32SYS;
     spec.channels = static_cast<Uint8>(wanted.channels);
     spec.samples = turnFrames(wanted.rate);
-    spec.callback = wanted.callback;
-    spec.userdata = wanted.self;
-    return SDL_OpenAudioDevice(nullptr, 0, &spec, nullptr, 0);
+    spec.callback = &Gate::onTurn;
+    spec.userdata = gate.get();
+    const SDL_AudioDeviceID id = SDL_OpenAudioDevice(nullptr, 0, &spec, nullptr, 0);
+    // At once: its thread is about to take the first turn.
+    SDL_PauseAudioDevice(id, 0);
+    return {id, std::move(gate)};
 }
 
 }  // namespace
@@ -90,7 +142,7 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
     std::condition_variable changed;
     std::optional<Wanted> wanted;  // what no thread has taken up yet
     State state = State::Closed;
-    SDL_AudioDeviceID device = 0;
+    Device device;
     bool running = false;
     bool working = false;  // a thread is opening or giving back
     bool leaving = false;
@@ -99,18 +151,18 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
 
     bool idle() const { return !working && closing == 0; }
 
-    /// With the lock held. A held device never calls back.
-    void letGo(SDL_AudioDeviceID old) {
-        SDL_PauseAudioDevice(old, 1);
+    /// With the lock held.
+    void letGo(const Device& old) {
+        old.gate->setRunning(false);
         ++closing;
         const auto close = [self = shared_from_this(), old] {
-            SDL_CloseAudioDevice(old);
+            SDL_CloseAudioDevice(old.id);
             const std::lock_guard guard(self->lock);
             --self->closing;
             self->changed.notify_all();
         };
         if (!startDetached(close)) {
-            SDL_CloseAudioDevice(old);  // It takes its time here, then.
+            SDL_CloseAudioDevice(old.id);  // It takes its time here, then.
             --closing;
         }
     }
@@ -125,35 +177,35 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
         }
     }
 
-    SDL_AudioDeviceID openDevice(const Wanted& what) {
+    Device openDevice(const Wanted& what) {
         begun = begun || begin();
-        return begun ? openHeld(what) : 0;
+        return begun ? openHeld(what) : Device();
     }
 
-    SDL_AudioDeviceID openAnew(const Wanted& what) {
+    Device openAnew(const Wanted& what) {
         const std::lock_guard guard(systemLock());
         const bool wasBegun = begun;
-        SDL_AudioDeviceID opened = openDevice(what);
-        if (opened == 0) {
+        Device opened = openDevice(what);
+        if (opened.id == 0) {
             // The sound server met at the beginning may be gone, and another one be there by now.
             endSystem();
-            opened = wasBegun ? openDevice(what) : 0;
+            opened = wasBegun ? openDevice(what) : Device();
         }
-        if (opened == 0) {
+        if (opened.id == 0) {
             endSystem();
         }
         return opened;
     }
 
-    /// With the lock held; for a device that has come, or 0 for one that has not.
-    void take(SDL_AudioDeviceID opened) {
+    /// With the lock held; for a device that has come, or one that has not.
+    void take(const Device& opened) {
         if (state == State::Opening && !wanted) {
             device = opened;
-            state = opened != 0 ? State::Open : State::Failed;
-            if (opened != 0) {
-                SDL_PauseAudioDevice(opened, running ? 0 : 1);
+            state = opened.id != 0 ? State::Open : State::Failed;
+            if (opened.id != 0) {
+                opened.gate->setRunning(running);
             }
-        } else if (opened != 0) {
+        } else if (opened.id != 0) {
             letGo(opened);  // Nobody waits for it any more.
         }
     }
@@ -165,7 +217,7 @@ void AudioDevice::work(const std::shared_ptr<Shared>& shared) {
     while (shared->wanted) {
         const Wanted wanted = *std::exchange(shared->wanted, std::nullopt);
         guard.unlock();
-        const SDL_AudioDeviceID opened = shared->openAnew(wanted);
+        const Device opened = shared->openAnew(wanted);
         guard.lock();
         shared->take(opened);
         shared->changed.notify_all();
@@ -222,15 +274,15 @@ AudioDevice::State AudioDevice::state() const {
 void AudioDevice::setRunning(bool running) {
     const std::lock_guard guard(shared_->lock);
     shared_->running = running;
-    if (shared_->device != 0) {
-        SDL_PauseAudioDevice(shared_->device, running ? 0 : 1);
+    if (shared_->device.id != 0) {
+        shared_->device.gate->setRunning(running);
     }
 }
 
 void AudioDevice::close() {
     const std::lock_guard guard(shared_->lock);
-    if (shared_->device != 0) {
-        shared_->letGo(std::exchange(shared_->device, 0));
+    if (shared_->device.id != 0) {
+        shared_->letGo(std::exchange(shared_->device, Device()));
     }
     shared_->wanted.reset();
     shared_->state = State::Closed;
