@@ -21,10 +21,10 @@ constexpr double noGap = 0.02;  // seconds
 // The page at the size that the program starts with, from the window's left edge and from the lower
 // edge of its menu.
 constexpr int surfaceHeight = 480;
-constexpr QRect listPlace(54, 33, 666, 184);
-constexpr QRect progressPlace(54, 229, 547, 10);
-constexpr QPoint addButton(33, 44);
-constexpr QPoint pauseButton(668, 235);
+constexpr QRect listPlace(48, 33, 678, 184);
+constexpr QRect progressPlace(48, 230, 559, 10);
+constexpr QPoint addButton(27, 42);
+constexpr QPoint pauseButton(674, 235);
 
 const QString detailsKey = QStringLiteral("mfrmPRGMAINAUD\\Details");
 const QString totalKey = QStringLiteral("mfrmPRGMAINAUD\\Items Total");
@@ -85,11 +85,7 @@ protected:
         }
     }
 
-    void turnToMusic() {
-        const QImage before = look(listPlace);
-        session.key(QStringLiteral("ctrl+Tab"));
-        ASSERT_TRUE(waitFor([&] { return look(listPlace) != before; }));
-    }
+    void turnToMusic() { ASSERT_TRUE(page->turnTo(MusicPage)); }
 
     void selectFirstRow() {
         session.key(QStringLiteral("Home"));
@@ -140,10 +136,7 @@ protected:
         session.click(page->window(), button + QPoint(0, menuHeight));
     }
 
-    void closeProgram() {
-        session.key(QStringLiteral("alt+F4"));
-        EXPECT_EQ(page->program().waitForExit(), 0);
-    }
+    void closeProgram() { EXPECT_EQ(page->close(), 0); }
 
     DesktopSession session;
     test::SoundServer server;

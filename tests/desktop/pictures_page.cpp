@@ -2,17 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-
 namespace velorama::desktop {
 namespace {
 
 constexpr int kTwips = 15;
 constexpr int kThumbnail = 64;  // pixels, its black frame included
-
-// Left edges on the toolbar; the last button stands at the right.
-constexpr std::array<int, 6> kButtons = {120, 705, 1500, 2085, 2880, 3465};
 
 bool isBlack(const QImage& image, int x, int y) {
     return (image.pixel(x, y) & 0xFFFFFF) == 0;
@@ -38,10 +32,11 @@ const QString toolKey = QStringLiteral("frmTOOLSSETTINGS\\Items");
 
 }  // namespace
 
-PicturesPage::PicturesPage(DesktopSession& session, Program& program)
-    : m_session(session), m_program(program) {
-    const WindowId found = session.waitForWindow(QStringLiteral("Velorama"), program.pid());
-    m_window = session.activate(found) ? found : 0;
+PicturesPage::PicturesPage(DesktopSession& session, Program& program, double scale)
+    : MainWindow(session, program, scale) {
+    if (window() != 0) {
+        EXPECT_TRUE(turnTo(FoldersPage));
+    }
 }
 
 std::vector<QPoint> PicturesPage::thumbnails() const {
@@ -63,79 +58,8 @@ bool PicturesPage::waitForThumbnails(int count) const {
     return waitFor([&] { return static_cast<int>(thumbnails().size()) == count; });
 }
 
-QPoint PicturesPage::firstSlide(int right) const {
-    return {120 / kTwips + 50 + right, geometry().height() - (2460 / kTwips) + 50};
-}
-
 QPoint PicturesPage::splitter(int twips) const {
-    return {(165 + twips) / kTwips + 2, 150};
-}
-
-QPoint PicturesPage::button(ToolbarItem item) const {
-    const QSize size = geometry().size();
-    const int left = item == Play ? size.width() * kTwips - 765 : kButtons.at(item);
-    return {(left + 270) / kTwips, size.height() - (3180 - 270) / kTwips};
-}
-
-// The symbol of a button that is off is pale. A window that is not painted yet is dark all over.
-bool PicturesPage::isOn(ToolbarItem item) const {
-    const QPoint middle = geometry().topLeft() + button(item);
-    const QImage symbol = m_session.glance({middle - QPoint(10, 10), QSize(20, 20)});
-    int darkest = 255;
-    int lightest = 0;
-    for (int y = 0; y < symbol.height(); ++y) {
-        for (int x = 0; x < symbol.width(); ++x) {
-            darkest = std::min(darkest, qGray(symbol.pixel(x, y)));
-            lightest = std::max(lightest, qGray(symbol.pixel(x, y)));
-        }
-    }
-    return darkest < 100 && lightest > 180;
-}
-
-void PicturesPage::press(ToolbarItem item) const {
-    // The pointer is as dark as a symbol.
-    m_session.moveMouse(m_window, {2, geometry().height() - 2});
-    EXPECT_TRUE(waitFor([&] { return isOn(item); })) << "button " << item;
-    m_session.click(m_window, button(item));
-}
-
-void PicturesPage::menu(const QString& top, const QString& entry) const {
-    m_session.key(QStringLiteral("alt+") + top);
-    if (waitForPopup()) {
-        m_session.key(entry);
-    }
-}
-
-bool PicturesPage::waitForPopup() const {
-    // A popup has no title.
-    return waitFor([&] {
-        const auto visible = m_session.run(
-            QStringLiteral("xdotool"),
-            {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-             QStringLiteral("--pid"), QString::number(m_program.pid()), QStringLiteral("--class"),
-             QStringLiteral("velorama")});
-        return visible.value_or(QByteArray()).count('\n') > 1;
-    });
-}
-
-WindowId PicturesPage::startShow() const {
-    m_session.key(QStringLiteral("F5"));
-    const QRect screen(QPoint(), m_session.glance().size());
-    WindowId show = 0;
-    waitFor([&] {
-        for (const WindowId each : m_session.windows(QString(), m_program.pid())) {
-            show = each != m_window && m_session.geometry(each) == screen ? each : show;
-        }
-        return show != 0 && m_session.activeWindow() == show;
-    });
-    return show;
-}
-
-bool PicturesPage::waitForEndOfShow() const {
-    return waitFor([&] {
-        const auto visible = m_session.windows(QString(), m_program.pid());
-        return visible == std::vector<WindowId>{m_window};
-    });
+    return {(75 + twips) / kTwips + 2, 150};
 }
 
 std::optional<QString> storedItems(const Store& store) {

@@ -178,8 +178,7 @@ TEST_F(Show, FadesByTheShareOfEachStep) {
     }
     session->key(QStringLiteral("Escape"));
     ASSERT_TRUE(page->waitForEndOfShow());
-    session->key(QStringLiteral("alt+F4"));
-    ASSERT_EQ(page->program().waitForExit(), 0);
+    ASSERT_EQ(page->close(), 0);
 
     setPace(*store, hour, QStringLiteral("150"));
     ASSERT_NO_FATAL_FAILURE(open());
@@ -264,7 +263,7 @@ TEST_F(Show, ArrowsGoRoundAndPassOverMissingFiles) {
 
 TEST_F(Show, BeginsAgainAfterTheLastSlide) {
     ASSERT_NO_FATAL_FAILURE(
-        begin({.width = 640, .height = 480}, {kTall, kOrdinary, kOther}, QStringLiteral("1")));
+        begin({.width = 800, .height = 600}, {kTall, kOrdinary, kOther}, QStringLiteral("1")));
     makeReferences();
     ASSERT_TRUE(QFile::remove(files.at(1)));
     ASSERT_NE(page->startShow(), 0U);
@@ -303,8 +302,7 @@ TEST_F(Show, ClickOnThePicturePausesAndClickOnTheGroundDoesNot) {
         begin({.width = 800, .height = 600}, {kTall, kOrdinary}, QStringLiteral("1")));
     store->setSetting(QStringLiteral("frmCONFIG\\Items"), QStringLiteral("TBAR"),
                       QStringLiteral("0"));
-    session->key(QStringLiteral("alt+F4"));
-    ASSERT_EQ(page->program().waitForExit(), 0);
+    ASSERT_EQ(page->close(), 0);
     ASSERT_NO_FATAL_FAILURE(open());
     const WindowId show = page->startShow();
     const auto leaves = [&](const QImage& before) {

@@ -28,6 +28,8 @@ protected:
             ASSERT_EQ(::link(qPrintable(named(1)), qPrintable(named(number))), 0);
         }
         ASSERT_TRUE(setFilesLocation(store, folder));
+        // From the start, so as not to miss how a listing begins.
+        ASSERT_TRUE(setFirstPage(store, FoldersPage));
     }
     QString named(int number) const {
         return folder + QStringLiteral("/%1.jpg").arg(number, 3, 10, QLatin1Char('0'));
@@ -38,12 +40,6 @@ protected:
             all.append(named(number));
         }
         return all;
-    }
-
-    std::optional<int> end(const PicturesPage& page) const {
-        session.activate(page.window());
-        session.key(QStringLiteral("alt+F4"));
-        return page.program().waitForExit();
     }
 
     QMap<QString, QString> storedWindow() const {
@@ -69,7 +65,7 @@ TEST_F(StartAndEnd, FirstWindowHasItsDesignSizeInTheMiddle) {
     // The title bar is the window manager's and not counted.
     EXPECT_NEAR(place.center().x(), 640, 2);
     EXPECT_NEAR(place.center().y(), 480, 25);
-    EXPECT_EQ(end(page), 0);
+    EXPECT_EQ(page.close(), 0);
     EXPECT_EQ(storedWindow()[QStringLiteral("Left")], QString::number((19200 - 11040) / 2));
     EXPECT_EQ(storedWindow()[QStringLiteral("Splitter")], QStringLiteral("3585"));
 }
@@ -90,7 +86,7 @@ TEST_F(StartAndEnd, WindowAndSplitterComeBack) {
             before = page.geometry();
             return before.size() == QSize(900, 700) && before.x() < 100;
         }));
-        EXPECT_EQ(end(page), 0);
+        EXPECT_EQ(page.close(), 0);
     }
     const auto stored = storedWindow();
     EXPECT_EQ(stored[QStringLiteral("Splitter")], QStringLiteral("2775"));
@@ -99,7 +95,7 @@ TEST_F(StartAndEnd, WindowAndSplitterComeBack) {
     for (int run = 0; run < 2; ++run) {
         const PicturesPage page(session, session.start());
         EXPECT_TRUE(waitFor([&] { return page.geometry() == before; }));
-        EXPECT_EQ(end(page), 0);
+        EXPECT_EQ(page.close(), 0);
         EXPECT_EQ(storedWindow(), stored);
     }
 }
@@ -109,7 +105,7 @@ TEST_F(StartAndEnd, MaximisedWindowComesBackOverItsOldPlace) {
     QRect maximised;
     {
         const PicturesPage page(session, session.start());
-        EXPECT_EQ(end(page), 0);
+        EXPECT_EQ(page.close(), 0);
     }
     const auto normal = storedWindow();
     {
@@ -122,14 +118,14 @@ TEST_F(StartAndEnd, MaximisedWindowComesBackOverItsOldPlace) {
                      QStringLiteral("--repeat"), QStringLiteral("2"), QStringLiteral("1")});
         ASSERT_TRUE(waitFor([&] { return page.geometry().width() > 1270; }));
         maximised = page.geometry();
-        EXPECT_EQ(end(page), 0);
+        EXPECT_EQ(page.close(), 0);
     }
     auto wanted = normal;
     wanted[QStringLiteral("Window State")] = QStringLiteral("2");
     EXPECT_EQ(storedWindow(), wanted);
     const PicturesPage page(session, session.start());
     EXPECT_TRUE(waitFor([&] { return page.geometry() == maximised; }));
-    EXPECT_EQ(end(page), 0);
+    EXPECT_EQ(page.close(), 0);
     EXPECT_EQ(storedWindow(), wanted);
 }
 
@@ -138,7 +134,7 @@ TEST_F(StartAndEnd, ClosesInTheMidstOfAListing) {
     const PicturesPage page(session, session.start());
     ASSERT_NE(page.window(), 0U);
     EXPECT_FALSE(page.isOn(AddAll)) << "the listing has ended already";
-    EXPECT_EQ(end(page), 0);
+    EXPECT_EQ(page.close(), 0);
     EXPECT_EQ(storedWindow()[QStringLiteral("Window State")], QStringLiteral("0"));
     EXPECT_EQ(filesLocation(store), folder);
 }
@@ -147,8 +143,7 @@ TEST_F(StartAndEnd, ClosesInTheMidstOfAddAll) {
     ASSERT_NO_FATAL_FAILURE(fill(300));
     const PicturesPage page(session, session.start());
     page.press(AddAll);
-    session.key(QStringLiteral("alt+F4"));
-    EXPECT_EQ(page.program().waitForExit(), 0);
+    EXPECT_EQ(page.close(), 0);
     const QStringList slides = storedSlides(store);
     EXPECT_FALSE(slides.isEmpty());
     EXPECT_EQ(slides, names(301 - static_cast<int>(slides.size()), 300));
@@ -175,7 +170,7 @@ TEST_F(StartAndEnd, KilledAtAnyMomentKeepsAStoreOfOldOrNewValues) {
         EXPECT_EQ(filesLocation(store), folder);
     }
     const PicturesPage page(session, session.start());
-    EXPECT_EQ(end(page), 0);
+    EXPECT_EQ(page.close(), 0);
 }
 
 TEST_F(StartAndEnd, TwoProgramsWorkSideBySide) {
@@ -194,9 +189,9 @@ TEST_F(StartAndEnd, TwoProgramsWorkSideBySide) {
     ASSERT_TRUE(session.activate(first.window()));
     first.press(AddAll);
     ASSERT_TRUE(waitForSlides(store, names(1, 3)));
-    EXPECT_EQ(end(first), 0);
+    EXPECT_EQ(first.close(), 0);
     // The last writer wins.
-    EXPECT_EQ(end(second), 0);
+    EXPECT_EQ(second.close(), 0);
     EXPECT_EQ(storedSlides(store), names(1, 1));
 }
 
@@ -223,7 +218,7 @@ TEST_F(StartAndEnd, StoreThatCannotBeWrittenHoldsNothingUp) {
     EXPECT_TRUE(waitFor([&] { return psnr(session.glance(look.picture), reference) >= 34; }));
     session.key(QStringLiteral("Escape"));
     ASSERT_TRUE(page.waitForEndOfShow());
-    EXPECT_EQ(end(page), 0);
+    EXPECT_EQ(page.close(), 0);
     EXPECT_TRUE(QFileInfo(inTheWay.fileName()).isFile());
     page.program().takeErrors();
 }
@@ -237,7 +232,7 @@ TEST_F(StartAndEnd, DamagedStoreIsKeptAside) {
     file.close();
     const PicturesPage page(session, session.start());
     ASSERT_NE(page.window(), 0U);
-    EXPECT_EQ(end(page), 0);
+    EXPECT_EQ(page.close(), 0);
     page.program().takeErrors();
     EXPECT_EQ(storedItems(store), QStringLiteral("0"));
     const QDir around = QFileInfo(store.file()).dir();
@@ -283,7 +278,7 @@ TEST_F(StartAndEnd, OldSystemShowsNoPicture) {
     }
     session.key(QStringLiteral("Escape"));
     ASSERT_TRUE(page.waitForEndOfShow());
-    EXPECT_EQ(end(page), 0);
+    EXPECT_EQ(page.close(), 0);
 }
 
 // A screen that is larger by its scale shows the same picture, larger by that scale.
@@ -299,8 +294,8 @@ TEST_P(ScaledScreen, ShowFillsTheSameShare) {
     ASSERT_TRUE(putPhotograph(kOrdinary, file));
     setFilesLocation(store, session.home() + QStringLiteral("/one"));
     setPace(store, QStringLiteral("3600"), QStringLiteral("1"));
-    const PicturesPage page(session,
-                            session.start({}, {QStringLiteral("QT_SCALE_FACTOR=%1").arg(scale)}));
+    const PicturesPage page(
+        session, session.start({}, {QStringLiteral("QT_SCALE_FACTOR=%1").arg(scale)}), scale);
     ASSERT_NE(page.window(), 0U);
     EXPECT_EQ(page.geometry().width(), static_cast<int>(736 * scale));
     // The listing has ended once the folder is stored anew; the first picture is selected then.
