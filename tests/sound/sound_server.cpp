@@ -74,6 +74,11 @@ bool SoundServer::startRecording() {
     return QTest::qWaitFor([this] { return QFile(recorded_).size() > 20000; }, 20000);
 }
 
+bool SoundServer::hears(double seconds) const {
+    return QTest::qWaitFor([&] { return Recording(contentOf(recorded_)).seconds() >= seconds; },
+                           20000);
+}
+
 Recording SoundServer::stopRecording() {
     // What is on its way from the player comes within a few turns of the device.
     const qint64 before = QFile(recorded_).size();

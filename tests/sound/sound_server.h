@@ -22,6 +22,8 @@ public:
     void goOn();
 
     bool startRecording();
+    /// Waits until it has heard sound for so long.
+    bool hears(double seconds) const;
     Recording stopRecording();
 
 private:

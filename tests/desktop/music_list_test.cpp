@@ -1,0 +1,145 @@
+#include "desktop/main_window.h"
+#include "sound/sound_server.h"
+#include "support/sound_files.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace velorama::desktop {
+namespace {
+
+// The music list, in twips on its page.
+constexpr int listX = 645;
+constexpr int listY = 90;
+constexpr int listWidth = 10000;
+constexpr int listHeight = 2700;
+
+QString rowOf(const Store& store, int row) {
+    return store
+        .setting(QStringLiteral("mfrmPRGMAINAUD\\Details"), QStringLiteral("lstMUSIC%1").arg(row))
+        .value_or(QString());
+}
+
+void putRow(const Store& store, int row, const QString& path) {
+    store.setSetting(QStringLiteral("mfrmPRGMAINAUD\\Details"),
+                     QStringLiteral("lstMUSIC%1").arg(row), path);
+    store.setSetting(QStringLiteral("mfrmPRGMAINAUD\\Items Total"),
+                     QStringLiteral("lstMUSICList Total"), QString::number(row + 1));
+}
+
+/// A desktop with a sound server, and the program on it with its music page.
+class MusicPageWorld : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(session.isUp());
+        ASSERT_TRUE(server.start());
+    }
+
+    void open() {
+        page.emplace(session, session.start({}, {QStringLiteral("SDL_AUDIODRIVER=pulseaudio"),
+                                                 QStringLiteral("PULSE_SERVER=") +
+                                                     qEnvironmentVariable("PULSE_SERVER")}));
+        ASSERT_NE(page->window(), 0U);
+        ASSERT_TRUE(page->turnTo(MusicPage));
+    }
+    QImage look() const { return page->look(page->onPage(listX, listY, listWidth, listHeight)); }
+    bool changesFrom(const QImage& before) const {
+        return waitFor([&] { return look() != before; });
+    }
+
+    DesktopSession session;
+    test::SoundServer server;
+    Store store{session};
+    std::optional<MainWindow> page;
+};
+
+/// Files dragged out of another program's window.
+class DroppedMusic : public MusicPageWorld {
+protected:
+    void startSource(const QStringList& paths) {
+        source = std::make_unique<Program>(QStringLiteral(VELORAMA_DRAG_SOURCE), paths,
+                                           session.environment(), session.home());
+        sourceWindow = session.waitForWindow(QStringLiteral("Files"), source->pid());
+        ASSERT_NE(sourceWindow, 0U);
+        // Beside the program's window.
+        session.run(QStringLiteral("xdotool"),
+                    {QStringLiteral("windowmove"), QString::number(sourceWindow),
+                     QStringLiteral("1150"), QStringLiteral("30")});
+        ASSERT_TRUE(waitFor([&] { return session.geometry(sourceWindow).x() > 1100; }));
+    }
+    void button(const char* what) {
+        session.run(QStringLiteral("xdotool"), {QString::fromLatin1(what), QStringLiteral("1")});
+    }
+    /// As a hand does it: on to the list, a look at the pointer, and then let go.
+    bool dragOnTo(const QPoint& place) {
+        session.moveMouse(sourceWindow, {60, 60});
+        button("mousedown");
+        session.moveMouse(sourceWindow, {50, 60});
+        session.moveMouse(sourceWindow, {20, 60});
+        int step = 0;
+        const bool taken = waitFor([&] {
+            session.moveMouse(page->window(), place + QPoint(step++ % 8, 0));
+            return source->output().contains(QStringLiteral("would be copied\n"));
+        });
+        button("mouseup");
+        return taken;
+    }
+
+    std::unique_ptr<Program> source;
+    WindowId sourceWindow = 0;
+};
+
+TEST_F(DroppedMusic, IsAddedInLowerCaseAndHeard) {
+    const QString track =
+        test::saved(session.home(), QStringLiteral("Mixed Case.WAV"), test::wavFile(20500, 660));
+    test::saved(session.home(), QStringLiteral("Other Song.mp3"), QByteArray(3000, 'a'));
+    const QString other = session.home() + QStringLiteral("/other song.mp3");
+    const QString text = test::saved(session.home(), QStringLiteral("words.txt"), "words");
+    ASSERT_NO_FATAL_FAILURE(open());
+    ASSERT_NO_FATAL_FAILURE(startSource({other, text, track}));
+    const QImage empty = look();
+    ASSERT_TRUE(dragOnTo(page->onPage(listX + listWidth / 2, listY + listHeight / 2)));
+    EXPECT_TRUE(waitFor([&] { return source->output().endsWith(QStringLiteral("\ncopied\n")); }));
+    EXPECT_TRUE(changesFrom(empty));
+
+    // The last row is selected, and plays though its file is written otherwise.
+    ASSERT_TRUE(session.activate(page->window()));
+    ASSERT_TRUE(server.startRecording());
+    const QPoint secondRow = page->onPage(listX, listY) + QPoint(80, 25);
+    session.doubleClick(page->window(), secondRow);
+    EXPECT_TRUE(server.hears(1.5));
+    EXPECT_NEAR(server.stopRecording().pitch(), 660, 5);
+    EXPECT_EQ(page->close(), 0);
+    EXPECT_EQ(store.setting(QStringLiteral("mfrmPRGMAINAUD\\Items Total"),
+                            QStringLiteral("lstMUSICList Total")),
+              QStringLiteral("2"));
+    EXPECT_EQ(rowOf(store, 0), other.toLower());
+    EXPECT_EQ(rowOf(store, 1), track.toLower());
+    EXPECT_TRUE(QFile::exists(track));
+}
+
+TEST_F(MusicPageWorld, AFrozenSoundServerHoldsUpNeitherTheWindowNorTheEnd) {
+    const QString track =
+        test::saved(session.home(), QStringLiteral("a.wav"), test::wavFile(20500));
+    putRow(store, 0, track);
+    putRow(store, 1, track);
+    ASSERT_NO_FATAL_FAILURE(open());
+    ASSERT_TRUE(server.startRecording());
+    server.freeze();
+    session.key(QStringLiteral("Down"));
+    for (const char* step : {"Down", "Up", "Down"}) {
+        session.key(QStringLiteral("Return"));
+        const QImage before = look();
+        session.key(QString::fromLatin1(step));
+        EXPECT_TRUE(changesFrom(before)) << step;
+    }
+    server.goOn();
+    EXPECT_TRUE(server.hears(1));
+    server.freeze();
+    session.key(QStringLiteral("Return"));
+    EXPECT_EQ(page->close(), 0);
+}
+
+}  // namespace
+}  // namespace velorama::desktop
