@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <random>
+
 namespace velorama {
 namespace {
 
@@ -95,6 +97,22 @@ TEST(PictureFileSize, OfWhatIsNoPictureIsEmpty) {
     EXPECT_EQ(sizeOf(QByteArray("\xFF\xD8\xFF\xE0\x00\x01\xFF\xDA", 8)), QSize());
     EXPECT_EQ(sizeOf(QByteArray("\xFF\xD8\xFF\xD8\xFF\xDA\x00\x02", 8)), QSize());
     EXPECT_EQ(sizeOf(QByteArray("\xFF\xD8\xFF\xDA\x00\x02", 6)), QSize());
+}
+
+TEST(PictureFileSize, OfADamagedHeadIsASizeThatAFileCanTell) {
+    const QByteArray whole = test::jpegBytes(test::landscape(90, 61), {.orientation = 6});
+    const int head = static_cast<int>(whole.indexOf("\xFF\xDA")) + 4;
+    std::mt19937 random(7);
+    for (int i = 0; i < 400; ++i) {
+        QByteArray bytes = whole;
+        for (int damage = 0; damage < 3; ++damage) {
+            bytes[int(random() % unsigned(head))] = static_cast<char>(random());
+        }
+        const QSize size = sizeOf(bytes);
+        EXPECT_TRUE(size == QSize() || (size.width() > 0 && size.height() > 0 &&
+                                        size.width() < 65536 && size.height() < 65536))
+            << i;
+    }
 }
 
 TEST(PictureFileSize, OfAKindOfJpegThatNobodyReadsIsEmpty) {
