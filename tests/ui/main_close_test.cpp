@@ -190,6 +190,28 @@ TEST_F(CloseTest, TheSettingsDialogAndTheShowGoAlong) {
     EXPECT_FALSE(show);
 }
 
+TEST_F(CloseTest, UnderTheSettingsDialogBothGo) {
+    start();
+    test::expectMessage(QStringLiteral("propagateSizeHints"));
+    QTimer::singleShot(0, window.get(), [this] {
+        EXPECT_NE(QApplication::activeModalWidget(), nullptr);
+        window->close();
+    });
+    controls().cbtnCONTROLS[8]->click();
+    EXPECT_TRUE(window->isUnloaded());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(CloseTest, ASecondCloseAfterTheEndDoesNothing) {
+    start();
+    window->close();
+    device.commands.clear();
+    setStored("mfrmPRGMAIN\\View", "TABIDX", QStringLiteral("untouched"));
+    window->close();
+    EXPECT_TRUE(device.commands.isEmpty());
+    EXPECT_EQ(stored("mfrmPRGMAIN\\View", "TABIDX"), QStringLiteral("untouched"));
+}
+
 TEST_F(CloseTest, InTheMidstOfAListingItEndsThat) {
     QStringList names;
     for (int i = 0; i < 60; ++i) {

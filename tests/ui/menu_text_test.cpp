@@ -4,26 +4,12 @@
 namespace velorama {
 namespace {
 
-QtMessageHandler before = nullptr;
-
-// Menus raise themselves and take the keyboard, which the display of the tests cannot do.
-void passOverTheDisplay(QtMsgType type, const QMessageLogContext& where, const QString& text) {
-    if (!text.startsWith(QStringLiteral("This plugin does not support"))) {
-        before(type, where, text);
-    }
-}
-
-class MenuHelpText : public test::WithWindow {
+class MenuHelpText : public test::WithMenus {
 protected:
     MenuHelpText() {
-        before = qInstallMessageHandler(passOverTheDisplay);
         start();
         QObject::connect(window->findChild<mnutxt*>(QStringLiteral("mnutxt1")), &mnutxt::MenuHover,
                          [this](const QString& text) { heard.append(text); });
-    }
-    ~MenuHelpText() override {
-        window.reset();
-        qInstallMessageHandler(before);
     }
     /// Shows a menu, goes down it by the keyboard as often as it has entries, and closes it.
     QStringList walk(QMenu& menu) {
@@ -80,24 +66,6 @@ TEST_F(MenuHelpText, ItRunsFromTheLoadToTheUnload) {
     EXPECT_TRUE(text->isRunning());
     window->close();
     EXPECT_FALSE(text->isRunning());
-}
-
-// -- the popups by the mouse --
-
-TEST_F(MenuHelpText, TheRightButtonOnASlidePopsItsMenuUpWithRemoveAsDefault) {
-    frmRESOURCEMAINSTORE& popups = window->popups();
-    emit controls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
-    EXPECT_FALSE(popups.mnuSELECTEDTOP->isVisible()) << "in an empty list";
-    start(album(1));
-    frmRESOURCEMAINSTORE& filled = window->popups();
-    emit controls().lvwSLIDEBAR->MouseUp(1, 0, 300, 150);
-    EXPECT_FALSE(filled.mnuSELECTEDTOP->isVisible());
-    emit controls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
-    EXPECT_TRUE(filled.mnuSELECTEDTOP->isVisible());
-    EXPECT_EQ(filled.mnuSELECTEDTOP->defaultAction(), filled.mnuSELECTEDCLEAR);
-    const QPoint slide = controls().lvwSLIDEBAR->mapToGlobal(QPoint(20, 10));
-    EXPECT_EQ(filled.mnuSELECTEDTOP->x(), slide.x());
-    filled.mnuSELECTEDTOP->close();
 }
 
 }  // namespace

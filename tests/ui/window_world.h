@@ -181,4 +181,24 @@ protected:
     std::unique_ptr<mfrmPRGMAIN> window;
 };
 
+/// A window whose menus come up. They raise themselves and take the keyboard, which the display of
+/// the tests cannot do, and says so.
+class WithMenus : public WithWindow {
+protected:
+    WithMenus() { before = qInstallMessageHandler(passOverTheDisplay); }
+    ~WithMenus() override {
+        window.reset();
+        qInstallMessageHandler(before);
+    }
+
+private:
+    static void passOverTheDisplay(QtMsgType type, const QMessageLogContext& where,
+                                   const QString& text) {
+        if (!text.startsWith(QStringLiteral("This plugin does not support"))) {
+            before(type, where, text);
+        }
+    }
+    inline static QtMessageHandler before = nullptr;
+};
+
 }  // namespace velorama::test
