@@ -1,5 +1,6 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
+#include "platform/desktop_background.h"
 #include "platform/media_commands.h"
 #include "platform/screen_saver.h"
 #include "platform/shell.h"
@@ -35,10 +36,11 @@ int main(int argc, char** argv) {
     const auto shell = makeDesktopShell();
     const auto screenSaver = makeSessionScreenSaver();
     const auto device = makeMediaPlayer();
+    const auto desktop = makeDesktopBackground();
     makeServices(store, *shell);
     int result = 0;
     {
-        mfrmPRGMAIN mainWindow(*screenSaver, *device);
+        mfrmPRGMAIN mainWindow(*screenSaver, *device, desktop.get());
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
         mainWindow.Form_Load(commandLine());

@@ -92,6 +92,7 @@ MainControls::MainControls(QWidget& form) : surface(form), tabPAGES(make<tab>("t
     makeBand();
     makeToolbar();
     makeSlideBar();
+    makeStores();
     describe();
 }
 
@@ -242,6 +243,15 @@ void MainControls::makeSlideBar() {
     lvwSLIDEBAR->setFrameShape(QFrame::NoFrame);
     // The list reaches further right than the rounded ground it stands on; its contents do not.
     lvwSLIDEBAR->setRightRim(slideBarRim);
+}
+
+void MainControls::makeStores() {
+    picWALLPAPER = make<PictureBox>("picWALLPAPER", &surface);
+    picPREVIEW = make<PictureBox>("picPREVIEW", &surface);
+    for (PictureBox* box : {picWALLPAPER, picPREVIEW}) {
+        place(*box, 0, 0, 1350, 1350);
+        box->hide();
+    }
 }
 
 void MainControls::describe() {

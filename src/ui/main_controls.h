@@ -82,6 +82,9 @@ struct MainControls {
     /// The toolbar's items 0 to 6 and 8; there is no item 7.
     std::array<cbtn*, 9> cbtnCONTROLS{};
 
+    // Hidden: what the wallpaper is made in, and its small copy.
+    PictureBox* picWALLPAPER;
+    PictureBox* picPREVIEW;
     FileList flbFOUND;
     ImageList imlFOUNDICONS;
     ImageList imlTHUMBNAILS;
@@ -100,6 +103,7 @@ private:
     void makeBand();
     void makeToolbar();
     void makeSlideBar();
+    void makeStores();
     void describe();
 };
 

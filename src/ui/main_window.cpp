@@ -50,7 +50,8 @@ private:
     mfrmPRGMAIN& form_;
 };
 
-mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device)
+mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device,
+                         DesktopBackground* desktop)
     : screenSaver_(screenSaver),
       surface_(new Surface(*this)),
       controls_(*surface_),
@@ -69,7 +70,13 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device)
       album_(albumControls(), slides_, thumbnails_, albums_),
       audio_(musicControls(), device,
              [this](const MusicFileRequest& request) { return chooseMusic(request); }),
-      webAlbum_(webAlbumControls(), webAlbumPage_.values(), webAlbumScreen()) {
+      webAlbum_(webAlbumControls(), webAlbumPage_.values(), webAlbumScreen()),
+      preview_({controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER},
+               [this] { return previewWindow(); }),
+      wallpaper_(
+          {controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER, controls_.picWALLPAPER,
+           controls_.picPREVIEW},
+          [this] { return preview_.position(); }, desktop != nullptr ? *desktop : noDesktop_) {
     setObjectName(QStringLiteral("mfrmPRGMAIN"));
     setWindowTitle(libTxt.ProductName);
     setCentralWidget(surface_);
@@ -197,6 +204,20 @@ WebAlbumScreen mfrmPRGMAIN::webAlbumScreen() {
         setScreenPointer(on ? ScreenPointer::Hourglass : ScreenPointer::Default);
     };
     return screen;
+}
+
+PreviewWindow mfrmPRGMAIN::previewWindow() {
+    if (!previewForm_) {
+        previewForm_ =
+            new frmPICTUREPREVIEW(this, {[this](bool forward) { PicturePreviewCertain(forward); },
+                                         [this] { DESKTOPWALLPAPERPREVIEW(); }});
+    }
+    PreviewWindow window = previewForm_->parts();
+    window.show = [form = previewForm_] {
+        form->exec();
+        delete form;
+    };
+    return window;
 }
 
 frmTOOLSSETTINGS& mfrmPRGMAIN::settings() {

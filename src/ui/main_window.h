@@ -4,10 +4,13 @@
 #include "albums/album_list.h"
 #include "albums/slide_list.h"
 #include "browse/found_list.h"
+#include "browse/preview.h"
+#include "browse/wallpaper.h"
 #include "controls/common_dialog.h"
 #include "controls/menu_text.h"
 #include "music/audio_engine.h"
 #include "player/frm_slideshow.h"
+#include "ui/frm_picturepreview.h"
 #include "ui/frm_resourcemainstore.h"
 #include "ui/frm_toolssettings.h"
 #include "ui/main_layout.h"
@@ -24,7 +27,9 @@ namespace velorama {
 class mfrmPRGMAIN : public QMainWindow, private ShowHost {
     Q_OBJECT
 public:
-    mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device);
+    /// Without a desktop no picture becomes its wallpaper.
+    mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device,
+                DesktopBackground* desktop = nullptr);
     ~mfrmPRGMAIN() override;
 
     /// Restores the window and everything in it, in the order of the start, and opens the album
@@ -39,6 +44,10 @@ public:
 
     void mnuFILESTART_Click();
     void mnuTOOLSOPTIONS_Click();
+    void PicturePreview() { preview_.PicturePreview(); }
+    void PicturePreviewCertain(bool Forward) { preview_.PicturePreviewCertain(Forward); }
+    void DESKTOPWALLPAPER() { wallpaper_.DESKTOPWALLPAPER(); }
+    void DESKTOPWALLPAPERPREVIEW() { wallpaper_.DESKTOPWALLPAPERPREVIEW(); }
     // For the show too.
     void AudioPlay() override { audio_.AudioPlay(); }
     void AudioPause() override { audio_.AudioPause(); }
@@ -82,6 +91,8 @@ private:
     FoundListCalls foundListCalls();
     WebAlbumControls webAlbumControls();
     WebAlbumScreen webAlbumScreen();
+    /// The preview window, loaded at its first use; it unloads when it is closed.
+    PreviewWindow previewWindow();
     QStringList chooseMusic(const MusicFileRequest& request);
 
     // -- main_window_commands.cpp --
@@ -128,6 +139,10 @@ private:
     AlbumFile album_;
     AudioEngine audio_;
     WebAlbum webAlbum_;
+    QPointer<frmPICTUREPREVIEW> previewForm_;
+    Preview preview_;
+    DesktopBackground noDesktop_;
+    Wallpaper wallpaper_;
     QPointer<frmSLIDESHOW> show_;
     QPointer<frmTOOLSSETTINGS> settings_;
     /// Where the window stood when it was hidden.

@@ -50,10 +50,18 @@ void mfrmPRGMAIN::connectSlidesMenu() {
         slides_.SelectChk();
     });
     on(menus_.mnuEDITCLEARALL, [this] { slides_.ClearAll(); });
+    on(menus_.mnuEDITPREVIEW, [this] { PicturePreview(); });
+    on(menus_.mnuTOOLSWALLPAPER, [this] { DESKTOPWALLPAPER(); });
     on(popups_.mnuFOUNDADD, [this] { slides_.Add(); });
     on(popups_.mnuFOUNDADDALL, [this] { slides_.AddAll(); });
     on(popups_.mnuSELECTEDCLEAR, [this] { slides_.Clear(); });
     on(popups_.mnuSELECTEDCLEARALL, [this] { slides_.ClearAll(); });
+    for (QAction* entry : {popups_.mnuFOUNDPREVIEW, popups_.mnuSELECTEDPREVIEW}) {
+        on(entry, [this] { PicturePreview(); });
+    }
+    for (QAction* entry : {popups_.mnuFOUNDDESTOP, popups_.mnuSELECTEDDESKTOP}) {
+        on(entry, [this] { DESKTOPWALLPAPER(); });
+    }
 }
 
 void mfrmPRGMAIN::connectHelp() {

@@ -1,0 +1,193 @@
+#include "browse/preview.h"
+
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "imaging/picture.h"
+#include "imaging/scaling.h"
+#include "platform/numbers.h"
+#include "platform/paths.h"
+
+namespace velorama {
+namespace {
+
+// Twips.
+constexpr float pictureMargin = 50;
+constexpr float leastFormWidth = 7000;
+constexpr float frameLeft = 100;
+// What a browser's own border and scroll bars would take.
+constexpr float viewerOffset = -30;
+constexpr float viewerRoom = 400;
+constexpr float hiddenPixels = 300;
+
+bool followsFound() {
+    return ActiveList == QLatin1String("FOUND");
+}
+
+/// Whole device pixels of the control.
+QSize pixelsOf(const QWidget& control) {
+    return {toPixels(Width(control), TwipsPerPixelX(control)),
+            toPixels(Height(control), TwipsPerPixelY(control))};
+}
+
+/// Loads the file at its natural size; one that cannot be read leaves what is there.
+Picture load(ImageBox& image, const QString& path, const Fit& fit) {
+    const Picture picture = LoadPicture(hostFile(path), fit);
+    image.setPicture(picture.bitmap, picture.size);
+    return picture;
+}
+
+/// The longer side becomes half of the screen's.
+void halveScreen(ImageBox& image) {
+    const float width = Width(image);
+    const float height = Height(image);
+    if (width > height) {
+        const float ratio = height / width;
+        setWidth(image, screenWidth(image) * 0.5F);
+        setHeight(image, Width(image) * ratio);
+    } else {
+        const float ratio = width / height;
+        setHeight(image, screenHeight(image) * 0.5F);
+        setWidth(image, Height(image) * ratio);
+    }
+}
+
+/// What is drawn is fitted once, with the program's own filter.
+void sharpen(ImageBox& image, const Picture& picture) {
+    const QSize pixels = pixelsOf(image);
+    if (!picture.isNull() && picture.bitmap.size() != pixels) {
+        constexpr Colour white = 0xFFFFFF;
+        image.setPicture(fittedBitmap(picture, pixels, white, false), picture.size);
+    }
+}
+
+void frame(const PreviewWindow& w) {
+    setWidth(*w.framBOX, Width(*w.imgPICTURE) + pictureMargin);
+    setHeight(*w.framBOX, Height(*w.imgPICTURE) + pictureMargin);
+    setLeft(*w.imgPICTURE, (Width(*w.framBOX) - Width(*w.imgPICTURE)) * 0.5F);
+    setTop(*w.imgPICTURE, (Height(*w.framBOX) - Height(*w.imgPICTURE)) * 0.5F);
+}
+
+void showLarge(const PreviewWindow& w, const QString& path) {
+    ImageBox& image = *w.imgPICTURE;
+    const QSize half(toPixels(screenWidth(image) / 2, TwipsPerPixelX(image)),
+                     toPixels(screenHeight(image) / 2, TwipsPerPixelY(image)));
+    const Picture picture = load(image, path, Fit::area(half));
+    image.setStretch(false);
+    image.setStretch(true);
+    halveScreen(image);
+    sharpen(image, picture);
+    w.webVIEWER->hide();
+    image.show();
+    frame(w);
+}
+
+void showMoving(const PreviewWindow& w, const QString& path) {
+    MovieBox& viewer = *w.webVIEWER;
+    const float across = TwipsPerPixelX(viewer);
+    const float down = TwipsPerPixelY(viewer);
+    const auto width = static_cast<float>(gPagProps->PictureAttribWidth());
+    const auto height = static_cast<float>(gPagProps->PictureAttribHeight());
+    w.imgPICTURE->hide();
+    viewer.show();
+    setLeft(viewer, viewerOffset);
+    setTop(viewer, viewerOffset);
+    setWidth(viewer, (width + hiddenPixels) * across + viewerRoom);
+    setHeight(viewer, (height + hiddenPixels) * down + viewerRoom);
+    setWidth(*w.framBOX, Width(viewer) - hiddenPixels * across);
+    setHeight(*w.framBOX, Height(viewer) - hiddenPixels * down);
+    viewer.setView(QRect(-viewer.pos(), w.framBOX->size()));
+    viewer.Navigate(hostFile(path));
+}
+
+void showSmall(const PreviewWindow& w, const QString& path) {
+    w.webVIEWER->hide();
+    w.imgPICTURE->setStretch(false);
+    load(*w.imgPICTURE, path, Fit::whole());
+    w.imgPICTURE->setStretch(true);
+    w.imgPICTURE->show();
+    frame(w);
+}
+
+void fitForm(const PreviewWindow& w) {
+    setLeft(*w.framBOX, frameLeft);
+    const float s = Left(*w.framBOX) + Width(*w.framBOX) + Left(*w.framBOX);
+    if (s > leastFormWidth) {
+        setWidth(*w.form, s + 100);
+    } else {
+        setWidth(*w.form, leastFormWidth);
+        setLeft(*w.framBOX, (Width(*w.form) - Width(*w.framBOX)) * 0.5F);
+    }
+    setHeight(*w.form, Top(*w.framBOX) + Height(*w.framBOX) + Top(*w.framBOX) - 60);
+    setWidth(*w.shpBORDER, Width(*w.form));
+    setHeight(*w.shpBORDER, Height(*w.framBOX) + 120 + 90);
+}
+
+}  // namespace
+
+Preview::Preview(const Controls& controls, std::function<PreviewWindow()> window)
+    : c_(controls), window_(std::move(window)) {}
+
+const ListView& Preview::list() const {
+    return followsFound() ? *c_.lvwFOUND : *c_.lvwSLIDEBAR;
+}
+
+/// `ownSeparator`: the folder's own, otherwise a slash whatever the folder has.
+QString Preview::path(const ListItem* item, bool ownSeparator) const {
+    if (item == nullptr) {
+        return {};
+    }
+    if (!followsFound()) {
+        return item->Key();
+    }
+    const QString folder = c_.ftvFOLDER->Path();
+    return ownSeparator ? joinPath(folder, item->Text()) : folder + QLatin1Char('/') + item->Text();
+}
+
+void Preview::PicturePreview() {
+    if (c_.lvwSLIDEBAR->Count() == 0) {
+        ActiveList = QStringLiteral("FOUND");
+    }
+    if (c_.lvwFOUND->Count() == 0) {
+        return;
+    }
+    const ListItem* item = list().SelectedItem();
+    position_ = item != nullptr ? item->Index() : position_;
+    const PreviewWindow window = window_();
+    layOut(window, path(item, false));
+    window.show();
+}
+
+void Preview::PicturePreviewCertain(bool Forward) {
+    position_ += Forward ? 1 : -1;
+    const int count = list().Count();
+    if (!Forward && position_ == 0) {
+        position_ = count;
+    }
+    if (Forward && position_ == count + 1) {
+        position_ = 1;
+    }
+    const QString shown = path(list().item(position_), true);
+    const PreviewWindow window = window_();
+    layOut(window, shown);
+    window.form->setWindowTitle(QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +
+                                decimalText(count) + QStringLiteral(") ") +
+                                gFileFoldr->FileNameFromPath(shown, true));
+}
+
+void Preview::layOut(const PreviewWindow& w, const QString& path) const {
+    gPagProps->PictureFileInformation(path);
+    const float halfAcross = screenWidth(*w.form) / TwipsPerPixelX(*w.form) / 2;
+    const float halfDown = screenHeight(*w.form) / TwipsPerPixelY(*w.form) / 2;
+    const bool wide = static_cast<float>(gPagProps->PictureAttribWidth()) > halfAcross;
+    const bool high = static_cast<float>(gPagProps->PictureAttribHeight()) > halfDown;
+    if (wide || high) {
+        showLarge(w, path);
+    } else if (path.right(3).toUpper() == QLatin1String("GIF")) {
+        showMoving(w, path);
+    } else {
+        showSmall(w, path);
+    }
+    fitForm(w);
+}
+
+}  // namespace velorama

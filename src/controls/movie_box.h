@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QMovie>
+#include <QWidget>
+
+#include <memory>
+
+namespace velorama {
+
+/// Shows a GIF file and lets it move, a pixel to the device pixel, in the middle of `view`.
+class MovieBox : public QWidget {
+    Q_OBJECT
+public:
+    explicit MovieBox(QWidget* parent = nullptr) : QWidget(parent) {}
+
+    /// A file of this machine; one that cannot be read shows nothing.
+    void Navigate(const QString& file);
+    /// The part of the box that is seen, in logical pixels.
+    void setView(const QRect& view);
+    const QMovie* movie() const { return movie_.get(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    std::unique_ptr<QMovie> movie_;
+    QRect view_;
+};
+
+}  // namespace velorama

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "browse/preview.h"
+#include "controls/push_button.h"
+
+#include <QDialog>
+
+namespace velorama {
+
+/// What the buttons of the preview window ask of the main window.
+struct PreviewCalls {
+    std::function<void(bool Forward)> PicturePreviewCertain;
+    std::function<void()> DESKTOPWALLPAPERPREVIEW;
+};
+
+/// "Picture Preview": one picture, larger than in the lists, with buttons to walk through the list.
+/// What it shows is set from outside; it is made anew after each unload.
+class frmPICTUREPREVIEW : public QDialog {
+    Q_OBJECT
+public:
+    frmPICTUREPREVIEW(QWidget* main, PreviewCalls calls);
+    ~frmPICTUREPREVIEW() override;
+
+    /// The parts that are laid out for a picture; who shows the window is not among them.
+    PreviewWindow parts();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void makeBar();
+    void makeKeys();
+    cbtn* makeBarButton(const char* name, const char* symbol, const char* tooltip, float left);
+
+    PreviewCalls calls_;
+    QWidget* picBAR;
+    QWidget* shpBORDER;
+    QWidget* framBOX;
+    ImageBox* imgPICTURE;
+    MovieBox* webVIEWER;
+};
+
+}  // namespace velorama
