@@ -1,6 +1,7 @@
 #include "imaging/look_ahead.h"
 
 #include "imaging/scaling.h"
+#include "platform/large_blocks.h"
 #include "platform/paths.h"
 
 #include <QDateTime>
@@ -39,6 +40,10 @@ Picture loadFitted(const QString& path, const Fit& fit) {
     Picture picture = LoadPicture(path, fit);
     if (!picture.isNull() && fit.kind != Fit::Kind::Whole) {
         picture.fitted = fittedBitmap(picture, fitTarget(picture.size, fit), white, true);
+    }
+    if (fit.kind == Fit::Kind::Area && !picture.fitted.isNull()) {
+        // A show draws nothing but the fitted one, and the other may be the larger.
+        picture.bitmap = QImage();
     }
     return picture;
 }
@@ -99,6 +104,7 @@ private:
 };
 
 LookAhead::Private::Private(int threads) {
+    giveLargeBlocksBack();
     const int processors = static_cast<int>(std::thread::hardware_concurrency());
     const int count = threads > 0 ? threads : std::max(1, processors);
     for (int i = 0; i < count; ++i) {

@@ -9,8 +9,9 @@
 namespace velorama {
 
 /// Loads pictures ahead of their use on worker threads. What `load` returns is what loading at that
-/// moment would return, `Picture::fitted` filled in besides: work ahead counts only while the
-/// file's size and time of change are those it was made from.
+/// moment would return, `Picture::fitted` filled in besides, and of a picture for an area that one
+/// alone. Work ahead counts only while the file's size and time of change are those it was made
+/// from.
 class LookAhead {
 public:
     /// `threads` 0: one per processor.
