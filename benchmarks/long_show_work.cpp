@@ -34,12 +34,17 @@ void setSlides(const QStringList& small, const QStringList& medium) {
     }
 }
 
-void showOne(frmSLIDESHOW& form) {
+/// The most memory while a slide comes, in KiB. It is looked at after every step: the next picture
+/// is in the making meanwhile, and a single look may meet it or not.
+double showOne(frmSLIDESHOW& form) {
     form.tmrSLIDESHOW_Timer();
+    double most = ownMemory();
     for (int step = 0; step < stepsOfFade; ++step) {
         form.tmrFADETRANS_Timer();
+        most = std::max(most, ownMemory());
     }
     DoEvents();
+    return std::max(most, ownMemory());
 }
 
 struct Memory {
@@ -76,11 +81,8 @@ int holdShow(const QString& small, const QString& medium) {
     form->tmrFADETRANS.setInterval(1'000'000);
     Memory memory;
     for (int slide = 1; slide <= slideCount; ++slide) {
-        showOne(*form);
-        // A single look differs by a picture that the work ahead holds or does not: the most
-        // counts.
         double& most = slide > early ? memory.most : memory.early;
-        most = std::max(most, ownMemory());
+        most = std::max(most, showOne(*form));
     }
     form->Unload();
     std::printf("%.0f %.0f\n", memory.early, memory.most);
