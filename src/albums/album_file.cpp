@@ -121,6 +121,10 @@ void AlbumFile::read(const QString& path) {
 }
 
 void AlbumFile::openFromList(const QString& path) {
+    if (stopped_) {
+        // Closed while the question about the open album was up: all that lasts is saved by now.
+        return;
+    }
     const QPointer<AlbumFile> self = this;
     mnuFILENEW_Click();
     read(path);

@@ -75,6 +75,15 @@ TEST_F(AlbumYield, closingBeforeTheFirstSlideEndsTheRead) {
     EXPECT_LE(lvwSLIDEBAR->Count(), 1);
 }
 
+TEST_F(AlbumYield, afterClosingTheListOpensNothing) {
+    open(path);
+    file->stop();
+    file->openFromList(other);
+    EXPECT_EQ(keys(), p);
+    EXPECT_EQ(file->Tag(), path);
+    EXPECT_EQ(storedSlideshow(), path);
+}
+
 TEST_F(AlbumYield, closingKeepsTheAlbumForTheNextStart) {
     atSlide(1, [&] { file->stop(); });
     open(path);
