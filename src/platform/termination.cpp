@@ -3,6 +3,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 
 #include <sys/socket.h>
@@ -17,9 +18,11 @@ constexpr std::array<int, 3> requests = {SIGTERM, SIGINT, SIGHUP};
 int writeEnd = -1;
 
 void onSignal(int) {
+    const int before = errno;
     const char byte = 1;
     const ssize_t written = ::write(writeEnd, &byte, 1);
     static_cast<void>(written);
+    errno = before;
 }
 
 void handleAll(void (*handler)(int)) {
@@ -63,12 +66,19 @@ public:
 private:
     void take() {
         char byte = 0;
-        if (::read(ends_[0], &byte, 1) == 1) {
-            onRequest_();
+        if (::read(ends_[0], &byte, 1) != 1) {
+            return;
+        }
+        ++running_;
+        onRequest_();
+        // Carried out and still here: the user has refused, and the next one is a first again.
+        if (--running_ == 0) {
+            handleAll(onSignal);
         }
     }
 
     std::function<void()> onRequest_;
+    int running_ = 0;
     std::array<int, 2> ends_ = {-1, -1};
     std::unique_ptr<QSocketNotifier> notifier_;
 };

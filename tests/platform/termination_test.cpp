@@ -24,6 +24,26 @@ TEST_P(Termination, ARequestIsCarriedOutFromTheEventLoop) {
 
 INSTANTIATE_TEST_SUITE_P(Requests, Termination, testing::Values(SIGTERM, SIGINT, SIGHUP));
 
+TEST_P(Termination, ARefusedRequestLeavesTheNextOneAFirst) {
+    int calls = 0;
+    const TerminationWatch watch([&calls] { ++calls; });
+    for (int request = 1; request <= 3; ++request) {
+        ::raise(GetParam());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(calls, request);
+    }
+}
+
+TEST(TerminationDeathTest, ARequestWhileTheFirstIsCarriedOutEndsTheProcess) {
+    EXPECT_EXIT(
+        {
+            const TerminationWatch watch([] { ::raise(SIGTERM); });
+            ::raise(SIGTERM);
+            QCoreApplication::processEvents();
+        },
+        testing::KilledBySignal(SIGTERM), "");
+}
+
 TEST(TerminationDeathTest, ASecondRequestEndsTheProcess) {
     EXPECT_EXIT(
         {
