@@ -148,6 +148,8 @@ private:
     /// Where the window stood when it was hidden.
     QPoint place_;
     bool loaded_ = false;
+    /// The lists of albums and music have been read from the settings.
+    bool listsLoaded_ = false;
     /// The questions of a close are being asked.
     bool closing_ = false;
     bool unloaded_ = false;

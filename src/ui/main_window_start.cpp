@@ -2,13 +2,14 @@
 
 #include "browse/screen_pointer.h"
 #include "controls/twips.h"
+#include "core/documents.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "platform/events.h"
 #include "platform/numbers.h"
 #include "platform/shell.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QLayout>
 
 namespace velorama {
@@ -21,6 +22,17 @@ const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
 const QString viewSettings = QStringLiteral("\\mfrmPRGMAIN\\View");
 // A window closed on a later page comes back on the first.
 constexpr int lastRestoredPage = 3;
+
+// The system may end the program under any of them. Their handlers are still running then, so they
+// are closed and not deleted.
+void closeModalForms() {
+    const QWidget* before = nullptr;
+    for (QWidget* form = QApplication::activeModalWidget(); form != nullptr && form != before;
+         form = QApplication::activeModalWidget()) {
+        before = form;
+        form->close();
+    }
+}
 
 }  // namespace
 
@@ -39,7 +51,7 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     disableCommands();
     const QString albumPath =
         commandLine.isEmpty()
-            ? loadSetting(viewSettings, QStringLiteral("Slideshow"), QString()).trimmed()
+            ? withoutOuterBlanks(loadSetting(viewSettings, QStringLiteral("Slideshow"), QString()))
             : commandLine;
     album_.setUnmodified();
     appear();
@@ -113,6 +125,7 @@ void mfrmPRGMAIN::appear() {
 void mfrmPRGMAIN::loadLists(const QString& albumPath) {
     albums_.SlideshowListLoad(*controls_.lvwALBUMS, albumListName);
     audio_.list.ListboxLoad(*controls_.lstMUSIC, musicListName);
+    listsLoaded_ = true;
     albums_.AlbumListSelect(albumPath);
     album_.openAtStart(albumPath);
 }
@@ -135,6 +148,9 @@ void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
             Cancel = SaveCancelled;
         }
     }
+    if (!listsLoaded_) {
+        return;  // Closed while it comes up: empty lists would take the place of those stored.
+    }
     audio_.list.ListboxSave(*controls_.lstMUSIC, musicListName);
     albums_.SlideshowListSave(*controls_.lvwALBUMS, albumListName);
 }
@@ -155,7 +171,10 @@ void mfrmPRGMAIN::Form_Unload() {
                 singleText(Left(*controls_.picVBAR)));
     webAlbumPage_.save();
     mnutxt1_.stop();
-    delete settings_;
+    closeModalForms();
+    if (settings_ && !settings_->isUnloaded()) {
+        delete settings_;
+    }
     if (show_) {
         show_->Unload();
     }
