@@ -157,6 +157,7 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
         ++closing;
         const auto close = [self = shared_from_this(), old] {
             SDL_CloseAudioDevice(old.id);
+            SDL_TLSCleanup();
             const std::lock_guard guard(self->lock);
             --self->closing;
             self->changed.notify_all();
@@ -230,6 +231,7 @@ void AudioDevice::work(const std::shared_ptr<Shared>& shared) {
         }
         guard.lock();
     }
+    SDL_TLSCleanup();  // what the library keeps for a thread it did not start itself
     shared->working = false;
     shared->changed.notify_all();
 }
