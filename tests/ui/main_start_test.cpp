@@ -1,5 +1,6 @@
 #include "ui/window_world.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace velorama {
@@ -44,6 +45,33 @@ TEST_F(StartTest, TheFirstRunOpensAtDesignSizeOnTheApplicationsFolder) {
     EXPECT_TRUE(c.lvwSLIDEBAR->isVisible());
     EXPECT_TRUE(slides().isEmpty());
     EXPECT_TRUE(albums().isEmpty());
+}
+
+TEST_F(StartTest, TheSlideBarAppearsAfterTheWindow) {
+    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    std::vector<bool> seen;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this, &seen] {
+        if (FormLoading && window->isVisible()) {
+            seen.push_back(controls().lvwSLIDEBAR->isVisible());
+        }
+    });
+    timer.start(0);
+    window->Form_Load();
+    ASSERT_GE(seen.size(), 2U);
+    EXPECT_FALSE(seen.front());
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end())) << "it went once more";
+    EXPECT_TRUE(controls().lvwSLIDEBAR->isVisible());
+}
+
+TEST_F(StartTest, AMaximisedWindowComesBackMaximised) {
+    for (const char* state : {"1", "2"}) {
+        setStored("mfrmPRGMAIN\\Window", "Window State", QLatin1String(state));
+        start();
+        EXPECT_TRUE(window->isMaximized()) << state;
+        EXPECT_EQ(Width(*controls().tabPAGES),
+                  Width(controls().surface) - 2 * Left(*controls().tabPAGES));
+    }
 }
 
 TEST_F(StartTest, TheHelpPageNamesTheProgram) {
