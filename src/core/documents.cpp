@@ -3,7 +3,6 @@
 #include "platform/paths.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <array>
 #include <utility>
@@ -64,21 +63,13 @@ QString firstPiece(const QString& text, const QString& delimiter) {
 
 }  // namespace
 
-void DocumentSaveText(const QString& Content, const QString& Path) {
+void DocumentSaveText(const QString& Content, const QString& Path, Lasting lasting) {
     const QFileInfo place(hostPlace(Path));
     // Whoever opens a pipe waits for its other end; a device keeps nothing.
     if (place.filePath().isEmpty() || (place.exists() && !place.isFile())) {
         return;
     }
-    QSaveFile file(place.filePath());
-    if (!file.open(QIODevice::WriteOnly)) {
-        return;
-    }
-    const QByteArray bytes = (Content + QLatin1String("\r\n")).toUtf8();
-    // On a full disk only the flush says so: closing would take the cut text for a whole one.
-    if (file.write(bytes) == bytes.size() && file.flush()) {
-        file.commit();
-    }
+    writeFileWhole(place.filePath(), (Content + QLatin1String("\r\n")).toUtf8(), lasting);
 }
 
 FieldReader::FieldReader(QByteArray bytes) : bytes_(std::move(bytes)) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_write.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -8,8 +10,8 @@ namespace velorama {
 /// The one routine through which every generated text file is written: `Content` and a closing
 /// CR LF, in the system's 8-bit code page (UTF-8). The file is written beside the old one and
 /// takes its place whole, through a symbolic link and with its mode; where that fails, the old one
-/// stays as it is. Nothing is said.
-void DocumentSaveText(const QString& Content, const QString& Path);
+/// stays as it is. Nothing is said. What can be generated again need not be waited for.
+void DocumentSaveText(const QString& Content, const QString& Path, Lasting lasting = Lasting::Yes);
 
 /// The platform's formatted input over the bytes of a text file. A field ends at a comma or at a
 /// line end (CR LF, LF or CR); leading blanks are skipped, blanks at the end are dropped; a field

@@ -1,20 +1,17 @@
 #include "platform/file_copy.h"
 
+#include "platform/file_beside.h"
+
 #include <QFile>
 #include <QFileInfo>
 
 #ifdef Q_OS_LINUX
-#include <QRandomGenerator>
-
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <cerrno>
-
-#include <cstdio>
-#include <utility>
 #include <vector>
 #else
 #include <QSaveFile>
@@ -24,67 +21,6 @@ namespace velorama {
 
 #ifdef Q_OS_LINUX
 namespace {
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() { close(); }
-
-    int number() const { return number_; }
-    /// False if what was written did not all arrive.
-    bool close() {
-        const int number = std::exchange(number_, -1);
-        return number < 0 || ::close(number) == 0;
-    }
-
-private:
-    int number_;
-};
-
-/// A new file in a folder, gone again unless it has been given its final name.
-class FileBeside {
-public:
-    explicit FileBeside(const QByteArray& folder) : file_(create(folder)) {}
-    FileBeside(const FileBeside&) = delete;
-    FileBeside& operator=(const FileBeside&) = delete;
-    ~FileBeside() {
-        if (!name_.isEmpty()) {
-            ::unlink(name_.constData());
-        }
-    }
-
-    int number() const { return file_.number(); }
-    bool becomes(const QByteArray& target) {
-        if (!file_.close() || std::rename(name_.constData(), target.constData()) != 0) {
-            return false;
-        }
-        name_.clear();
-        return true;
-    }
-
-private:
-    /// A short name of its own: the target's may leave no room for an ending.
-    int create(const QByteArray& folder) {
-        constexpr int tries = 16;
-        for (int i = 0; i < tries; ++i) {
-            name_ = folder + "/.velorama-" +
-                    QByteArray::number(QRandomGenerator::global()->generate64(), 36);
-            const int number =
-                ::open(name_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-            if (number >= 0 || errno != EEXIST) {
-                name_ = number >= 0 ? name_ : QByteArray();
-                return number;
-            }
-        }
-        name_.clear();
-        return -1;
-    }
-
-    QByteArray name_;
-    Descriptor file_;
-};
 
 /// Bytes copied; -1 where the kernel cannot copy between these two files.
 qint64 copyInKernel(int from, int to) {
@@ -100,18 +36,6 @@ qint64 copyInKernel(int from, int to) {
         }
         total += copied > 0 ? copied : 0;
     }
-}
-
-bool writeAll(int to, const char* bytes, ssize_t count) {
-    while (count > 0) {
-        const ssize_t written = ::write(to, bytes, static_cast<size_t>(count));
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        bytes += written > 0 ? written : 0;
-        count -= written > 0 ? written : 0;
-    }
-    return true;
 }
 
 /// Bytes copied; -2 on failure.

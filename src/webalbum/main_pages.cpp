@@ -108,7 +108,7 @@ void modWEBALBUM::WebAlbumMainPagesWrite(const QString& folder, const QString& t
                              rightArrow(p, pages) % upToPictures;
         const QString page = head % pictureRows(folder, list, p, i) % upToEnd;
         if (!stopped_) {
-            DocumentSaveText(page, fileIn(folder, pageName(p)));
+            DocumentSaveText(page, fileIn(folder, pageName(p)), Lasting::No);
         }
     }
     hideProgress();

@@ -92,7 +92,8 @@ void modWEBALBUM::WebAlbumSlidePagesWrite(const QString& folder, const QString& 
                              i < n ? nameOf(list, i + 1) : QString()};
         const QString page = slidePage(folder, title, slide);
         if (!stopped_) {
-            DocumentSaveText(page, fileIn(folder, slide.cur + QStringLiteral(".html")));
+            DocumentSaveText(page, fileIn(folder, slide.cur + QStringLiteral(".html")),
+                             Lasting::No);
         }
     }
     hideProgress();

@@ -77,7 +77,7 @@ QString styleSheet(const WebAlbumValues& values) {
 void modWEBALBUM::WebAlbumStyleSheetWrite() const {
     const QString images = applicationFolder() + QStringLiteral("/images");
     QDir().mkpath(images);
-    DocumentSaveText(styleSheet(values_), images + QStringLiteral("/mainwa.css"));
+    DocumentSaveText(styleSheet(values_), images + QStringLiteral("/mainwa.css"), Lasting::No);
 }
 
 }  // namespace velorama

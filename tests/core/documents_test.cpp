@@ -141,6 +141,17 @@ TEST_F(DocumentSave, pathsThatThisMachineCannotHaveMakeNoFile) {
     QDir::setCurrent(before);
 }
 
+TEST_F(DocumentSave, namesMayBeAsLongAsTheFileSystemLets) {
+    const QString name = QString(251, u'n') + QStringLiteral(".vlr");
+    for (const Lasting lasting : {Lasting::Yes, Lasting::No}) {
+        const QString last = lasting == Lasting::Yes ? QStringLiteral("1") : QStringLiteral("2");
+        DocumentSaveText(last, folder + u'/' + name, lasting);
+        EXPECT_EQ(bytesOf(folder + u'/' + name), last.toUtf8() + "\r\n");
+    }
+    DocumentSaveText(QStringLiteral("3"), folder + u'/' + name + u'n');
+    EXPECT_EQ(everythingIn(folder), QStringList(name));
+}
+
 TEST_F(DocumentSave, tenMegabytesGoOutInOne) {
     const QString content(10 * 1024 * 1024, u'x');
     DocumentSaveText(content, path);

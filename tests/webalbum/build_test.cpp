@@ -180,6 +180,13 @@ TEST_F(Build, OfACaptionThatNoFileCanHaveLosesThatPage) {
     }
 }
 
+TEST_F(Build, WritesPagesOfTheLongestNames) {
+    addSlide(QString(246, u'n') + QStringLiteral(".jpg"), {80, 60});
+    addSlide(QString(120, QChar(0xE4)) + QStringLiteral("123456.jpg"), {80, 60});
+    build();
+    expectAlbum();
+}
+
 TEST_F(Build, WhereFoldersCannotBeMadeWritesNothing) {
     addSlides(2);
     const QString home = temporaryFolder();
@@ -245,6 +252,22 @@ TEST_F(Build, ASourceThatGoesHalfWayLosesItsCopyOnly) {
     told[2].file.clear();
     told[2].size = QSize();
     expectAlbum();
+}
+
+TEST_F(Build, LetsTheWindowAnswerAtEveryPicture) {
+    addSlides(40);
+    int answers = 0;
+    int answersWhileCopying = 0;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        ++answers;
+        answersWhileCopying += prgBARSLIDES.isHidden() ? 1 : 0;
+    });
+    watch.start(0);
+    build();
+    // Each is copied, measured for its thumbnail and, but at the two ends, three times for pages.
+    EXPECT_GE(answersWhileCopying, 40);
+    EXPECT_GE(answers - answersWhileCopying, 40 + 3 * 40);
 }
 
 TEST_F(Build, ASecondClickBuildsInside) {

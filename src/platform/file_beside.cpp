@@ -1,0 +1,64 @@
+#include "platform/file_beside.h"
+
+#ifdef Q_OS_LINUX
+
+#include <QRandomGenerator>
+#include <QString>
+
+#include <fcntl.h>
+#include <unistd.h>
+#include <cerrno>
+#include <cstdio>
+
+namespace velorama {
+
+bool Descriptor::close() {
+    const int number = std::exchange(number_, -1);
+    return number < 0 || ::close(number) == 0;
+}
+
+FileBeside::~FileBeside() {
+    if (!name_.isEmpty()) {
+        ::unlink(name_.constData());
+    }
+}
+
+/// A short name of its own: the target's may leave no room for an ending.
+int FileBeside::create(const QByteArray& folder) {
+    constexpr int tries = 16;
+    for (int i = 0; i < tries; ++i) {
+        name_ = folder + "/.velorama-" +
+                QByteArray::number(QRandomGenerator::global()->generate64(), 36);
+        const int number = ::open(name_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (number >= 0 || errno != EEXIST) {
+            name_ = number >= 0 ? name_ : QByteArray();
+            return number;
+        }
+    }
+    name_.clear();
+    return -1;
+}
+
+bool FileBeside::becomes(const QByteArray& target) {
+    if (!file_.close() || std::rename(name_.constData(), target.constData()) != 0) {
+        return false;
+    }
+    name_.clear();
+    return true;
+}
+
+bool writeAll(int to, const char* bytes, qint64 count) {
+    while (count > 0) {
+        const ssize_t written = ::write(to, bytes, static_cast<size_t>(count));
+        if (written < 0 && errno != EINTR) {
+            return false;
+        }
+        bytes += written > 0 ? written : 0;
+        count -= written > 0 ? written : 0;
+    }
+    return true;
+}
+
+}  // namespace velorama
+
+#endif

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QtGlobal>
+
+#ifdef Q_OS_LINUX
+
+#include <QByteArray>
+
+#include <utility>
+
+namespace velorama {
+
+/// An open file of the system; below 0 there is none.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() { close(); }
+
+    int number() const { return number_; }
+    /// False if what was written did not all arrive.
+    bool close();
+
+private:
+    int number_;
+};
+
+/// A new file in a folder, open for writing, gone again unless it has been given its final name.
+class FileBeside {
+public:
+    /// `folder` without a closing slash. `number()` is below 0 where no file can be made.
+    explicit FileBeside(const QByteArray& folder) : file_(create(folder)) {}
+    FileBeside(const FileBeside&) = delete;
+    FileBeside& operator=(const FileBeside&) = delete;
+    ~FileBeside();
+
+    int number() const { return file_.number(); }
+    /// Takes the place of whatever file has this name. False if that one stays.
+    bool becomes(const QByteArray& target);
+
+private:
+    int create(const QByteArray& folder);
+
+    QByteArray name_;
+    Descriptor file_;
+};
+
+/// Writes to an open file until all of it is there; false if it cannot be.
+bool writeAll(int to, const char* bytes, qint64 count);
+
+}  // namespace velorama
+
+#endif
