@@ -7,14 +7,15 @@ namespace velorama {
 namespace {
 
 /// The way to fit the picture that has to be asked for: none, so that the user's own stays, unless
-/// that is to show plain colour.
+/// that is to show plain colour, as it is where nobody has chosen.
 QString wantedMode(const BackgroundSession& session) {
     const QSettings settings(
         session.configFolder() + QStringLiteral("/pcmanfm-qt/lxqt/settings.conf"),
         QSettings::IniFormat);
-    const bool plain = settings.value(QStringLiteral("Desktop/WallpaperMode")).toString() ==
-                       QStringLiteral("none");
-    return plain ? QStringLiteral("zoom") : QString();
+    const QString mode = settings.value(QStringLiteral("Desktop/WallpaperMode")).toString();
+    const bool plain = mode.isEmpty() || mode == QStringLiteral("none");
+    // The service does not know "zoom", which the desktop's own dialog has.
+    return plain ? QStringLiteral("fit") : QString();
 }
 
 }  // namespace
@@ -25,10 +26,11 @@ bool setLxqtBackground(const BackgroundSession& session, const QString& file) {
     if (!session.hasService(service)) {
         return false;
     }
+    const QString mode = wantedMode(session);
     const auto show = [&](const QString& path) {
         return session.call(service, QStringLiteral("/Application"),
                             QStringLiteral("org.pcmanfm.Application"),
-                            QStringLiteral("setWallpaper"), {path, wantedMode(session)});
+                            QStringLiteral("setWallpaper"), {path, mode});
     };
     // It does not look again at a path that it shows already, however the file has changed.
     const QFileInfo info(file);
