@@ -197,6 +197,28 @@ TEST_F(MenusTest, PopupEntriesDoTheSame) {
     EXPECT_EQ(slides().size(), 0);
 }
 
+TEST_F(MenusTest, ThePreviewComesUpByMenuByPopupsAndByButton) {
+    browse({QStringLiteral("a.bmp")});
+    start(album(1));
+    const auto shown = [](auto action) {
+        QString form;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&form] {
+            if (QWidget* modal = QApplication::activeModalWidget()) {
+                form = modal->objectName();
+                modal->close();
+            }
+        });
+        timer.start(0);
+        action();
+        return form == QStringLiteral("frmPICTUREPREVIEW");
+    };
+    EXPECT_TRUE(shown([this] { menus().mnuEDITPREVIEW->trigger(); }));
+    EXPECT_TRUE(shown([this] { window->popups().mnuFOUNDPREVIEW->trigger(); }));
+    EXPECT_TRUE(shown([this] { window->popups().mnuSELECTEDPREVIEW->trigger(); }));
+    EXPECT_TRUE(shown([this] { controls().cbtnBROWSEBTNS[0]->click(); }));
+}
+
 TEST_F(MenusTest, TheHelpCentreOpensAtItsFirstPage) {
     QStringList shown;
     clsLIBRARY::showHelpWith([&shown](const QString& address) { shown.append(address); });
