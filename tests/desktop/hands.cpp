@@ -149,6 +149,14 @@ void DesktopSession::drag(WindowId window, const QPoint& from, const QPoint& to)
     pointer(window, to, {QStringLiteral("mouseup"), QStringLiteral("1")});
 }
 
+void DesktopSession::drag(WindowId window, const std::vector<QPoint>& way) const {
+    pointer(window, way.front(), {QStringLiteral("mousedown"), QStringLiteral("1")});
+    for (const QPoint& place : way) {
+        pointer(window, place, {});
+    }
+    pointer(window, way.back(), {QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
 QImage DesktopSession::glance() const {
     QFile file(screenFolder() + QStringLiteral("/Xvfb_screen0"));
     if (!file.open(QIODevice::ReadOnly)) {

@@ -24,19 +24,6 @@ bool differ(QRgb a, QRgb b) {
     return ((a ^ b) & 0xFFFFFF) != 0;
 }
 
-bool isPale(const QImage& symbol) {
-    int darkest = 255;
-    int lightest = 0;
-    for (int y = 0; y < symbol.height(); ++y) {
-        for (int x = 0; x < symbol.width(); ++x) {
-            darkest = std::min(darkest, qGray(symbol.pixel(x, y)));
-            lightest = std::max(lightest, qGray(symbol.pixel(x, y)));
-        }
-    }
-    // A window that is not painted yet is dark all over.
-    return darkest >= 100 || lightest <= 180;
-}
-
 }  // namespace
 
 MainWindow::MainWindow(DesktopSession& session, Program& program, double scale)
@@ -111,16 +98,20 @@ bool MainWindow::turnTo(Page page) const {
     return true;
 }
 
+int MainWindow::surfaceTop() const {
+    return pageFrame(m_session.glance(geometry())) - (kStripTop + kFrameTop) / kTwips;
+}
+
 QPoint MainWindow::onPage(int x, int y) const {
     return onPage(x, y, 0, 0).topLeft();
 }
 
 QRect MainWindow::onPage(int x, int y, int width, int height) const {
-    const int surface = pageFrame(m_session.glance(geometry())) - (kStripTop + kFrameTop) / kTwips;
     const auto pixels = [](int twips) {
         return static_cast<int>(std::lround(double(twips) / kTwips));
     };
-    return {pixels(kPageLeft + x), surface + pixels(kPageTop + y), pixels(width), pixels(height)};
+    return {pixels(kPageLeft + x), surfaceTop() + pixels(kPageTop + y), pixels(width),
+            pixels(height)};
 }
 
 QPoint MainWindow::firstSlide(int right) const {
@@ -133,8 +124,29 @@ QPoint MainWindow::button(ToolbarItem item) const {
     return {(left + 270) / kTwips, size.height() - (3180 - 270) / kTwips};
 }
 
+bool MainWindow::isDark(const QRect& place) const {
+    const QImage image = look(place);
+    int darkest = 255;
+    int lightest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            darkest = std::min(darkest, qGray(image.pixel(x, y)));
+            lightest = std::max(lightest, qGray(image.pixel(x, y)));
+        }
+    }
+    // A window that is not painted yet is dark all over.
+    return darkest < 100 && lightest > 180;
+}
+
 bool MainWindow::isOn(ToolbarItem item) const {
-    return !isPale(look({button(item) - QPoint(10, 10), QSize(20, 20)}));
+    const QRect symbol(button(item) - QPoint(10, 10), QSize(20, 20));
+    if (item == Play) {
+        // Light on a ground that stands out.
+        const QImage image = look(symbol);
+        const QRgb ground = image.isNull() ? 0 : image.pixel(0, 0);
+        return qBlue(ground) > qRed(ground) + 40;
+    }
+    return isDark(symbol);
 }
 
 void MainWindow::press(ToolbarItem item) const {
@@ -151,16 +163,18 @@ void MainWindow::menu(const QString& top, const QString& entry) const {
     }
 }
 
-bool MainWindow::waitForPopup() const {
-    // A popup has no title.
-    return waitFor([&] {
-        const auto visible = m_session.run(
-            QStringLiteral("xdotool"),
-            {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-             QStringLiteral("--pid"), QString::number(m_program.pid()), QStringLiteral("--class"),
-             QStringLiteral("velorama")});
-        return visible.value_or(QByteArray()).count('\n') > 1;
-    });
+bool MainWindow::waitForPopup(int windows) const {
+    return waitFor([&] { return hasPopup(windows); });
+}
+
+// A popup has no title.
+bool MainWindow::hasPopup(int windows) const {
+    const auto visible = m_session.run(
+        QStringLiteral("xdotool"),
+        {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+         QStringLiteral("--pid"), QString::number(m_program.pid()), QStringLiteral("--class"),
+         QStringLiteral("velorama")});
+    return visible.value_or(QByteArray()).count('\n') > windows;
 }
 
 WindowId MainWindow::waitForDialog(const QString& title) const {

@@ -33,12 +33,16 @@ public:
     int shownPage() const;
     /// Goes there with Ctrl+Tab, page by page.
     bool turnTo(Page page) const;
+    /// Top of the window's surface below the menu.
+    int surfaceTop() const;
     /// A place that is given in twips on a page, from the page's corner.
     QPoint onPage(int x, int y) const;
     QRect onPage(int x, int y, int width, int height) const;
     /// What the screen shows of a part of the window.
     QImage look(const QRect& place) const;
 
+    /// True if something dark stands there on light ground, as what is off does not.
+    bool isDark(const QRect& place) const;
     bool isOn(ToolbarItem item) const;
     /// Waits until the button is on and clicks it; a button that stays off fails the test.
     void press(ToolbarItem item) const;
@@ -48,8 +52,9 @@ public:
 
     /// Chooses an entry by its mnemonics: `menu("s", "x")`.
     void menu(const QString& top, const QString& entry) const;
-    /// Waits until a popup of the program is open.
-    bool waitForPopup() const;
+    /// Waits until a popup of the program is open beside so many windows.
+    bool waitForPopup(int windows = 1) const;
+    bool hasPopup(int windows = 1) const;
 
     /// A dialog of the program once it is there and has the keyboard; 0 if it never came.
     WindowId waitForDialog(const QString& title) const;

@@ -116,6 +116,8 @@ public:
     void doubleClick(WindowId window, const QPoint& at) const;
     /// With the left button down, in steps, as a hand does.
     void drag(WindowId window, const QPoint& from, const QPoint& to) const;
+    /// The same from place to place.
+    void drag(WindowId window, const std::vector<QPoint>& way) const;
 
     /// What is on the screen, or on one window of it. A null image if the window is gone.
     QImage screenshot(WindowId window = 0) const;

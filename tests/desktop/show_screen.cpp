@@ -60,12 +60,16 @@ std::array<QPoint, 4> ShowScreen::corners() const {
 
 // One-pixel lines falling to the right, each one pixel right of the one before. The first has its
 // lower end at x 0; the last has its upper end past the right edge.
-double ShowScreen::gradientRed(const QPoint& at) const {
+double ShowScreen::gradientShare(const QPoint& at) const {
     const double half = (std::sqrt(2.0) * std::max(m_size.width(), m_size.height()) + 2) / 2;
     const double reach = half / std::sqrt(2.0);
     const double line = at.x() - at.y() + m_size.height() / 2 + reach;
     const double lines = m_size.width() + 2 * reach;
-    return 0x40 + (0xFF - 0x40) * line / lines;
+    return line / lines;
+}
+
+double ShowScreen::gradientRed(const QPoint& at) const {
+    return 0x40 + (0xFF - 0x40) * gradientShare(at);
 }
 
 bool ShowScreen::isFramed(const QImage& screen) const {

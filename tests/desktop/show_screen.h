@@ -20,6 +20,8 @@ struct ShowScreen {
     QRect counter;
 
     std::array<QPoint, 4> corners() const;
+    /// How far the gradient behind the show has gone from its first colour to its second, of 1.
+    double gradientShare(const QPoint& at) const;
     /// The red of the gradient behind the show as it is from the start; green and blue are 0.
     double gradientRed(const QPoint& at) const;
     /// True if the frame is white and what lies around it is not.
