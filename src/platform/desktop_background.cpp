@@ -28,7 +28,7 @@ constexpr Desktop desktops[] = {
      "org.gnome.Shell",
      setGnomeBackground},
     {{"x-cinnamon", "cinnamon"}, "org.Cinnamon", setCinnamonBackground},
-    {{"mate"}, "org.mate.panel", setMateBackground},
+    {{"mate"}, "org.mate.Panel", setMateBackground},
     {{"kde", "plasma", "plasmax11", "plasmawayland"}, "org.kde.plasmashell", setPlasmaBackground},
     {{"xfce", "xubuntu"}, "org.xfce.xfdesktop", setXfceBackground},
     {{"lxqt", "lubuntu"}, "org.pcmanfm.PCManFM", setLxqtBackground},

@@ -201,5 +201,24 @@ TEST_F(Services, portalWithoutWallpapersIsNoSuccess) {
     EXPECT_EQ(portal.calls.size(), 1U);
 }
 
+/// Takes what it is told and never answers.
+class SilentService : public NotingService {
+public:
+    SilentService(const QString& address, const QString& name)
+        : NotingService(address, name, [](const QDBusMessage&) { return QVariantList(); }) {}
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override {
+        calls.push_back(message);
+        return true;
+    }
+};
+
+TEST_F(Services, desktopThatNeverAnswersIsLeftAlone) {
+    SilentService shell(address(), plasmaName);
+    SilentService portal(address(), portalName);
+    const BackgroundSession told = session(wayland, 200);
+    EXPECT_FALSE(meanwhile([&] { return setBackground(told, file); }));
+    EXPECT_FALSE(shell.calls.empty());
+}
+
 }  // namespace
 }  // namespace velorama::test

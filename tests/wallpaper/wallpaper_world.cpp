@@ -68,10 +68,10 @@ void WallpaperWorld::TearDown() {
     screen.reset();
 }
 
-BackgroundSession WallpaperWorld::session(const QStringList& variables) const {
+BackgroundSession WallpaperWorld::session(const QStringList& variables, int patience) const {
     const QProcessEnvironment environment = screen->environment(variables);
     const QString address = environment.value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
-    return {environment, QDBusConnection::connectToBus(address, busName), QDeadlineTimer(20000)};
+    return {environment, QDBusConnection::connectToBus(address, busName), QDeadlineTimer(patience)};
 }
 
 void WallpaperWorld::start(const QString& program, const QStringList& arguments) {

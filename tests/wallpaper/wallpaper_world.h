@@ -33,7 +33,8 @@ protected:
 
     virtual desktop::ScreenOptions options() const { return {.width = 320, .height = 240}; }
 
-    BackgroundSession session(const QStringList& variables = {}) const;
+    /// `patience`: milliseconds.
+    BackgroundSession session(const QStringList& variables = {}, int patience = 20000) const;
     /// A program of the desktop, until the test's end.
     void start(const QString& program, const QStringList& arguments = {});
     bool waitForService(const QString& name) const;
