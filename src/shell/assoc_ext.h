@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/file_types.h"
+#include "platform/registry_store.h"
+#include "shell/app.h"
+
+namespace velorama {
+
+/// Links album files to the program, once for each user, at the first run (`mASSOCEXT`). No failure
+/// is told: where the classes may not be written, the run counts as the first one all the same.
+class FileAssociation {
+public:
+    /// `fileTypes` carries out on the desktop what the keys stand for.
+    FileAssociation(RegistryStore& store, FileTypes& fileTypes, AppPlace app = App());
+
+    void AssociationCheck() { AssociationMake(); }
+
+    /// The whole of the first-run step; true if it ran.
+    bool AssociationMake();
+    /// True if the association is to be made now. Notes what the extension pointed at before.
+    bool FirstRunMark();
+    /// Writes the keys of a class. `extraVerb` would add a verb to a class that is there and write
+    /// nothing else; nobody asks for that, and nothing is written then.
+    void FileTypeCreate(const QString& command, const QString& description, int iconIndex,
+                        const QString& className, const QString& extraVerb);
+    void FileTypeLink(const QString& extension, const QString& className);
+
+private:
+    void setDefault(const QString& classKey, const QString& text);
+
+    RegistryStore& store_;
+    FileTypes& fileTypes_;
+    AppPlace app_;
+};
+
+}  // namespace velorama

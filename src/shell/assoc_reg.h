@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/registry_store.h"
+
+namespace velorama {
+
+/// Thin wrappers around the system's own store (`mASSOCREG`), for the keys that do not lie below
+/// the program's root. The default value of a key has the empty name.
+
+/// Set once a number could not be read; nothing clears it.
+extern bool RegReadFailed;
+
+/// The number, or 0 and `RegReadFailed` where there is none, where it is a text, or where it does
+/// not fit in 32 bits.
+quint32 RegDwordGet(const RegistryStore& store, Hive root, const QString& key, const QString& name);
+void RegDwordSet(RegistryStore& store, Hive root, const QString& key, const QString& name,
+                 quint32 number);
+
+/// A plain text up to its first NUL; empty for every other kind of value and for none.
+QString RegStringGet(const RegistryStore& store, Hive root, const QString& key,
+                     const QString& name);
+/// An empty text deletes the value.
+void RegStringSet(RegistryStore& store, Hive root, const QString& key, const QString& name,
+                  const QString& text);
+
+void RegValueDelete(RegistryStore& store, Hive root, const QString& key, const QString& name);
+
+}  // namespace velorama
