@@ -69,7 +69,7 @@ void DocumentSaveText(const QString& Content, const QString& Path, Lasting lasti
     if (place.filePath().isEmpty() || (place.exists() && !place.isFile())) {
         return;
     }
-    writeFileWhole(place.filePath(), (Content + QLatin1String("\r\n")).toUtf8(), lasting);
+    writeFileWhole(place.filePath(), Content.toUtf8().append("\r\n"), lasting);
 }
 
 FieldReader::FieldReader(QByteArray bytes) : bytes_(std::move(bytes)) {

@@ -103,10 +103,11 @@ void modWEBALBUM::WebAlbumMainPagesWrite(const QString& folder, const QString& t
     const QString numbers = pageNumbers(pages);
     int i = 0;
     for (int p = firstPage; p <= pages && !stopped_; ++p) {
-        const QString head = upToTitle % title % upToHeading % title % upToLeftArrow %
+        // In one piece: the numbers of a large album are longer than all the rest.
+        const QString page = upToTitle % title % upToHeading % title % upToLeftArrow %
                              leftArrow(p) % upToNumbers % numbers % upToRightArrow %
-                             rightArrow(p, pages) % upToPictures;
-        const QString page = head % pictureRows(folder, list, p, i) % upToEnd;
+                             rightArrow(p, pages) % upToPictures %
+                             pictureRows(folder, list, p, i) % upToEnd;
         if (!stopped_) {
             DocumentSaveText(page, fileIn(folder, pageName(p)), Lasting::No);
         }
