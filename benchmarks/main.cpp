@@ -34,6 +34,9 @@ constexpr Work works[] = {
     {"sound", 1, firstSound},
     {"longshow", 1, memoryOfLongShow},
     {"webalbum", 1, pagesOfWebAlbum},
+    {"album", 1, openingAlbum},
+    {"save", 1, savingAlbum},
+    {"resize", 2, resizingMainWindow},
 };
 
 constexpr int quickRounds = 3;

@@ -23,6 +23,8 @@ QString cameraFolder();
 QString smallFolder(int count);
 /// `count` different JPEGs of 1600 x 1200.
 QString mediumFolder(int count);
+/// `count` JPEGs of 2592 x 1728, quality 90: 50 different ones under many names each.
+QString albumFolder(int count);
 /// `count` different BMPs of 4 x 4.
 QString tinyFolder(int count);
 

@@ -18,6 +18,11 @@ Contest wholeShow();
 Contest firstSound();
 Contest memoryOfLongShow();
 Contest pagesOfWebAlbum();
+Contest webAlbumAgainstCopying();
+Contest webAlbumAgainstGallery();
+Contest openingAlbum();
+Contest savingAlbum();
+Contest resizingMainWindow();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.

@@ -9,7 +9,8 @@ namespace velorama::bench {
 namespace {
 
 constexpr char screen[] = R"({ "screens": [ { "name": "one", "x": 0, "y": 0, "width": 1920,
-  "height": 1080, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })";
+  "height": 1080, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 }, { "name": "two", "x": 1920,
+  "y": 0, "width": 3840, "height": 2160, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })";
 
 }  // namespace
 

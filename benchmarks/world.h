@@ -24,8 +24,8 @@ private:
     NoShell shell_;
 };
 
-/// Tells Qt, before the application object is made, to draw into memory on one screen of 1920 x
-/// 1080.
+/// Tells Qt, before the application object is made, to draw into memory, on a screen of 1920 x 1080
+/// and a second one of 3840 x 2160.
 void useScreenInMemory();
 
 }  // namespace velorama::bench

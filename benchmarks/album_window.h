@@ -1,0 +1,44 @@
+#pragma once
+
+#include "albums/album_file.h"
+#include "imaging/look_ahead.h"
+
+namespace velorama::bench {
+
+/// Slide list, album list and album file as the main window has them, shown on the screen in
+/// memory.
+class AlbumWindow {
+public:
+    AlbumWindow();
+
+    /// Slides without pictures of their own.
+    void fill(const QStringList& paths);
+    /// Reads an album of `count` slides into the list and lets the list lay itself out.
+    void open(const QString& album);
+    /// True if every one of `count` slides has got its thumbnail.
+    bool isComplete(int count) const;
+    /// The slides become the album of this path, which stands in the album list too.
+    void own(const QString& album);
+    /// The command Save.
+    void save() { album_.mnuFILESAVE_Click(); }
+
+private:
+    AlbumListCalls calls();
+
+    QWidget form_;
+    FileList flbFOUND_;
+    ImageList imlFOUNDICONS_;
+    ImageList imlTHUMBNAILS_;
+    ListView lvwFOUND_{&form_};
+    ListView lvwSLIDEBAR_{&form_};
+    ReportView lvwALBUMS_{&form_};
+    ProgressBar prgBARSLIDES_{&form_};
+    CommonDialog cdlDIALOG_{&form_};
+    LookAhead pictures_;
+    Thumbnails thumbnails_{imlFOUNDICONS_, imlTHUMBNAILS_, pictures_};
+    SlideList slides_;
+    AlbumList albums_;
+    AlbumFile album_;
+};
+
+}  // namespace velorama::bench
