@@ -37,6 +37,8 @@ constexpr Work works[] = {
     {"album", 1, openingAlbum},
     {"save", 1, savingAlbum},
     {"resize", 2, resizingMainWindow},
+    {"webcopy", 1, webAlbumAgainstCopying},
+    {"webgallery", 1, webAlbumAgainstGallery},
 };
 
 constexpr int quickRounds = 3;
