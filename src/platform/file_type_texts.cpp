@@ -47,7 +47,7 @@ QString desktopEntry(const FileType& type) {
     const QStringList lines = {
         QStringLiteral("[Desktop Entry]"),
         QStringLiteral("Type=Application"),
-        QStringLiteral("Version=1.5"),
+        QStringLiteral("Version=1.4"),
         QStringLiteral("Name=") + entryValue(type.programName),
         QStringLiteral("Comment=") + entryValue(type.programComment),
         QStringLiteral("Exec=") + execWord(type.program) + QStringLiteral(" %f"),
