@@ -202,6 +202,44 @@ TEST_F(CloseTest, UnderTheSettingsDialogBothGo) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(CloseTest, UnderTheColourDialogOfTheSettingsAllGo) {
+    start();
+    test::expectMessage(QStringLiteral("propagateSizeHints"));
+    CommonDialog::answerColourWith([this](const ColourDialogRequest&) {
+        window->close();
+        return std::nullopt;
+    });
+    QTimer::singleShot(0, window.get(), [this] {
+        emit window->settings().findChild<cbtnddp*>(QStringLiteral("cddGRAD"))->Custom();
+    });
+    menus().mnuTOOLSOPTIONS->trigger();
+    CommonDialog::answerColourWith({});
+    EXPECT_TRUE(window->isUnloaded());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(CloseTest, ADialogThatIsUpWhileTheWindowLoadsGoesAlong) {
+    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    QTimer::singleShot(0, window.get(), [this] {
+        QDialog dialog(window.get());
+        dialog.setWindowFlags(Qt::Dialog);
+        QTimer::singleShot(0, window.get(), [this] { window->close(); });
+        dialog.exec();
+    });
+    test::expectMessage(QStringLiteral("propagateSizeHints"));
+    window->Form_Load();
+    EXPECT_TRUE(window->isUnloaded());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(CloseTest, ListsThatAreNotReadYetAreNotStored) {
+    setStored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total", QStringLiteral("7"));
+    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    QTimer::singleShot(0, window.get(), [this] { window->close(); });
+    window->Form_Load();
+    EXPECT_EQ(stored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total"), QStringLiteral("7"));
+}
+
 TEST_F(CloseTest, ASecondCloseAfterTheEndDoesNothing) {
     start();
     window->close();

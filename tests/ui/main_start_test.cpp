@@ -296,5 +296,15 @@ TEST_F(StartTest, MusicIsChosenByTheDialogOfThePage) {
     EXPECT_EQ(stored("mfrmPRGMAIN\\Details", "CMD Open FolderMP3"), QStringLiteral("/m/"));
 }
 
+TEST_F(StartTest, OnlyBlanksAreTrimmedOffTheLastAlbum) {
+    const QString folder = test::temporaryFolder();
+    const QString wide = folder + QStringLiteral("/one.vlr") + QChar(0x3000);
+    ASSERT_TRUE(QFile::copy(album(1), wide));
+    setLast(QStringLiteral("  ") + wide + QStringLiteral("  "));
+    start();
+    EXPECT_EQ(window->album().Tag(), wide);
+    EXPECT_EQ(slides().size(), 1);
+}
+
 }  // namespace
 }  // namespace velorama
