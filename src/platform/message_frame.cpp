@@ -26,7 +26,7 @@ ReadFrame readFrame(const QByteArray& bytes) {
     if (bytes.size() - frameHead < qsizetype(length)) {
         return {};
     }
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(bytes.mid(frameHead, length));
     return decoder.hasError() ? ReadFrame{ReadFrame::Refused, {}}
                               : ReadFrame{ReadFrame::Whole, text};
