@@ -11,7 +11,7 @@ void clsFILEFOLDR::FileCopyNew(const QString& Source, const QString& Target) con
     const QFileInfo from(FileExists(Source) ? hostFile(Source) : QString());
     const QFileInfo to(hostPlace(Target));
     // Onto itself, a copy has nothing to do.
-    if (!from.isFile() || to.filePath().isEmpty() || to.isDir() || from == to) {
+    if (!from.isFile() || to.filePath().isEmpty() || to.isDir() || (to.exists() && from == to)) {
         return;
     }
     copyFileWhole(from.filePath(), to.filePath());

@@ -24,6 +24,7 @@ class FileBlocks {
 public:
     explicit FileBlocks(const QString& path) : file_(path) {
         file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        size_ = file_.size();
     }
 
     QByteArray read(qint64 at, qint64 count) {
@@ -37,11 +38,12 @@ public:
         }
         return block_.isEmpty() ? 0 : static_cast<uchar>(block_.at(at - start_));
     }
-    qint64 size() const { return file_.size(); }
+    qint64 size() const { return size_; }
     int word(qint64 at) { return byte(at) * 256 + byte(at + 1); }
 
 private:
     QFile file_;
+    qint64 size_ = 0;
     qint64 start_ = 0;
     QByteArray block_;
 };
