@@ -1,0 +1,240 @@
+#!/bin/bash
+# screenshots.sh [PROGRAM [OUT [SCALE [SIZE]]]]: takes the pictures of docs/screenshots/ on an X server
+# in memory, light and dark. OUT is docs/screenshots, SCALE 1 and SIZE 1280x860 unless given. The
+# pictures show the home folder of a user who does not exist: it is mounted over /home for this script
+# alone, as root or where users may have namespaces of their own. Needs the packages of the groups
+# build and screen, sqlite3, and qt6-gtk-platformtheme for the dark ones.
+set -euo pipefail
+
+# --- outside: copies everything, because /home will be hidden, and fetches the pictures ---
+
+if [[ ${1:-} != --inside ]]; then
+    root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+    program=${1:-$root/build/release/velorama} out=${2:-$root/docs/screenshots}
+    work=$(mktemp -d /tmp/velorama-screenshots.XXXXXX)
+    trap 'rm -rf "$work"' EXIT
+    mkdir "$work/out"
+    cp "$program" "$work/velorama"
+    cp -r "$root/samples" "$root/tools/first_folder.sh" "${BASH_SOURCE[0]}" "$work/"
+    as_root=(--map-root-user)
+    if ((EUID == 0)); then
+        as_root=()
+    fi
+    (cd "$work" && unshare "${as_root[@]}" --mount bash "$work/screenshots.sh" --inside "$work" \
+        "${3:-1}" "${4:-1280x860}")
+    mkdir -p "$out"
+    cp "$work"/out/* "$out/"
+    exit
+fi
+
+work=$2 scale=$3 size=$4
+source "$work/first_folder.sh"
+pids=()
+
+end_all() {
+    local i
+    # Asked to end, it would ask in its turn whether to save.
+    if [[ -n ${running:-} ]]; then
+        kill -KILL "$running" 2>/dev/null || true
+    fi
+    for ((i = ${#pids[@]} - 1; i >= 0; i--)); do
+        kill "${pids[i]}" 2>/dev/null || true
+        wait "${pids[i]}" 2>/dev/null || true
+    done
+}
+trap end_all EXIT
+
+fail() {
+    echo "screenshots: $1" >&2
+    cat "$work/errors" >&2 2>/dev/null || true
+    exit 1
+}
+
+# until_true COMMAND...: tries for 30 seconds.
+until_true() {
+    local tries
+    for ((tries = 0; tries < 150; tries++)); do
+        if "$@" >/dev/null 2>&1; then
+            return
+        fi
+        sleep 0.2
+    done
+    return 1
+}
+
+# --- the user's home ---
+
+album() {
+    local name=$1 note=$2
+    shift 2
+    printf '%d|%s \r\n' $# "$note" >"$HOME/Pictures/$name.vlr"
+    printf '%s\r\n' "${@/#/$HOME/Pictures/}" '' >>"$HOME/Pictures/$name.vlr"
+}
+
+make_home() {
+    mount -t tmpfs tmpfs /home
+    export HOME=/home/ann
+    mkdir -p "$HOME"/{Documents,Downloads,Music,Videos,.config} \
+        "$HOME"/Pictures/{Landscapes,Garden,"By the sea"}
+    cp "$work"/samples/* "$HOME/Pictures/Landscapes/"
+    cp "$work"/samples/{Harbour,Lighthouse,Sailing,Sea}* "$HOME/Pictures/By the sea/"
+    touch "$HOME/Music"/{"Morning walk.mp3","Rain on the roof.mp3","Slow river.mid","Evening bells.wav"}
+    album 'Calm evenings' 'For the screen in the hall' "Landscapes/Sea at dusk.jpg" \
+        "Landscapes/Starry night.jpg" "Landscapes/Balloons at sunrise.jpg" \
+        "Landscapes/Misty mountains.jpg" "Landscapes/Forest light.jpg" \
+        "Landscapes/Autumn leaves.jpg" "Landscapes/Desert dunes.jpg"
+    album 'By the sea' "Summer at Grandmother's" "By the sea/Lighthouse.jpg" \
+        "By the sea/Harbour in fog.jpg" "By the sea/Sea at dusk.jpg"
+    album 'Garden' '' "Landscapes/Poppy meadow.bmp" "Landscapes/Autumn leaves.jpg"
+}
+
+# put KEY NAME TEXT
+put() { store_put "$HOME/.config" "$1" "$2" "$3"; }
+
+choose_settings() {
+    rm -rf "$HOME/.config/velorama"
+    put 'mfrmPRGMAIN\View' TABIDX 1
+    put 'mfrmPRGMAIN\View' Slideshow "$HOME/Pictures/Calm evenings.vlr"
+    put 'frmTOOLSSETTINGS\Items' 'Files Location' "$HOME/Pictures/Landscapes"
+    put 'frmCONFIG\Items' INTERVAL 20
+    put 'frmCONFIG\Items' TRANSITION 60
+    put 'mfrmPRGMAIN\Items Total' 'lvwALBUMSList Total' 3
+    put 'mfrmPRGMAIN\Details' lvwALBUMS1 "$HOME/Pictures/By the sea.vlr"
+    put 'mfrmPRGMAIN\Details' lvwALBUMS2 "$HOME/Pictures/Calm evenings.vlr"
+    put 'mfrmPRGMAIN\Details' lvwALBUMS3 "$HOME/Pictures/Garden.vlr"
+    put 'mfrmPRGMAINAUD\Items Total' 'lstMUSICList Total' 4
+    local row=0 file
+    for file in "$HOME"/Music/*; do
+        put 'mfrmPRGMAINAUD\Details' "lstMUSIC$((row++))" "$file"
+    done
+}
+
+# --- the desktop ---
+
+wm_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+
+start_desktop() {
+    export XDG_CONFIG_HOME=$HOME/.config XDG_DATA_HOME=$HOME/.local/share XDG_CACHE_HOME=$HOME/.cache
+    export XDG_RUNTIME_DIR=$work/runtime QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 QT_SCALE_FACTOR=$scale
+    mkdir -m 700 "$XDG_RUNTIME_DIR"
+    Xvfb -displayfd 3 -screen 0 2560x1720x24 -noreset -nolisten tcp 3>"$work/display" 2>/dev/null &
+    pids+=($!)
+    until_true test -s "$work/display" || fail "the X server did not start"
+    DISPLAY=:$(<"$work/display")
+    export DISPLAY
+    unset WAYLAND_DISPLAY
+    dbus-daemon --session --nofork --address="unix:path=$XDG_RUNTIME_DIR/bus" 2>/dev/null &
+    pids+=($!)
+    export DBUS_SESSION_BUS_ADDRESS=unix:path=$XDG_RUNTIME_DIR/bus
+    until_true test -S "$XDG_RUNTIME_DIR/bus" || fail "the session bus did not start"
+    openbox --sm-disable >/dev/null 2>&1 &
+    pids+=($!)
+    until_true wm_runs || fail "the window manager did not start"
+}
+
+# --- the program ---
+
+main_window() { xdotool search --all --onlyvisible --pid "$running" --name ' - Velorama|^Velorama' | grep -m1 .; }
+
+press() {
+    kill -0 "$running" 2>/dev/null || fail "the program ended too early"
+    xdotool key --delay 80 "$@"
+}
+
+# The window that has the keyboard, if it is a dialog.
+dialog() {
+    local active
+    active=$(xdotool getactivewindow) && [[ $active != "$window" ]] && echo "$active"
+}
+
+# The pointer rests where it lights nothing up.
+start_program() {
+    choose_settings
+    (cd "$HOME" && exec "$work/velorama") 2>"$work/errors" &
+    running=$!
+    pids+=("$running")
+    until_true main_window || fail "no window came up"
+    window=$(main_window)
+    xdotool windowactivate --sync "$window" windowsize "$window" "${size%x*}" "${size#*x}" \
+        windowmove "$window" 100 100 mousemove 2550 1700
+    sleep 4
+}
+
+# take NAME WINDOW
+take() {
+    import -silent -window "$2" "$work/out/$1$suffix.png"
+    convert "$work/out/$1$suffix.png" -strip -dither None -colors 256 "PNG8:$work/small.png"
+    mv "$work/small.png" "$work/out/$1$suffix.png"
+}
+
+take_dialog() {
+    local name=$1
+    until_true dialog || fail "no dialog: $name"
+    sleep 0.7
+    take "$name" "$(dialog)"
+}
+
+take_pages() {
+    local page
+    for page in slideshows pictures music webalbum help; do
+        sleep 1
+        take "page-$page" "$window"
+        press ctrl+Tab
+    done
+}
+
+# With its bar, as large as the other pictures.
+take_show() {
+    press F5
+    sleep 6
+    press Right
+    sleep 5
+    xdotool mousemove 1200 1719
+    sleep 1.5
+    import -silent -window root -resize 1280x860 -strip -quality 82 "$work/out/show.jpg"
+    xdotool mousemove 2550 100
+    press Escape
+    until_true main_window || fail "the main window did not come back"
+    xdotool windowactivate --sync "$window"
+    sleep 0.5
+}
+
+take_settings() {
+    press alt+s
+    sleep 0.3
+    press t
+    take_dialog settings
+    press Escape
+    sleep 0.5
+}
+
+# A slide has been removed, so that there is something to save.
+take_question() {
+    press alt+d
+    sleep 0.3
+    press c
+    sleep 0.5
+    press alt+F4
+    take_dialog question
+}
+
+run_once() {
+    suffix=$1
+    start_program
+    take_pages
+    take_settings
+    if [[ -z $suffix ]]; then  # a show has its own colours
+        take_show
+    fi
+    take_question
+    # Every picture is taken, and nothing of this home is to be kept.
+    kill -KILL "$running"
+    wait "$running" 2>/dev/null || true
+}
+
+make_home
+start_desktop
+run_once ''
+# The theme of the desktop, asked for by the means of desktops.
+export QT_QPA_PLATFORMTHEME=gtk3 GTK_THEME=Adwaita:dark QT_STYLE_OVERRIDE=Fusion
+run_once -dark
