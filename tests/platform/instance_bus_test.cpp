@@ -209,7 +209,7 @@ TEST_F(Bus, AnEarlierProcessOfTheSameNumberIsNoHindrance) {
 }
 
 TEST_F(Bus, OtherThingsInTheFolderAreLeftAlone) {
-    for (const char* name : {"notes", "5-", "-5", "5-x", "12345678901-5"}) {
+    for (const char* name : {"notes", "5-", "-5", "5-x", "12345678901-5", "7-99"}) {
         QFile file(socketPath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
