@@ -23,15 +23,18 @@ enum Marker : int { App1 = 0xE1, StartOfImage = 0xD8, EndOfImage = 0xD9, StartOf
 class FileBlocks {
 public:
     explicit FileBlocks(const QString& path) : file_(path) {
-        file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-        size_ = file_.size();
+        if (file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+            size_ = file_.size();
+            block_ = file_.read(blockSize);
+        }
     }
 
     QByteArray read(qint64 at, qint64 count) {
         return file_.isOpen() && file_.seek(at) ? file_.read(count) : QByteArray();
     }
+    /// Before any other is asked for: the first bytes, at most a block.
+    QByteArray head(qint64 count) const { return block_.left(count); }
     int byte(qint64 at) {
-        constexpr qint64 blockSize = 4096;
         if (at < start_ || at >= start_ + block_.size()) {
             start_ = at;
             block_ = read(at, blockSize);
@@ -42,6 +45,8 @@ public:
     int word(qint64 at) { return byte(at) * 256 + byte(at + 1); }
 
 private:
+    static constexpr qint64 blockSize = 4096;
+
     QFile file_;
     qint64 size_ = 0;
     qint64 start_ = 0;
@@ -114,7 +119,7 @@ QSize PictureFileSize(const QString& path) {
     }
     constexpr qint64 headSize = 64;
     FileBlocks blocks(file);
-    const QByteArray head = blocks.read(0, headSize);
+    const QByteArray head = blocks.head(headSize);
     const QSize size = head.startsWith("\xFF\xD8") ? jpegSize(blocks) : headSizeOf(head);
     return size.isEmpty() ? QSize() : size;
 }
