@@ -376,4 +376,16 @@ QItemSelectionModel::SelectionFlags ReportView::selectionCommand(const QModelInd
                : command;
 }
 
+// The ground of a row reaches beyond the columns, and the view would repaint these only.
+void ReportView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeWidget::currentChanged(current, previous);
+    viewport()->update();
+}
+
+void ReportView::selectionChanged(const QItemSelection& selected,
+                                  const QItemSelection& deselected) {
+    QTreeWidget::selectionChanged(selected, deselected);
+    viewport()->update();
+}
+
 }  // namespace velorama

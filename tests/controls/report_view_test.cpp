@@ -3,6 +3,7 @@
 #include "controls/icon.h"
 
 #include <QHeaderView>
+#include <QPaintEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -16,6 +17,21 @@ namespace {
 QString key(int number) {
     return QStringLiteral("/albums/%1.vlr").arg(number);
 }
+
+/// What is painted anew in a viewport while it lives.
+class PaintedArea : public QObject {
+public:
+    explicit PaintedArea(QWidget& viewport) { viewport.installEventFilter(this); }
+    QRegion area;
+
+private:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            area += static_cast<const QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+};
 
 class Report : public testing::Test {
 protected:
@@ -376,6 +392,18 @@ TEST_F(Report, TheSelectedRowIsInSightWhenTheListIsShown) {
     view.resize(400, 120);
     view.show();
     EXPECT_TRUE(view.viewport()->rect().contains(cell(100).center()));
+}
+
+TEST_F(Report, ARowThatIsLeftIsPaintedAnewBehindTheColumnsToo) {
+    fill(2);
+    view.item(1)->setSelected(true);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    QCoreApplication::processEvents();
+    ASSERT_LT(cell(1, 2).right(), view.viewport()->width() - 10);
+    PaintedArea painted(*view.viewport());
+    view.item(2)->setSelected(true);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(painted.area.contains(QPoint(view.viewport()->width() - 5, cell(1).center().y())));
 }
 
 }  // namespace
