@@ -4,8 +4,21 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextDocument>
 
 namespace velorama {
+namespace {
+
+// A tooltip of more than this is larger than the screen.
+constexpr qsizetype longestTooltip = 2000;
+
+/// A tooltip that shows the text as it is: a file name or a server's answer may look like markup.
+QString plainTooltip(const QString& text) {
+    const QString start = text.left(longestTooltip);
+    return Qt::mightBeRichText(start) ? Qt::convertFromPlainText(start) : start;
+}
+
+}  // namespace
 
 Label::Label(QWidget* parent) : QWidget(parent) {}
 
@@ -34,7 +47,7 @@ void Label::paintEvent(QPaintEvent*) {
     QString line = caption_;
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     const QString shown = fontMetrics().elidedText(line, Qt::ElideMiddle, width());
-    setToolTip(shown == line ? QString() : caption_);
+    setToolTip(shown == line ? QString() : plainTooltip(caption_));
     painter.setPen(foreColor_.isValid() ? foreColor_ : palette().color(foregroundRole()));
     painter.drawText(rect(), static_cast<int>(alignment_ | Qt::TextSingleLine), shown);
 }

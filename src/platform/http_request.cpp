@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QHostAddress>
 #include <QNetworkProxyFactory>
-#include <QNetworkReply>
 
 #include <utility>
 
@@ -78,14 +77,14 @@ void HttpRequest::follow(QNetworkReply* reply) {
     connect(reply, &QNetworkReply::readyRead, this, &HttpRequest::readMore);
     connect(reply, &QNetworkReply::finished, this, [this] {
         readMore();
-        if (reply_ != nullptr) {
+        if (reply_) {
             end(reply_->error() == QNetworkReply::NoError);
         }
     });
 }
 
 void HttpRequest::readMore() {
-    if (reply_ == nullptr) {
+    if (!reply_) {
         return;
     }
     answer_.body += reply_->read(limits_.bytes + 1 - answer_.body.size());
@@ -97,7 +96,7 @@ void HttpRequest::readMore() {
 }
 
 void HttpRequest::end(bool ok) {
-    if (reply_ != nullptr) {
+    if (reply_) {
         const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         answer_.ok = ok && status < FirstErrorStatus;
         answer_.address = reply_->url();
@@ -113,7 +112,7 @@ void HttpRequest::end(bool ok) {
 
 void HttpRequest::letGo() {
     time_.stop();
-    if (QNetworkReply* const reply = std::exchange(reply_, nullptr)) {
+    if (QNetworkReply* const reply = std::exchange(reply_, {})) {
         reply->disconnect(this);
         reply->abort();
         reply->deleteLater();

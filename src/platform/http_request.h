@@ -2,13 +2,13 @@
 
 #include <QByteArray>
 #include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <QUrl>
 
 #include <chrono>
-
-class QNetworkReply;
 
 namespace velorama {
 
@@ -54,7 +54,8 @@ private:
 
     HttpLimits limits_;
     HttpAnswer answer_;
-    QNetworkReply* reply_ = nullptr;
+    /// The access manager owns it and may go first.
+    QPointer<QNetworkReply> reply_;
     QTimer time_;
 };
 
