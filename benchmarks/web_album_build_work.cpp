@@ -11,8 +11,10 @@
 #include "world.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -37,44 +39,67 @@ void settleDisk(const QString& folder) {
     }
 }
 
-/// An empty folder beside the pictures, on their disk.
-QString emptied(const QString& name) {
-    const QString folder = dataFolder(name);
-    QDir(folder).removeRecursively();
-    QDir().mkpath(folder);
-    settleDisk(folder);
-    return folder;
-}
+/// A folder on the disk of the pictures for one measurement. All are gone at the end of the
+/// program and not before: the disk is slow to give the places of deleted files to new ones. Until
+/// then their files are empty.
+class Place {
+public:
+    Place() : path_(all().filePath(QString::number(++number))) {
+        QDir().mkpath(path_);
+        settleDisk(path_);
+    }
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+    ~Place() {
+        QDirIterator files(path_, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            ::truncate(QFile::encodeName(files.next()).constData(), 0);
+        }
+    }
+
+    const QString& path() const { return path_; }
+
+private:
+    static const QTemporaryDir& all() {
+        static const QTemporaryDir folder(dataFolder(QStringLiteral("web")) + u"/run-XXXXXX");
+        return folder;
+    }
+
+    static inline int number = 0;
+    QString path_;
+};
 
 class DocumentsShell : public NoShell {
 public:
-    QString specialFolder(int) const override {
-        return dataFolder(QStringLiteral("web-albums")) + u'/';
-    }
+    QString specialFolder(int) const override { return documents + u'/'; }
+
+    QString documents;
 };
 
 /// The services know a documents folder from then on.
-void useDocuments() {
+DocumentsShell& shellWithDocuments() {
     static MemoryRegistryStore store;
     static DocumentsShell shell;
     makeServices(store, shell);
+    return shell;
 }
 
 /// The page WebAlbum and a slide list of so many photographs.
 class WebAlbumWindow {
 public:
-    explicit WebAlbumWindow(int pictures) : pictures_(pictures) {
+    explicit WebAlbumWindow(int pictures) : pictures_(pictures), shell_(shellWithDocuments()) {
         for (const QString& path : filesOf(albumFolder(pictures))) {
             lvwSLIDEBAR_.Add(lvwSLIDEBAR_.Count() + 1, path, QFileInfo(path).fileName(), 0);
         }
     }
 
     std::optional<double> timeOfBuild() {
-        const QString place = emptied(QStringLiteral("web-albums"));
+        const Place place;
+        shell_.documents = place.path();
         const Stopwatch watch;
         album_.cbtnWEBALBUM_Click();
         const double time = watch.milliseconds();
-        const QDir album(place + QStringLiteral("/My WebAlbum/Bench"));
+        const QDir album(place.path() + QStringLiteral("/My WebAlbum/Bench"));
         const auto pages = album.entryList({QStringLiteral("*.jpg.html")}).size();
         const auto copies = QDir(album.filePath(QStringLiteral("pictures"))).entryList(QDir::Files);
         return pages == pictures_ && copies.size() == pictures_ ? std::optional(time)
@@ -91,28 +116,28 @@ private:
     }
 
     int pictures_;
+    DocumentsShell& shell_;
     ListView lvwSLIDEBAR_;
     ProgressBar prgBARSLIDES_;
     WebAlbum album_{{&lvwSLIDEBAR_, &prgBARSLIDES_, nullptr}, values(), {}};
 };
 
 std::optional<double> timeOfCopying(const QStringList& files) {
-    const QString target = emptied(QStringLiteral("copies"));
-    return timeOfProgram(QStringLiteral("cp"), QStringList(files) + QStringList(target));
+    const Place target;
+    return timeOfProgram(QStringLiteral("cp"), QStringList(files) + QStringList(target.path()));
 }
 
 /// It works in the folder of the pictures itself, and copies nothing.
 std::optional<double> timeOfGallery(const QStringList& files) {
-    const QString folder = emptied(QStringLiteral("gallery"));
+    const QTemporaryDir place(dataFolder(QStringLiteral("web")) + u"/gallery-XXXXXX");
     for (const QString& file : files) {
-        ::link(QFile::encodeName(file).constData(),
-               QFile::encodeName(folder + u'/' + QFileInfo(file).fileName()).constData());
+        const QString name = place.filePath(QFileInfo(file).fileName());
+        ::link(QFile::encodeName(file).constData(), QFile::encodeName(name).constData());
     }
-    return timeOfProgram(QStringLiteral("llgal"), {QStringLiteral("-d"), folder});
+    return timeOfProgram(QStringLiteral("llgal"), {QStringLiteral("-d"), place.path()});
 }
 
 Measure build(int pictures) {
-    useDocuments();
     const auto window = std::make_shared<WebAlbumWindow>(pictures);
     return [window] { return window->timeOfBuild(); };
 }
