@@ -1,0 +1,200 @@
+#include "shell/frm_helpcenter.h"
+
+#include "controls/keys.h"
+#include "controls/twips.h"
+#include "core/globals.h"
+#include "core/lib_txt.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QWindow>
+
+#include <cmath>
+
+namespace velorama {
+namespace {
+
+constexpr int Margin = 8;
+constexpr int Gap = 6;
+constexpr int GroupGap = 18;
+constexpr qreal HeaderScale = 1.4;
+constexpr float designWidth = 10500;
+constexpr float designHeight = 8700;
+
+/// Not below the folder of the other pages.
+QString homeAddress() {
+    return QUrl(libTxt.HelpUrl).resolved(QUrl(QStringLiteral("../home/index.html"))).toString();
+}
+
+cbtn* makeButton(QWidget* form, const char* name, const char* symbol, const char* caption,
+                 const char* tooltip) {
+    auto* button = new cbtn(form);
+    button->setObjectName(QLatin1String(name));
+    button->setText(QLatin1String(caption));
+    button->setSymbol(QLatin1String(symbol));
+    button->setToolTip(QLatin1String(tooltip));
+    button->setAccessibleName(QLatin1String(caption));
+    return button;
+}
+
+}  // namespace
+
+frmHELPCENTER::frmHELPCENTER() : QWidget(nullptr, Qt::Window) {
+    setObjectName(QStringLiteral("frmHELPCENTER"));
+    setWindowTitle(QStringLiteral("Help"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    makeControls();
+    layOut();
+    connectButtons();
+    setWidth(*this, designWidth);
+    setHeight(*this, designHeight);
+    setLeft(*this, std::round((screenWidth(*this) - Width(*this)) / 2));
+    setTop(*this, std::round((screenHeight(*this) - Height(*this)) / 2));
+    gRegistry->FormDimensionsSetup(*this, true);
+}
+
+frmHELPCENTER::~frmHELPCENTER() {
+    unload();
+}
+
+void frmHELPCENTER::makeControls() {
+    lblHEADERCAPTION = new QLabel(QStringLiteral("Help Center"), this);
+    lblHEADERCAPTION->setObjectName(QStringLiteral("lblHEADERCAPTION"));
+    QFont header = lblHEADERCAPTION->font();
+    header.setPointSizeF(header.pointSizeF() * HeaderScale);
+    header.setBold(true);
+    lblHEADERCAPTION->setFont(header);
+    cbtnSTARTED =
+        makeButton(this, "cbtnSTARTED", "play", "Getting Started", "Open the Getting Started page");
+    cbtnEMAIL = makeButton(this, "cbtnEMAIL", "support", "E-mail", "Send an Email");
+    cbtnHOME = makeButton(this, "cbtnHOME", "help", "Index", "Go to Home page");
+    cbtnCLOSE = makeButton(this, "cbtnCLOSE", "clear", "Close", "Close Help Center");
+    cbtnBACK = makeButton(this, "cbtnBACK", "move-back", "Back", "Go Back");
+    cbtnFORWARD = makeButton(this, "cbtnFORWARD", "move-forward", "Forward", "Go Forward");
+    cbtnBACK->setEnabled(false);
+    cbtnFORWARD->setEnabled(false);
+    webWINDOW = new velorama::webWINDOW(this);
+    webWINDOW->setObjectName(QStringLiteral("webWINDOW"));
+    webWINDOW->setAccessibleName(QStringLiteral("Help page"));
+    webWINDOW->setFocus();
+}
+
+void frmHELPCENTER::layOut() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Gap);
+    for (cbtn* button : {cbtnSTARTED, cbtnEMAIL, cbtnHOME, cbtnCLOSE, cbtnBACK, cbtnFORWARD}) {
+        if (button == cbtnBACK) {
+            row->addSpacing(GroupGap);
+        }
+        row->addWidget(button);
+    }
+    row->addStretch();
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(Margin, Margin, Margin, Margin);
+    rows->setSpacing(Margin);
+    rows->addWidget(lblHEADERCAPTION);
+    rows->addLayout(row);
+    rows->addWidget(webWINDOW, 1);
+    rows->activate();
+}
+
+void frmHELPCENTER::connectButtons() {
+    const auto page = [this](const cbtn* button, const char* name) {
+        connect(button, &cbtn::Click, this,
+                [name] { gLibrary->subHELPCENTERPAGEOPEN(QLatin1String(name)); });
+    };
+    page(cbtnSTARTED, "menuhelpgettingstarted.html");
+    page(cbtnEMAIL, "menuhelpsupport.html");
+    connect(cbtnHOME, &cbtn::Click, this, [this] { webWINDOW->Navigate(homeAddress()); });
+    connect(cbtnCLOSE, &cbtn::Click, this, &QWidget::close);
+    connect(cbtnBACK, &cbtn::Click, this, [this] {
+        webWINDOW->GoBack();
+        webWINDOW->Refresh();
+    });
+    connect(cbtnFORWARD, &cbtn::Click, this, [this] {
+        webWINDOW->GoForward();
+        webWINDOW->Refresh();
+    });
+    connect(webWINDOW, &webWINDOW::CommandStateChange, this,
+            &frmHELPCENTER::webWINDOW_CommandStateChange);
+    connect(webWINDOW, &webWINDOW::DocumentComplete, webWINDOW, &webWINDOW::Refresh);
+    connect(webWINDOW, &webWINDOW::OutsideLink, this, [this](const QUrl& address) {
+        gRegistry->InternetLinkRun(QString::number(winId()), libTxt.ProtocolHttp,
+                                   address.toString(QUrl::FullyEncoded));
+    });
+}
+
+void frmHELPCENTER::webWINDOW_CommandStateChange(int Command, bool Enable) {
+    const qint16 flag = Enable ? -1 : 0;
+    if (Command == velorama::webWINDOW::CommandForward) {
+        forwardEnabled_ = flag;
+    } else if (Command == velorama::webWINDOW::CommandBack) {
+        backEnabled_ = flag;
+    }
+    cbtnFORWARD->setEnabled(forwardEnabled_ != 0);
+    cbtnBACK->setEnabled(backEnabled_ != 0);
+}
+
+bool frmHELPCENTER::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        webWINDOW->Refresh();
+    }
+    return QWidget::event(event);
+}
+
+// No help on top of help.
+void frmHELPCENTER::keyPressEvent(QKeyEvent* event) {
+    if (keyCode(*event) == KeyF1) {
+        event->accept();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void frmHELPCENTER::closeEvent(QCloseEvent* event) {
+    unload();
+    QWidget::closeEvent(event);
+}
+
+void frmHELPCENTER::unload() {
+    if (loaded_ && gRegistry) {
+        gRegistry->FormDimensionsSave(*this, true);
+    }
+    loaded_ = false;
+}
+
+HelpCenter::HelpCenter(QWidget* main) : main_(main) {
+    clsLIBRARY::showHelpWith([this](const QString& address) { open(address); });
+}
+
+HelpCenter::~HelpCenter() {
+    clsLIBRARY::showHelpWith(nullptr);
+    unload();
+}
+
+void HelpCenter::open(const QString& address) {
+    // One that has been closed is on its way out.
+    if (form_ && !form_->isVisible()) {
+        delete form_;
+    }
+    if (form_) {
+        form_->webWINDOW->Navigate(address);
+        return;
+    }
+    form_ = new frmHELPCENTER;
+    form_->webWINDOW->Navigate(address);
+    // A dialog shuts out all windows but those above it.
+    const QWidget* asking = QApplication::activeModalWidget();
+    asking = asking != nullptr ? asking : main_;
+    form_->winId();
+    form_->windowHandle()->setTransientParent(asking != nullptr ? asking->window()->windowHandle()
+                                                                : nullptr);
+    form_->show();
+}
+
+void HelpCenter::unload() {
+    delete form_;
+}
+
+}  // namespace velorama

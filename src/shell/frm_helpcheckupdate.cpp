@@ -1,0 +1,132 @@
+#include "shell/frm_helpcheckupdate.h"
+
+#include "controls/label.h"
+#include "core/globals.h"
+#include "core/lib_txt.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace velorama {
+namespace {
+
+constexpr int Margin = 18;
+constexpr int Gap = 8;
+constexpr int ButtonWidth = 84;
+constexpr int TextColumns = 52;
+constexpr qreal TitleScale = 1.5;
+
+/// Where nothing stands, the text of the design stays.
+struct OutcomeTexts {
+    UpdateOutcome outcome;
+    const char* description;
+    const char* helpText;
+    bool question;
+};
+
+constexpr OutcomeTexts outcomeTexts[] = {
+    {UpdateOutcome::NoAnswer, "There is an error accessing, please try later.",
+     "If this persists please check your connection.", false},
+    {UpdateOutcome::Newer, nullptr, nullptr, true},
+    {UpdateOutcome::Latest, "You have the latest version.",
+     "If you need updates then please contact support.", false},
+};
+
+void setText(QLabel& label, const char* text) {
+    if (text != nullptr) {
+        label.setText(QLatin1String(text));
+    }
+}
+
+}  // namespace
+
+frmHELPCHECKUPDATE::frmHELPCHECKUPDATE(QWidget* owner)
+    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint) {
+    setObjectName(QStringLiteral("frmHELPCHECKUPDATE"));
+    setWindowTitle(QStringLiteral("Check for Updates"));
+    setWindowModality(Qt::ApplicationModal);
+    lblTITLE = makeText("lblTITLE", libTxt.ProductName, TitleScale);
+    lblDESCRIPTION =
+        makeText("lblDESCRIPTION", QStringLiteral("There is a newer version available."));
+    lblPROGNO = new Label(this);
+    lblPROGNO->setObjectName(QStringLiteral("lblPROGNO"));
+    lblPROGNO->setCaption(QStringLiteral("New Version:"));
+    lblPROGNO->setFixedHeight(fontMetrics().height());
+    lblCURRENT = makeText("lblCURRENT", QStringLiteral("Version: ") + libTxt.VersionNumber);
+    lblHELPTEXT = makeText("lblHELPTEXT", QStringLiteral("Press Yes to Download new version or "
+                                                         "press No to return to the document."));
+    btnYES = makeButton("btnYES", QStringLiteral("&Yes"),
+                        QStringLiteral("Open the program's home page in the browser"));
+    btnNO = makeButton("btnNO", QStringLiteral("&No "), QStringLiteral("Close this window"));
+    connect(btnYES, &QPushButton::clicked, this, &frmHELPCHECKUPDATE::btnYES_Click);
+    connect(btnNO, &QPushButton::clicked, this, &QDialog::reject);
+    layOut();
+}
+
+QLabel* frmHELPCHECKUPDATE::makeText(const char* name, const QString& text, qreal scale) {
+    auto* label = new QLabel(text, this);
+    label->setObjectName(QLatin1String(name));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    QFont sized = label->font();
+    sized.setPointSizeF(sized.pointSizeF() * scale);
+    sized.setBold(scale > 1);
+    label->setFont(sized);
+    return label;
+}
+
+QPushButton* frmHELPCHECKUPDATE::makeButton(const char* name, const QString& caption,
+                                            const QString& tooltip) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tooltip);
+    button->setMinimumWidth(ButtonWidth);
+    return button;
+}
+
+void frmHELPCHECKUPDATE::layOut() {
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(Margin, Margin, Margin, Margin);
+    rows->setSpacing(Gap);
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    const int width = TextColumns * fontMetrics().averageCharWidth();
+    for (QWidget* row : std::initializer_list<QWidget*>{lblTITLE, lblDESCRIPTION, lblPROGNO,
+                                                        lblCURRENT, lblHELPTEXT}) {
+        row->setFixedWidth(width);
+        rows->addWidget(row);
+    }
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(btnYES);
+    buttons->addWidget(btnNO);
+    rows->addSpacing(Gap);
+    rows->addLayout(buttons);
+}
+
+void frmHELPCHECKUPDATE::tell(UpdateOutcome outcome, const QString& result,
+                              const QString& closeCaption) {
+    for (const OutcomeTexts& texts : outcomeTexts) {
+        if (texts.outcome != outcome) {
+            continue;
+        }
+        setText(*lblDESCRIPTION, texts.description);
+        setText(*lblHELPTEXT, texts.helpText);
+        lblPROGNO->setCaption(QStringLiteral("Latest Version: ") + result);
+        btnYES->setVisible(texts.question);
+        if (!texts.question) {
+            btnNO->setText(closeCaption);
+        }
+    }
+    (btnYES->isHidden() ? btnNO : btnYES)->setDefault(true);
+    setAccessibleDescription(lblDESCRIPTION->text());
+    layout()->activate();
+}
+
+void frmHELPCHECKUPDATE::btnYES_Click() {
+    gRegistry->InternetLinkRun(QString::number(winId()), libTxt.ProtocolHttp, libTxt.WebsiteUrl);
+    accept();
+}
+
+}  // namespace velorama
