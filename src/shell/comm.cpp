@@ -1,5 +1,7 @@
 #include "shell/comm.h"
 
+#include "shell/window_number.h"
+
 #include <QEvent>
 
 namespace velorama {
@@ -20,10 +22,6 @@ bool Comm::eventFilter(QObject* watched, QEvent* event) {
         bus_.setTitle(window_->windowTitle());
     }
     return false;
-}
-
-quint32 windowNumber(const QWidget& window) {
-    return static_cast<quint32>(window.winId());
 }
 
 }  // namespace velorama

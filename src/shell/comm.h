@@ -14,7 +14,8 @@ class Comm : public QObject {
 public:
     explicit Comm(InstanceBus& bus) : bus_(bus) {}
 
-    /// From now on texts for this window arrive here, and others find it by its caption.
+    /// From now on texts for this window, which has its handle, arrive here, and others find it by
+    /// its caption.
     void CommBind(QWidget& window);
     /// Number of another instance's window whose caption fits the pattern, which may end in the
     /// wildcard " *"; 0 if there is none.
@@ -32,8 +33,5 @@ private:
     InstanceBus& bus_;
     QPointer<QWidget> window_;
 };
-
-/// A window's handle as other processes know it.
-quint32 windowNumber(const QWidget& window);
 
 }  // namespace velorama

@@ -2,6 +2,7 @@
 
 #include "shell/assoc_com.h"
 #include "shell/assoc_reg.h"
+#include "shell/window_number.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -35,13 +36,15 @@ void InstanceStart::InstanceStartup(QWidget& mainWindow, const QString& commandL
         cComm_ = std::make_unique<Comm>(*bus_);
         QObject::connect(cComm_.get(), &Comm::MessageReceived, cComm_.get(),
                          [this](const QString& message) { cComm_MessageReceived(message); });
-        cComm_->CommBind(mainWindow);
+        whenNumbered(mainWindow, [this, &mainWindow] { cComm_->CommBind(mainWindow); });
     }
     const QString file = fileOf(commandLine);
     if (FileExistsQuick(file)) {
         handOver(file);
     }
-    RegDwordSet(store_, root_, key_, handleName, windowNumber(mainWindow));
+    whenNumbered(mainWindow, [this, &mainWindow] {
+        RegDwordSet(store_, root_, key_, handleName, windowNumber(mainWindow));
+    });
 }
 
 void InstanceStart::handOver(const QString& file) {

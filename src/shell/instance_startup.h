@@ -12,12 +12,12 @@ namespace velorama {
 /// second instance is not ended by it, and the first does nothing about what it is handed.
 class InstanceStart {
 public:
-    /// Without a bus there is no hand-over. Both must outlive this; this must not be used after its
-    /// window.
+    /// Without a bus there is no hand-over. Both must outlive this, and this its window.
     InstanceStart(RegistryStore& store, InstanceBus* bus, AppPlace app = App());
 
     /// `commandLine` is what follows the program's own name, in one text. `mainWindow` has its
-    /// caption already. Its handle becomes `hwnd`, last of all.
+    /// caption already. Its handle becomes `hwnd`, last of all; a window that has none yet is bound
+    /// and written down when it gets it.
     void InstanceStartup(QWidget& mainWindow, const QString& commandLine);
 
 private:

@@ -42,7 +42,10 @@ public:
 
 class Startup : public testing::Test {
 protected:
-    void SetUp() override { window.setWindowTitle(QStringLiteral("Velorama")); }
+    void SetUp() override {
+        window.setWindowTitle(QStringLiteral("Velorama"));
+        window.winId();
+    }
 
     QString make(const QString& name) const {
         const QString path = folder + u'/' + name;
@@ -187,6 +190,25 @@ TEST_F(Startup, TheCaptionIsFollowed) {
     EXPECT_EQ(bus.calls, QStringList(QStringLiteral("title Velorama - /a/trip.vlr")));
 }
 
+TEST_F(Startup, AWindowWithoutAHandleIsNotGivenOneBeforeItIsShown) {
+    NotedBus other;
+    InstanceStart early(store, &other);
+    QWidget later;
+    later.setWindowTitle(QStringLiteral("Velorama"));
+    early.InstanceStartup(later, QString());
+    EXPECT_FALSE(later.testAttribute(Qt::WA_WState_Created));
+    EXPECT_EQ(other.calls, QStringList());
+    EXPECT_EQ(stored(), QString());
+    later.show();
+    EXPECT_EQ(other.calls, QStringList(QStringLiteral("bind Velorama")));
+    EXPECT_EQ(other.bound, static_cast<quint32>(later.winId()));
+    EXPECT_EQ(stored(), QString::number(static_cast<quint32>(later.winId())));
+    other.calls.clear();
+    later.hide();
+    later.show();
+    EXPECT_EQ(other.calls, QStringList());
+}
+
 TEST_F(Startup, MessagesAfterTheEndReachNobody) {
     NotedBus other;
     {
@@ -202,6 +224,7 @@ TEST(Comm, HandsOnWhatItReceives) {
     NotedBus bus;
     Comm comm(bus);
     QWidget window;
+    window.winId();
     QStringList received;
     QObject::connect(&comm, &Comm::MessageReceived, &comm,
                      [&received](const QString& text) { received.append(text); });
