@@ -108,7 +108,7 @@ private:
 
     QuietScreenSaver screenSaver_;
     MediaCommands device_;
-    mfrmPRGMAIN window_{screenSaver_, device_};
+    mfrmPRGMAIN window_{MainServices{screenSaver_, device_}};
     PaintCount count_;
 };
 

@@ -1,11 +1,14 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "platform/desktop_background.h"
+#include "platform/http_fetch.h"
 #include "platform/media_commands.h"
 #include "platform/screen_saver.h"
 #include "platform/shell.h"
 #include "platform/sqlite_registry_store.h"
 #include "platform/termination.h"
+#include "shell/assoc_ext.h"
+#include "shell/instance_startup.h"
 #include "ui/main_window.h"
 
 #include <QApplication>
@@ -40,7 +43,16 @@ int main(int argc, char** argv) {
     makeServices(store, *shell);
     int result = 0;
     {
-        mfrmPRGMAIN mainWindow(*screenSaver, *device, desktop.get());
+        NetworkFetch netCHECKUPDATE;
+        const auto bus = makeInstanceBus();
+        InstanceStart instance(store, bus.get());
+        const auto fileTypes = makeDesktopFileTypes();
+        FileAssociation association(store, *fileTypes);
+        mfrmPRGMAIN mainWindow({*screenSaver, *device, desktop.get(), &netCHECKUPDATE,
+                                [&](QWidget& window, const QString& words) {
+                                    instance.InstanceStartup(window, words);
+                                    association.AssociationCheck();
+                                }});
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
         mainWindow.Form_Load(commandLine());

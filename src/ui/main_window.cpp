@@ -50,9 +50,8 @@ private:
     mfrmPRGMAIN& form_;
 };
 
-mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device,
-                         DesktopBackground* desktop)
-    : screenSaver_(screenSaver),
+mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
+    : services_(std::move(services)),
       surface_(new Surface(*this)),
       controls_(*surface_),
       cdlDIALOG_(this),
@@ -68,7 +67,7 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device,
              thumbnails_, foundListCalls()),
       albums_(albumListControls(), albumListCalls()),
       album_(albumControls(), slides_, thumbnails_, albums_),
-      audio_(musicControls(), device,
+      audio_(musicControls(), services_.device,
              [this](const MusicFileRequest& request) { return chooseMusic(request); }),
       webAlbum_(webAlbumControls(), webAlbumPage_.values(), webAlbumScreen()),
       preview_({controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER},
@@ -76,7 +75,8 @@ mfrmPRGMAIN::mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device,
       wallpaper_(
           {controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER, controls_.picWALLPAPER,
            controls_.picPREVIEW},
-          [this] { return preview_.position(); }, desktop != nullptr ? *desktop : noDesktop_) {
+          [this] { return preview_.position(); },
+          services_.desktop != nullptr ? *services_.desktop : noDesktop_) {
     setObjectName(QStringLiteral("mfrmPRGMAIN"));
     setWindowTitle(libTxt.ProductName);
     setCentralWidget(surface_);

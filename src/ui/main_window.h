@@ -10,6 +10,8 @@
 #include "controls/menu_text.h"
 #include "music/audio_engine.h"
 #include "player/frm_slideshow.h"
+#include "shell/frm_helpcenter.h"
+#include "shell/update_check.h"
 #include "ui/frm_picturepreview.h"
 #include "ui/frm_resourcemainstore.h"
 #include "ui/frm_toolssettings.h"
@@ -22,14 +24,24 @@
 
 namespace velorama {
 
+/// What the main window reaches of the machine; all of it must outlive the window. Without one of
+/// the pointers its commands do nothing.
+struct MainServices {
+    ScreenSaver& screenSaver;
+    MediaCommands& device;
+    DesktopBackground* desktop = nullptr;
+    HttpFetch* netCHECKUPDATE = nullptr;
+    /// What the start does with the window, still empty and not shown, and the command line: other
+    /// instances, the file type.
+    std::function<void(QWidget& mainWindow, const QString& commandLine)> startUp = {};
+};
+
 /// The main window: makes the controls, owns the classes that work on them, and forwards its
 /// handlers to these.
 class mfrmPRGMAIN : public QMainWindow, private ShowHost {
     Q_OBJECT
 public:
-    /// Without a desktop no picture becomes its wallpaper.
-    mfrmPRGMAIN(ScreenSaver& screenSaver, MediaCommands& device,
-                DesktopBackground* desktop = nullptr);
+    explicit mfrmPRGMAIN(MainServices services);
     ~mfrmPRGMAIN() override;
 
     /// Restores the window and everything in it, in the order of the start, and opens the album
@@ -44,6 +56,8 @@ public:
 
     void mnuFILESTART_Click();
     void mnuTOOLSOPTIONS_Click();
+    void mnuHELPUPDATECHECK_Click();
+    void mnuHELPABOUT_Click();
     void PicturePreview() { preview_.PicturePreview(); }
     void PicturePreviewCertain(bool Forward) { preview_.PicturePreviewCertain(Forward); }
     void DESKTOPWALLPAPER() { wallpaper_.DESKTOPWALLPAPER(); }
@@ -103,6 +117,7 @@ private:
     void connectButtons();
     void connectSplitter();
     void setTabOrders();
+    void checkForUpdates(QWidget* owner, const QString& closeCaption);
     /// `page`: what the asking list stands on; its coordinates count.
     void popup(const PopupRequest& request, const QWidget& page);
     void updateFoundCount();
@@ -121,7 +136,7 @@ private:
     void Form_QueryUnload(bool& Cancel);
     void Form_Unload();
 
-    ScreenSaver& screenSaver_;
+    MainServices services_;
     Surface* surface_;
     MainControls controls_;
     CommonDialog cdlDIALOG_;
@@ -143,6 +158,7 @@ private:
     Preview preview_;
     DesktopBackground noDesktop_;
     Wallpaper wallpaper_;
+    HelpCenter helpCenter_{this};
     QPointer<frmSLIDESHOW> show_;
     QPointer<frmTOOLSSETTINGS> settings_;
     /// Where the window stood when it was hidden.

@@ -5,6 +5,8 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "platform/numbers.h"
+#include "shell/frm_helpabout.h"
+#include "ui/frm_resourcewait.h"
 
 namespace velorama {
 namespace {
@@ -72,6 +74,9 @@ void mfrmPRGMAIN::connectHelp() {
     };
     connect(menus_.mnuHELPCONTENTS, &QAction::triggered, this,
             [] { gLibrary->subHELPCENTERPAGEINDEX(); });
+    connect(menus_.mnuHELPUPDATECHECK, &QAction::triggered, this,
+            &mfrmPRGMAIN::mnuHELPUPDATECHECK_Click);
+    connect(menus_.mnuHELPABOUT, &QAction::triggered, this, &mfrmPRGMAIN::mnuHELPABOUT_Click);
     browse(menus_.mnuHELPONLINE, libTxt.WebsiteUrl);
     browse(menus_.mnuHELPEMAILSUPPORT, libTxt.SupportUrl);
 }
@@ -210,12 +215,31 @@ void mfrmPRGMAIN::mnuFILESTART_Click() {
     if (show_ && !show_->isUnloaded()) {
         return;
     }
-    show_ = new frmSLIDESHOW(*this, screenSaver_);
+    show_ = new frmSLIDESHOW(*this, services_.screenSaver);
     show_->load(screen());
 }
 
 void mfrmPRGMAIN::mnuTOOLSOPTIONS_Click() {
     settings().exec();
+}
+
+void mfrmPRGMAIN::checkForUpdates(QWidget* owner, const QString& closeCaption) {
+    if (services_.netCHECKUPDATE != nullptr) {
+        UpdateCheck(*services_.netCHECKUPDATE, [](QWidget* form) {
+            frmRESOURCEWAIT(form).wait();
+        }).run(owner, closeCaption);
+    }
+}
+
+void mfrmPRGMAIN::mnuHELPUPDATECHECK_Click() {
+    checkForUpdates(this, QStringLiteral("&Close"));
+}
+
+void mfrmPRGMAIN::mnuHELPABOUT_Click() {
+    frmHELPABOUT about(this, popups_.Icon(), [this](QWidget* form) {
+        checkForUpdates(form, QStringLiteral(" &Close "));
+    });
+    about.exec();
 }
 
 }  // namespace velorama

@@ -41,6 +41,9 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     fillHelpPage();
     webAlbumPage_.load();
     controls_.lvwSLIDEBAR->setFont(QFont(QStringLiteral("Arial"), 7));
+    if (services_.startUp) {
+        services_.startUp(*this, commandLine);
+    }
     mnutxt1_.start(menuBar(), {popups_.mnuFOUNDTOP, popups_.mnuSELECTEDTOP});
     ActiveList = QStringLiteral("SELECTED");
     controls_.lvwSLIDEBAR->hide();
@@ -172,6 +175,7 @@ void mfrmPRGMAIN::Form_Unload() {
     webAlbumPage_.save();
     mnutxt1_.stop();
     closeModalForms();
+    helpCenter_.unload();
     if (settings_ && !settings_->isUnloaded()) {
         delete settings_;
     }

@@ -219,7 +219,7 @@ TEST_F(CloseTest, UnderTheColourDialogOfTheSettingsAllGo) {
 }
 
 TEST_F(CloseTest, ADialogThatIsUpWhileTheWindowLoadsGoesAlong) {
-    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
     QTimer::singleShot(0, window.get(), [this] {
         QDialog dialog(window.get());
         dialog.setWindowFlags(Qt::Dialog);
@@ -234,7 +234,7 @@ TEST_F(CloseTest, ADialogThatIsUpWhileTheWindowLoadsGoesAlong) {
 
 TEST_F(CloseTest, ListsThatAreNotReadYetAreNotStored) {
     setStored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total", QStringLiteral("7"));
-    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
     QTimer::singleShot(0, window.get(), [this] { window->close(); });
     window->Form_Load();
     EXPECT_EQ(stored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total"), QStringLiteral("7"));
@@ -256,7 +256,7 @@ TEST_F(CloseTest, InTheMidstOfAListingItEndsThat) {
         names.append(QStringLiteral("p%1.jpg").arg(i));
     }
     browse(names);
-    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
     QTimer::singleShot(0, window.get(), [this] { window->close(); });
     window->Form_Load();
     EXPECT_TRUE(window->isUnloaded());

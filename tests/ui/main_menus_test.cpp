@@ -221,8 +221,8 @@ TEST_F(MenusTest, ThePreviewComesUpByMenuByPopupsAndByButton) {
 
 TEST_F(MenusTest, TheHelpCentreOpensAtItsFirstPage) {
     QStringList shown;
-    clsLIBRARY::showHelpWith([&shown](const QString& address) { shown.append(address); });
     start();
+    clsLIBRARY::showHelpWith([&shown](const QString& address) { shown.append(address); });
     menus().mnuHELPCONTENTS->trigger();
     EXPECT_EQ(shown, QStringList(QStringLiteral("http://localhost/help/vrhelp/index.html")));
 }

@@ -48,7 +48,7 @@ TEST_F(StartTest, TheFirstRunOpensAtDesignSizeOnTheApplicationsFolder) {
 }
 
 TEST_F(StartTest, TheSlideBarAppearsAfterTheWindow) {
-    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
     std::vector<bool> seen;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [this, &seen] {
@@ -242,7 +242,7 @@ TEST_F(StartTest, TheStoredFolderIsListedWithTheWindowUp) {
 
 TEST_F(StartTest, TheFolderTreeIsSilentWhileTheWindowLoads) {
     const QString folder = folderWith({QStringLiteral("a.jpg")});
-    window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
     FormLoading = true;
     controls().ftvFOLDER->setPath(folder);
     EXPECT_EQ(controls().lvwFOUND->Count(), 0);

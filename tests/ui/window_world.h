@@ -97,7 +97,7 @@ protected:
     /// A window that has loaded; the one before goes.
     mfrmPRGMAIN& start(const QString& commandLine = {}) {
         window.reset();
-        window = std::make_unique<mfrmPRGMAIN>(screenSaver, device);
+        window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
         window->Form_Load(commandLine);
         return *window;
     }
