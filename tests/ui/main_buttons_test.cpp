@@ -8,9 +8,9 @@ namespace {
 class ButtonsTest : public test::WithWindow {
 protected:
     ButtonsTest() {
-        clsLIBRARY::showHelpWith([](const QString&) {});
         browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
         start();
+        clsLIBRARY::showHelpWith([](const QString&) {});
     }
     cbtn& item(std::size_t index) { return *controls().cbtnCONTROLS.at(index); }
     /// Times that a click of the button ran the menu entry.
