@@ -207,7 +207,7 @@ TEST_F(StartAndEnd, StoreThatCannotBeWrittenHoldsNothingUp) {
     session.key(QStringLiteral("Home"));
     session.key(QStringLiteral("Left"));
     session.key(QStringLiteral("Right"));
-    for (int row = 0; row < 5 && page.thumbnails().empty(); ++row) {
+    for (int row = 0; row < 10 && page.thumbnails().empty(); ++row) {
         session.key(QStringLiteral("Down"));
         waitFor([&] { return !page.thumbnails().empty(); }, std::chrono::seconds(1));
     }

@@ -1,0 +1,133 @@
+#include "desktop/main_window.h"
+#include "desktop/session.h"
+#include "desktop/store.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace velorama::desktop {
+namespace {
+
+const QString kDetails = QStringLiteral("Software\\Details\\velorama");
+const QString kClasses = QStringLiteral("HKCR");
+const QString kTitle = QStringLiteral("Velorama");
+
+class Association : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(session.isUp()); }
+
+    /// An album without slides below the home.
+    QString makeAlbum(const QString& name) const {
+        const QString path = session.home() + u'/' + name;
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("0\r\n");
+        return path;
+    }
+    QString detail(const char* name) const {
+        return store.value(kDetails, QLatin1String(name)).value_or(QStringLiteral("none"));
+    }
+    QString classValue(const QString& key) const {
+        return store.value(key, QString(), kClasses).value_or(QStringLiteral("none"));
+    }
+    QString entry() const {
+        return session.dataFolder() + QStringLiteral("/applications/velorama.desktop");
+    }
+    bool waitForFile(const QString& path) const {
+        return waitFor([&] { return QFileInfo(path).size() > 0; });
+    }
+    bool waitForDatabases() const {
+        return waitForFile(session.dataFolder() + QStringLiteral("/mime/mime.cache")) &&
+               waitForFile(session.dataFolder() + QStringLiteral("/applications/mimeinfo.cache")) &&
+               waitForFile(session.configFolder() + QStringLiteral("/mimeapps.list"));
+    }
+    /// Runs the program once, so that it has made its association, and closes it.
+    void runOnce() {
+        const MainWindow first(session, session.start());
+        ASSERT_NE(first.window(), 0U);
+        ASSERT_TRUE(waitForDatabases());
+        ASSERT_EQ(first.close(), 0);
+    }
+    /// Opens a file as a double click does and waits for the window that shows it.
+    WindowId open(const QStringList& command, const QString& album) const {
+        QStringList words = {QStringLiteral("-c"),
+                             QStringLiteral("\"$@\" >/dev/null 2>&1 </dev/null &"),
+                             QStringLiteral("sh")};
+        session.run(QStringLiteral("sh"), words + command + QStringList(album));
+        return session.waitForWindow(kTitle + QStringLiteral(" - ") + album);
+    }
+    void closeWindow(WindowId window, const QString& album) const {
+        ASSERT_TRUE(session.activate(window));
+        session.key(QStringLiteral("alt+F4"));
+        EXPECT_TRUE(session.waitForNoWindow(kTitle + QStringLiteral(" - ") + album));
+    }
+
+    DesktopSession session;
+    const Store store{session};
+};
+
+TEST_F(Association, IsMadeAtTheFirstRun) {
+    ASSERT_NO_FATAL_FAILURE(runOnce());
+    const QString program = QFileInfo(QStringLiteral(VELORAMA_PROGRAM)).canonicalFilePath();
+    EXPECT_EQ(detail("Stored"), QStringLiteral("1"));
+    EXPECT_EQ(detail(".vlr"), QStringLiteral("none"));
+    EXPECT_EQ(classValue(QStringLiteral(".vlr")), QStringLiteral("VLRFile"));
+    EXPECT_EQ(classValue(QStringLiteral("VLRFile")), QStringLiteral("Velorama File"));
+    EXPECT_EQ(classValue(QStringLiteral("VLRFile\\shell\\open\\command")),
+              program + QStringLiteral(" %1"));
+    EXPECT_EQ(classValue(QStringLiteral("VLRFile\\DefaultIcon")), program + QStringLiteral(",2"));
+    EXPECT_EQ(classValue(QString()), QStringLiteral("Velorama File"));
+    const auto icon = session.run(
+        QStringLiteral("cat"),
+        {session.dataFolder() + QStringLiteral("/icons/hicolor/scalable/apps/velorama.svg")});
+    ASSERT_TRUE(icon);
+    EXPECT_TRUE(icon->startsWith("<svg"));
+}
+
+TEST_F(Association, IsMadeOnce) {
+    ASSERT_NO_FATAL_FAILURE(runOnce());
+    ASSERT_TRUE(
+        store.setValue(QStringLiteral(".vlr"), QString(), QStringLiteral("Other"), kClasses));
+    ASSERT_TRUE(QFile::remove(entry()));
+    const MainWindow second(session, session.start());
+    ASSERT_NE(second.window(), 0U);
+    EXPECT_EQ(second.close(), 0);
+    EXPECT_EQ(classValue(QStringLiteral(".vlr")), QStringLiteral("Other"));
+    EXPECT_FALSE(QFileInfo::exists(entry()));
+}
+
+TEST_F(Association, ADoubleClickOpensTheAlbum) {
+    ASSERT_NO_FATAL_FAILURE(runOnce());
+    for (const QString& name : {QStringLiteral("trip.vlr"), QStringLiteral("My Albums/a  trip.vlr"),
+                                QStringLiteral("it's \"50%\" #1;$(x)`y`.vlr"),
+                                QString::fromUtf8("Gr\xC3\xBC\xC3\x9F"
+                                                  "e \xE2\x98\x80.vlr")}) {
+        const QString album = makeAlbum(name);
+        const WindowId window = open({QStringLiteral("xdg-open")}, album);
+        ASSERT_NE(window, 0U) << name.toStdString();
+        ASSERT_NO_FATAL_FAILURE(closeWindow(window, album));
+    }
+}
+
+TEST_F(Association, ADoubleClickFindsAProgramInAnOddPlace) {
+    const QString place = session.home() + QStringLiteral("/my $(x) #\"q\"");
+    ASSERT_TRUE(QDir().mkpath(place));
+    const QString program = place + QStringLiteral("/velorama");
+    ASSERT_TRUE(QFile::copy(QStringLiteral(VELORAMA_PROGRAM), program));
+    const QString before = makeAlbum(QStringLiteral("before.vlr"));
+    const WindowId first = open({program}, before);
+    ASSERT_NE(first, 0U);
+    ASSERT_TRUE(waitForDatabases());
+    ASSERT_NO_FATAL_FAILURE(closeWindow(first, before));
+    const QString album = makeAlbum(QStringLiteral("a trip.vlr"));
+    const WindowId window = open({QStringLiteral("gio"), QStringLiteral("open")}, album);
+    ASSERT_NE(window, 0U);
+    closeWindow(window, album);
+}
+
+}  // namespace
+}  // namespace velorama::desktop
