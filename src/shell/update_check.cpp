@@ -27,13 +27,18 @@ QString UpdateCheck::fetch() {
 
 void UpdateCheck::run(QWidget* owner, const QString& closeCaption) {
     HttpFetch& net = netCHECKUPDATE_;
-    const QPointer<QWidget> over = owner;
-    const bool owned = owner != nullptr;
+    // The program may be ended while this waits: its windows are closed then, and nothing is to
+    // come up any more.
+    const auto isEnded = [over = QPointer<QWidget>(owner), owned = owner != nullptr,
+                          visible = owner != nullptr && owner->isVisible()] {
+        return owned && (!over || (visible && !over->isVisible()));
+    };
     const QString result = fetch();
-    wait_(over);
-    // The program may have been ended meanwhile.
-    if (!owned || over) {
-        const QPointer<frmHELPCHECKUPDATE> form = new frmHELPCHECKUPDATE(over);
+    if (!isEnded()) {
+        wait_(owner);
+    }
+    if (!isEnded()) {
+        const QPointer<frmHELPCHECKUPDATE> form = new frmHELPCHECKUPDATE(owner);
         form->tell(updateOutcome(libTxt.VersionNumber, result), result, closeCaption);
         form->exec();
         delete form;

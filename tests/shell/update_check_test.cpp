@@ -236,6 +236,18 @@ TEST_F(Updates, AnOwnerThatGoesTakesTheCheckAlong) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(Updates, AnOwnerClosedWhileTheServerIsAskedEndsTheCheck) {
+    window.show();
+    server.behave(updatePath, [this](QTcpSocket& socket) {
+        window.close();
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\n9.5");
+    });
+    whenUp<frmHELPCHECKUPDATE>([](frmHELPCHECKUPDATE&) {});
+    UpdateCheck(fetch, [this](QWidget*) { ++waits; }).run(&window);
+    EXPECT_EQ(waits, 0);
+    EXPECT_EQ(looks, 0);
+}
+
 class About : public Updates {};
 
 TEST_F(About, TellsNameVersionAndLegalNotice) {
