@@ -104,8 +104,11 @@ void PictureBox::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    const int button = (event->buttons() & Qt::LeftButton) ? 1 : 0;
-    emit MouseMove(button, twips(event->position().x()), twips(event->position().y()));
+    int held = 0;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        held += event->buttons().testFlag(button) ? mouseButton(button) : 0;
+    }
+    emit MouseMove(held, twips(event->position().x()), twips(event->position().y()));
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {

@@ -40,7 +40,8 @@ public:
     void Refresh();
 
 signals:
-    /// Button 1 left, 2 right, 4 middle; position in twips within the box.
+    /// Button 1 left, 2 right, 4 middle; of a move the sum of those held. Position in twips within
+    /// the box.
     void MouseDown(int button, float x, float y);
     void MouseMove(int button, float x, float y);
     void MouseUp(int button, float x, float y);

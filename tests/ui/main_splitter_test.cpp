@@ -1,5 +1,7 @@
 #include "ui/window_world.h"
 
+#include <QMouseEvent>
+
 namespace velorama {
 namespace {
 
@@ -31,6 +33,20 @@ TEST_F(SplitterTest, OnlyTheLeftButtonDrags) {
         emit bar().MouseMove(button, 600, 0);
         EXPECT_EQ(Left(bar()), 3585) << button;
     }
+}
+
+TEST_F(SplitterTest, WithAnotherButtonHeldTooItStays) {
+    const auto moveWith = [this](Qt::MouseButtons held) {
+        const QPointF place(20, 10);
+        QMouseEvent move(QEvent::MouseMove, place, bar().mapToGlobal(place), Qt::NoButton, held,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&bar(), &move);
+    };
+    moveWith(Qt::LeftButton | Qt::RightButton);
+    moveWith(Qt::RightButton);
+    EXPECT_EQ(Left(bar()), 3585);
+    moveWith(Qt::LeftButton);
+    EXPECT_EQ(Left(bar()), 3885);
 }
 
 TEST_F(SplitterTest, TheBarFollowsTheMouseAndTheListsFollowAtRelease) {
