@@ -6,6 +6,7 @@
 #include <QAbstractItemModelTester>
 #include <QCoreApplication>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -545,6 +546,50 @@ TEST_F(List, AnImageIsPaintedPixelForPixel) {
                                .toImage()
                                .convertToFormat(QImage::Format_RGB32);
     EXPECT_EQ(painted, image);
+}
+
+// Every other column is white: a picture that fell between the pixels of the screen would be grey.
+TEST_F(List, AnImageIsCrispAtEveryScale) {
+    fill(1);
+    list.item(1)->setIcon(1);
+    show();
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        ImageList icons;
+        const int side = qRound(64 * scale);
+        QImage image(side, side, QImage::Format_RGB32);
+        for (int x = 0; x < side; ++x) {
+            for (int y = 0; y < side; ++y) {
+                image.setPixel(x, y, x % 2 == 0 ? qRgb(255, 255, 255) : qRgb(0, 0, 0));
+            }
+        }
+        image.setDevicePixelRatio(scale);
+        icons.Add(key(1), image);
+        list.setIcons(&icons);
+
+        QImage screen(QSize(200, 200) * scale, QImage::Format_RGB32);
+        screen.fill(Qt::red);
+        screen.setDevicePixelRatio(scale);
+        QPainter painter(&screen);
+        // A view seldom begins on a whole pixel of the screen either.
+        painter.translate(7, 5);
+        QStyleOptionViewItem cellOption;
+        cellOption.font = list.font();
+        cellOption.fontMetrics = list.fontMetrics();
+        cellOption.rect = QRect(3, 3, 125, 125);
+        list.itemDelegate()->paint(&painter, cellOption, list.model()->index(0, 0));
+        painter.end();
+
+        const int row = qRound((5 + 3 + 50) * scale);
+        int left = 0;
+        while (left < screen.width() && screen.pixel(left, row) != qRgb(255, 255, 255)) {
+            ++left;
+        }
+        ASSERT_LE(left + side, screen.width()) << scale;
+        for (int x = 0; x < side; ++x) {
+            ASSERT_EQ(screen.pixel(left + x, row), image.pixel(x, 0)) << scale << ", column " << x;
+        }
+        list.setIcons(nullptr);
+    }
 }
 
 TEST_F(List, AnImageListMayGoFirst) {

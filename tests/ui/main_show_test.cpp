@@ -1,0 +1,85 @@
+#include "ui/window_world.h"
+
+namespace velorama {
+namespace {
+
+/// A show over the window whose music it plays.
+class ShowOverWindow : public test::WithWindow {
+protected:
+    ShowOverWindow() {
+        start(album(2));
+        controls().lstMUSIC->AddItem(QStringLiteral("/music/first.mp3"));
+        controls().lstMUSIC->AddItem(QStringLiteral("/music/Second Song.wav"));
+        controls().lstMUSIC->setListIndex(1);
+        controls().lblM1->setCaption(QStringLiteral("200"));
+        controls().lblM2->setCaption(QStringLiteral("50"));
+    }
+    ~ShowOverWindow() override {
+        if (show) {
+            show->Unload();
+        }
+    }
+    ControlBar& begin() {
+        device.commands.clear();
+        menus().mnuFILESTART->trigger();
+        show = window->slideShow();
+        return show->picCONTROLBAR;
+    }
+
+    QPointer<frmSLIDESHOW> show;
+};
+
+TEST_F(ShowOverWindow, ItsBarTellsTheTrackOfThePageMusicAndHowFarItIs) {
+    ControlBar& bar = begin();
+    EXPECT_EQ(bar.lblPLAYING.Caption(), QStringLiteral("Second Song.wav"));
+    EXPECT_EQ(bar.prgPLAY.Max(), 200);
+    EXPECT_EQ(bar.prgPLAY.Value(), 50);
+    EXPECT_FALSE(bar.prgPLAY.isHidden());
+
+    controls().lstMUSIC->setListIndex(0);
+    controls().lblM1->setCaption(QStringLiteral("90"));
+    controls().lblM2->setCaption(QStringLiteral("1"));
+    show->tmrMUSIC_Timer();
+    EXPECT_EQ(bar.lblPLAYING.Caption(), QStringLiteral("first.mp3"));
+    EXPECT_EQ(bar.prgPLAY.Max(), 90);
+    EXPECT_EQ(bar.prgPLAY.Value(), 1);
+}
+
+TEST_F(ShowOverWindow, WithoutMusicItsBarTellsNothing) {
+    controls().lstMUSIC->Clear();
+    ControlBar& bar = begin();
+    EXPECT_EQ(bar.lblPLAYING.Caption(), QString());
+    EXPECT_TRUE(bar.prgPLAY.isHidden());
+}
+
+TEST_F(ShowOverWindow, ItPlaysPausesAndGoesOnOnTheWindowsDevice) {
+    const QString opened =
+        QStringLiteral("open \"/music/Second Song.wav\" type MPEGVideo alias CURRFILE");
+    const QString played = QStringLiteral("play CURRFILE ");
+    begin();
+    EXPECT_EQ(device.commands, QStringList({opened, played}));
+    device.commands.clear();
+    show->Form_MouseUp();
+    EXPECT_EQ(device.commands, QStringList(QStringLiteral("pause CURRFILE")));
+    EXPECT_FALSE(controls().lstMUSIC->Enabled());
+    device.commands.clear();
+    show->Form_MouseUp();
+    EXPECT_EQ(device.commands, QStringList({opened, played}));
+    EXPECT_TRUE(controls().lstMUSIC->Enabled());
+}
+
+TEST_F(ShowOverWindow, LeftWhilePausedItLeavesThePauseToTheWindow) {
+    begin();
+    show->Form_MouseUp();
+    device.commands.clear();
+    show->Form_KeyDown(KeyEscape, 0);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(device.commands, QStringList());
+    EXPECT_FALSE(controls().lstMUSIC->Enabled());
+    controls().cbtnAUDIO[3]->click();
+    EXPECT_EQ(device.commands, QStringList(QStringLiteral("Resume CURRFILE")));
+    EXPECT_TRUE(controls().lstMUSIC->Enabled());
+}
+
+}  // namespace
+}  // namespace velorama
