@@ -254,7 +254,8 @@ TEST_P(FrameOfSize, StandsWhereItsTwipsSay) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, FrameOfSize,
-                         testing::Values(QSize(736, 499), QSize(1001, 777), QSize(611, 560)),
+                         testing::Values(QSize(500, 400), QSize(736, 499), QSize(611, 560),
+                                         QSize(1001, 777), QSize(1213, 640), QSize(1270, 930)),
                          [](const auto& size) { return std::to_string(size.param.width()); });
 
 }  // namespace
