@@ -18,6 +18,7 @@ FolderTree::FolderTree(QWidget* parent) : QTreeView(parent), model_(new FolderMo
     setModel(model_);
     setHeaderHidden(true);
     setUniformRowHeights(true);
+    dimIdleSelection();
     setTextElideMode(Qt::ElideRight);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
@@ -25,6 +26,31 @@ FolderTree::FolderTree(QWidget* parent) : QTreeView(parent), model_(new FolderMo
     model_->setRoots(folderRoots());
     connect(this, &QTreeView::expanded, model_, &FolderModel::opened);
     connect(this, &QTreeView::collapsed, this, &FolderTree::leaveCollapsed);
+}
+
+// As the other lists have it: the folder stays marked while the keyboard is elsewhere, more
+// quietly.
+void FolderTree::dimIdleSelection() {
+    const QColor accent = palette().color(QPalette::Active, QPalette::Highlight);
+    const QColor ground = palette().color(QPalette::Active, QPalette::Base);
+    constexpr int share = 24;  // per cent
+    const auto mixed = [](int a, int b) { return (a * share + b * (100 - share)) / 100; };
+    const QColor quiet(mixed(accent.red(), ground.red()), mixed(accent.green(), ground.green()),
+                       mixed(accent.blue(), ground.blue()));
+    QPalette changed = palette();
+    changed.setColor(QPalette::Inactive, QPalette::Highlight, quiet);
+    changed.setColor(QPalette::Inactive, QPalette::HighlightedText,
+                     palette().color(QPalette::Active, QPalette::Text));
+    if (changed != palette()) {
+        setPalette(changed);
+    }
+}
+
+void FolderTree::changeEvent(QEvent* event) {
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        dimIdleSelection();
+    }
 }
 
 FolderTree::~FolderTree() = default;

@@ -28,6 +28,7 @@ signals:
     void GotFocus();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -38,6 +39,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    void dimIdleSelection();
     void leaveCollapsed(const QModelIndex& folder);
     void reveal(const QString& path);
     void announce();

@@ -405,7 +405,7 @@ void ListView::paintEvent(QPaintEvent* event) {
 void ListView::paintEmptyText() {
     QPainter painter(viewport());
     QColor colour = palette().color(QPalette::Text);
-    colour.setAlphaF(0.6F);
+    colour.setAlphaF(0.75F);
     const QRect place = viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin,
                                                     -EmptyTextMargin, -EmptyTextMargin);
     if (hasFocus()) {

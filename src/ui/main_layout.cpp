@@ -13,6 +13,7 @@ constexpr Colour buttonFace = systemColour(15);
 constexpr Colour highlight = systemColour(13);
 constexpr Colour highlight3D = systemColour(20);
 constexpr int activeCaption = 2;
+constexpr float leastCountWidth = 1200;
 
 float whole(float twips) {
     return static_cast<float>(roundHalfEven(static_cast<double>(twips)));
@@ -135,7 +136,10 @@ void MainLayout::VBarLayout() {
     setLeft(wallpaper, right - Width(wallpaper) - 90);
     setLeft(preview, right - Width(wallpaper) - 90 - Width(preview) - 90);
     setLeft(*c_.lblFOUNDCOUNT, Left(*c_.lvwFOUND));
-    setWidth(*c_.lblFOUNDCOUNT, Left(preview) - Left(*c_.lblFOUNDCOUNT) - 120);
+    const float room = Left(preview) - Left(*c_.lblFOUNDCOUNT) - 120;
+    setWidth(*c_.lblFOUNDCOUNT, room);
+    // Cut down to an ellipsis it says nothing.
+    c_.lblFOUNDCOUNT->setVisible(room >= leastCountWidth);
 }
 
 void MainLayout::tintBand() {

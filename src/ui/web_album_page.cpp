@@ -76,7 +76,7 @@ void addPair(QGridLayout& grid, int row, int column, const char* caption, QWidge
 QGridLayout* columnOfRows() {
     auto* grid = new QGridLayout;
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setVerticalSpacing(4);
+    grid->setVerticalSpacing(3);
     grid->setHorizontalSpacing(8);
     return grid;
 }
@@ -94,7 +94,7 @@ WebAlbumPage::WebAlbumPage(QWidget& picframWEBALBM, CommonDialog& cdlDIALOG)
     makeControls(cdlDIALOG);
     auto* row = new QHBoxLayout(content_);
     row->setContentsMargins(7, 6, 7, 0);
-    row->setSpacing(14);
+    row->setSpacing(10);
     row->addLayout(settings());
     row->addLayout(panes());
     row->addStretch();
@@ -176,8 +176,8 @@ QLayout* WebAlbumPage::settings() {
     for (const auto& [caption, control] : fonts) {
         addPair(*grid, row++, 3, caption, control);
     }
-    grid->setColumnMinimumWidth(1, 110);
-    grid->setColumnMinimumWidth(2, 8);
+    grid->setColumnMinimumWidth(1, 100);
+    grid->setColumnMinimumWidth(2, 2);
     grid->setRowStretch(grid->rowCount(), 1);
     return grid;
 }

@@ -8,7 +8,7 @@
 namespace velorama {
 namespace {
 
-constexpr QSize paneSize(138, 132);
+constexpr QSize paneSize(132, 132);
 constexpr int titleHeight = 20;
 constexpr int barHeight = 12;
 
@@ -72,9 +72,9 @@ void WebAlbumSamples::makeMainPage() {
     shpBARMAINCOL = make<SampleShape>("shpBARMAINCOL", picWAMAIN);
     shpBARMAINCOL->setGeometry(0, titleHeight, width, barHeight);
     constexpr int columns = 3;
-    constexpr QSize cell(43, 48);
+    constexpr QSize cell(42, 48);
     for (int i = 0; i < 6; ++i) {
-        const QPoint corner(4 + cell.width() * (i % columns),
+        const QPoint corner(3 + cell.width() * (i % columns),
                             titleHeight + barHeight + 5 + cell.height() * (i / columns));
         auto* picture = new SamplePicture(picWAMAIN);
         picture->setGeometry(QRect(corner + QPoint(5, 0), QSize(33, 27)));
@@ -89,7 +89,7 @@ void WebAlbumSamples::makeSlidePage() {
     shpSLIDEBARCOL = make<SampleShape>("shpSLIDEBARCOL", picWASLIDE);
     shpSLIDEBARCOL->setGeometry(0, 0, width, barHeight);
     auto* picture = new SamplePicture(picWASLIDE);
-    picture->setGeometry(21, barHeight + 9, 96, 72);
+    picture->setGeometry(18, barHeight + 9, 96, 72);
     lbltxtSLIDECOL = caption(QStringLiteral("lbltxtSLIDECOL"), "Photo", picWASLIDE,
                              QRect(0, barHeight + 86, width, 18));
     smallFont(*lbltxtSLIDECOL, 8);
