@@ -211,5 +211,29 @@ TEST_F(Albums, KeysDoWhatTheMenuDoes) {
     EXPECT_EQ(storedItems(store), QStringLiteral("0"));
 }
 
+TEST_F(Albums, FilesAreAskedForInTheMiddleOfTheScreen) {
+    open();
+    const QSize screen = session.glance().size();
+    // Away from the middle, where a dialog of its own would stand.
+    session.run(QStringLiteral("xdotool"),
+                {QStringLiteral("windowmove"), QString::number(page->window()), QStringLiteral("5"),
+                 QStringLiteral("25")});
+    ASSERT_TRUE(waitFor([&] { return page->geometry().x() < 20; }));
+    const auto expectCentred = [&](WindowId dialog) {
+        ASSERT_NE(dialog, 0U);
+        const QRect outer = session.outerGeometry(dialog);
+        ASSERT_FALSE(outer.isEmpty());
+        EXPECT_NEAR(outer.x(), (screen.width() - outer.width()) / 2.0, 2);
+        EXPECT_NEAR(outer.y(), (screen.height() - outer.height()) / 2.0, 2);
+        session.key(QStringLiteral("Escape"));
+        ASSERT_TRUE(page->waitForNoDialog());
+    };
+    session.key(QStringLiteral("ctrl+o"));
+    ASSERT_NO_FATAL_FAILURE(expectCentred(page->waitForDialog(QStringLiteral("Open"))));
+    session.key(QStringLiteral("F12"));
+    ASSERT_NO_FATAL_FAILURE(expectCentred(page->waitForDialog(QStringLiteral("Save"))));
+    EXPECT_EQ(page->close(), 0);
+}
+
 }  // namespace
 }  // namespace velorama::desktop

@@ -100,6 +100,20 @@ QRect DesktopSession::geometry(WindowId window) const {
             number("Height")};
 }
 
+QRect DesktopSession::outerGeometry(WindowId window) const {
+    const auto told = run(QStringLiteral("xprop"),
+                          {QStringLiteral("-id"), QString::number(window),
+                           QStringLiteral("-notype"), QStringLiteral("_NET_FRAME_EXTENTS")});
+    const QString extents = QString::fromLatin1(told.value_or(QByteArray()));
+    const QStringList sides =
+        extents.section(QLatin1Char('='), 1).trimmed().split(QStringLiteral(", "));
+    if (sides.size() != 4) {
+        return {};
+    }
+    return geometry(window).adjusted(-sides.at(0).toInt(), -sides.at(2).toInt(),
+                                     sides.at(1).toInt(), sides.at(3).toInt());
+}
+
 bool DesktopSession::activate(WindowId window) const {
     xdotool({QStringLiteral("windowactivate"), shownAs(window)});
     return window != 0 && waitFor([&] { return activeWindow() == window; });

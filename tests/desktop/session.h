@@ -101,6 +101,8 @@ public:
     QString title(WindowId window) const;
     /// The client area, without the frame, on the screen.
     QRect geometry(WindowId window) const;
+    /// The same with the frame that the window manager has put round it; empty without one.
+    QRect outerGeometry(WindowId window) const;
 
     /// Brings the window to the front and gives it the keyboard; true once it has it.
     bool activate(WindowId window) const;
