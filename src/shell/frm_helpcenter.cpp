@@ -180,6 +180,11 @@ void HelpCenter::open(const QString& address) {
     }
     if (form_) {
         form_->webWINDOW->Navigate(address);
+        // Behind other windows it would seem that nothing has happened.
+        if (!form_->isActiveWindow()) {
+            form_->setWindowState(form_->windowState() & ~Qt::WindowMinimized);
+            form_->raise();
+        }
         return;
     }
     form_ = new frmHELPCENTER;

@@ -45,13 +45,14 @@ private:
 /// Shows the help pages that are asked for through clsLIBRARY, in one window. While it lives.
 class HelpCenter {
 public:
-    /// The help window stays above `main`, or above the dialog that asks for help.
+    /// A dialog that asks for help does not shut the help window out; otherwise it belongs to
+    /// `main`.
     explicit HelpCenter(QWidget* main);
     ~HelpCenter();
     HelpCenter(const HelpCenter&) = delete;
     HelpCenter& operator=(const HelpCenter&) = delete;
 
-    /// Navigates, and then shows the window if it is not up.
+    /// Navigates, and then shows the window if it is not up, or brings it to the front.
     void open(const QString& address);
     /// Closes the window if there is one.
     void unload();
