@@ -7,6 +7,8 @@
 #include "platform/numbers.h"
 #include "platform/paths.h"
 
+#include <algorithm>
+
 namespace velorama {
 namespace {
 
@@ -29,11 +31,26 @@ QSize pixelsOf(const QWidget& control) {
             toPixels(Height(control), TwipsPerPixelY(control))};
 }
 
-/// Loads the file at its natural size; one that cannot be read leaves what is there.
-Picture load(ImageBox& image, const QString& path, const Fit& fit) {
+/// The size of what is on show in the line below it; of a file that gives nothing, that.
+void tellSize(const PreviewWindow& w, QSize pixels) {
+    w.lblSIZE->setText(pixels.isEmpty()
+                           ? QStringLiteral("This picture cannot be shown.")
+                           : decimalText(pixels.width()) + QStringLiteral(" \u00D7 ") +
+                                 decimalText(pixels.height()) + QStringLiteral(" pixels"));
+}
+
+/// Loads the file; one that cannot be read leaves what is there.
+Picture load(const PreviewWindow& w, const QString& path, const Fit& fit) {
     const Picture picture = LoadPicture(hostFile(path), fit);
-    image.setPicture(picture.bitmap, picture.size);
+    w.imgPICTURE->setPicture(picture.bitmap, picture.size);
+    tellSize(w, picture.size);
     return picture;
+}
+
+/// The control takes the size of its picture and then keeps what it is given.
+void takeNaturalSize(ImageBox& image) {
+    image.setStretch(false);
+    image.setStretch(true);
 }
 
 /// The longer side becomes half of the screen's.
@@ -51,13 +68,18 @@ void halveScreen(ImageBox& image) {
     }
 }
 
-/// What is drawn is fitted once, with the program's own filter.
+/// What is drawn is fitted once, with the program's own filter; see-through parts stay that.
 void sharpen(ImageBox& image, const Picture& picture) {
     const QSize pixels = pixelsOf(image);
-    if (!picture.isNull() && picture.bitmap.size() != pixels) {
-        constexpr Colour white = 0xFFFFFF;
-        image.setPicture(fittedBitmap(picture, pixels, white, false), picture.size);
+    if (picture.isNull() || picture.bitmap.size() == pixels) {
+        return;
     }
+    constexpr Colour white = 0xFFFFFF;
+    const bool seeThrough = picture.bitmap.hasAlphaChannel();
+    image.setPicture(
+        seeThrough ? picture.bitmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                   : fittedBitmap(picture, pixels, white, false),
+        picture.size);
 }
 
 void frame(const PreviewWindow& w) {
@@ -69,11 +91,12 @@ void frame(const PreviewWindow& w) {
 
 void showLarge(const PreviewWindow& w, const QString& path) {
     ImageBox& image = *w.imgPICTURE;
-    const QSize half(toPixels(screenWidth(image) / 2, TwipsPerPixelX(image)),
-                     toPixels(screenHeight(image) / 2, TwipsPerPixelY(image)));
-    const Picture picture = load(image, path, Fit::area(half));
-    image.setStretch(false);
-    image.setStretch(true);
+    // Neither side comes out longer; a picture that is nearly a square is higher than half the
+    // screen.
+    const int longest =
+        toPixels(std::max(screenWidth(image), screenHeight(image)) / 2, TwipsPerPixelX(image));
+    const Picture picture = load(w, path, Fit::area({longest, longest}));
+    takeNaturalSize(image);
     halveScreen(image);
     sharpen(image, picture);
     w.webVIEWER->hide();
@@ -97,13 +120,18 @@ void showMoving(const PreviewWindow& w, const QString& path) {
     setHeight(*w.framBOX, Height(viewer) - hiddenPixels * down);
     viewer.setView(QRect(-viewer.pos(), w.framBOX->size()));
     viewer.Navigate(hostFile(path));
+    tellSize(w, viewer.hasPicture()
+                    ? QSize(gPagProps->PictureAttribWidth(), gPagProps->PictureAttribHeight())
+                    : QSize());
 }
 
 void showSmall(const PreviewWindow& w, const QString& path) {
     w.webVIEWER->hide();
-    w.imgPICTURE->setStretch(false);
-    load(*w.imgPICTURE, path, Fit::whole());
     w.imgPICTURE->setStretch(true);
+    // The former content keeps the size that it was shown at.
+    if (!load(w, path, Fit::whole()).isNull()) {
+        takeNaturalSize(*w.imgPICTURE);
+    }
     w.imgPICTURE->show();
     frame(w);
 }
@@ -120,6 +148,8 @@ void fitForm(const PreviewWindow& w) {
     setHeight(*w.form, Top(*w.framBOX) + Height(*w.framBOX) + Top(*w.framBOX) - 60);
     setWidth(*w.shpBORDER, Width(*w.form));
     setHeight(*w.shpBORDER, Height(*w.framBOX) + 120 + 90);
+    const float below = Top(*w.shpBORDER) + Height(*w.shpBORDER);
+    place(*w.lblSIZE, frameLeft, below, Width(*w.form) - 2 * frameLeft, Height(*w.form) - below);
 }
 
 }  // namespace
@@ -169,9 +199,12 @@ void Preview::PicturePreviewCertain(bool Forward) {
     const QString shown = path(list().item(position_), true);
     const PreviewWindow window = window_();
     layOut(window, shown);
-    window.form->setWindowTitle(QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +
-                                decimalText(count) + QStringLiteral(") ") +
-                                gFileFoldr->FileNameFromPath(shown, true));
+    QString caption = QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +
+                      decimalText(count) + QStringLiteral(") ") +
+                      gFileFoldr->FileNameFromPath(shown, true);
+    // The toolkit would take the mark for the place of its sign for unsaved changes.
+    const QString mark = QStringLiteral("[*]");
+    window.form->setWindowTitle(caption.replace(mark, mark + mark));
 }
 
 void Preview::layOut(const PreviewWindow& w, const QString& path) const {

@@ -5,6 +5,8 @@
 #include "controls/list_view.h"
 #include "controls/movie_box.h"
 
+#include <QLabel>
+
 #include <functional>
 
 namespace velorama {
@@ -16,6 +18,8 @@ struct PreviewWindow {
     ImageBox* imgPICTURE = nullptr;
     MovieBox* webVIEWER = nullptr;
     QWidget* shpBORDER = nullptr;
+    /// A quiet line below the border.
+    QLabel* lblSIZE = nullptr;
     /// Shows the window over the main one and returns when it is closed.
     std::function<void()> show;
 };

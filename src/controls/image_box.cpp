@@ -1,8 +1,11 @@
 #include "controls/image_box.h"
 
+#include "controls/device_pixels.h"
 #include "controls/twips.h"
 
 #include <QPainter>
+
+#include <cmath>
 
 namespace velorama {
 
@@ -30,6 +33,13 @@ void ImageBox::takeNaturalSize() {
 
 void ImageBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    // On a screen of a broken scale no size in logical pixels is that of the picture to the pixel.
+    const QSizeF room = QSizeF(size()) * devicePixelRatioF();
+    if (std::abs(room.width() - picture_.width()) <= 1 &&
+        std::abs(room.height() - picture_.height()) <= 1) {
+        drawDevicePixels(painter, QPointF(), picture_);
+        return;
+    }
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(rect(), picture_);
 }

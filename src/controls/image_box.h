@@ -17,6 +17,8 @@ public:
     /// changes nothing.
     void setPicture(const QImage& bitmap, QSize natural);
     const QImage& Picture() const { return picture_; }
+    /// Size in device pixels of the picture on show; empty before the first.
+    QSize naturalSize() const { return natural_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

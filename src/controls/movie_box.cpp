@@ -1,16 +1,26 @@
 #include "controls/movie_box.h"
 
+#include "controls/device_pixels.h"
+
+#include <QImageReader>
 #include <QPainter>
 
 namespace velorama {
 
 void MovieBox::Navigate(const QString& file) {
-    movie_ = std::make_unique<QMovie>(file, "gif");
+    movie_.reset();
+    update();
+    if (file.isEmpty()) {
+        return;
+    }
+    // A name may lie about its content; nothing but pictures that the program reads is let in.
+    const QByteArray content = QImageReader::imageFormat(file);
+    const bool still = content == "jpeg" || content == "png" || content == "bmp";
+    movie_ = std::make_unique<QMovie>(file, still ? content : QByteArray("gif"));
     connect(movie_.get(), &QMovie::frameChanged, this, [this] { update(); });
     if (isVisible()) {
         movie_->start();
     }
-    update();
 }
 
 void MovieBox::setView(const QRect& view) {
@@ -34,12 +44,11 @@ void MovieBox::paintEvent(QPaintEvent*) {
     if (!movie_ || movie_->currentImage().isNull()) {
         return;
     }
-    QImage frame = movie_->currentImage();
-    frame.setDevicePixelRatio(devicePixelRatioF());
-    QRectF place(QPointF(), frame.deviceIndependentSize());
+    const QImage frame = movie_->currentImage();
+    QRectF place(QPointF(), QSizeF(frame.size()) / devicePixelRatioF());
     place.moveCenter(QRectF(view_).center());
     QPainter painter(this);
-    painter.drawImage(place.topLeft(), frame);
+    drawDevicePixels(painter, place.topLeft(), frame);
 }
 
 }  // namespace velorama

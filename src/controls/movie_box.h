@@ -13,10 +13,13 @@ class MovieBox : public QWidget {
 public:
     explicit MovieBox(QWidget* parent = nullptr) : QWidget(parent) {}
 
-    /// A file of this machine; one that cannot be read shows nothing.
+    /// A file of this machine; one that cannot be read shows nothing. It moves while the box is
+    /// visible.
     void Navigate(const QString& file);
     /// The part of the box that is seen, in logical pixels.
     void setView(const QRect& view);
+    /// True if the file is one that can be shown.
+    bool hasPicture() const { return movie_ && movie_->isValid(); }
     const QMovie* movie() const { return movie_.get(); }
 
 protected:

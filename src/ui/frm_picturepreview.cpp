@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QShortcut>
 
+#include <algorithm>
 #include <cmath>
 
 namespace velorama {
@@ -42,14 +43,17 @@ frmPICTUREPREVIEW::frmPICTUREPREVIEW(QWidget* main, PreviewCalls calls)
       shpBORDER(make<Outline>("shpBORDER", this)),
       framBOX(make<QWidget>("framBOX", this)),
       imgPICTURE(make<ImageBox>("imgPICTURE", framBOX)),
-      webVIEWER(make<MovieBox>("webVIEWER", framBOX)) {
+      webVIEWER(make<MovieBox>("webVIEWER", framBOX)),
+      lblSIZE(make<QLabel>("lblSIZE", this)) {
     setObjectName(QStringLiteral("frmPICTUREPREVIEW"));
     setWindowTitle(QStringLiteral("Picture Preview"));
     resize(toPixels(7000), toPixels(5400));
     place(*picBAR, 0, 0, 7000, barHeight);
     place(*framBOX, 100, frameTop, 6800, 4000);
     place(*shpBORDER, 0, frameTop - 105, 7000, 4210);
+    place(*imgPICTURE, 25, 25, 6750, 3950);
     webVIEWER->hide();
+    lblSIZE->setAlignment(Qt::AlignCenter);
     imgPICTURE->setAccessibleName(QStringLiteral("Picture"));
     webVIEWER->setAccessibleName(QStringLiteral("Moving picture"));
     makeBar();
@@ -57,6 +61,9 @@ frmPICTUREPREVIEW::frmPICTUREPREVIEW(QWidget* main, PreviewCalls calls)
     setLeft(*this, std::round((screenWidth(*this) - Width(*this)) / 2));
     setTop(*this, std::round((screenHeight(*this) - Height(*this)) / 2));
     gRegistry->FormDimensionsSetup(*this, true);
+    // The size of the next picture counts, and not a stored one that had no room on the screen.
+    setLeft(*this, std::max(Left(*this), 0.0F));
+    setTop(*this, std::max(Top(*this), 0.0F));
 }
 
 frmPICTUREPREVIEW::~frmPICTUREPREVIEW() {
@@ -86,7 +93,7 @@ void frmPICTUREPREVIEW::makeBar() {
 }
 
 PreviewWindow frmPICTUREPREVIEW::parts() {
-    return {this, framBOX, imgPICTURE, webVIEWER, shpBORDER, {}};
+    return {this, framBOX, imgPICTURE, webVIEWER, shpBORDER, lblSIZE, {}};
 }
 
 // The buttons would take the arrows for themselves and move the focus along the bar.
@@ -104,6 +111,13 @@ void frmPICTUREPREVIEW::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QDialog::keyPressEvent(event);
+}
+
+// Bar and border reach from edge to edge, also where the user or the desktop makes the form wider.
+void frmPICTUREPREVIEW::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    setWidth(*picBAR, Width(*this));
+    setWidth(*shpBORDER, Width(*this));
 }
 
 }  // namespace velorama

@@ -26,6 +26,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void makeBar();
@@ -38,6 +39,7 @@ private:
     QWidget* framBOX;
     ImageBox* imgPICTURE;
     MovieBox* webVIEWER;
+    QLabel* lblSIZE;
 };
 
 }  // namespace velorama
