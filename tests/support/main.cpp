@@ -20,7 +20,9 @@ int main(int argc, char** argv) {
     qputenv("XDG_CACHE_HOME", (home.path() + QStringLiteral("/cache")).toUtf8());
     qputenv("XDG_RUNTIME_DIR", home.path().toUtf8());
     qputenv("LC_ALL", "C.UTF-8");
-    if (!qEnvironmentVariableIsSet("VELORAMA_TEST_ON_DISPLAY")) {
+    // A screen of another size or scale is given by a file of the same platform.
+    const bool isChosen = qgetenv("QT_QPA_PLATFORM").startsWith("offscreen:configfile=");
+    if (!qEnvironmentVariableIsSet("VELORAMA_TEST_ON_DISPLAY") && !isChosen) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     qunsetenv("QT_STYLE_OVERRIDE");
