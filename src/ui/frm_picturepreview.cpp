@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QShortcut>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -100,9 +101,29 @@ PreviewWindow frmPICTUREPREVIEW::parts() {
 void frmPICTUREPREVIEW::makeKeys() {
     for (const bool forward : {false, true}) {
         auto* key = new QShortcut(forward ? Qt::Key_Right : Qt::Key_Left, this);
-        connect(key, &QShortcut::activated, this,
-                [this, forward] { calls_.PicturePreviewCertain(forward); });
+        connect(key, &QShortcut::activated, this, [this, forward] { walk(forward); });
     }
+}
+
+// A key held down repeats faster than large pictures load. What has piled up becomes one step, so
+// that the walk ends with the key.
+void frmPICTUREPREVIEW::walk(bool forward) {
+    if (!held_) {
+        calls_.PicturePreviewCertain(forward);
+    } else if (!pending_) {
+        pending_ = true;
+        QTimer::singleShot(0, this, [this, forward] {
+            pending_ = false;
+            calls_.PicturePreviewCertain(forward);
+        });
+    }
+}
+
+bool frmPICTUREPREVIEW::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        held_ = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+    }
+    return QDialog::event(event);
 }
 
 void frmPICTUREPREVIEW::keyPressEvent(QKeyEvent* event) {

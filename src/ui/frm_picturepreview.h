@@ -25,12 +25,14 @@ public:
     PreviewWindow parts();
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void makeBar();
     void makeKeys();
+    void walk(bool forward);
     cbtn* makeBarButton(const char* name, const char* symbol, const char* tooltip, float left);
 
     PreviewCalls calls_;
@@ -40,6 +42,10 @@ private:
     ImageBox* imgPICTURE;
     MovieBox* webVIEWER;
     QLabel* lblSIZE;
+    /// The last key came from one held down.
+    bool held_ = false;
+    /// A step of such a key is to come.
+    bool pending_ = false;
 };
 
 }  // namespace velorama

@@ -135,6 +135,34 @@ TEST_F(PreviewWindowTest, ButtonsAndArrowsWalk) {
     EXPECT_EQ(desktop.count, 0);
 }
 
+TEST_F(PreviewWindowTest, RepeatsOfAHeldKeyThatPileUpAreOneStep) {
+    previewing([](QWidget& form) {
+        QApplication::setActiveWindow(&form);
+        const auto right = [&form](bool repeated) {
+            QKeyEvent before(QEvent::ShortcutOverride, Qt::Key_Right, Qt::NoModifier, {}, repeated);
+            QApplication::sendEvent(&form, &before);
+            for (auto* key : form.findChildren<QShortcut*>()) {
+                if (key->key() == QKeySequence(Qt::Key_Right)) {
+                    Q_EMIT key->activated();
+                }
+            }
+        };
+        right(false);
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("(2 of 3) b.bmp"));
+        for (int i = 0; i < 5; ++i) {
+            right(true);
+        }
+        QApplication::processEvents();
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("(3 of 3) c.bmp"));
+        right(true);
+        QApplication::processEvents();
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("(1 of 3) a.bmp"));
+        right(false);
+        right(false);
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("(3 of 3) c.bmp"));
+    });
+}
+
 TEST_F(PreviewWindowTest, AnotherPictureMovesNoWindow) {
     previewing([](QWidget& form) {
         form.move(120, 90);
