@@ -154,19 +154,24 @@ void AlbumFile::openAtStart(const QString& path) {
     joinAlbumList(path);
 }
 
-/// The album's text with line ends, but for the one that closes every document.
-QString AlbumFile::text(const QString& firstLine) const {
+/// The album's text in UTF-8 with line ends, but for the one that closes every document.
+QByteArray AlbumFile::text(const QString& firstLine) const {
+    // Characters. Some hundred lines are converted at a time: one would cost a block of memory
+    // each, and all of them memory that the system has to clear first.
+    constexpr qsizetype part = 32 * 1024;
     const int count = c_.lvwSLIDEBAR->Count();
-    QString content = firstLine + lineEnd;
-    qsizetype size = content.size();
+    QByteArray content;
+    QString lines = firstLine + lineEnd;
+    lines.reserve(part + part / 8);
     for (int i = 1; i <= count; ++i) {
-        size += c_.lvwSLIDEBAR->item(i)->Key().size() + lineEnd.size();
+        if (lines.size() >= part) {
+            content += lines.toUtf8();
+            lines.resize(0);
+        }
+        lines += c_.lvwSLIDEBAR->item(i)->Key();
+        lines += lineEnd;
     }
-    content.reserve(size);
-    for (int i = 1; i <= count; ++i) {
-        content += c_.lvwSLIDEBAR->item(i)->Key() + lineEnd;
-    }
-    return content;
+    return content += lines.toUtf8();
 }
 
 void AlbumFile::mnuFILESAVE_Click() {
@@ -175,7 +180,7 @@ void AlbumFile::mnuFILESAVE_Click() {
         mnuFILESAVEAS_Click();
     } else {
         const QString count = decimalText(c_.lvwSLIDEBAR->Count());
-        DocumentSaveText(text(count + QLatin1Char('|') + note_ + QLatin1Char(' ')), tag_);
+        DocumentSaveBytes(text(count + QLatin1Char('|') + note_ + QLatin1Char(' ')), tag_);
         setCaption(captionOf(tag_));
         setUnmodified();
         albums_.AlbumListAdd(tag_);
@@ -189,13 +194,13 @@ void AlbumFile::mnuFILESAVE_Click() {
 void AlbumFile::mnuFILESAVEAS_Click() {
     SaveCancelled = true;
     const QPointer<AlbumFile> self = this;
-    const QString content = text(decimalText(c_.lvwSLIDEBAR->Count()));
+    const QByteArray content = text(decimalText(c_.lvwSLIDEBAR->Count()));
     c_.cdlDIALOG->DialogTitle = QStringLiteral("Save");
     if (!choose(true) || !self) {
         return;
     }
     tag_ = c_.cdlDIALOG->FileName;
-    DocumentSaveText(content, tag_);
+    DocumentSaveBytes(content, tag_);
     setCaption(captionOf(tag_));
     joinAlbumList(tag_);
     saveSetting(viewKey, albumName, tag_);

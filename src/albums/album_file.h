@@ -58,7 +58,7 @@ private:
     QString captionOf(const QString& path) const;
     void setCaption(const QString& caption);
     bool choose(bool save);
-    QString text(const QString& firstLine) const;
+    QByteArray text(const QString& firstLine) const;
     /// If the settings let albums join it.
     void joinAlbumList(const QString& path);
     void read(const QString& path);

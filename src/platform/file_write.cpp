@@ -1,5 +1,6 @@
 #include "platform/file_write.h"
 
+#include "platform/detached_thread.h"
 #include "platform/file_beside.h"
 
 #include <QFile>
@@ -7,8 +8,10 @@
 #include <QSaveFile>
 
 #ifdef Q_OS_LINUX
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <memory>
 #endif
 
 namespace velorama {
@@ -36,6 +39,32 @@ bool takeMode(const QByteArray& old, int to) {
            (::access(old.constData(), W_OK) == 0 && ::fchmod(to, status.st_mode & 07777) == 0);
 }
 
+/// Keeps an old file alive while another takes its place, and lets go of it beside the caller:
+/// giving back the space of a large one takes longer than the exchange itself.
+class OldFile {
+public:
+    explicit OldFile(const QByteArray& name)
+        : file_(std::make_shared<Descriptor>(isLarge(name) ? hold(name) : -1)) {}
+    OldFile(const OldFile&) = delete;
+    OldFile& operator=(const OldFile&) = delete;
+    ~OldFile() {
+        if (file_->number() >= 0) {
+            startDetached([file = std::move(file_)]() mutable { file.reset(); });
+        }
+    }
+
+private:
+    static bool isLarge(const QByteArray& name) {
+        constexpr qint64 large = 128LL * 1024;
+        struct stat status {};
+        return ::stat(name.constData(), &status) == 0 && status.st_size >= large;
+    }
+    // Neither a right to read it nor a device's attention is needed.
+    static int hold(const QByteArray& name) { return ::open(name.constData(), O_PATH | O_CLOEXEC); }
+
+    std::shared_ptr<Descriptor> file_;
+};
+
 }  // namespace
 
 bool writeFileWhole(const QString& target, const QByteArray& bytes, Lasting lasting) {
@@ -53,6 +82,7 @@ bool writeFileWhole(const QString& target, const QByteArray& bytes, Lasting last
     if (lasting == Lasting::Yes) {
         ::fsync(file.number());
     }
+    const OldFile old(name);
     return file.becomes(name);
 }
 
