@@ -11,7 +11,8 @@ namespace velorama {
 
 /// What fetching a page may cost, and each of its pictures.
 struct WebLimits {
-    HttpLimits page{std::chrono::milliseconds(10000), 2 * 1024 * 1024, 4};
+    // One line of plain text as long as this is still broken up in half a second.
+    HttpLimits page{std::chrono::milliseconds(10000), 64 * 1024, 4};
     HttpLimits picture{std::chrono::milliseconds(20000), 8 * 1024 * 1024, 4};
 };
 

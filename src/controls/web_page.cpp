@@ -10,15 +10,19 @@
 #include <QTextCursor>
 
 #include <functional>
+#include <optional>
 
 namespace velorama {
 namespace {
 
-constexpr int mostPictures = 64;
-constexpr int longestSide = 8192;   // pixels
-constexpr int largestPicture = 64;  // million pixels, which are 256 MB
+constexpr int mostPictures = 24;
+constexpr int longestSide = 8192;  // pixels
+constexpr int largestPicture = 4;  // million pixels, which are 16 MB
 // The time of laying out tables doubles with each one that stands in another.
 constexpr int deepestTable = 6;
+// It grows with the square of open tags and with the cells of a table, the spanned ones included.
+constexpr int mostTags = 1500;
+constexpr qint64 mostCells = 50000;
 
 struct Piece {
     int start;
@@ -90,6 +94,40 @@ int tableDepth(const QString& html) {
     return deepest;
 }
 
+QRegularExpression anyCase(const QString& pattern) {
+    return QRegularExpression(pattern, QRegularExpression::CaseInsensitiveOption);
+}
+
+/// More cells than the tables can have; nothing where a span may be larger than it looks.
+std::optional<qint64> cellBound(const QString& html) {
+    static const auto span = anyCase(QStringLiteral("(?:col|row)span"));
+    static const auto small =
+        anyCase(QStringLiteral("(?:col|row)span\\s*=\\s*[\"']?(\\d{1,2})(?!\\d)"));
+    // A letter or a digit that is written as its number.
+    static const auto masked =
+        anyCase(QStringLiteral("&#(?:0*(?:4[89]|5[0-7]|6[5-9]|[78]\\d|90|9[789]|1[01]\\d|12[0-2])|"
+                               "x0*(?:3\\d|[46][1-9a-f]|[57][0-9a]))(?![0-9a-f])"));
+    static const auto row = anyCase(QStringLiteral("<tr\\b"));
+    static const auto cell = anyCase(QStringLiteral("<t[dh]\\b"));
+    qint64 spanned = 1;
+    qsizetype known = 0;
+    for (auto match = small.globalMatch(html); match.hasNext(); ++known) {
+        spanned += match.next().captured(1).toInt();
+    }
+    if (html.count(span) != known || html.contains(masked)) {
+        return std::nullopt;
+    }
+    return (html.count(row) + spanned) * (html.count(cell) + spanned);
+}
+
+/// Whether the page is laid out in a moment, whatever it is made of.
+bool isLight(const QString& html) {
+    if (html.count(u'<') > mostTags || tableDepth(html) > deepestTable) {
+        return false;
+    }
+    return cellBound(html).value_or(mostCells + 1) <= mostCells;
+}
+
 QByteArray charsetOf(const QByteArray& contentType) {
     static const QRegularExpression charset(QStringLiteral("charset\\s*=\\s*[\"']?([\\w.:-]+)"),
                                             QRegularExpression::CaseInsensitiveOption);
@@ -133,7 +171,7 @@ std::unique_ptr<QTextDocument> makePage(const QString& text, PageKind kind, cons
     page->setUndoRedoEnabled(false);
     page->setDefaultFont(font);
     page->setDocumentMargin(12);
-    if (kind == PageKind::Html && tableDepth(text) <= deepestTable) {
+    if (kind == PageKind::Html && isLight(text)) {
         page->setHtml(text);
         makeAbsolute(*page, address);
     } else {

@@ -498,6 +498,39 @@ TEST_F(WebWindow, BytesOfAnyKindAreSurvived) {
     EXPECT_EQ(completed.size(), 8);
 }
 
+TEST_F(WebWindow, PagesMadeToBeSlowAreShownAsTheyAreWritten) {
+    const QByteArray rows = QByteArray("<tr><td>y").repeated(600);
+    for (const QByteArray& body :
+         {QByteArray("<ul>").repeated(1501), QByteArray("<b>").repeated(20000),
+          QByteArray("<table><tr><td colspan=20000>x" + rows),
+          QByteArray("<table><tr><td colspan='&#50;0000'>x" + rows),
+          QByteArray("<table><tr><td col&#x73;pan=20000>x" + rows),
+          QByteArray("<table><tr><td colspan=+20000>x" + rows)}) {
+        page("/a.html", body);
+        open("/a.html");
+        EXPECT_TRUE(web.toPlainText().startsWith(QString::fromLatin1(body.left(20))))
+            << body.left(40).toStdString();
+    }
+}
+
+TEST_F(WebWindow, TablesOfOrdinarySizeAreTables) {
+    page("/a.html", "<table><tr><th colspan=\"3\">It&#39;s x</th></tr>" +
+                        QByteArray("<tr><td>a<td>b<td>c</tr>").repeated(100) + "</table>");
+    open("/a.html");
+    EXPECT_FALSE(pageHolds("<"));
+    EXPECT_TRUE(pageHolds("It's x"));
+}
+
+TEST_F(WebWindow, APictureOfManyMillionPixelsIsNotUnpacked) {
+    page("/a.html", "<img src='p.png'>");
+    server.answer(QStringLiteral("/p.png"), picture(Qt::red, 2001));
+    open("/a.html");
+    EXPECT_EQ(shownPicture("/p.png").size(), QSize(1, 1));
+    server.answer(QStringLiteral("/p.png"), picture(Qt::red, 2000));
+    open("/a.html");
+    EXPECT_EQ(shownPicture("/p.png").size(), QSize(2000, 2000));
+}
+
 TEST_F(WebWindow, ColoursFollowADarkDesktop) {
     page("/a.html", "<p>text</p><a href='b.html'>link</a>");
     open("/a.html");
