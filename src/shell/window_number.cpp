@@ -3,29 +3,43 @@
 #include <QEvent>
 
 #include <utility>
+#include <vector>
 
 namespace velorama {
 namespace {
 
 class HandleWatch : public QObject {
 public:
-    HandleWatch(QWidget& window, std::function<void()> then)
-        : QObject(&window), then_(std::move(then)) {
-        window.installEventFilter(this);
+    explicit HandleWatch(QWidget& window) : QObject(&window) { window.installEventFilter(this); }
+
+    void add(std::function<void()> then) { waiting_.push_back(std::move(then)); }
+
+    /// The one that waits for this window already, or null.
+    static HandleWatch* of(const QWidget& window) {
+        for (QObject* child : window.children()) {
+            if (auto* watch = dynamic_cast<HandleWatch*>(child)) {
+                return watch->done_ ? nullptr : watch;
+            }
+        }
+        return nullptr;
     }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::WinIdChange && then_) {
+        if (event->type() == QEvent::WinIdChange && !done_) {
+            done_ = true;
             watched->removeEventFilter(this);
-            std::exchange(then_, {})();
+            for (const auto& then : waiting_) {
+                then();
+            }
             deleteLater();
         }
         return false;
     }
 
 private:
-    std::function<void()> then_;
+    std::vector<std::function<void()>> waiting_;
+    bool done_ = false;
 };
 
 }  // namespace
@@ -38,7 +52,8 @@ void whenNumbered(QWidget& window, std::function<void()> then) {
     if (window.internalWinId() != 0) {
         then();
     } else {
-        new HandleWatch(window, std::move(then));
+        HandleWatch* const known = HandleWatch::of(window);
+        (known != nullptr ? known : new HandleWatch(window))->add(std::move(then));
     }
 }
 

@@ -209,6 +209,24 @@ TEST_F(Startup, AWindowWithoutAHandleIsNotGivenOneBeforeItIsShown) {
     EXPECT_EQ(other.calls, QStringList());
 }
 
+TEST_F(Startup, TheHandleIsWrittenLastHoweverLateItComes) {
+    QString storedAtBinding = QStringLiteral("not bound");
+    struct LookingBus : NotedBus {
+        std::function<void()> look;
+        bool bind(quint32 window, const QString& title, Receiver taker) override {
+            look();
+            return NotedBus::bind(window, title, std::move(taker));
+        }
+    } other;
+    other.look = [&] { storedAtBinding = stored(); };
+    InstanceStart early(store, &other);
+    QWidget later;
+    early.InstanceStartup(later, QString());
+    later.show();
+    EXPECT_EQ(storedAtBinding, QString());
+    EXPECT_NE(stored(), QString());
+}
+
 TEST_F(Startup, MessagesAfterTheEndReachNobody) {
     NotedBus other;
     {
