@@ -15,7 +15,7 @@ if [[ ${1:-} != --inside ]]; then
     trap 'rm -rf "$work"' EXIT
     mkdir "$work/out"
     cp "$program" "$work/velorama"
-    cp -r "$root/samples" "$root/tools/first_folder.sh" "${BASH_SOURCE[0]}" "$work/"
+    cp -r "$root/samples" "$root"/tools/{first_folder,desktop}.sh "${BASH_SOURCE[0]}" "$work/"
     as_root=(--map-root-user)
     if ((EUID == 0)); then
         as_root=()
@@ -29,18 +29,14 @@ fi
 
 work=$2 scale=$3 size=$4
 source "$work/first_folder.sh"
-pids=()
+source "$work/desktop.sh"
 
 end_all() {
-    local i
     # Asked to end, it would ask in its turn whether to save.
     if [[ -n ${running:-} ]]; then
         kill -KILL "$running" 2>/dev/null || true
     fi
-    for ((i = ${#pids[@]} - 1; i >= 0; i--)); do
-        kill "${pids[i]}" 2>/dev/null || true
-        wait "${pids[i]}" 2>/dev/null || true
-    done
+    end_desktop
 }
 trap end_all EXIT
 
@@ -48,18 +44,6 @@ fail() {
     echo "screenshots: $1" >&2
     cat "$work/errors" >&2 2>/dev/null || true
     exit 1
-}
-
-# until_true COMMAND...: tries for 30 seconds.
-until_true() {
-    local tries
-    for ((tries = 0; tries < 150; tries++)); do
-        if "$@" >/dev/null 2>&1; then
-            return
-        fi
-        sleep 0.2
-    done
-    return 1
 }
 
 # --- the user's home ---
@@ -107,29 +91,6 @@ choose_settings() {
     for file in "$HOME"/Music/*; do
         put 'mfrmPRGMAINAUD\Details' "lstMUSIC$((row++))" "$file"
     done
-}
-
-# --- the desktop ---
-
-wm_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
-
-start_desktop() {
-    export XDG_CONFIG_HOME=$HOME/.config XDG_DATA_HOME=$HOME/.local/share XDG_CACHE_HOME=$HOME/.cache
-    export XDG_RUNTIME_DIR=$work/runtime QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 QT_SCALE_FACTOR=$scale
-    mkdir -m 700 "$XDG_RUNTIME_DIR"
-    Xvfb -displayfd 3 -screen 0 2560x1720x24 -noreset -nolisten tcp 3>"$work/display" 2>/dev/null &
-    pids+=($!)
-    until_true test -s "$work/display" || fail "the X server did not start"
-    DISPLAY=:$(<"$work/display")
-    export DISPLAY
-    unset WAYLAND_DISPLAY
-    dbus-daemon --session --nofork --address="unix:path=$XDG_RUNTIME_DIR/bus" 2>/dev/null &
-    pids+=($!)
-    export DBUS_SESSION_BUS_ADDRESS=unix:path=$XDG_RUNTIME_DIR/bus
-    until_true test -S "$XDG_RUNTIME_DIR/bus" || fail "the session bus did not start"
-    openbox --sm-disable >/dev/null 2>&1 &
-    pids+=($!)
-    until_true wm_runs || fail "the window manager did not start"
 }
 
 # --- the program ---
@@ -233,7 +194,8 @@ run_once() {
 }
 
 make_home
-start_desktop
+export QT_SCALE_FACTOR=$scale
+start_desktop "$work" 2560x1720
 run_once ''
 # The theme of the desktop, asked for by the means of desktops.
 export QT_QPA_PLATFORMTHEME=gtk3 GTK_THEME=Adwaita:dark QT_STYLE_OVERRIDE=Fusion

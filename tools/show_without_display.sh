@@ -4,19 +4,15 @@
 # it, wrote nothing to its error stream and ended with 0. Touches nothing of the user's.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/first_folder.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 
 program=$1 pictures=$2 out=$3
 shift 3
 
 home=$(mktemp -d)
-pids=()
 
 end_all() {
-    local i
-    for ((i = ${#pids[@]} - 1; i >= 0; i--)); do
-        kill "${pids[i]}" 2>/dev/null || true
-        wait "${pids[i]}" 2>/dev/null || true
-    done
+    end_desktop
     rm -rf "$home"
 }
 trap end_all EXIT
@@ -26,39 +22,6 @@ fail() {
     cat "$home/errors" >&2 2>/dev/null || true
     exit 1
 }
-
-# until_true COMMAND...: tries for 30 seconds.
-until_true() {
-    local tries
-    for ((tries = 0; tries < 150; tries++)); do
-        if "$@" >/dev/null 2>&1; then
-            return
-        fi
-        sleep 0.2
-    done
-    return 1
-}
-
-start_desktop() {
-    export HOME=$home XDG_CONFIG_HOME=$home/.config XDG_DATA_HOME=$home/.local/share
-    export XDG_CACHE_HOME=$home/.cache XDG_RUNTIME_DIR=$home/runtime QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
-    mkdir -m 700 "$XDG_RUNTIME_DIR"
-    Xvfb -displayfd 3 -screen 0 1920x1080x24 -noreset -nolisten tcp 3>"$home/display" 2>/dev/null &
-    pids+=($!)
-    until_true test -s "$home/display" || fail "the X server did not start"
-    DISPLAY=:$(<"$home/display")
-    export DISPLAY
-    unset WAYLAND_DISPLAY
-    dbus-daemon --session --nofork --address="unix:path=$XDG_RUNTIME_DIR/bus" 2>/dev/null &
-    pids+=($!)
-    export DBUS_SESSION_BUS_ADDRESS=unix:path=$XDG_RUNTIME_DIR/bus
-    until_true test -S "$XDG_RUNTIME_DIR/bus" || fail "the session bus did not start"
-    openbox --sm-disable >/dev/null 2>&1 &
-    pids+=($!)
-    until_true wm_runs || fail "the window manager did not start"
-}
-
-wm_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
 # A slow fade, so that a screenshot falls into its middle, and a slide that outlasts the next one.
 choose_settings() {
@@ -104,7 +67,8 @@ picture_of() {
     [[ -s $out/$1.png ]] || fail "no screenshot of $1"
 }
 
-start_desktop
+export HOME=$home
+start_desktop "$home" 1920x1080
 choose_settings
 start_program "$@"
 mkdir -p "$out"
