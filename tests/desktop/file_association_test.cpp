@@ -1,3 +1,4 @@
+#include "desktop/album_files.h"
 #include "desktop/main_window.h"
 #include "desktop/session.h"
 #include "desktop/store.h"
@@ -19,15 +20,6 @@ class Association : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(session.isUp()); }
 
-    /// An album without slides below the home.
-    QString makeAlbum(const QString& name) const {
-        const QString path = session.home() + u'/' + name;
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("0\r\n");
-        return path;
-    }
     QString detail(const char* name) const {
         return store.value(kDetails, QLatin1String(name)).value_or(QStringLiteral("none"));
     }
@@ -106,7 +98,7 @@ TEST_F(Association, ADoubleClickOpensTheAlbum) {
                                 QStringLiteral("it's \"50%\" #1;$(x)`y`.vlr"),
                                 QString::fromUtf8("Gr\xC3\xBC\xC3\x9F"
                                                   "e \xE2\x98\x80.vlr")}) {
-        const QString album = makeAlbum(name);
+        const QString album = makeAlbum(session, name);
         const WindowId window = open({QStringLiteral("xdg-open")}, album);
         ASSERT_NE(window, 0U) << name.toStdString();
         ASSERT_NO_FATAL_FAILURE(closeWindow(window, album));
@@ -118,12 +110,12 @@ TEST_F(Association, ADoubleClickFindsAProgramInAnOddPlace) {
     ASSERT_TRUE(QDir().mkpath(place));
     const QString program = place + QStringLiteral("/velorama");
     ASSERT_TRUE(QFile::copy(QStringLiteral(VELORAMA_PROGRAM), program));
-    const QString before = makeAlbum(QStringLiteral("before.vlr"));
+    const QString before = makeAlbum(session, QStringLiteral("before.vlr"));
     const WindowId first = open({program}, before);
     ASSERT_NE(first, 0U);
     ASSERT_TRUE(waitForDatabases());
     ASSERT_NO_FATAL_FAILURE(closeWindow(first, before));
-    const QString album = makeAlbum(QStringLiteral("a trip.vlr"));
+    const QString album = makeAlbum(session, QStringLiteral("a trip.vlr"));
     const WindowId window = open({QStringLiteral("gio"), QStringLiteral("open")}, album);
     ASSERT_NE(window, 0U);
     closeWindow(window, album);

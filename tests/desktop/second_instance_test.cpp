@@ -1,10 +1,9 @@
+#include "desktop/album_files.h"
 #include "desktop/main_window.h"
 #include "desktop/session.h"
 #include "desktop/store.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -18,14 +17,6 @@ class SecondInstance : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(session.isUp()); }
 
-    QString makeAlbum(const QString& name) const {
-        const QString path = session.home() + u'/' + name;
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("0\r\n");
-        return path;
-    }
     QString storedHandle() const {
         return store.value(QStringLiteral("Software\\Details\\velorama"), QStringLiteral("hwnd"))
             .value_or(QString());
@@ -49,7 +40,7 @@ protected:
 TEST_F(SecondInstance, OpensItsOwnWindowAndTheFirstShowsNoChange) {
     const MainWindow first(session, session.start());
     ASSERT_TRUE(waitForHandle(first));
-    const QString album = makeAlbum(QStringLiteral("My Albums/a trip.vlr"));
+    const QString album = makeAlbum(session, QStringLiteral("My Albums/a trip.vlr"));
     const MainWindow second(session, session.start({album}));
     EXPECT_TRUE(second.waitForTitle(captionOf(album)));
     EXPECT_TRUE(waitForHandle(second));
@@ -64,8 +55,8 @@ TEST_F(SecondInstance, OpensItsOwnWindowAndTheFirstShowsNoChange) {
 }
 
 TEST_F(SecondInstance, MeetsAFirstThatShowsAnAlbum) {
-    const QString one = makeAlbum(QStringLiteral("one.vlr"));
-    const QString two = makeAlbum(QStringLiteral("two.vlr"));
+    const QString one = makeAlbum(session, QStringLiteral("one.vlr"));
+    const QString two = makeAlbum(session, QStringLiteral("two.vlr"));
     const MainWindow first(session, session.start({one}));
     ASSERT_TRUE(first.waitForTitle(captionOf(one)));
     const MainWindow second(session, session.start({two}));
@@ -94,7 +85,7 @@ TEST_F(SecondInstance, AKilledFirstIsNoHindrance) {
         first.program().kill();
     }
     EXPECT_EQ(sockets().size(), 1);
-    const QString album = makeAlbum(QStringLiteral("trip.vlr"));
+    const QString album = makeAlbum(session, QStringLiteral("trip.vlr"));
     const MainWindow second(session, session.start({album}));
     EXPECT_TRUE(second.waitForTitle(captionOf(album)));
     EXPECT_EQ(sockets().size(), 1);
@@ -108,7 +99,7 @@ TEST_F(SecondInstance, AFrozenFirstIsNoHindrance) {
     ASSERT_NE(first.window(), 0U);
     const QString pid = QString::number(first.program().pid());
     ASSERT_TRUE(session.run(QStringLiteral("kill"), {QStringLiteral("-STOP"), pid}));
-    const QString album = makeAlbum(QStringLiteral("trip.vlr"));
+    const QString album = makeAlbum(session, QStringLiteral("trip.vlr"));
     const MainWindow second(session, session.start({album}));
     EXPECT_TRUE(second.waitForTitle(captionOf(album)));
     EXPECT_EQ(second.close(), 0);
@@ -118,10 +109,10 @@ TEST_F(SecondInstance, AFrozenFirstIsNoHindrance) {
 }
 
 TEST_F(SecondInstance, StartsWithoutAPlaceForSockets) {
-    const QString file = makeAlbum(QStringLiteral("no folder"));
+    const QString file = makeAlbum(session, QStringLiteral("no folder"));
     const QStringList nowhere = {QStringLiteral("XDG_RUNTIME_DIR=") + file,
                                  QStringLiteral("TMPDIR=") + file};
-    const QString album = makeAlbum(QStringLiteral("trip.vlr"));
+    const QString album = makeAlbum(session, QStringLiteral("trip.vlr"));
     const MainWindow first(session, session.start({}, nowhere));
     ASSERT_TRUE(waitForHandle(first));
     const MainWindow second(session, session.start({album}, nowhere));
