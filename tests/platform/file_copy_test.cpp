@@ -1,7 +1,7 @@
 #include "platform/file_copy.h"
 
+#include "platform/folder_world.h"
 #include "support/full_disk.h"
-#include "support/test_world.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -14,7 +14,7 @@
 namespace velorama {
 namespace {
 
-class CopyFileWhole : public testing::Test {
+class CopyFileWhole : public testing::Test, protected test::WithFolder {
 protected:
     QString make(const QString& name, const QByteArray& content) const {
         QFile file(folder + u'/' + name);
@@ -22,17 +22,6 @@ protected:
         EXPECT_EQ(file.write(content), content.size());
         return file.fileName();
     }
-    QString path(const QString& name) const { return folder + u'/' + name; }
-    QByteArray read(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-    }
-    QStringList names() const {
-        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
-                                      QDir::NoDotAndDotDot);
-    }
-
-    QString folder = test::temporaryFolder();
 };
 
 TEST_F(CopyFileWhole, GivesTheSameBytes) {

@@ -1,7 +1,7 @@
 #include "platform/file_write.h"
 
+#include "platform/folder_world.h"
 #include "support/full_disk.h"
-#include "support/test_world.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,22 +13,11 @@
 namespace velorama {
 namespace {
 
-class WriteFileWhole : public testing::TestWithParam<Lasting> {
+class WriteFileWhole : public testing::TestWithParam<Lasting>, protected test::WithFolder {
 protected:
-    QString path(const QString& name) const { return folder + u'/' + name; }
     bool write(const QString& name, const QByteArray& bytes) const {
         return writeFileWhole(path(name), bytes, GetParam());
     }
-    QByteArray read(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-    }
-    QStringList names() const {
-        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
-                                      QDir::NoDotAndDotDot);
-    }
-
-    QString folder = test::temporaryFolder();
 };
 
 TEST_P(WriteFileWhole, MakesAndReplaces) {
