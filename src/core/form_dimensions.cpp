@@ -3,6 +3,8 @@
 #include "core/lib_txt.h"
 #include "platform/numbers.h"
 
+#include <QGuiApplication>
+
 namespace velorama {
 namespace {
 
@@ -24,6 +26,12 @@ FormState formState(const QWidget& form) {
         return Minimised;
     }
     return state.testFlag(Qt::WindowMaximized) ? Maximised : Normal;
+}
+
+/// On Wayland the desktop alone places windows and tells nobody where: what stands here as a place
+/// is made up, and would be stored over the one from X11.
+bool knowsPlaces() {
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 void setMaximised(QWidget& form, bool maximised) {
@@ -131,8 +139,10 @@ void clsREGISTRY::FormDimensionsSave(const QWidget& form, bool Full) {
     if (Full && state == Maximised) {
         return;
     }
-    save(leftName, singleText(Left(form)));
-    save(topName, singleText(Top(form)));
+    if (knowsPlaces()) {
+        save(leftName, singleText(Left(form)));
+        save(topName, singleText(Top(form)));
+    }
     if (Full) {
         save(widthName, singleText(Width(form)));
         save(heightName, singleText(Height(form)));

@@ -42,8 +42,10 @@ Statement prepare(sqlite3* database, const char* sql, const QStringList& texts) 
 
 }  // namespace
 
-Store::Store(const DesktopSession& session)
-    : m_file(session.configFolder() + QStringLiteral("/velorama/registry.sqlite")) {}
+Store::Store(const DesktopSession& session) : Store(session.configFolder()) {}
+
+Store::Store(const QString& configFolder)
+    : m_file(configFolder + QStringLiteral("/velorama/registry.sqlite")) {}
 
 std::optional<QString> Store::value(const QString& key, const QString& name,
                                     const QString& hive) const {

@@ -17,6 +17,8 @@ inline constexpr char16_t kSettingsRoot[] = u"SOFTWARE\\Brightquay\\Velorama\\";
 class Store {
 public:
     explicit Store(const DesktopSession& session);
+    /// The store below $XDG_CONFIG_HOME.
+    explicit Store(const QString& configFolder);
 
     QString file() const { return m_file; }
     /// Nothing if there is no such value, or no store yet. Letter case of key and name is ignored.
