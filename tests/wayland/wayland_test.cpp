@@ -240,6 +240,9 @@ TEST_F(OnSway, ClosingAsks) {
     ASSERT_TRUE(press("space"));
     EXPECT_EQ(client->program().waitForExit(), 0)
         << session.focused().value(QStringLiteral("name")).toString().toStdString();
+    QFile file(album);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().startsWith("3|Our note\r\n"));
 }
 
 // An endless exchange over a place that the desktop does not give would go on for ever.
