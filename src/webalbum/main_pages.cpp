@@ -106,8 +106,8 @@ void modWEBALBUM::WebAlbumMainPagesWrite(const QString& folder, const QString& t
         // In one piece: the numbers of a large album are longer than all the rest.
         const QString page = upToTitle % title % upToHeading % title % upToLeftArrow %
                              leftArrow(p) % upToNumbers % numbers % upToRightArrow %
-                             rightArrow(p, pages) % upToPictures %
-                             pictureRows(folder, list, p, i) % upToEnd;
+                             rightArrow(p, pages) % upToPictures % pictureRows(folder, list, p, i) %
+                             upToEnd;
         if (!stopped_) {
             DocumentSaveText(page, fileIn(folder, pageName(p)), Lasting::No);
         }
