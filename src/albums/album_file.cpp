@@ -160,8 +160,13 @@ QByteArray AlbumFile::text(const QString& firstLine) const {
     // each, and all of them memory that the system has to clear first.
     constexpr qsizetype part = 32 * 1024;
     const int count = c_.lvwSLIDEBAR->Count();
-    QByteArray content;
     QString lines = firstLine + lineEnd;
+    qsizetype size = lines.size() + lineEnd.size();
+    for (int i = 1; i <= count; ++i) {
+        size += c_.lvwSLIDEBAR->item(i)->Key().size() + lineEnd.size();
+    }
+    QByteArray content;
+    content.reserve(size);
     lines.reserve(part + part / 8);
     for (int i = 1; i <= count; ++i) {
         if (lines.size() >= part) {

@@ -12,7 +12,7 @@ namespace velorama {
 /// takes its place whole, through a symbolic link and with its mode; where that fails, the old one
 /// stays as it is. Nothing is said. What can be generated again need not be waited for.
 void DocumentSaveText(const QString& Content, const QString& Path, Lasting lasting = Lasting::Yes);
-/// The same with a text that is in UTF-8 already; a long one is made in half the time so.
+/// The same with a text that is in UTF-8 already.
 void DocumentSaveBytes(QByteArray Content, const QString& Path, Lasting lasting = Lasting::Yes);
 
 /// The platform's formatted input over the bytes of a text file. A field ends at a comma or at a
