@@ -12,6 +12,10 @@ shift 3
 home=$(mktemp -d)
 
 end_all() {
+    # Asked to end, it would ask in its turn whether to save.
+    if [[ -n ${running:-} ]]; then
+        kill -KILL "$running" 2>/dev/null || true
+    fi
     end_desktop
     rm -rf "$home"
 }
@@ -43,9 +47,9 @@ start_program() {
 
 main_window() { xdotool search --all --onlyvisible --pid "$running" --name '^Velorama' | grep -m1 .; }
 
-# Slides that are in no album: the program asks whether to save them, and N is No.
+# Slides that are in no album: the program asks whether to save them. N is No, n is nothing.
 has_ended() {
-    ! kill -0 "$running" 2>/dev/null || { xdotool key n; false; }
+    ! kill -0 "$running" 2>/dev/null || { xdotool key shift+n; false; }
 }
 
 press() {
