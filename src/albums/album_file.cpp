@@ -1,5 +1,6 @@
 #include "albums/album_file.h"
 
+#include "controls/caption.h"
 #include "core/documents.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
@@ -15,7 +16,6 @@ const QString viewKey = QStringLiteral("mfrmPRGMAIN\\View");
 const QString albumName = QStringLiteral("Slideshow");
 const QString folderKey = QStringLiteral("mfrmPRGMAIN\\Details");
 const QString folderName = QStringLiteral("CMD Open Folder");
-const QString albumListName = QStringLiteral("mfrmPRGMAIN");
 const QString albumKinds = QStringLiteral("Velorama Album Files (*.vlr)|*.vlr|All Files|*.*");
 constexpr int albumFlags = FlagOverwritePrompt + FlagHideReadOnly + FlagExplorer;
 
@@ -46,11 +46,9 @@ QString AlbumFile::captionOf(const QString& path) const {
     return path.isEmpty() ? libTxt.ProductName : QString(path + separator + libTxt.ProductName);
 }
 
-void AlbumFile::setCaption(const QString& caption) {
+void AlbumFile::showCaption(const QString& caption) {
     if (c_.form) {
-        // A window title holds a place for a mark; written twice it is plain text.
-        const QString mark = QStringLiteral("[*]");
-        c_.form->setWindowTitle(QString(caption).replace(mark, mark + mark));
+        setCaption(*c_.form, caption);
     }
 }
 
@@ -78,7 +76,7 @@ void AlbumFile::joinAlbumList(const QString& path) {
 void AlbumFile::mnuFILENEW_Click() {
     slides_.ClearAll();
     tag_.clear();
-    setCaption(captionOf(tag_));
+    showCaption(captionOf(tag_));
     slides_.selectFirstSlide();
     slides_.lvwSLIDEBAR_Click();
     saveSetting(viewKey, albumName, QString());
@@ -116,7 +114,7 @@ void AlbumFile::read(const QString& path) {
     DocumentOpenText(path);
     if (self) {
         tag_ = path;
-        setCaption(captionOf(tag_));
+        showCaption(captionOf(tag_));
     }
 }
 
@@ -150,7 +148,7 @@ void AlbumFile::openAtStart(const QString& path) {
     }
     tag_ = path;
     // Other than after an Open, the name comes first.
-    setCaption(libTxt.ProductName + separator + path);
+    showCaption(libTxt.ProductName + separator + path);
     joinAlbumList(path);
 }
 
@@ -186,7 +184,7 @@ void AlbumFile::mnuFILESAVE_Click() {
     } else {
         const QString count = decimalText(c_.lvwSLIDEBAR->Count());
         DocumentSaveBytes(text(count + QLatin1Char('|') + note_ + QLatin1Char(' ')), tag_);
-        setCaption(captionOf(tag_));
+        showCaption(captionOf(tag_));
         setUnmodified();
         albums_.AlbumListAdd(tag_);
     }
@@ -204,9 +202,10 @@ void AlbumFile::mnuFILESAVEAS_Click() {
     if (!choose(true) || !self) {
         return;
     }
-    tag_ = c_.cdlDIALOG->FileName;
-    DocumentSaveBytes(content, tag_);
-    setCaption(captionOf(tag_));
+    const QString file = c_.cdlDIALOG->FileName;
+    DocumentSaveBytes(content, file);
+    tag_ = file;
+    showCaption(captionOf(tag_));
     joinAlbumList(tag_);
     saveSetting(viewKey, albumName, tag_);
     setUnmodified();

@@ -56,7 +56,7 @@ private:
     class Fields;
 
     QString captionOf(const QString& path) const;
-    void setCaption(const QString& caption);
+    void showCaption(const QString& caption);
     bool choose(bool save);
     QByteArray text(const QString& firstLine) const;
     /// If the settings let albums join it.

@@ -124,7 +124,7 @@ void AlbumList::AlbumListSelect(const QString& Path) {
 }
 
 /// A cancel is a failure only where another command has asked the shared dialog for it; otherwise
-/// the handler goes on with the file of the showing before.
+/// the handler goes on without a file: nothing joins the list, and the folder remembered is none.
 void AlbumList::btnADD_Click() {
     if (c_.cdlDIALOG == nullptr) {
         return;
@@ -134,7 +134,7 @@ void AlbumList::btnADD_Click() {
     dialog.DialogTitle = QStringLiteral("Insert a Slideshow album");
     dialog.Flags = FlagHideReadOnly + FlagExplorer + FlagLongNames;
     dialog.Filter = QStringLiteral("Velorama Album File (*.vlr)|*.vlr|All Files|*.*");
-    // Not the file that another command has chosen in the shared dialog: a cancel goes on with it.
+    // What another command has chosen in the shared dialog is not what a cancel goes on with.
     dialog.FileName.clear();
 
     const QPointer<AlbumList> self = this;

@@ -11,6 +11,9 @@
 
 namespace velorama {
 
+/// Key text under which the list of known albums lies in the settings.
+inline const QString albumListName = QStringLiteral("mfrmPRGMAIN");
+
 /// What the album list asks of the window: the open album and the commands of the slide list.
 struct AlbumListCalls {
     /// Path of the open album, the main form's Tag; empty for none.

@@ -1,5 +1,6 @@
 #include "browse/preview.h"
 
+#include "controls/caption.h"
 #include "controls/twips.h"
 #include "core/globals.h"
 #include "imaging/picture.h"
@@ -199,12 +200,9 @@ void Preview::PicturePreviewCertain(bool Forward) {
     const QString shown = path(list().item(position_), true);
     const PreviewWindow window = window_();
     layOut(window, shown);
-    QString caption = QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +
-                      decimalText(count) + QStringLiteral(") ") +
-                      gFileFoldr->FileNameFromPath(shown, true);
-    // The toolkit would take the mark for the place of its sign for unsaved changes.
-    const QString mark = QStringLiteral("[*]");
-    window.form->setWindowTitle(caption.replace(mark, mark + mark));
+    setCaption(*window.form, QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +
+                                 decimalText(count) + QStringLiteral(") ") +
+                                 gFileFoldr->FileNameFromPath(shown, true));
 }
 
 void Preview::layOut(const PreviewWindow& w, const QString& path) const {

@@ -15,7 +15,6 @@
 namespace velorama {
 namespace {
 
-const QString albumListName = QStringLiteral("mfrmPRGMAIN");
 const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
 const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
 const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
