@@ -58,18 +58,16 @@ public:
         }
     }
 
-    quint32 find(const QString& pattern) const override {
-        return sockets_
-            .firstAlive([&pattern](const InstanceWindow& window) {
-                return fitsTitle(window.title(), pattern);
-            })
-            .number;
+    quint32 find(const QString& pattern) override {
+        found_ = sockets_.firstAlive([&pattern](const InstanceWindow& window) {
+            return fitsTitle(window.title(), pattern);
+        });
+        return found_.number;
     }
 
     bool send(const QString& text, quint32 window) override {
         const QByteArray frame = messageFrame(text);
-        const InstanceWindow target = sockets_.firstAlive(
-            [window](const InstanceWindow& one) { return one.number == window; });
+        const InstanceWindow target = windowOf(window);
         if (frame.isEmpty() || target.socket.isEmpty()) {
             return false;
         }
@@ -88,6 +86,13 @@ public:
     }
 
 private:
+    InstanceWindow windowOf(quint32 number) const {
+        const bool isFound = !found_.socket.isEmpty() && found_.number == number;
+        return isFound ? found_ : sockets_.firstAlive([number](const InstanceWindow& one) {
+            return one.number == number;
+        });
+    }
+
     void accept() {
         while (QLocalSocket* connection = server_.nextPendingConnection()) {
             const auto open = server_.findChildren<QLocalSocket*>();
@@ -124,6 +129,7 @@ private:
     }
 
     InstanceSockets sockets_;
+    InstanceWindow found_;
     QString path_;  // of the own socket
     Receiver receiver_;
     QLocalServer server_;

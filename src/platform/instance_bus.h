@@ -25,9 +25,10 @@ public:
     virtual void setTitle(const QString& /*title*/) {}
 
     /// The oldest window of another process whose title fits the pattern; 0 if there is none.
-    virtual quint32 find(const QString& /*pattern*/) const { return 0; }
-    /// Hands a text to another process's window. False if there is no such window or it takes
-    /// nothing.
+    virtual quint32 find(const QString& /*pattern*/) { return 0; }
+    /// Hands a text to another process's window: to the one that was found last if it has this
+    /// number, since windows of several processes may have the same, otherwise to the oldest of
+    /// that number. False if there is no such window or it takes nothing.
     virtual bool send(const QString& /*text*/, quint32 /*window*/) { return false; }
     /// True if another process of the program has a window here.
     virtual bool othersRun() const { return false; }

@@ -167,6 +167,30 @@ TEST_F(Bus, EqualNumbersOfTwoProcessesAreTwoWindows) {
     EXPECT_TRUE(waitForCount(1));
 }
 
+TEST_F(Bus, ATextGoesToTheWindowThatWasFoundAndToNoOtherOfItsNumber) {
+    QStringList others;
+    const auto first = bus(100);
+    first->bind(5, QStringLiteral("Velorama - a"), [&](const QString& text) { others += text; });
+    auto second = bus(200);
+    second->bind(5, QStringLiteral("Velorama - b"), keep());
+    const auto third = bus(300);
+    for (const char* title : {"Velorama - b", "Velorama - a", "Velorama - b"}) {
+        EXPECT_EQ(third->find(QLatin1String(title)), 5U);
+        EXPECT_TRUE(third->send(QLatin1String(title), 5));
+    }
+    ASSERT_TRUE(waitForCount(2));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !others.isEmpty(); }));
+    EXPECT_EQ(received,
+              QStringList({QStringLiteral("Velorama - b"), QStringLiteral("Velorama - b")}));
+    EXPECT_EQ(others, QStringList(QStringLiteral("Velorama - a")));
+    // Gone in between, it has no heir.
+    second.reset();
+    EXPECT_FALSE(third->send(QStringLiteral("a"), 5));
+    // A number that was not found here is the oldest window's.
+    EXPECT_EQ(third->find(QStringLiteral("Velorama - b")), 0U);
+    EXPECT_TRUE(third->send(QStringLiteral("a"), 5));
+}
+
 TEST_F(Bus, TheLongestTextPassesAndNoLonger) {
     const auto first = bus(100);
     first->bind(5, QStringLiteral("Velorama"), keep());

@@ -23,7 +23,7 @@ public:
         return true;
     }
     void setTitle(const QString& title) override { calls.append(QStringLiteral("title ") + title); }
-    quint32 find(const QString& pattern) const override {
+    quint32 find(const QString& pattern) override {
         calls.append(QStringLiteral("find ") + pattern);
         return windows.value(pattern);
     }
@@ -37,7 +37,7 @@ public:
     QHash<QString, quint32> windows;
     quint32 bound = 0;
     Receiver receiver;
-    mutable QStringList calls;
+    QStringList calls;
 };
 
 class Startup : public testing::Test {
