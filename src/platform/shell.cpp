@@ -1,9 +1,11 @@
 #include "platform/shell.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QUrl>
 
 #include <array>
 
@@ -16,11 +18,13 @@ struct SpecialFolder {
     const char* ending;
 };
 
+constexpr int documentsId = 5;
+
 /// By CSIDL number. The documents folder carries its closing separator: the paths of a web album
 /// are put together on it.
 constexpr std::array<SpecialFolder, 9> specialFolders = {{
     {0, QStandardPaths::DesktopLocation, ""},
-    {5, QStandardPaths::DocumentsLocation, "/"},
+    {documentsId, QStandardPaths::DocumentsLocation, "/"},
     {13, QStandardPaths::MusicLocation, ""},
     {14, QStandardPaths::MoviesLocation, ""},
     {16, QStandardPaths::DesktopLocation, ""},
@@ -30,6 +34,17 @@ constexpr std::array<SpecialFolder, 9> specialFolders = {{
     {40, QStandardPaths::HomeLocation, ""},
 }};
 
+/// A path that was put behind the protocol as it stands is no address: "#", "?" and "%" mean
+/// something there.
+QString address(const QString& target) {
+    const QString protocol = QStringLiteral("file://");
+    const QString path = target.mid(protocol.size());
+    if (!target.startsWith(protocol) || !QDir::isAbsolutePath(path) || !QFileInfo::exists(path)) {
+        return target;
+    }
+    return protocol + QString::fromLatin1(QUrl::toPercentEncoding(path, "/"));
+}
+
 class DesktopShell : public Shell {
 public:
     bool open(const QString& target) override {
@@ -37,7 +52,8 @@ public:
             return false;
         }
         // A name that looks like an option is still a name.
-        const QString argument = target.startsWith(u'-') ? QStringLiteral("./") + target : target;
+        const QString argument =
+            target.startsWith(u'-') ? QString(QStringLiteral("./") + target) : address(target);
         return QProcess::startDetached(QStringLiteral("xdg-open"), {argument});
     }
 
@@ -45,6 +61,9 @@ public:
         for (const SpecialFolder& folder : specialFolders) {
             const QString path = QStandardPaths::writableLocation(folder.location);
             if (folder.id == folderId && !path.isEmpty()) {
+                if (folderId == documentsId) {
+                    QDir().mkpath(path);
+                }
                 return path + QLatin1String(folder.ending);
             }
         }

@@ -15,10 +15,11 @@ public:
     virtual ~Shell() = default;
 
     /// Hands a file or an address to the program the desktop has for it. Does not wait; true if
-    /// something was asked to open it. No shell ever interprets the text.
+    /// something was asked to open it. No shell ever interprets the text. Behind "file://" the
+    /// plain path of a file that is there will do.
     virtual bool open(const QString& target) = 0;
-    /// Folder of a CSIDL number (5 documents, 39 pictures), with the closing separator for 5; empty
-    /// if the system has none.
+    /// Folder of a CSIDL number (5 documents, 39 pictures), empty if the system has none. Number 5
+    /// comes with the closing separator, and is made where it is not there: nobody else would.
     virtual QString specialFolder(int folderId) const = 0;
 };
 

@@ -74,6 +74,44 @@ TEST(Shell, TheDocumentsFolderCarriesItsSeparator) {
     EXPECT_EQ(shell->specialFolder(-1), QString());
 }
 
+TEST(Shell, AFileThatIsThereIsHandedOverAsAWholeAddress) {
+    const QString folder = test::temporaryFolder() + QString::fromUtf8("/50%41? #1 \xC3\xA4");
+    const QString page = folder + QStringLiteral("/index1.html");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    ASSERT_TRUE(QFile(page).open(QIODevice::WriteOnly));
+    const FakeOpener opener;
+    EXPECT_TRUE(makeDesktopShell()->open(QStringLiteral("file://") + page));
+    EXPECT_TRUE(opener.arguments().endsWith("/50%2541%3F%20%231%20%C3%A4/index1.html\n"))
+        << opener.arguments().toStdString();
+    EXPECT_TRUE(opener.arguments().startsWith("file:///"));
+}
+
+// What is an address already, or names nothing, is nobody's to change.
+TEST(Shell, AnAddressOfNoFileStaysAsItIs) {
+    const QString folder = test::temporaryFolder();
+    ASSERT_TRUE(QFile(folder + QStringLiteral("/a b.html")).open(QIODevice::WriteOnly));
+    const QStringList targets = {QStringLiteral("file://") + folder + QStringLiteral("/a%20b.html"),
+                                 QStringLiteral("file:///none/here #1"), QStringLiteral("file://"),
+                                 QStringLiteral("file://#")};
+    for (const QString& target : targets) {
+        const FakeOpener opener;
+        EXPECT_TRUE(makeDesktopShell()->open(target));
+        EXPECT_EQ(opener.arguments(), target.toUtf8() + '\n');
+    }
+}
+
+TEST(Shell, OnlyTheDocumentsFolderIsMade) {
+    const auto shell = makeDesktopShell();
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QDir().rmdir(documents);
+    ASSERT_FALSE(QDir(documents).exists());
+    shell->specialFolder(39);
+    EXPECT_FALSE(QDir(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)).exists());
+    EXPECT_FALSE(QDir(documents).exists());
+    shell->specialFolder(5);
+    EXPECT_TRUE(QDir(documents).exists());
+}
+
 TEST(ProgramFolders, TheUsersDataAreLookedAtFirst) {
     EXPECT_EQ(applicationFolder(),
               qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/velorama"));
