@@ -3,9 +3,9 @@
 #include "browse/screen_pointer.h"
 #include "core/globals.h"
 #include "imaging/scaling.h"
+#include "platform/private_files.h"
 #include "platform/shell.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPainter>
@@ -62,10 +62,13 @@ void savePicture(const QImage& picture, const QString& path) {
     if (picture.isNull() || (place.exists() && !place.isFile())) {
         return;
     }
-    QDir().mkpath(place.path());
+    makePrivateFolder(place.path());
+    closeToOthers(place.path());
     QSaveFile file(path);
     // On a full disk only the flush says so.
-    if (file.open(QIODevice::WriteOnly) && picture.save(&file, "BMP") && file.flush()) {
+    if (file.open(QIODevice::WriteOnly) &&
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && picture.save(&file, "BMP") &&
+        file.flush()) {
         file.commit();
     }
 }

@@ -1,12 +1,16 @@
 #include "platform/registry_file.h"
 
+#include "platform/private_files.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <memory>
@@ -151,8 +155,10 @@ bool RegistryFile::open(bool create) {
         return true;
     }
     if (create) {
-        QDir().mkpath(QFileInfo(path_).absolutePath());
+        makePrivateFolder(QFileInfo(path_).absolutePath());
+        makeFile();
     }
+    closeAllToOthers();
     const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
     if (sqlite3_open_v2(path_.toUtf8().constData(), &database_, flags, nullptr) != SQLITE_OK) {
         close();
@@ -161,6 +167,26 @@ bool RegistryFile::open(bool create) {
     sqlite3_busy_timeout(database_, busyMilliseconds);
     opened_ = identity();
     return true;
+}
+
+/// The library would make it with everybody's rights. What it makes itself, journals, has the
+/// file's.
+void RegistryFile::makeFile() const {
+    const int made =
+        ::open(QFile::encodeName(path_).constData(), O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (made >= 0) {
+        ::close(made);
+    }
+}
+
+/// An older run has left the folder, the file, its journals and damaged ones as they came.
+void RegistryFile::closeAllToOthers() const {
+    const QFileInfo file(path_);
+    closeToOthers(file.absolutePath());
+    const QStringList kin = {file.fileName() + u'*'};
+    for (const QFileInfo& one : file.absoluteDir().entryInfoList(kin, QDir::Files)) {
+        closeToOthers(one.filePath());
+    }
 }
 
 void RegistryFile::close() {

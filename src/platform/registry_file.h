@@ -13,7 +13,9 @@ struct sqlite3;
 
 namespace velorama {
 
-/// The SQLite file behind the settings store. Calls block on the disk; one thread at a time.
+/// The SQLite file behind the settings store. It and its folder, which is the program's own, are
+/// closed to other users as soon as they are touched. Calls block on the disk; one thread at a
+/// time.
 class RegistryFile {
 public:
     enum class Result {
@@ -35,7 +37,7 @@ public:
     /// Adds every row to `table`, the last of several for the same value wins. A damaged file gives
     /// the rows that could be read.
     Result load(RegistryTable& table);
-    /// All in one transaction. Makes the file and its folder if need be.
+    /// All in one transaction. Makes the file and its folder if need be, for this user alone.
     Result write(const std::vector<AddressedValue>& values);
     /// Renames the file, and the journal that belongs to it, and keeps it.
     void moveAside();
@@ -44,6 +46,8 @@ private:
     using Identity = std::pair<std::uint64_t, std::uint64_t>;
 
     bool open(bool create);
+    void makeFile() const;
+    void closeAllToOthers() const;
     void close();
     bool isReplaced() const;
     Identity identity() const;

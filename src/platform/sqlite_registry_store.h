@@ -14,6 +14,7 @@ namespace velorama {
 /// - A full disk or a read-only folder: values live on in memory and are tried again later.
 /// - A damaged file is moved aside (`registry.sqlite.damaged-<date>-<time>`), kept, and a new one
 ///   begun.
+/// - It lists the user's pictures, so nobody else gets in: 0600, its folder 0700.
 /// - The file comes into being with the first write. `CurrentVersion` under HKLM is in memory from
 /// the
 ///   start where the file has none.

@@ -1,6 +1,7 @@
 #include "core/documents.h"
 #include "imaging/colours.h"
 #include "platform/numbers.h"
+#include "platform/private_files.h"
 #include "platform/shell.h"
 #include "webalbum/mod_webalbum.h"
 
@@ -76,6 +77,7 @@ QString styleSheet(const WebAlbumValues& values) {
 
 void modWEBALBUM::WebAlbumStyleSheetWrite() const {
     const QString images = applicationFolder() + QStringLiteral("/images");
+    makePrivateFolder(applicationFolder());
     QDir().mkpath(images);
     DocumentSaveText(styleSheet(values_), images + QStringLiteral("/mainwa.css"), Lasting::No);
 }

@@ -181,6 +181,24 @@ TEST_F(WallpaperTest, secondUseOverwritesTheSameFile) {
               QStringList(QStringLiteral("Velorama Wallpaper.bmp")));
 }
 
+// It is a picture of the user's, who may have kept the file it comes from to himself.
+TEST_F(WallpaperTest, fileAndFolderAreTheUsersAlone) {
+    const auto rights = [](const QString& path) {
+        return QFile::permissions(path) & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser);
+    };
+    const QFile::Permissions file = QFile::ReadOwner | QFile::WriteOwner;
+    ASSERT_TRUE(QDir().mkpath(applicationFolder()));
+    ASSERT_TRUE(QFile(wallpaperFile()).open(QIODevice::WriteOnly));
+    QFile::setPermissions(wallpaperFile(), file | QFile::ReadGroup | QFile::ReadOther);
+    for (int run = 0; run < 2; ++run) {
+        wallpaper.SetDesktopWallpaper(folder + QStringLiteral("/a.bmp"));
+        EXPECT_EQ(rights(wallpaperFile()), file);
+        EXPECT_EQ(rights(applicationFolder()), file | QFile::ExeOwner);
+        QFile::remove(wallpaperFile());
+        QDir().rmdir(applicationFolder());
+    }
+}
+
 TEST_F(WallpaperTest, everyKindComesOutAsABitmap) {
     const QString jpeg = savePicture(folder, QStringLiteral("p.jpg"), QSize(31, 17));
     const QString gif = folder + QStringLiteral("/p.gif");

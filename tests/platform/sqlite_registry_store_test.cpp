@@ -127,6 +127,72 @@ TEST_F(SqliteStore, ReadingCreatesNoFile) {
     EXPECT_TRUE(QDir(folder).isEmpty());
 }
 
+/// The rights of a file or folder, in octal.
+QByteArray modeOf(const QString& path) {
+    struct stat state = {};
+    EXPECT_EQ(::stat(QFile::encodeName(path).constData(), &state), 0) << path.toStdString();
+    return QByteArray::number(state.st_mode & 0777U, 8);
+}
+
+void setMode(const QString& path, mode_t mode) {
+    ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0) << path.toStdString();
+}
+
+TEST_F(SqliteStore, IsTheUsersAlone) {
+    const mode_t before = ::umask(0);
+    {
+        SqliteRegistryStore store(file);
+        save(store, number(1), "/pics/a.jpg");
+        store.flush();
+    }
+    ::umask(before);
+    EXPECT_EQ(modeOf(QFileInfo(file).path()), "700");
+    EXPECT_EQ(modeOf(file), "600");
+    EXPECT_NE(modeOf(folder), "700");
+}
+
+TEST_F(SqliteStore, OfAnOlderRunIsTakenFromTheEyesOfOthers) {
+    runSql(createTable);
+    const QString place = QFileInfo(file).path();
+    const QStringList files = {file, file + QStringLiteral(".damaged-20260102-030405"),
+                               file + QStringLiteral("-journal"), file + QStringLiteral("-wal")};
+    for (const QString& one : files) {
+        ASSERT_TRUE(QFile(one).open(QIODevice::Append));
+        setMode(one, 0664);
+    }
+    const QString users = place + QStringLiteral("/drives");
+    ASSERT_TRUE(QFile(users).open(QIODevice::WriteOnly));
+    setMode(users, 0644);
+    setMode(place, 0755);
+    const SqliteRegistryStore store(file);
+    EXPECT_EQ(modeOf(place), "700");
+    // The journal of nothing goes when the file is opened.
+    for (const QString& one : files) {
+        EXPECT_TRUE(!QFile::exists(one) || modeOf(one) == "600") << one.toStdString();
+    }
+    EXPECT_EQ(modeOf(users), "644");
+}
+
+TEST_F(SqliteStore, OnlyTakesRightsAndGivesNone) {
+    runSql(createTable);
+    const QString place = QFileInfo(file).path();
+    setMode(file, 0444);
+    setMode(place, 0555);
+    { const SqliteRegistryStore store(file); }
+    EXPECT_EQ(modeOf(file), "400");
+    EXPECT_EQ(modeOf(place), "500");
+    setMode(place, 0700);
+}
+
+// A folder that everybody works in is not the store's own.
+TEST_F(SqliteStore, LeavesACommonFolderAsItIs) {
+    runSql(createTable);
+    const QString place = QFileInfo(file).path();
+    setMode(place, 01777);
+    { const SqliteRegistryStore store(file); }
+    EXPECT_EQ(modeOf(place), "777");
+}
+
 TEST_F(SqliteStore, HoldsEveryTypeOverTheEndOfTheProgram) {
     const RegistryValue expandable = {ValueType::ExpandableText, "%HOME%/\xC3\xA4"};
     const RegistryValue count = {ValueType::Number, "42"};
