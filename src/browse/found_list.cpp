@@ -90,6 +90,7 @@ void FoundList::ftvFOLDER_NodeChange(QString path) {  // NOLINT(performance-unne
     if (FormLoading || stopped_) {
         return;
     }
+    chosen_ = path;
     if (depth_ >= deepest) {
         postponed_ = path;
         return;
@@ -123,7 +124,9 @@ void FoundList::list(const QString& path) {
     if (!yield()) {
         return;
     }
-    saveSetting(QStringLiteral("frmTOOLSSETTINGS\\Items"), QStringLiteral("Files Location"), path);
+    // A listing ends after those inside it, whose folders were chosen later.
+    saveSetting(QStringLiteral("frmTOOLSSETTINGS\\Items"), QStringLiteral("Files Location"),
+                chosen_);
     if (!yield()) {
         return;
     }

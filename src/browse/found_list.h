@@ -70,6 +70,7 @@ private:
     FoundListCalls calls_;
     bool stopped_ = false;
     int depth_ = 0;
+    QString chosen_;  // the folder of the latest node change
     std::optional<QString> postponed_;
 };
 

@@ -214,8 +214,8 @@ TEST_F(FoundListTest, anotherFolderInsideAListingTakesOver) {
     expectAligned();
     EXPECT_EQ(lvwFOUND->Count(), 4);
     expectAtRest();
-    // The outer listing ends last and stores its own folder.
-    EXPECT_EQ(stored(), outer);
+    // The outer listing ends last, and the next start is to show the folder that is on the screen.
+    EXPECT_EQ(stored(), inner);
 }
 
 TEST_F(FoundListTest, shorterFolderInsideAListingEndsIt) {
@@ -263,6 +263,21 @@ TEST_F(FoundListTest, listingsInsideListingsDoNotEatTheStack) {
     EXPECT_EQ(texts(), QStringList(QStringLiteral("last.bmp")));
     expectAligned();
     expectAtRest();
+    EXPECT_EQ(stored(), last);
+}
+
+TEST_F(FoundListTest, folderChosenLastIsStoredWhicheverListingEndsLast) {
+    const QString first = folderWith({QStringLiteral("a.bmp")});
+    const QString second = folderWith({QStringLiteral("b.bmp")});
+    const QString third = test::temporaryFolder();
+    test::atNextYield([&] {
+        test::atNextYield([&] { list->ftvFOLDER_NodeChange(third); });
+        list->ftvFOLDER_NodeChange(second);
+    });
+    list->ftvFOLDER_NodeChange(first);
+    EXPECT_EQ(stored(), third);
+    list->ftvFOLDER_NodeChange(first);
+    EXPECT_EQ(stored(), first);
 }
 
 TEST_F(FoundListTest, closedWindowEndsTheListing) {
