@@ -8,22 +8,13 @@
 #include "platform/sqlite_registry_store.h"
 #include "platform/termination.h"
 #include "shell/assoc_ext.h"
+#include "shell/command_line.h"
 #include "shell/instance_startup.h"
 #include "ui/main_window.h"
 
 #include <QApplication>
 #include <QDate>
 #include <QIcon>
-
-namespace {
-
-/// Without the program's own name and what the toolkit has taken: a path whose blanks the caller
-/// left unquoted comes as several words.
-QString commandLine() {
-    return QApplication::arguments().mid(1).join(QLatin1Char(' '));
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
     using namespace velorama;
@@ -55,7 +46,7 @@ int main(int argc, char** argv) {
                                 }});
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
-        mainWindow.Form_Load(commandLine());
+        mainWindow.Form_Load(Command(QApplication::arguments()));
         if (!mainWindow.isUnloaded()) {
             result = QApplication::exec();
         }

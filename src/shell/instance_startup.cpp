@@ -2,21 +2,13 @@
 
 #include "shell/assoc_com.h"
 #include "shell/assoc_reg.h"
+#include "shell/command_line.h"
 #include "shell/window_number.h"
-
-#include <QDir>
-#include <QFileInfo>
 
 namespace velorama {
 namespace {
 
 const QString handleName = QStringLiteral("hwnd");
-
-/// The word that the first instance would find the file by: its working folder is another one.
-QString absoluteFile(const QString& file) {
-    const QFileInfo info(file);
-    return info.isRelative() && info.exists() ? info.absoluteFilePath() : file;
-}
 
 /// The first word if it is a file; otherwise the whole line, whose blanks may be a path's own.
 QString fileOf(const QString& commandLine) {
@@ -54,6 +46,8 @@ void InstanceStart::handOver(const QString& file) {
         return;
     }
     const quint32 target = InstanceFind();
+    // The first word of a line may still be named from the working folder, and the other's is not
+    // this one.
     cComm_->CommSend(absoluteFile(file), target);
 }
 

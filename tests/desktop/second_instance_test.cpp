@@ -78,6 +78,27 @@ TEST_F(SecondInstance, TakesAMissingFileAsItsAlbumAllTheSame) {
     EXPECT_EQ(first.title(), kTitle);
 }
 
+TEST_F(SecondInstance, AnAlbumNamedInItsFolderIsKnownElsewhere) {
+    const QString later = makeAlbum(session, QStringLiteral("later.vlr"));
+    const QString album = makeAlbum(session, QStringLiteral("albums/my trip.vlr"));
+    const QString folder = session.home() + QStringLiteral("/albums");
+    {
+        // The shell hands blanks over in one word or, unquoted, in two.
+        const MainWindow window(
+            session, session.start({QStringLiteral("my"), QStringLiteral("trip.vlr")}, {}, folder));
+        EXPECT_TRUE(window.waitForTitle(captionOf(album)));
+        EXPECT_EQ(window.close(), 0);
+    }
+    {
+        const MainWindow window(session, session.start({later}));
+        EXPECT_TRUE(window.waitForTitle(captionOf(later)));
+        EXPECT_EQ(window.close(), 0);
+    }
+    const QString details = QStringLiteral("mfrmPRGMAIN\\Details");
+    EXPECT_EQ(store.setting(details, QStringLiteral("lvwALBUMS1")), album);
+    EXPECT_EQ(store.setting(details, QStringLiteral("lvwALBUMS2")), later);
+}
+
 TEST_F(SecondInstance, AKilledFirstIsNoHindrance) {
     {
         const MainWindow first(session, session.start());

@@ -1,0 +1,25 @@
+#include "shell/command_line.h"
+
+#include "platform/paths.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace velorama {
+
+QString Command(const QStringList& arguments) {
+    return absoluteFile(arguments.mid(1).join(QLatin1Char(' ')));
+}
+
+QString absoluteFile(const QString& file) {
+    const QFileInfo found(hostFile(file));
+    if (!QFileInfo(file).isRelative() || !found.isRelative() || !found.isFile()) {
+        return file;
+    }
+    // Behind a link, ".." leads elsewhere than the text says.
+    const QString whole = QDir::current().filePath(found.filePath());
+    const QString plain = QDir::cleanPath(whole);
+    return QFileInfo(plain) == found ? plain : whole;
+}
+
+}  // namespace velorama
