@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QHash>
 
+#include <algorithm>
+
 namespace velorama {
 namespace {
 
@@ -129,6 +131,26 @@ bool canStandHere(const QString& path) {
 #endif
 }
 
+/// `name`, as it was given, in the folder that a walk has led to or ended before.
+QString placeIn(const Walk& folder, const QString& name) {
+    const QString way = folder.reached + folder.missing;
+    return way.isEmpty() ? name : withSlash(way) + name;
+}
+
+QString placeHere(const QString& path) {
+    const QChar separator = pathSeparator(path);
+    qsizetype end = path.size();
+    while (end > 1 && path[end - 1] == separator) {
+        --end;
+    }
+    const qsizetype cut = path.lastIndexOf(separator, end - 1);
+    const QString folder = path.left(std::max<qsizetype>(cut, 1));
+    if (cut < 0 || ExactNames::hold(path) || QFileInfo::exists(path) || QFileInfo(folder).isDir()) {
+        return path;
+    }
+    return placeIn(walk(folder), path.sliced(cut + 1, end - cut - 1));
+}
+
 }  // namespace
 
 QChar pathSeparator(const QString& path) {
@@ -180,14 +202,18 @@ QString hostFile(const QString& path) {
 
 QString hostPlace(const QString& path) {
     const std::optional<DrivePath> drive = onDrive(path);
-    if (!drive && !canStandHere(path)) {
+    if (!drive) {
+        return canStandHere(path) ? placeHere(path) : QString();
+    }
+    // A disk that is not there gets nothing: that would be written below the place it hangs in.
+    if (!QFileInfo(drive->folder).isDir()) {
         return QString();
     }
-    if (QFileInfo::exists(path) || (!drive && ExactNames::hold(path))) {
-        return path;
-    }
-    const Walk found = drive ? walk(*drive) : walk(path);
-    return drive && found.reached.isEmpty() ? QString() : found.reached + found.missing;
+    const qsizetype slash = drive->below.lastIndexOf(u'/');
+    const QString start = withSlash(drive->folder);
+    return drive->below.isEmpty() ? drive->folder
+                                  : placeIn(walk(start, drive->below.left(slash < 0 ? 0 : slash)),
+                                            drive->below.mid(slash + 1));
 }
 
 }  // namespace velorama

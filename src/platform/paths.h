@@ -37,9 +37,9 @@ QString lastSegment(const QString& path);
 /// can name no file on any system.
 QString hostFile(const QString& path);
 
-/// Where a new file or folder of that path belongs on this machine: folders above it are found as
-/// in `hostFile`, what does not exist keeps its name. Empty if this machine cannot have such a
-/// path.
+/// Where a file or folder that is to be written under that path belongs on this machine. Its name
+/// stays as it was given, so that nothing of another name is replaced; only the folders above it
+/// and the drive are found as in `hostFile`. Empty if this machine cannot have such a path.
 QString hostPlace(const QString& path);
 
 }  // namespace velorama

@@ -106,6 +106,19 @@ TEST_F(AlbumSave, theNameStandsAsTyped) {
     EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList("trip"));
 }
 
+TEST_F(AlbumSave, anAlbumOfOtherCaseStays) {
+    const QString other = test::saved(folder, QStringLiteral("Trip.vlr"), "old");
+    fill({a});
+    saveAs(path);
+    EXPECT_EQ(test::contentOf(other), QByteArray("old"));
+    EXPECT_EQ(test::contentOf(path), QByteArray("1\r\nC:\\Pictures\\a.jpg\r\n\r\n"));
+    file->setTag(folder + QStringLiteral("/TRIP.vlr"));
+    file->mnuFILESAVE_Click();
+    EXPECT_EQ(test::contentOf(other), QByteArray("old"));
+    EXPECT_EQ(test::contentOf(folder + QStringLiteral("/TRIP.vlr")),
+              QByteArray("1| \r\nC:\\Pictures\\a.jpg\r\n\r\n"));
+}
+
 TEST_F(AlbumSave, aCancelledSaveAsChangesNothingButTheSign) {
     fill({a});
     modify();

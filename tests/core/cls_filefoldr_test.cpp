@@ -139,9 +139,20 @@ TEST_F(ClsFileFoldr, AFolderIsMadeOneLevelDeep) {
     files.FolderCreate(folder + QStringLiteral("/x/y"));
     EXPECT_FALSE(files.FolderExists(folder + QStringLiteral("/x")));
     files.FolderCreate(QString());
-    files.FolderCreate(folder + QStringLiteral("/ONE"));
+    files.FolderCreate(folder + QStringLiteral("/one"));
     EXPECT_EQ(QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
               QStringList(QStringLiteral("one")));
+}
+
+TEST_F(ClsFileFoldr, ANewFolderHasItsOwnNameBesideOneOfOtherCase) {
+    files.FolderCreate(folder + QStringLiteral("/one"));
+    files.FolderCreate(folder + QStringLiteral("/ONE"));
+    files.FolderCreate(folder + QStringLiteral("/One/two"));
+    EXPECT_EQ(QDir(folder)
+                  .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase)
+                  .size(),
+              2);
+    EXPECT_TRUE(QFileInfo(folder + QStringLiteral("/ONE/two")).isDir());
 }
 
 TEST_F(ClsFileFoldr, APathOfAnotherSystemMakesNothingHere) {
@@ -174,8 +185,17 @@ TEST_F(ClsFileFoldr, ACopyReplacesWhatIsThere) {
     const QString target = make(QStringLiteral("b.jpg"), "a longer old text");
     files.FileCopyNew(source, target);
     EXPECT_EQ(read(target), "new");
-    files.FileCopyNew(source, folder + QStringLiteral("/B.JPG"));
     EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(ClsFileFoldr, ACopyReplacesNoFileOfAnotherName) {
+    const QString source = make(QStringLiteral("a.jpg"), "new");
+    const QString other = make(QStringLiteral("b.jpg"), "old");
+    files.FileCopyNew(source, folder + QStringLiteral("/B.JPG"));
+    EXPECT_EQ(read(other), "old");
+    EXPECT_EQ(read(folder + QStringLiteral("/B.JPG")), "new");
+    files.FileCopyNew(folder + QStringLiteral("/A.JPG"), folder + QStringLiteral("/A.jpg"));
+    EXPECT_EQ(read(folder + QStringLiteral("/A.jpg")), "new");
 }
 
 TEST_F(ClsFileFoldr, ACopyThatCannotBeMadeChangesNothing) {

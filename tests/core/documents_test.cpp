@@ -130,6 +130,20 @@ TEST_F(DocumentSave, letterCaseAndSlashesFindTheFolder) {
     EXPECT_EQ(bytesOf(folder + QStringLiteral("/Trips/a.vlr")), QByteArray("0\r\n"));
 }
 
+TEST_F(DocumentSave, aFileOfAnotherNameIsNotReplaced) {
+    const QString other = folder + QStringLiteral("/A.vlr");
+    writeBytes(other, "old");
+    DocumentSaveText(QStringLiteral("0"), path);
+    EXPECT_EQ(bytesOf(other), QByteArray("old"));
+    EXPECT_EQ(bytesOf(path), QByteArray("0\r\n"));
+    const QString typed = folder + QStringLiteral("/trips\\a.vlr");
+    ASSERT_TRUE(QDir(folder).mkdir(QStringLiteral("trips")));
+    writeBytes(folder + QStringLiteral("/trips/a.vlr"), "old");
+    DocumentSaveText(QStringLiteral("1"), typed);
+    EXPECT_EQ(bytesOf(folder + QStringLiteral("/trips/a.vlr")), QByteArray("old"));
+    EXPECT_EQ(bytesOf(typed), QByteArray("1\r\n"));
+}
+
 TEST_F(DocumentSave, pathsThatThisMachineCannotHaveMakeNoFile) {
     const QString before = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(folder));

@@ -114,6 +114,18 @@ TEST_F(Albums, ALetterAnswersInUpperCaseOnly) {
     EXPECT_EQ(bytesOf(album), albumText(saved(), moved()));
 }
 
+TEST_F(Albums, SaveAsReplacesNoAlbumOfOtherLetters) {
+    openAlbum();
+    const QByteArray before = bytesOf(album);
+    const QString other = session.home() + QStringLiteral("/my TRIP, day 1.vlr");
+    session.key(QStringLiteral("F12"));
+    // Another name, if only by its letters: no question, and both files stand.
+    ASSERT_TRUE(page->chooseFile(QStringLiteral("Save"), other));
+    EXPECT_TRUE(page->waitForTitle(titled(other)));
+    EXPECT_EQ(bytesOf(other), albumText(QStringLiteral("3"), slides));
+    EXPECT_EQ(bytesOf(album), before);
+}
+
 class AlbumByCommandLine : public Albums, public testing::WithParamInterface<bool> {};
 
 TEST_P(AlbumByCommandLine, MayHoldBlanks) {

@@ -141,7 +141,9 @@ TEST_F(Drives, TheRootOfThisMachineCanBeADrive) {
 
 TEST_F(Drives, ANewFileGetsItsPlaceThere) {
     EXPECT_EQ(hostPlace(S("C:\\pictures\\New\\B.jpg")), disk + S("/Pictures/New/B.jpg"));
-    EXPECT_EQ(hostPlace(S("C:\\PICTURES\\A.JPG")), disk + S("/Pictures/a.jpg"));
+    EXPECT_EQ(hostPlace(S("C:\\PICTURES\\A.JPG")), disk + S("/Pictures/A.JPG"));
+    EXPECT_EQ(hostPlace(S("C:\\pictures\\a.jpg")), disk + S("/Pictures/a.jpg"));
+    EXPECT_EQ(hostPlace(S("C:\\")), disk);
     EXPECT_EQ(hostPlace(S("C:\\B.jpg")), disk + S("/B.jpg"));
     EXPECT_EQ(hostPlace(S("D:\\B.jpg")), QString());
     EXPECT_EQ(hostPlace(S("C:B.jpg")), S("C:B.jpg"));

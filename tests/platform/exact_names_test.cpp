@@ -35,8 +35,9 @@ TEST_F(ExactNamesOf, AFolderFindNoOtherCaseThere) {
         EXPECT_EQ(hostPlace(at("/album/Images/a.gif")), at("/album/Images/a.gif"));
         EXPECT_EQ(hostFile(at("/album/sea.jpg")), at("/album/sea.jpg"));
         EXPECT_EQ(hostPlace(at("/album")), at("/album"));
+        EXPECT_EQ(hostPlace(at("/album/Images/")), at("/album/Images/"));
     }
-    EXPECT_EQ(hostPlace(at("/album/SEA.jpg")), at("/album/sea.jpg"));
+    EXPECT_EQ(hostFile(at("/album/SEA.jpg")), at("/album/sea.jpg"));
 }
 
 TEST_F(ExactNamesOf, AFolderLeaveAllOthersAlone) {

@@ -130,12 +130,43 @@ TEST_F(HostFile, IsNoFolderBehindAFile) {
 TEST_F(HostFile, PlaceFindsTheFoldersAndKeepsTheNewName) {
     EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/New/A.jpg")),
               root + QStringLiteral("/Pictures/New/A.jpg"));
-    EXPECT_EQ(hostPlace(root + QStringLiteral("\\pictures\\summer 24\\BEACH.jpg")),
-              root + QStringLiteral("/Pictures/Summer 24/Beach.JPG"));
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/summer 24/BEACH.jpg")),
+              root + QStringLiteral("/Pictures/Summer 24/BEACH.jpg"));
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/none/sub/BEACH.jpg")),
+              root + QStringLiteral("/none/sub/BEACH.jpg"));
+    EXPECT_EQ(hostPlace(QStringLiteral("BEACH.jpg")), QStringLiteral("BEACH.jpg"));
+    EXPECT_EQ(hostPlace(QStringLiteral("/BEACH.jpg")), QStringLiteral("/BEACH.jpg"));
     EXPECT_EQ(hostPlace(QString()), QString());
 #ifndef Q_OS_WIN
     EXPECT_EQ(hostPlace(QStringLiteral("C:\\Pictures")), QString());
 #endif
+}
+
+TEST_F(HostFile, PlaceOfANewFileIsNeverThatOfAnotherName) {
+    const QString there = root + QStringLiteral("/Pictures/Summer 24/Beach.JPG");
+    EXPECT_EQ(hostPlace(there), there);
+    const QString other = root + QStringLiteral("/Pictures/Summer 24/beach.jpg");
+    EXPECT_EQ(hostFile(other), there);
+    EXPECT_EQ(hostPlace(other), other);
+}
+
+TEST_F(HostFile, PlaceOfAFolderIsNeverThatOfAnotherName) {
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/summer 24")),
+              root + QStringLiteral("/Pictures/summer 24"));
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/summer 24/")),
+              root + QStringLiteral("/Pictures/summer 24"));
+}
+
+TEST_F(HostFile, PlaceTakesTheOtherSlashForAPartOfTheName) {
+    const QString typed = root + QStringLiteral("/Pictures/Summer 24\\beach.jpg");
+    EXPECT_EQ(hostPlace(typed), typed);
+}
+
+TEST_F(HostFile, PlaceOfAPathWithBackslashesAloneIsBelowTheFoldersItNames) {
+    QString path = root + QStringLiteral("/pictures/summer 24/beach.jpg");
+    EXPECT_EQ(hostPlace(path.replace(u'/', u'\\')),
+              root + QStringLiteral("/Pictures/Summer 24/beach.jpg"));
+    EXPECT_EQ(hostPlace(QStringLiteral("\\beach.jpg")), QStringLiteral("/beach.jpg"));
 }
 
 }  // namespace
