@@ -177,13 +177,20 @@ QByteArray AlbumFile::text(const QString& firstLine) const {
     return content += lines.toUtf8();
 }
 
+/// What such an album holds is only replaced by those who name it in Save As, which asks.
+bool AlbumFile::wouldReplaceUnread() const {
+    return !isRead_ && gFileFoldr->FileExists(tag_);
+}
+
 void AlbumFile::mnuFILESAVE_Click() {
     const QPointer<AlbumFile> self = this;
-    if (tag_.isEmpty()) {
+    if (tag_.isEmpty() || wouldReplaceUnread()) {
         mnuFILESAVEAS_Click();
     } else {
         const QString count = decimalText(c_.lvwSLIDEBAR->Count());
         DocumentSaveBytes(text(count + QLatin1Char('|') + note_ + QLatin1Char(' ')), tag_);
+        // A disk that comes back may still hold the album that was not read.
+        isRead_ = isRead_ || gFileFoldr->FileExists(tag_);
         showCaption(captionOf(tag_));
         setUnmodified();
         albums_.AlbumListAdd(tag_);
@@ -205,6 +212,7 @@ void AlbumFile::mnuFILESAVEAS_Click() {
     const QString file = c_.cdlDIALOG->FileName;
     DocumentSaveBytes(content, file);
     tag_ = file;
+    isRead_ = true;
     showCaption(captionOf(tag_));
     joinAlbumList(tag_);
     saveSetting(viewKey, albumName, tag_);

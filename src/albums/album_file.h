@@ -59,6 +59,7 @@ private:
     void showCaption(const QString& caption);
     bool choose(bool save);
     QByteArray text(const QString& firstLine) const;
+    bool wouldReplaceUnread() const;
     /// If the settings let albums join it.
     void joinAlbumList(const QString& path);
     void read(const QString& path);
@@ -77,6 +78,9 @@ private:
     AlbumList& albums_;
     QString tag_;
     QString note_;
+    /// The list holds what is in the open album's file, and not nothing because that could not be
+    /// read.
+    bool isRead_ = true;
     bool stopped_ = false;
     /// The keyboard was in lvwSLIDEBAR when it was hidden.
     bool hadFocus_ = false;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <optional>
 #include <utility>
 
 namespace velorama {
@@ -28,10 +29,14 @@ qsizetype fieldsAhead() {
     return std::max(16, 2 * QThread::idealThreadCount());
 }
 
-QByteArray albumBytes(const QString& path) {
+/// Nothing if the file cannot be read to its end.
+std::optional<QByteArray> albumBytes(const QString& path) {
     QFile file(hostFile(path));
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    return isOpen && file.size() <= largestAlbum ? file.readAll() : QByteArray();
+    if (!file.open(QIODevice::ReadOnly) || file.size() > largestAlbum) {
+        return std::nullopt;
+    }
+    QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 }  // namespace
@@ -92,10 +97,13 @@ QString AlbumFile::Fields::nextSlide(QString& s) {
 
 QString AlbumFile::DocumentOpenText(const QString& Path) {
     beginReading();
+    isRead_ = false;
     QString last;
     if (gFileFoldr->FileExists(Path)) {
         const QPointer<AlbumFile> self = this;
-        Fields fields(albumBytes(Path));
+        std::optional<QByteArray> bytes = albumBytes(Path);
+        isRead_ = bytes.has_value();
+        Fields fields(std::move(bytes).value_or(QByteArray()));
         QString header;
         fields.Input(header);
         const QString bar = QStringLiteral("|");
