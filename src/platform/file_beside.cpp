@@ -8,7 +8,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 #include <cerrno>
-#include <cstdio>
 
 namespace velorama {
 
@@ -17,19 +16,22 @@ bool Descriptor::close() {
     return number < 0 || ::close(number) == 0;
 }
 
+FileBeside::FileBeside(const QByteArray& folder)
+    : folder_(::open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC)), file_(create()) {}
+
 FileBeside::~FileBeside() {
     if (!name_.isEmpty()) {
-        ::unlink(name_.constData());
+        ::unlinkat(folder_.number(), name_.constData(), 0);
     }
 }
 
 /// A short name of its own: the target's may leave no room for an ending.
-int FileBeside::create(const QByteArray& folder) {
+int FileBeside::create() {
     constexpr int tries = 16;
     for (int i = 0; i < tries; ++i) {
-        name_ = folder + "/.velorama-" +
-                QByteArray::number(QRandomGenerator::global()->generate64(), 36);
-        const int number = ::open(name_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        name_ = ".velorama-" + QByteArray::number(QRandomGenerator::global()->generate64(), 36);
+        const int number = ::openat(folder_.number(), name_.constData(),
+                                    O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (number >= 0 || errno != EEXIST) {
             name_ = number >= 0 ? name_ : QByteArray();
             return number;
@@ -40,7 +42,8 @@ int FileBeside::create(const QByteArray& folder) {
 }
 
 bool FileBeside::becomes(const QByteArray& target) {
-    if (!file_.close() || std::rename(name_.constData(), target.constData()) != 0) {
+    if (!file_.close() ||
+        ::renameat(folder_.number(), name_.constData(), AT_FDCWD, target.constData()) != 0) {
         return false;
     }
     name_.clear();

@@ -30,7 +30,7 @@ private:
 class FileBeside {
 public:
     /// `folder` without a closing slash. `number()` is below 0 where no file can be made.
-    explicit FileBeside(const QByteArray& folder) : file_(create(folder)) {}
+    explicit FileBeside(const QByteArray& folder);
     FileBeside(const FileBeside&) = delete;
     FileBeside& operator=(const FileBeside&) = delete;
     ~FileBeside();
@@ -40,8 +40,11 @@ public:
     bool becomes(const QByteArray& target);
 
 private:
-    int create(const QByteArray& folder);
+    int create();
 
+    /// Names go from here: with the folder in front, one of its own may be longer than a path can
+    /// be.
+    Descriptor folder_;
     QByteArray name_;
     Descriptor file_;
 };

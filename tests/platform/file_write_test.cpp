@@ -38,6 +38,26 @@ TEST_P(WriteFileWhole, TakesTheLongestNames) {
     EXPECT_EQ(names(), QStringList(name));
 }
 
+TEST_P(WriteFileWhole, TakesTheLongestPaths) {
+    // The system takes 4095 bytes.
+    QString deep = path(QStringLiteral("d"));
+    while (deep.size() < 4095 - 2 - 202) {
+        deep += u'/' + QString(200, u'd');
+    }
+    deep += u'/' + QString(4095 - 2 - deep.size() - 1, u'd');
+    ASSERT_TRUE(QDir().mkpath(deep));
+    const QString file = deep + QStringLiteral("/a");
+    ASSERT_EQ(file.size(), 4095);
+    for (const char* bytes : {"old", "new"}) {
+        EXPECT_TRUE(writeFileWhole(file, bytes, GetParam()));
+        QFile written(file);
+        ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+        EXPECT_EQ(written.readAll(), QByteArray(bytes));
+    }
+    EXPECT_EQ(QDir(deep).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList(QStringLiteral("a")));
+}
+
 TEST_P(WriteFileWhole, NewFilesHaveTheModeThatTheUserWants) {
     const mode_t mask = ::umask(027);
     EXPECT_TRUE(write(QStringLiteral("a"), "new"));
