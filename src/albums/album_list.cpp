@@ -3,6 +3,7 @@
 #include "controls/keys.h"
 #include "core/documents.h"
 #include "core/globals.h"
+#include "core/long_text.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "platform/shell.h"
@@ -35,6 +36,10 @@ QString detailsKey(const QString& name) {
 }
 QString albumName(const ReportView& list, int index) {
     return list.Name() + decimalText(index);
+}
+
+QString storedAlbum(const ReportView& list, const QString& key, int index) {
+    return withoutOuterBlanks(loadSetting(detailsKey(key), albumName(list, index), QString()));
 }
 
 /// What stands behind the bar in the album's first field.
@@ -78,12 +83,14 @@ void AlbumList::SlideshowListSave(const ReportView& List, const QString& KeyName
 }
 
 void AlbumList::SlideshowListLoad(ReportView& List, const QString& KeyName) {
+    const QHash<int, QString> kept = pathsOnlyInList(
+        detailsKey(KeyName), 1, List.Count(), [&List](int i) { return albumName(List, i); },
+        [&List](int i) { return List.item(i)->Key(); });
     List.Clear();
     const QString total = loadSetting(totalKey(KeyName), totalName(List), QStringLiteral("0"));
     const int count = std::min(wholeNumber(total).value_or(0), MostAlbums);
     for (int i = 1; i <= count; ++i) {
-        const QString path =
-            withoutOuterBlanks(loadSetting(detailsKey(KeyName), albumName(List, i), QString()));
+        const QString path = kept.contains(i) ? kept.value(i) : storedAlbum(List, KeyName, i);
         if (path.isEmpty()) {
             continue;
         }

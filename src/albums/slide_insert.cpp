@@ -1,6 +1,7 @@
 #include "albums/slide_list.h"
 #include "albums/slide_settings.h"
 #include "core/globals.h"
+#include "core/long_text.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 
@@ -30,11 +31,11 @@ bool isPicture(const QString& entry) {
            kind == QLatin1String("GIF");
 }
 
-/// True if the settings give a text back as it was written.
-bool survivesSettings(const QString& text) {
-    const QByteArray stored = text.toUtf8();
-    return !stored.isEmpty() && stored.size() < 255 && !stored.contains('\0') &&
-           QString::fromUtf8(stored) == text;
+/// True if a rebuild brings a path back as it was. One that is too long for the settings is kept
+/// from the list.
+bool survivesRebuild(const QString& path) {
+    const QByteArray stored = path.toUtf8();
+    return !stored.isEmpty() && !stored.contains('\0') && QString::fromUtf8(stored) == path;
 }
 
 bool saveCount(int count) {
@@ -43,6 +44,10 @@ bool saveCount(int count) {
 
 bool saveSlide(int number, const QString& path) {
     return saveSetting(slideSelectionKey, QString::number(number), path);
+}
+
+QString loadSlide(int number) {
+    return loadSetting(slideSelectionKey, QString::number(number), QStringLiteral("1"));
 }
 
 QString slideText(const QString& path) {
@@ -74,7 +79,7 @@ void SlideList::insert(int index) {
     if (!self || stopped_) {
         return;
     }
-    const bool mayWait = batches_ > 0 && reproducible_ && isUndisturbed() && survivesSettings(path);
+    const bool mayWait = batches_ > 0 && reproducible_ && isUndisturbed() && survivesRebuild(path);
     const bool written = addSlide(path, first);
     enableStart();
     if (!mayWait || !written) {
@@ -123,10 +128,12 @@ bool SlideList::writeSelection() {
 void SlideList::readSelection() {
     const QString stored = loadSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
     const int count = wholeNumber(stored).value_or(0);
+    const QHash<int, QString> kept = pathsOnlyInList(
+        slideSelectionKey, 1, c_.lvwSLIDEBAR->Count(), [](int i) { return QString::number(i); },
+        [this](int i) { return c_.lvwSLIDEBAR->item(i)->Key(); });
     c_.lvwSLIDEBAR->Clear();
     for (int i = 1; i <= count; ++i) {
-        const QString path =
-            loadSetting(slideSelectionKey, QString::number(i), QStringLiteral("1"));
+        const QString path = kept.contains(i) ? kept.value(i) : loadSlide(i);
         if (!c_.lvwSLIDEBAR->Add(i, path, slideText(path), thumbnails_.SlideIconIndex(path))) {
             // A key that is there already. All further positions lie past the end of the list.
             return;
@@ -139,7 +146,7 @@ void SlideList::saveAndReload() {
     reproducible_ = writeSelection();
     readSelection();
     for (int i = 1; reproducible_ && i <= c_.lvwSLIDEBAR->Count(); ++i) {
-        reproducible_ = survivesSettings(c_.lvwSLIDEBAR->item(i)->Key());
+        reproducible_ = survivesRebuild(c_.lvwSLIDEBAR->item(i)->Key());
     }
     remember();
 }

@@ -1,6 +1,7 @@
 #include "core/cls_registry.h"
 
 #include "core/lib_txt.h"
+#include "core/long_text.h"
 #include "platform/numbers.h"
 
 #include <algorithm>
@@ -9,7 +10,7 @@
 namespace velorama {
 namespace {
 
-constexpr qsizetype bufferSize = 255;  // bytes a read has room for, the terminator included
+constexpr qsizetype bufferSize = longestSetting + 1;  // characters, the terminator included
 
 bool isText(ValueType type) {
     return type == ValueType::Text || type == ValueType::ExpandableText;
@@ -37,10 +38,14 @@ QString clsREGISTRY::StringLoad(qint32 Hive, const QString& KeyPath, const QStri
         return Default;
     }
     const std::optional<RegistryValue> stored = store_.value(hive, KeyPath, ValueName);
-    if (!stored || !isText(stored->type) || stored->data.size() >= bufferSize) {
+    if (!stored || !isText(stored->type)) {
         return Default;
     }
-    return stored->data.isEmpty() ? QString(bufferSize, u' ') : QString::fromUtf8(stored->data);
+    const QString text = QString::fromUtf8(stored->data);
+    if (text.isEmpty()) {
+        return QString(bufferSize, u' ');
+    }
+    return fitsSettings(text) ? text : Default;
 }
 
 bool clsREGISTRY::StringSave(const QString& Hive, const QString& KeyPath, const QString& ValueName,

@@ -19,8 +19,8 @@ public:
     clsREGISTRY(RegistryStore& store, Shell& shell);
 
     /// The text stored; `Default` if the key is absent or may not be opened for writing, if the
-    /// value is absent or no text, or has 255 bytes or more. A text stored empty comes back as 255
-    /// blanks.
+    /// value is absent or no text, or has 255 characters or more. A text stored empty comes back as
+    /// 255 blanks.
     QString StringLoad(qint32 Hive, const QString& KeyPath, const QString& ValueName,
                        const QString& Default) const;
     /// `Hive` as decimal text of the signed number. True if the value was written.

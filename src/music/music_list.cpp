@@ -1,6 +1,7 @@
 #include "music/music_list.h"
 
 #include "core/globals.h"
+#include "core/long_text.h"
 #include "platform/numbers.h"
 #include "platform/shell.h"
 
@@ -49,6 +50,10 @@ QString withoutBlanks(const QString& text) {
         --last;
     }
     return text.mid(first, last - first);
+}
+
+QString storedRow(const ListBox& list, const QString& name, int row) {
+    return withoutBlanks(loadSetting(detailsKey(name), rowName(list, row), QString()));
 }
 
 }  // namespace
@@ -133,13 +138,15 @@ void MusicList::ListboxSave(const ListBox& list, const QString& name) const {
 }
 
 void MusicList::ListboxLoad(ListBox& list, const QString& name) const {
+    const QHash<int, QString> kept = pathsOnlyInList(
+        detailsKey(name), 0, list.ListCount() - 1, [&list](int row) { return rowName(list, row); },
+        [&list](int row) { return list.List(row); });
     list.Clear();
     enableRestart(false);
     const QString total = loadSetting(totalKey(name), totalName(list), QStringLiteral("0"));
     const int count = std::min(wholeNumber(total).value_or(0), MostRows);
     for (int row = 0; row < count; ++row) {
-        const QString text =
-            withoutBlanks(loadSetting(detailsKey(name), rowName(list, row), QString()));
+        const QString text = kept.contains(row) ? kept.value(row) : storedRow(list, name, row);
         if (!text.isEmpty()) {
             list.AddItem(text);
             enableRestart(true);

@@ -129,10 +129,14 @@ private:
 
     void reload() {
         const int stored = load(QStringLiteral("Items"), QStringLiteral("0")).toInt();
+        const std::vector<Slide> before = slides;
         slides.clear();
         current = 0;
         for (int i = 1; i <= stored; ++i) {
-            addSlide(i, load(QString::number(i), QStringLiteral("1")));
+            const QString path = load(QString::number(i), QStringLiteral("1"));
+            const auto place = static_cast<std::size_t>(i) - 1;
+            const bool kept = place < before.size() && before[place].key.size() > 254;
+            addSlide(i, kept ? before[place].key : path);
         }
     }
     void addSlide(int index, const QString& key) {
@@ -173,7 +177,7 @@ private:
     }
     QString load(const QString& name, const QString& fallback) const {
         const auto value = store.constFind(name);
-        if (value == store.constEnd() || value->toUtf8().size() >= 255) {
+        if (value == store.constEnd() || value->size() > 254) {
             return fallback;
         }
         return value->isEmpty() ? QString(255, u' ') : *value;

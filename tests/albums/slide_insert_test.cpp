@@ -211,23 +211,6 @@ TEST_F(SlideInsertTest, oddNamesSurvive) {
     }
 }
 
-TEST_F(SlideInsertTest, pathOf255BytesReadsBackAsTheDefault) {
-    const QString folder = test::temporaryFolder() + QLatin1Char('/') + QString(100, u'd');
-    QDir().mkpath(folder);
-    const qsizetype room = 254 - folder.toUtf8().size() - 1 - 4;
-    const QString fits = QString(room, u'f') + QStringLiteral(".jpg");
-    const QString tooLong = QString(room + 1, u't') + QStringLiteral(".jpg");
-    test::savePicture(folder, fits);
-    test::savePicture(folder, tooLong);
-    test::savePicture(folder, QStringLiteral("z.jpg"));
-    browseFolder(folder);
-    list->AddAll();
-    EXPECT_EQ(keys(), QStringList({folder + QLatin1Char('/') + fits, QStringLiteral("1"),
-                                   folder + QStringLiteral("/z.jpg")}));
-    EXPECT_EQ(texts(), QStringList({fits, QStringLiteral("1"), QStringLiteral("z.jpg")}));
-    EXPECT_EQ(storedCount(), QStringLiteral("3"));
-}
-
 TEST_F(SlideInsertTest, lineThatCannotBeReadTwiceEndsTheRebuild) {
     const QString x = QStringLiteral("/x.jpg");
     saveSetting(QStringLiteral("frmSLIDESHOW\\Items"), QStringLiteral("Items"),
@@ -239,6 +222,14 @@ TEST_F(SlideInsertTest, lineThatCannotBeReadTwiceEndsTheRebuild) {
     list->SlideListReload();
     // Position 4 lies past the end of a list of two.
     EXPECT_EQ(keys(), QStringList({x, QStringLiteral("/y.jpg")}));
+}
+
+TEST_F(SlideInsertTest, numberWithoutAPathReadsAsTheDefault) {
+    const QString folder = browse({a, b});
+    list->AddAll();
+    saveSetting(QStringLiteral("frmSLIDESHOW\\Selection"), QStringLiteral("2"), QString(255, u'x'));
+    list->SlideListReload();
+    EXPECT_EQ(keys(), QStringList({folder + QStringLiteral("/a.bmp"), QStringLiteral("1")}));
 }
 
 TEST_F(SlideInsertTest, damagedCountsNeitherHangNorCrash) {

@@ -54,7 +54,7 @@ TEST_F(ClsRegistry, WhatIsSavedReadsBack) {
               (RegistryValue{ValueType::Text, "/pics/\xC3\xA4.vlr"}));
 }
 
-TEST_F(ClsRegistry, TwoHundredAndFiftyFourBytesAreTheLimit) {
+TEST_F(ClsRegistry, TwoHundredAndFiftyFourCharactersAreTheLimit) {
     save(QString(254, u'a'));
     EXPECT_EQ(load(), QString(254, u'a'));
     save(QString(255, u'a'));
@@ -63,10 +63,20 @@ TEST_F(ClsRegistry, TwoHundredAndFiftyFourBytesAreTheLimit) {
     EXPECT_EQ(load(), QStringLiteral("default"));
 }
 
-TEST_F(ClsRegistry, TheLimitCountsBytesOfTheText) {
-    save(QString(127, QChar(0xE4)));  // two bytes each
-    EXPECT_EQ(load(), QString(127, QChar(0xE4)));
-    save(QString(127, QChar(0xE4)) + u'a');
+TEST_F(ClsRegistry, TheLimitCountsCharactersWhateverTheirBytes) {
+    for (const char32_t letter : {U'\u00E4', U'\u0416', U'\u6771', U'\U0001F3D4'}) {
+        const QString one = QString::fromUcs4(&letter, 1);
+        save(one.repeated(254));
+        EXPECT_EQ(load(), one.repeated(254)) << one.toStdString();
+        save(one.repeated(254) + u'a');
+        EXPECT_EQ(load(), QStringLiteral("default")) << one.toStdString();
+    }
+    save(QString(253, u'a') + QString::fromUtf8("\U0001F3D4"));
+    EXPECT_EQ(load(), QString(253, u'a') + QString::fromUtf8("\U0001F3D4"));
+}
+
+TEST_F(ClsRegistry, BytesThatAreNoTextCountAsWhatTheyAreReadAs) {
+    put(QByteArray(300, '\x80'));
     EXPECT_EQ(load(), QStringLiteral("default"));
 }
 

@@ -166,6 +166,25 @@ TEST_F(MusicListTest, LoadOfNothingEmptiesTheList) {
     EXPECT_FALSE(enabled(2));
 }
 
+TEST_F(MusicListTest, RowsTooLongForTheSettingsAreKeptFromTheList) {
+    const auto path = [](int characters, char16_t letter) -> QString {
+        return u'/' + QString(characters - 5, QChar(letter)) + QStringLiteral(".mp3");
+    };
+    const QStringList rowsBefore = {path(255, u'a'),      path(254, u'b'),
+                                    path(254, u'\u0416'), path(4000, u'\u0416'),
+                                    path(4000, u'c'),     QStringLiteral("/d.mp3")};
+    fill(rowsBefore, 0);
+    engine->list.ListboxSave(lstMUSIC, name);
+    engine->list.ListboxLoad(lstMUSIC, name);
+    EXPECT_EQ(rows(), rowsBefore);
+    EXPECT_TRUE(enabled(2));
+    // A new list has nothing to keep them from; the others come in.
+    lstMUSIC.Clear();
+    engine->list.ListboxLoad(lstMUSIC, name);
+    EXPECT_EQ(rows(),
+              QStringList({path(254, u'b'), path(254, u'\u0416'), QStringLiteral("/d.mp3")}));
+}
+
 TEST_F(MusicListTest, BlankRowsDropOut) {
     saveSetting(total, totalName, QStringLiteral("5"));
     saveSetting(details, QStringLiteral("lstMUSIC0"), QStringLiteral("   "));
