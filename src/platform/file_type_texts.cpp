@@ -11,6 +11,23 @@ namespace {
 const QString reserved = QStringLiteral(" \t\n\"'\\><~|&;$*?#()`");
 // What needs a backslash inside quotes.
 const QString escapedInQuotes = QStringLiteral("\"`$\\");
+// Once the program is gone the entry counts as gone too.
+const QString programKey = QStringLiteral("TryExec=");
+
+QChar unescaped(QChar c) {
+    switch (c.unicode()) {
+        case u's':
+            return u' ';
+        case u'n':
+            return u'\n';
+        case u'r':
+            return u'\r';
+        case u't':
+            return u'\t';
+        default:
+            return c;
+    }
+}
 
 QString quoted(const QString& word) {
     QString result = QStringLiteral("\"");
@@ -33,6 +50,15 @@ QString entryValue(const QString& text) {
     return value.replace(u'\t', QStringLiteral("\\t"));
 }
 
+QString entryText(const QString& value) {
+    QString text;
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const bool escaped = value[i] == u'\\' && i + 1 < value.size();
+        text += escaped ? unescaped(value[++i]) : value[i];
+    }
+    return text;
+}
+
 QString execWord(const QString& word) {
     QString fields = word;
     fields.replace(u'%', QStringLiteral("%%"));
@@ -51,8 +77,7 @@ QString desktopEntry(const FileType& type) {
         QStringLiteral("Name=") + entryValue(type.programName),
         QStringLiteral("Comment=") + entryValue(type.programComment),
         QStringLiteral("Exec=") + execWord(type.program) + QStringLiteral(" %f"),
-        // Once the program is gone the entry counts as gone too.
-        QStringLiteral("TryExec=") + entryValue(type.program),
+        programKey + entryValue(type.program),
         QStringLiteral("Icon=") + type.id,
         QStringLiteral("StartupWMClass=") + type.id,
         QStringLiteral("Terminal=false"),
@@ -62,6 +87,15 @@ QString desktopEntry(const FileType& type) {
         madeForUser,
     };
     return lines.join(u'\n') + u'\n';
+}
+
+QString entryProgram(const QString& entry) {
+    for (const QString& line : entry.split(u'\n')) {
+        if (line.startsWith(programKey)) {
+            return entryText(line.mid(programKey.size()));
+        }
+    }
+    return QString();
 }
 
 QString mimePackage(const FileType& type) {

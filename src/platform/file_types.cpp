@@ -8,6 +8,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -20,17 +21,22 @@ QString entryFile(const FileType& type) {
     return QStringLiteral("applications/") + type.id + QStringLiteral(".desktop");
 }
 
+/// What a first run writes besides the entry, below the user's data folder.
+QStringList iconFiles(const FileType& type) {
+    const QString icons = QStringLiteral("icons/hicolor/scalable/");
+    return {icons + QStringLiteral("apps/") + type.id + QStringLiteral(".svg"),
+            icons + QStringLiteral("mimetypes/") + mimeIconName(type.mimeType) +
+                QStringLiteral(".svg")};
+}
+
 QString packageFile(const FileType& type) {
     return QStringLiteral("mime/packages/") + type.id + QStringLiteral(".xml");
 }
 
 bool stands(const QStringList& folders, const QString& file) {
-    for (const QString& folder : folders) {
-        if (QFileInfo::exists(folder + u'/' + file)) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(folders.begin(), folders.end(), [&](const QString& folder) {
+        return QFileInfo::exists(folder + u'/' + file);
+    });
 }
 
 bool isProgram(const QString& path) {
@@ -38,14 +44,23 @@ bool isProgram(const QString& path) {
     return file.isAbsolute() && file.isFile() && file.isExecutable();
 }
 
-/// True if the entry may be written: none is there, or one that an earlier first run has made.
-bool isFree(const QString& file) {
+/// Build trees come and go, and what a desktop keeps of them is soon a dead entry.
+bool isInBuildTree(const QString& program) {
+    return QFileInfo::exists(QFileInfo(program).path() + QStringLiteral("/CMakeCache.txt"));
+}
+
+bool isLinkable(const QString& program) {
+    return isProgram(program) && !isInBuildTree(program);
+}
+
+/// The text of an entry that a first run has made; nothing where there is none or the user's own.
+QString madeEntry(const QString& file) {
     QFile entry(file);
-    if (!entry.exists()) {
-        return true;
+    if (!entry.open(QIODevice::ReadOnly)) {
+        return QString();
     }
-    const QByteArray line = madeForUser.toUtf8();
-    return entry.open(QIODevice::ReadOnly) && entry.readAll().split('\n').contains(line);
+    const QString text = QString::fromUtf8(entry.readAll());
+    return text.split(u'\n').contains(madeForUser) ? text : QString();
 }
 
 void write(const QString& path, const QByteArray& bytes) {
@@ -72,19 +87,46 @@ void runBeside(const QString& command, const QStringList& arguments) {
     process.startDetached();
 }
 
-void makeLink(const FileType& type, const QString& folder) {
-    const QString icons = folder + QStringLiteral("/icons/hicolor/scalable/");
-    write(icons + QStringLiteral("apps/") + type.id + QStringLiteral(".svg"), type.programIcon);
-    write(
-        icons + QStringLiteral("mimetypes/") + mimeIconName(type.mimeType) + QStringLiteral(".svg"),
-        type.icon);
-    write(folder + u'/' + packageFile(type), mimePackage(type).toUtf8());
-    write(folder + u'/' + entryFile(type), desktopEntry(type).toUtf8());
+void updateDatabases(const QString& folder) {
     runBeside(QStringLiteral("update-mime-database"), {folder + QStringLiteral("/mime")});
     runBeside(QStringLiteral("update-desktop-database"),
               {folder + QStringLiteral("/applications")});
+}
+
+void makeLink(const FileType& type, const QString& folder) {
+    const QStringList icons = iconFiles(type);
+    write(folder + u'/' + icons.first(), type.programIcon);
+    write(folder + u'/' + icons.last(), type.icon);
+    write(folder + u'/' + packageFile(type), mimePackage(type).toUtf8());
+    write(folder + u'/' + entryFile(type), desktopEntry(type).toUtf8());
+    updateDatabases(folder);
     runBeside(QStringLiteral("xdg-mime"),
               {QStringLiteral("default"), type.id + QStringLiteral(".desktop"), type.mimeType});
+}
+
+void takeLinkAway(const FileType& type, const QString& folder) {
+    const QStringList files = iconFiles(type) + QStringList{packageFile(type), entryFile(type)};
+    for (const QString& file : files) {
+        QFile::remove(folder + u'/' + file);
+    }
+    updateDatabases(folder);
+}
+
+/// Where the entries of one user and of all users lie.
+struct DataFolders {
+    QString own;
+    QStringList ofSystem;
+
+    bool areKnown() const { return !own.isEmpty(); }
+    bool systemKnows(const FileType& type) const {
+        return stands(ofSystem, entryFile(type)) && stands(ofSystem, packageFile(type));
+    }
+};
+
+DataFolders dataFolders() {
+    QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    const QString own = folders.isEmpty() ? QString() : folders.takeFirst();
+    return {own, folders};
 }
 
 class DesktopFileTypes : public FileTypes {
@@ -92,15 +134,23 @@ public:
     ~DesktopFileTypes() override { finish(); }
 
     void link(const FileType& type) override {
-        QStringList folders =
-            QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
-        if (folders.isEmpty() || !isProgram(type.program)) {
+        const DataFolders folders = dataFolders();
+        if (!folders.areKnown() || !isLinkable(type.program) || folders.systemKnows(type)) {
+            tidy(type);
             return;
         }
-        const QString own = folders.takeFirst();
-        const bool known = stands(folders, entryFile(type)) && stands(folders, packageFile(type));
-        if (!known && isFree(own + u'/' + entryFile(type))) {
-            start([type, own] { makeLink(type, own); });
+        const QString entry = folders.own + u'/' + entryFile(type);
+        if (!QFileInfo::exists(entry) || !madeEntry(entry).isEmpty()) {
+            start([type, own = folders.own] { makeLink(type, own); });
+        }
+    }
+
+    void tidy(const FileType& type) override {
+        const DataFolders folders = dataFolders();
+        const QString entry = madeEntry(folders.own + u'/' + entryFile(type));
+        const bool isOfUse = !folders.systemKnows(type) && isLinkable(entryProgram(entry));
+        if (folders.areKnown() && !entry.isEmpty() && !isOfUse) {
+            start([type, own = folders.own] { takeLinkAway(type, own); });
         }
     }
 
@@ -121,7 +171,7 @@ private:
         }
     }
 
-    std::thread thread_;  // writes four small files and starts three commands
+    std::thread thread_;  // writes or removes four small files and starts the commands
 };
 
 }  // namespace

@@ -29,10 +29,15 @@ public:
     virtual ~FileTypes() = default;
 
     /// Makes the program the one that opens such files, for this user. Returns at once; the work is
-    /// done beside the program and its failures are not told. Nothing is done where the system
+    /// done beside the program and its failures are not told. Nothing is linked where the system
     /// knows the type and the program for all users already, where the user has an entry of his own
-    /// under the same name, or where the program's path is no program.
+    /// under the same name, where the program's path is no program, or where it is that of a build
+    /// tree. What is there is then looked at as by `tidy`.
     virtual void link(const FileType&) {}
+
+    /// Takes away an entry that `link` has made once the system knows type and program for all
+    /// users, or once the program that the entry names is gone. Returns at once, as `link` does.
+    virtual void tidy(const FileType&) {}
 };
 
 std::unique_ptr<FileTypes> makeDesktopFileTypes();

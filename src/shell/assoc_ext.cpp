@@ -24,6 +24,10 @@ QByteArray resource(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+QString albumDescription() {
+    return libTxt.ProductName + QStringLiteral(" File");
+}
+
 FileType albumType(const QString& program, const QString& description) {
     FileType type;
     type.id = QStringLiteral("velorama");
@@ -43,12 +47,18 @@ FileType albumType(const QString& program, const QString& description) {
 FileAssociation::FileAssociation(RegistryStore& store, FileTypes& fileTypes, AppPlace app)
     : store_(store), fileTypes_(fileTypes), app_(std::move(app)) {}
 
+void FileAssociation::AssociationCheck() {
+    if (!AssociationMake()) {
+        fileTypes_.tidy(albumType(ShortPath(programPath(app_)), albumDescription()));
+    }
+}
+
 bool FileAssociation::AssociationMake() {
     if (!FirstRunMark()) {
         return false;
     }
     const QString program = ShortPath(programPath(app_));
-    const QString description = libTxt.ProductName + QStringLiteral(" File");
+    const QString description = albumDescription();
     FileTypeCreate(program, description, albumIcon, albumClass, QString());
     FileTypeLink(albumExtension, albumClass);
     if (store_.isWritable(Hive::ClassesRoot)) {

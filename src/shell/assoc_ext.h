@@ -13,7 +13,9 @@ public:
     /// `fileTypes` carries out on the desktop what the keys stand for.
     FileAssociation(RegistryStore& store, FileTypes& fileTypes, AppPlace app = App());
 
-    void AssociationCheck() { AssociationMake(); }
+    /// Makes the association at the first run. Later ones only look whether the desktop's entry is
+    /// still of use; the keys are not touched again.
+    void AssociationCheck();
 
     /// The whole of the first-run step; true if it ran.
     bool AssociationMake();

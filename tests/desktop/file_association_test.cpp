@@ -1,5 +1,6 @@
 #include "desktop/album_files.h"
 #include "desktop/main_window.h"
+#include "desktop/program.h"
 #include "desktop/session.h"
 #include "desktop/store.h"
 
@@ -18,7 +19,17 @@ const QString kTitle = QStringLiteral("Velorama");
 
 class Association : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(session.isUp()); }
+    void SetUp() override {
+        ASSERT_TRUE(session.isUp());
+        ASSERT_NO_FATAL_FAILURE(layDown(QStringLiteral("/bin")));
+    }
+
+    /// A copy of the program below the home: what runs from a build tree is not linked.
+    void layDown(const QString& folder) {
+        ASSERT_TRUE(QDir().mkpath(session.home() + folder));
+        program = session.home() + folder + QStringLiteral("/velorama");
+        ASSERT_TRUE(QFile::copy(QStringLiteral(VELORAMA_PROGRAM), program));
+    }
 
     QString detail(const char* name) const {
         return store.value(kDetails, QLatin1String(name)).value_or(QStringLiteral("none"));
@@ -37,12 +48,17 @@ protected:
                waitForFile(session.dataFolder() + QStringLiteral("/applications/mimeinfo.cache")) &&
                waitForFile(session.configFolder() + QStringLiteral("/mimeapps.list"));
     }
+    /// Runs a program until its window is there, and closes it.
+    void runAndClose(const QString& path, const QStringList& environment = {}) {
+        Program run(path, {}, session.environment(environment), session.home());
+        const MainWindow window(session, run);
+        ASSERT_NE(window.window(), 0U);
+        ASSERT_EQ(window.close(), 0);
+    }
     /// Runs the program once, so that it has made its association, and closes it.
     void runOnce() {
-        const MainWindow first(session, session.start());
-        ASSERT_NE(first.window(), 0U);
+        ASSERT_NO_FATAL_FAILURE(runAndClose(program));
         ASSERT_TRUE(waitForDatabases());
-        ASSERT_EQ(first.close(), 0);
     }
     /// Opens a file as a double click does and waits for the window that shows it.
     WindowId open(const QStringList& command, const QString& album) const {
@@ -60,11 +76,11 @@ protected:
 
     DesktopSession session;
     const Store store{session};
+    QString program;
 };
 
 TEST_F(Association, IsMadeAtTheFirstRun) {
     ASSERT_NO_FATAL_FAILURE(runOnce());
-    const QString program = QFileInfo(QStringLiteral(VELORAMA_PROGRAM)).canonicalFilePath();
     EXPECT_EQ(detail("Stored"), QStringLiteral("1"));
     EXPECT_EQ(detail(".vlr"), QStringLiteral("none"));
     EXPECT_EQ(classValue(QStringLiteral(".vlr")), QStringLiteral("VLRFile"));
@@ -85,10 +101,42 @@ TEST_F(Association, IsMadeOnce) {
     ASSERT_TRUE(
         store.setValue(QStringLiteral(".vlr"), QString(), QStringLiteral("Other"), kClasses));
     ASSERT_TRUE(QFile::remove(entry()));
-    const MainWindow second(session, session.start());
-    ASSERT_NE(second.window(), 0U);
-    EXPECT_EQ(second.close(), 0);
+    ASSERT_NO_FATAL_FAILURE(runAndClose(program));
     EXPECT_EQ(classValue(QStringLiteral(".vlr")), QStringLiteral("Other"));
+    EXPECT_FALSE(QFileInfo::exists(entry()));
+}
+
+TEST_F(Association, ABuildTreeWritesTheKeysAndLeavesTheDesktopAlone) {
+    const QString built = QFileInfo(QStringLiteral(VELORAMA_PROGRAM)).canonicalFilePath();
+    ASSERT_NO_FATAL_FAILURE(runAndClose(built));
+    EXPECT_EQ(detail("Stored"), QStringLiteral("1"));
+    EXPECT_EQ(classValue(QStringLiteral("VLRFile\\shell\\open\\command")),
+              built + QStringLiteral(" %1"));
+    EXPECT_FALSE(QFileInfo::exists(entry()));
+    EXPECT_FALSE(QFileInfo::exists(session.dataFolder() + QStringLiteral("/mime")));
+}
+
+TEST_F(Association, TheEntryGoesWithItsProgram) {
+    ASSERT_NO_FATAL_FAILURE(runOnce());
+    ASSERT_TRUE(QFile::remove(program));
+    ASSERT_NO_FATAL_FAILURE(layDown(QStringLiteral("/elsewhere")));
+    ASSERT_NO_FATAL_FAILURE(runAndClose(program));
+    EXPECT_FALSE(QFileInfo::exists(entry()));
+}
+
+TEST_F(Association, TheEntryGoesWhenTheSystemHasOne) {
+    ASSERT_NO_FATAL_FAILURE(runOnce());
+    const QString share = session.home() + QStringLiteral("/usr/share");
+    for (const char* folder : {"/applications", "/mime/packages"}) {
+        ASSERT_TRUE(QDir().mkpath(share + QLatin1String(folder)));
+    }
+    const QString packaging = QStringLiteral(VELORAMA_SOURCE_DIR "/packaging");
+    ASSERT_TRUE(QFile::copy(packaging + QStringLiteral("/velorama.desktop"),
+                            share + QStringLiteral("/applications/velorama.desktop")));
+    ASSERT_TRUE(QFile::copy(packaging + QStringLiteral("/velorama.xml"),
+                            share + QStringLiteral("/mime/packages/velorama.xml")));
+    ASSERT_NO_FATAL_FAILURE(runAndClose(program, {QStringLiteral("XDG_DATA_DIRS=") + share +
+                                                  QStringLiteral(":/usr/local/share:/usr/share")}));
     EXPECT_FALSE(QFileInfo::exists(entry()));
 }
 
@@ -106,10 +154,7 @@ TEST_F(Association, ADoubleClickOpensTheAlbum) {
 }
 
 TEST_F(Association, ADoubleClickFindsAProgramInAnOddPlace) {
-    const QString place = session.home() + QStringLiteral("/my $(x) #\"q\"");
-    ASSERT_TRUE(QDir().mkpath(place));
-    const QString program = place + QStringLiteral("/velorama");
-    ASSERT_TRUE(QFile::copy(QStringLiteral(VELORAMA_PROGRAM), program));
+    ASSERT_NO_FATAL_FAILURE(layDown(QStringLiteral("/my $(x) #\"q\"")));
     const QString before = makeAlbum(session, QStringLiteral("before.vlr"));
     const WindowId first = open({program}, before);
     ASSERT_NE(first, 0U);

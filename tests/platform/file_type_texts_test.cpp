@@ -46,6 +46,22 @@ TEST(EntryValue, StaysOnOneLine) {
     EXPECT_EQ(entryValue(QStringLiteral("a \"b\" 100% $x")), QStringLiteral("a \"b\" 100% $x"));
 }
 
+TEST(EntryText, IsWhatWasWritten) {
+    for (const char* text :
+         {"", "/opt/velorama", "a\\b\nc\td\re", "\\\\n", "ends in \\", " \"%$"}) {
+        EXPECT_EQ(entryText(entryValue(QLatin1String(text))), QLatin1String(text));
+    }
+    EXPECT_EQ(entryText(QStringLiteral("a\\sb\\")), QStringLiteral("a b\\"));
+}
+
+TEST(EntryProgram, IsTheOneThatTheEntryWasMadeFor) {
+    FileType type;
+    type.program = QStringLiteral("/opt/my \\n $(x)\n\"5%\"/velorama");
+    EXPECT_EQ(entryProgram(desktopEntry(type)), type.program);
+    EXPECT_EQ(entryProgram(QStringLiteral("[Desktop Entry]\nExec=/opt/velorama %f\n")), QString());
+    EXPECT_EQ(entryProgram(QString()), QString());
+}
+
 TEST(MimeIconName, HasNoSlash) {
     EXPECT_EQ(mimeIconName(QStringLiteral("application/x-velorama-album")),
               QStringLiteral("application-x-velorama-album"));

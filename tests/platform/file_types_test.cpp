@@ -52,8 +52,7 @@ protected:
         qputenv("XDG_DATA_HOME", data.toUtf8());
         qputenv("XDG_CONFIG_HOME", (place + QStringLiteral("/config")).toUtf8());
         qputenv("XDG_DATA_DIRS", (system + QStringLiteral(":/usr/share")).toUtf8());
-        write(type.program, "#!/bin/sh\n");
-        QFile::setPermissions(type.program, QFile::ReadOwner | QFile::ExeOwner);
+        makeProgram(type.program);
     }
     void TearDown() override {
         for (const auto& [name, value] : before) {
@@ -76,6 +75,18 @@ protected:
     }
     /// Links and waits until the files are written and the commands are started.
     void link() const { makeDesktopFileTypes()->link(type); }
+    /// The same of the look at a later start.
+    void tidy() const { makeDesktopFileTypes()->tidy(type); }
+
+    void makeProgram(const QString& path, const QByteArray& lines = "#!/bin/sh\n") {
+        type.program = path;
+        write(path, lines);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    void makeSystemsOwn() const {
+        write(system + u'/' + written[0], "[Desktop Entry]\n");
+        write(system + u'/' + written[3], "<mime-info/>\n");
+    }
 
     QString entry() const {
         return QString::fromUtf8(
@@ -129,8 +140,7 @@ TEST_F(FakeCommands, WritesFourFilesAndTellsTheDatabases) {
 }
 
 TEST_F(FakeCommands, WhatTheSystemKnowsIsLeftToIt) {
-    write(system + u'/' + written[0], "[Desktop Entry]\n");
-    write(system + u'/' + written[3], "<mime-info/>\n");
+    makeSystemsOwn();
     link();
     EXPECT_EQ(filesBelow(data), QStringList());
     EXPECT_EQ(notes(), QStringList());
@@ -153,9 +163,7 @@ TEST_F(FakeCommands, TheUsersOwnEntryStays) {
 
 TEST_F(FakeCommands, AnEntryOfAnEarlierFirstRunIsReplaced) {
     link();
-    type.program = place + QStringLiteral("/new/velorama");
-    write(type.program, "#!/bin/sh\n");
-    QFile::setPermissions(type.program, QFile::ReadOwner | QFile::ExeOwner);
+    makeProgram(place + QStringLiteral("/new/velorama"));
     link();
     EXPECT_TRUE(entry().contains(QStringLiteral("Exec=") + type.program));
 }
@@ -168,6 +176,96 @@ TEST_F(FakeCommands, WhatIsNoProgramIsNotLinked) {
         link();
         EXPECT_EQ(filesBelow(data), QStringList()) << none.toStdString();
     }
+}
+
+TEST_F(FakeCommands, ABuildTreeIsNotLinked) {
+    write(place + QStringLiteral("/bin/CMakeCache.txt"), "");
+    link();
+    EXPECT_EQ(filesBelow(data), QStringList());
+    EXPECT_EQ(notes(), QStringList());
+}
+
+/// An entry that a first run has made, looked at by a later start.
+class MadeEntry : public FakeCommands {
+protected:
+    void SetUp() override {
+        FakeCommands::SetUp();
+        makeProgram(place + QStringLiteral("/my $(x) \"5%\" \\\\n\tx/velorama"));
+        link();
+        for (const char* command :
+             {"update-mime-database", "update-desktop-database", "xdg-mime"}) {
+            argumentsOf(command);
+            QFile::remove(fakes + QLatin1String(command) + QStringLiteral(".args"));
+        }
+        ASSERT_EQ(filesBelow(data), written);
+    }
+    void expectGone() const {
+        EXPECT_EQ(filesBelow(data), QStringList());
+        EXPECT_EQ(argumentsOf("update-mime-database"), data.toUtf8() + "/mime\n");
+        EXPECT_EQ(argumentsOf("update-desktop-database"), data.toUtf8() + "/applications\n");
+    }
+};
+
+TEST_F(MadeEntry, StaysWhileItIsTheOnlyOne) {
+    tidy();
+    EXPECT_EQ(filesBelow(data), written);
+    EXPECT_EQ(notes(), QStringList());
+}
+
+TEST_F(MadeEntry, GoesWhenTheSystemHasOne) {
+    makeSystemsOwn();
+    tidy();
+    expectGone();
+}
+
+TEST_F(MadeEntry, GoesWhenTheSystemHasOneAtTheFirstRunOfThePackage) {
+    makeSystemsOwn();
+    link();
+    expectGone();
+}
+
+TEST_F(MadeEntry, StaysWhereTheSystemHasTheEntryWithoutTheType) {
+    write(system + u'/' + written[0], "[Desktop Entry]\n");
+    tidy();
+    EXPECT_EQ(filesBelow(data), written);
+}
+
+TEST_F(MadeEntry, GoesWithItsProgram) {
+    QFile::remove(type.program);
+    makeProgram(place + QStringLiteral("/elsewhere/velorama"));
+    tidy();
+    expectGone();
+}
+
+TEST_F(MadeEntry, GoesWhenItsProgramIsABuildTrees) {
+    write(QFileInfo(type.program).path() + QStringLiteral("/CMakeCache.txt"), "");
+    tidy();
+    expectGone();
+}
+
+TEST_F(MadeEntry, GoesAtTheFirstRunOfABuildTreeWhenItsProgramIsGone) {
+    QFile::remove(type.program);
+    makeProgram(place + QStringLiteral("/tree/velorama"));
+    write(place + QStringLiteral("/tree/CMakeCache.txt"), "");
+    link();
+    expectGone();
+}
+
+TEST_F(MadeEntry, StaysOnceTheUserHasMadeItHisOwn) {
+    const QByteArray own = "[Desktop Entry]\nTryExec=/none\nX-MadeAtFirstRun=false\n";
+    write(data + u'/' + written[0], own);
+    makeSystemsOwn();
+    tidy();
+    EXPECT_EQ(filesBelow(data), written);
+    EXPECT_EQ(entry().toUtf8(), own);
+}
+
+TEST_F(FakeCommands, NothingIsTidiedWhereNothingWasMade) {
+    makeSystemsOwn();
+    write(data + u'/' + written[3], "<mime-info/>\n");
+    tidy();
+    EXPECT_EQ(filesBelow(data), QStringList(written[3]));
+    EXPECT_EQ(notes(), QStringList());
 }
 
 TEST_F(FakeCommands, AFolderThatTakesNoFilesIsPassedOver) {
@@ -185,6 +283,7 @@ TEST_F(FakeCommands, AbsentCommandsArePassedOver) {
 TEST(FileTypes, NullBodyDoesNothing) {
     FileTypes none;
     none.link({});
+    none.tidy({});
 }
 
 /// The commands of the desktop itself.
@@ -213,9 +312,7 @@ protected:
 };
 
 TEST_F(RealCommands, EntryAndPackageAreValid) {
-    type.program = place + QStringLiteral("/my $(x) \"5%\"/velorama");
-    write(type.program, "#!/bin/sh\n");
-    QFile::setPermissions(type.program, QFile::ReadOwner | QFile::ExeOwner);
+    makeProgram(place + QStringLiteral("/my $(x) \"5%\"/velorama"));
     linkAndWait();
     EXPECT_EQ(output(QStringLiteral("desktop-file-validate"), {data + u'/' + written[0]}),
               QString());
@@ -250,12 +347,10 @@ protected:
         return QString::fromUtf8(contentOf(note()));
     }
     QString note() const { return place + QStringLiteral("/note"); }
-    void makeProgram(const QString& path) {
-        type.program = path;
-        write(path, "#!/bin/sh\n{ printf '%s' \"$#:$1\"; } >'" +
-                        (note() + QStringLiteral(".part'")).toUtf8() + "\nmv '" + note().toUtf8() +
-                        ".part' '" + note().toUtf8() + "'\n");
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+    void makeNotingProgram(const QString& path) {
+        const QByteArray file = note().toUtf8();
+        makeProgram(path, "#!/bin/sh\n{ printf '%s' \"$#:$1\"; } >'" + file + ".part'\nmv '" +
+                              file + ".part' '" + file + "'\n");
     }
     QString makeAlbum() const {
         const QString album = place + QStringLiteral("/albums ü/") + QString::fromUtf8(GetParam());
@@ -268,7 +363,7 @@ protected:
 };
 
 TEST_P(Opening, ReachesAProgramInAPlainPlace) {
-    makeProgram(place + QStringLiteral("/bin2/velorama"));
+    makeNotingProgram(place + QStringLiteral("/bin2/velorama"));
     linkAndWait();
     const QString album = makeAlbum();
     EXPECT_EQ(opened(xdgOpen, album), QStringLiteral("1:") + album);
@@ -276,7 +371,7 @@ TEST_P(Opening, ReachesAProgramInAPlainPlace) {
 }
 
 TEST_P(Opening, ReachesAProgramWhoseOwnPathIsOdd) {
-    makeProgram(place + QStringLiteral("/my $(x) `y` \"q\" \\ #;ü/velorama"));
+    makeNotingProgram(place + QStringLiteral("/my $(x) `y` \"q\" \\ #;ü/velorama"));
     linkAndWait();
     const QString album = makeAlbum();
     EXPECT_EQ(opened(gio, album), QStringLiteral("1:") + album);

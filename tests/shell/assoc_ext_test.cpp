@@ -14,7 +14,9 @@ const QString details = QStringLiteral("Software\\Details\\velorama");
 class NotedFileTypes : public FileTypes {
 public:
     void link(const FileType& type) override { linked.push_back(type); }
+    void tidy(const FileType& type) override { tidied.push_back(type); }
     std::vector<FileType> linked;
+    std::vector<FileType> tidied;
 };
 
 /// Counts the writes, and can be told to count deletions too.
@@ -92,6 +94,16 @@ TEST_F(Association, SecondRunWritesNothing) {
     EXPECT_EQ(store.writes, QStringList());
     EXPECT_EQ(store.deletions, QStringList());
     EXPECT_EQ(of(QStringLiteral(".vlr")), text("OtherFile"));
+    EXPECT_EQ(fileTypes.linked.size(), 1U);
+}
+
+TEST_F(Association, LaterRunsLookWhetherTheDesktopsEntryIsStillOfUse) {
+    association.AssociationCheck();
+    EXPECT_TRUE(fileTypes.tidied.empty());
+    association.AssociationCheck();
+    ASSERT_EQ(fileTypes.tidied.size(), 1U);
+    EXPECT_EQ(fileTypes.tidied.front().id, QStringLiteral("velorama"));
+    EXPECT_EQ(fileTypes.tidied.front().mimeType, QStringLiteral("application/x-velorama-album"));
     EXPECT_EQ(fileTypes.linked.size(), 1U);
 }
 
