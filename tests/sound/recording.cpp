@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <numbers>
 
 namespace velorama::test {
@@ -13,17 +12,27 @@ namespace {
 constexpr double Rate = 44100;
 constexpr float Silence = 0.005F;
 
-/// Strength of one frequency in a part of the sound, faded in and out.
-double strength(const float* samples, size_t count, double hertz) {
+/// A part of the sound, faded in and out.
+std::vector<double> faded(const float* samples, size_t count) {
     const double turn = 2 * std::numbers::pi / static_cast<double>(count);
-    const std::complex<double> step = std::polar(1.0, 2 * std::numbers::pi * hertz / Rate);
-    std::complex<double> phase = 1;
-    std::complex<double> sum = 0;
+    std::vector<double> result(count);
     for (size_t i = 0; i < count; ++i) {
-        sum += phase * (double(samples[i]) * (1 - std::cos(turn * static_cast<double>(i))));
-        phase *= step;
+        result[i] = double(samples[i]) * (1 - std::cos(turn * static_cast<double>(i)));
     }
-    return std::abs(sum);
+    return result;
+}
+
+/// Strength of one frequency, by a resonance at it: one multiplication a sample.
+double strength(const std::vector<double>& samples, double hertz) {
+    const double pull = 2 * std::cos(2 * std::numbers::pi * hertz / Rate);
+    double now = 0;
+    double before = 0;
+    for (const double sample : samples) {
+        const double next = pull * now - before + sample;
+        before = now;
+        now = next;
+    }
+    return now * now + before * before - pull * now * before;
 }
 
 }  // namespace
@@ -73,10 +82,11 @@ double Recording::pitch(double from) const {
     if (samples_.size() < start + count) {
         return 0;
     }
+    const std::vector<double> part = faded(&samples_[start], count);
     double best = 0;
     double most = 0;
     for (double hertz = 100; hertz <= 2000; hertz += 1) {
-        const double now = strength(&samples_[start], count, hertz);
+        const double now = strength(part, hertz);
         if (now > most) {
             most = now;
             best = hertz;
