@@ -62,6 +62,9 @@ short tab::ActiveTab() {
 }
 
 void tab::setActiveTab(int number) {
+    if (number != static_cast<short>(number)) {
+        return;
+    }
     if (number != active_) {
         active_ = number;
         if (holds(number)) {

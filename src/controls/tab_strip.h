@@ -27,7 +27,7 @@ public:
     /// Number of the active tab; 0 until one has been chosen. Reading it also keeps it as the
     /// number that the next TabsSetup activates.
     short ActiveTab();
-    /// Any number is taken; where there is no such tab, none looks active. Raises no event.
+    /// Any 16-bit number is taken; where there is no such tab, none looks active. Raises no event.
     void setActiveTab(int number);
     /// The captions, separated by commas.
     QString ActiveTabs() const { return tabString_; }

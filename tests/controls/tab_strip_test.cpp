@@ -110,6 +110,15 @@ TEST_F(TabStrip, ANumberWithoutATabIsKept) {
     strip.grab();
 }
 
+TEST_F(TabStrip, ANumberOfMoreThan16BitsChangesNothing) {
+    strip.setActiveTab(2);
+    for (const int number : {32768, 65536, 65537, 65539, -32769, -65535}) {
+        strip.setActiveTab(number);
+        EXPECT_EQ(strip.ActiveTab(), 2) << number;
+        EXPECT_TRUE(strip.isActive(2)) << number;
+    }
+}
+
 TEST_F(TabStrip, AnEmptyCaptionGivesTheNumber) {
     strip.AddTab(QString());
     EXPECT_EQ(strip.Caption(6), QStringLiteral("Tab 6"));

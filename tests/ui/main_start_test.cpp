@@ -74,6 +74,16 @@ TEST_F(StartTest, AMaximisedWindowComesBackMaximised) {
     }
 }
 
+TEST_F(StartTest, ANumberThatNamesNoPageShowsTheFirst) {
+    for (const char* number :
+         {"0", "-1", "4", "5", "65536", "65537", "65538", "-65535", "2147483647", "x"}) {
+        setStored("mfrmPRGMAIN\\View", "TABIDX", QLatin1String(number));
+        start();
+        EXPECT_TRUE(controls().tabPAGES->isActive(1)) << number;
+        EXPECT_TRUE(controls().picframSLIDEHSOW->isVisible()) << number;
+    }
+}
+
 TEST_F(StartTest, TheHelpPageNamesTheProgram) {
     start();
     EXPECT_EQ(controls().lblMAINTITLE->text(), QStringLiteral("Velorama"));
