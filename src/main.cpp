@@ -1,5 +1,6 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
+#include "imaging/reader_limit.h"
 #include "platform/desktop_background.h"
 #include "platform/http_fetch.h"
 #include "platform/media_commands.h"
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("velorama"));
     QApplication app(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/velorama.svg")));
+    limitPictureReaders();
     // The main window is hidden during a show, and no window is then the last one.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -2,13 +2,13 @@
 
 #include "imaging/byte_numbers.h"
 #include "imaging/completeness.h"
+#include "imaging/reader_limit.h"
 
 #include <QBuffer>
 #include <QImageReader>
 
 #include <algorithm>
 #include <cmath>
-#include <mutex>
 
 namespace velorama {
 namespace {
@@ -117,9 +117,6 @@ bool isSixteenBitBmp(QByteArrayView bytes) {
 }
 
 Picture readWithToolkit(QByteArrayView bytes, const char* format) {
-    static std::once_flag once;
-    std::call_once(once,
-                   [] { QImageReader::setAllocationLimit(decodingMemory().largest() / mebibyte); });
     QByteArray raw = QByteArray::fromRawData(bytes.data(), bytes.size());
     QBuffer buffer(&raw);
     buffer.open(QIODevice::ReadOnly);
@@ -164,6 +161,10 @@ MemoryPool& decodingMemory() {
     // Ordinary slides go on in the last 64 MiB while a very large picture is decoded.
     static MemoryPool pool(pictureMemory - fileMemory().largest(), 320 * mebibyte);
     return pool;
+}
+
+void limitPictureReaders() {
+    QImageReader::setAllocationLimit(static_cast<int>(decodingMemory().largest() / mebibyte));
 }
 
 void convertToSrgb(QImage& bitmap, const QColorSpace& space) {

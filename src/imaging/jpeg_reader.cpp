@@ -95,6 +95,8 @@ public:
     QColorSpace colourSpace();
     /// Chooses the scale of the decoding; false if the library gives up.
     bool setScale(int eighths);
+    /// Chooses the scale, or the next smaller one that memory suffices for: what it chose.
+    int scaleWithin(int eighths, int bitmaps);
     /// Bytes that decoding takes, with so many bitmaps at a time.
     qint64 memory(int bitmaps);
     /// Null if the library gives up, the file ends too early or memory runs out.
@@ -198,6 +200,13 @@ qint64 JpegFile::memory(int bitmaps) {
     return bytes;
 }
 
+int JpegFile::scaleWithin(int eighths, int bitmaps) {
+    while ((!setScale(eighths) || memory(bitmaps) > decodingMemory().largest()) && eighths > 1) {
+        eighths /= 2;
+    }
+    return eighths;
+}
+
 QImage JpegFile::decoded() {
     QImage bitmap(static_cast<int>(info_.output_width), static_cast<int>(info_.output_height),
                   QImage::Format_RGB32);
@@ -293,11 +302,9 @@ Picture readJpeg(QByteArrayView bytes, const Fit& fit) {
     const int orientation = file.orientation();
     const QSize shown = orientation >= 5 ? file.size().transposed() : file.size();
     const QColorSpace space = file.colourSpace();
-    const int eighths = jpegEighths(shown, fit);
-    if (!file.setScale(eighths)) {
-        return {};
-    }
-    const MemoryShare share(decodingMemory(), file.memory(orientation > 1 ? 2 : 1));
+    const int bitmaps = orientation > 1 ? 2 : 1;
+    const int eighths = file.scaleWithin(jpegEighths(shown, fit), bitmaps);
+    const MemoryShare share(decodingMemory(), file.memory(bitmaps));
     QImage bitmap = share ? file.decoded() : QImage();
     convertToSrgb(bitmap, space);
     const QSizeF exact = QSizeF(shown) * eighths / 8;

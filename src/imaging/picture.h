@@ -56,11 +56,11 @@ QSize fitTarget(QSize picture, const Fit& fit);
 /// Loads a picture file: JPEG, GIF (first frame), BMP or PNG, told by its content and not by its
 /// name. EXIF orientation is applied, colours come out as sRGB. `fit` says what for: a JPEG of more
 /// than 512 x 512 pixels is decoded at 1/8, 1/4 or 1/2 of its linear size where that is no smaller
-/// than it is drawn. It may be just as large as it is drawn; on photographs the drawn bitmap stays
-/// above 36 dB of a full decode. Null for anything that cannot be read, ends too early or is
-/// damaged beyond use, for files of more than 128 MiB and for what would take more than 320 MiB to
-/// decode. All threads together stay within 512 MiB; a call may have to wait for another thread's
-/// to end. Safe on any thread; never throws.
+/// than it is drawn; on photographs the drawn bitmap stays above 36 dB of a full decode. A JPEG
+/// that would take more than 320 MiB is decoded smaller still. Null for anything that cannot be
+/// read, ends too early or is damaged beyond use, for files of more than 128 MiB and for what takes
+/// more than 320 MiB all the same. All threads together stay within 512 MiB; a call may have to
+/// wait for another thread's to end. Safe on any thread; never throws.
 Picture LoadPicture(const QString& path, const Fit& fit = Fit::whole());
 
 /// The same from the bytes of a picture file.

@@ -215,6 +215,18 @@ TEST_F(WallpaperTest, everyKindComesOutAsABitmap) {
     }
 }
 
+TEST_F(WallpaperTest, pictureTooLargeToLoadWholeComesOutReduced) {
+    wallpaper.SetDesktopWallpaper(folder + QStringLiteral("/a.bmp"));
+    QImage grey(12000, 9000, QImage::Format_Grayscale8);
+    grey.fill(77);
+    const QString large = folder + QStringLiteral("/large.jpg");
+    ASSERT_TRUE(grey.save(large, "JPG"));
+    desktop.files.clear();
+    wallpaper.SetDesktopWallpaper(large);
+    expectShown(QColor(77, 77, 77));
+    EXPECT_EQ(desktop.shown.size(), QSize(6000, 4500));
+}
+
 TEST_F(WallpaperTest, turnedPictureComesOutAsAViewerShowsIt) {
     QByteArray bytes;
     QBuffer buffer(&bytes);

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace velorama::desktop {
 namespace {
 
@@ -60,6 +62,28 @@ TEST_F(DesktopWallpaper, PopupShowsTheNextAndTheEndOfTheProgramLeavesIt) {
     EXPECT_EQ(page->program().waitForExit(), 0);
     EXPECT_TRUE(screenShows(Qt::blue));
     EXPECT_EQ(session.screenshot().pixelColor(640, 480), QColor(Qt::blue));
+}
+
+// Larger than the toolkit reads unless it is told to, and no picture of another kind before it.
+TEST(LargeDesktopWallpaper, PhotographOf36MillionPixelsIsShown) {
+    DesktopSession session;
+    ASSERT_TRUE(session.isUp());
+    const Store store(session);
+    const QString folder = session.home() + QStringLiteral("/large");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QImage picture(7200, 5000, QImage::Format_RGB32);
+    picture.fill(QColor(0, 120, 200));
+    ASSERT_TRUE(picture.save(folder + QStringLiteral("/a.jpg"), "JPG"));
+    setFilesLocation(store, folder);
+    const PicturesPage page(session, session.start());
+    ASSERT_NE(page.window(), 0U);
+    ASSERT_TRUE(page.waitForThumbnails(1));
+    session.key(QStringLiteral("F4"));
+    EXPECT_TRUE(waitFor([&] {
+        const QColor shown = session.glance().pixelColor(2, 2);
+        return std::abs(shown.green() - 120) <= 2 && std::abs(shown.blue() - 200) <= 2;
+    }));
+    EXPECT_EQ(page.close(), 0);
 }
 
 }  // namespace

@@ -155,6 +155,19 @@ TEST(JpegScale, is_the_smallest_that_the_drawn_size_needs) {
     EXPECT_EQ(jpegEighths({513, 512}, Fit::cell(65)), 2);
 }
 
+TEST(JpegScale, is_smaller_than_wanted_where_memory_does_not_suffice) {
+    QImage grey(12000, 9000, QImage::Format_Grayscale8);
+    grey.fill(77);
+    const QByteArray large = test::toolkitBytes(grey, "jpg");
+    for (const Fit& fit : {Fit::whole(), Fit::area({9000, 9000})}) {
+        const Picture picture = decodePicture(large, fit);
+        EXPECT_EQ(picture.size, QSize(12000, 9000));
+        ASSERT_EQ(picture.bitmap.size(), QSize(6000, 4500));
+        EXPECT_EQ(picture.bitmap.pixel(0, 0), qRgb(77, 77, 77));
+        EXPECT_EQ(picture.bitmap.pixel(5999, 4499), qRgb(77, 77, 77));
+    }
+}
+
 QStringList photographs() {
     QStringList paths;
     QDirIterator folder(QStringLiteral("/usr/share/wallpapers"), {QStringLiteral("*.jpg")},
