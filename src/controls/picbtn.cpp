@@ -58,12 +58,6 @@ float twips(qreal pixels) {
     return static_cast<float>(pixels) * twipsPerLogicalPixel;
 }
 
-// Wayland lends the pointer to popups only, with a warning on the error stream. There the leave
-// event stands in for the capture.
-bool platformCaptures() {
-    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-}
-
 QAccessibleInterface* makeAccess(const QString&, QObject* object) {
     auto* button = qobject_cast<picbtn*>(object);
     return button != nullptr ? new PictureButtonAccess(*button) : nullptr;
@@ -82,9 +76,7 @@ picbtn::picbtn(QWidget* parent) : QWidget(parent) {
     InitProperties();
 }
 
-picbtn::~picbtn() {
-    ReleaseCapture();
-}
+picbtn::~picbtn() = default;
 
 void picbtn::setCAPTION(const QString& caption) {
     caption_ = caption;
@@ -240,9 +232,8 @@ void picbtn::UserControlMouseOut(int Button, int Shift, float X, float Y) {
     measure();
     // A handler may have hidden or disabled the button meanwhile: such a one never captures.
     if (isInside(X, Y) && mayCapture()) {
-        mouseInside_ = true;
-        showLook(Look::HLight);
         SetCapture();
+        showLook(Look::HLight);
     } else {
         ReleaseCapture();
         PICPNORMAL();
@@ -280,16 +271,11 @@ void picbtn::followEnabled() {
 }
 
 void picbtn::SetCapture() {
-    if (platformCaptures() && QWidget::mouseGrabber() != this) {
-        grabMouse();
-    }
+    mouseInside_ = true;
 }
 
 void picbtn::ReleaseCapture() {
     mouseInside_ = false;
-    if (QWidget::mouseGrabber() == this) {
-        releaseMouse();
-    }
 }
 
 // The pointer is no longer this button's business, wherever it is.
@@ -332,10 +318,12 @@ void picbtn::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
+// This event is the move that leaves. The edge belongs to the button, but no other event would come
+// from there; and the place is not known where the pointer has gone to another program.
 void picbtn::leaveEvent(QEvent* event) {
     if (mouseInside_ && !mouseDown_) {
         const QPoint place = mapFromGlobal(QCursor::pos());
-        const bool known = !rect().contains(place);
+        const bool known = !isInside(twips(place.x()), twips(place.y()));
         hover(0, shiftMask(QGuiApplication::keyboardModifiers()), twips(known ? place.x() : -1),
               twips(known ? place.y() : -1));
     }
@@ -362,7 +350,6 @@ void picbtn::mouseMoveEvent(QMouseEvent* event) {
 
 void picbtn::mouseReleaseEvent(QMouseEvent* event) {
     const QPointF place = event->position();
-    // A press that follows elsewhere, without a move before it, must not come here.
     if (event->buttons() == Qt::NoButton && !isInside(twips(place.x()), twips(place.y()))) {
         ReleaseCapture();
     }

@@ -7,8 +7,8 @@
 
 namespace velorama {
 
-/// A button drawn from four pictures, with an optional caption. It keeps the mouse captured for as
-/// long as the pointer hovers over it: so it sees the very move that leaves it.
+/// A button drawn from four pictures, with an optional caption. While the pointer hovers over it it
+/// captures the mouse, within the program: others, such as a screen locker, may take the pointer.
 ///
 /// Button is 1 left, 2 right, 4 middle (on a move, the sum of those held), Shift a sum of
 /// ShiftMask, X and Y are twips from the button's left top corner.
