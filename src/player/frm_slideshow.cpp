@@ -94,6 +94,14 @@ void frmSLIDESHOW::designControls() {
     setLeft(picSLIDERESIZE, -2610);
     for (PictureBox* box : {&picPREVIEW, &picBORDERFRAME, &picSLIDERESIZE, &imgPREVIEW98}) {
         connect(box, &PictureBox::MouseUp, this, &frmSLIDESHOW::Form_MouseUp);
+        box->setMouseTracking(true);
+        connect(box, &PictureBox::MouseMove, this, [this, box](int, float, float y) {
+            // Over a picture no bar comes up; one that is there goes, also where the pointer has
+            // passed no bare ground on its way from it.
+            if (!picCONTROLBAR.isHidden()) {
+                Form_MouseMove(Top(*box) + y);
+            }
+        });
     }
     connect(&picCONTROLBAR.lblDESC, &Label::MouseUp, this, &frmSLIDESHOW::Form_MouseUp);
 

@@ -6,7 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <vector>
+
+#include <xcb/xcb.h>
 
 namespace velorama::desktop {
 namespace {
@@ -65,6 +68,11 @@ protected:
     }
 
     QImage counter() const { return session->glance(look->counter); }
+    /// The ground is red alone.
+    bool hasBar() const {
+        const QImage screen = session->glance();
+        return (screen.pixel(5, screen.height() - 20) & 0xFFFF) != 0;
+    }
 
     std::optional<DesktopSession> session;
     std::optional<Store> store;
@@ -241,6 +249,57 @@ TEST_F(Show, PointerAtTheLowerEdgeBringsCaptionAndCounter) {
     EXPECT_TRUE(waitForSlide(0));
     EXPECT_EQ(counter(), first);
     EXPECT_EQ(session->glance(look->caption), firstCaption);
+}
+
+/// Another program's try to take the pointer, as a screen locker makes it.
+bool canTakePointer(const QString& display) {
+    xcb_connection_t* c = xcb_connect(display.toLatin1().constData(), nullptr);
+    const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
+    const auto cookie =
+        xcb_grab_pointer(c, 0, screen->root, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
+                         XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    auto* reply = xcb_grab_pointer_reply(c, cookie, nullptr);
+    const bool taken = reply != nullptr && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    free(reply);
+    xcb_disconnect(c);
+    return taken;
+}
+
+// The button of the bar lights up under the pointer, is dark again when that has left, and holds it
+// for nobody else.
+TEST_F(Show, PointerOnAButtonIsFreeForOtherPrograms) {
+    ASSERT_NO_FATAL_FAILURE(begin({.width = 1024, .height = 768}, {kTall}));
+    makeReferences();
+    const WindowId show = page->startShow();
+    ASSERT_TRUE(waitForSlide(0));
+    const QString display = session->environment().value(QStringLiteral("DISPLAY"));
+    ASSERT_TRUE(canTakePointer(display));
+    const auto button = [&] { return session->glance(QRect(82, 727, 32, 32)); };
+    session->moveMouse(show, {300, 768 - 10});
+    session->moveMouse(show, {300, 768 - 30});
+    ASSERT_TRUE(waitFor([&] { return hasBar(); }));
+    const QImage dark = button();
+    session->moveMouse(show, {98, 743});
+    ASSERT_TRUE(waitFor([&] { return button() != dark; }));
+    for (int i = 0; i < 20; ++i) {
+        EXPECT_TRUE(canTakePointer(display)) << i;
+    }
+    session->moveMouse(show, {300, 768 - 30});
+    EXPECT_TRUE(waitFor([&] { return button() == dark; }));
+}
+
+TEST_F(Show, PointerStraightFromTheBarOntoThePictureHidesTheBar) {
+    ASSERT_NO_FATAL_FAILURE(begin({.width = 1024, .height = 768}, {kTall}));
+    makeReferences();
+    const WindowId show = page->startShow();
+    ASSERT_TRUE(waitForSlide(0));
+    for (const QPoint& onBar : {QPoint(300, 768 - 30), QPoint(98, 743)}) {
+        session->moveMouse(show, {300, 768 - 10});
+        session->moveMouse(show, onBar);
+        ASSERT_TRUE(waitFor([&] { return hasBar(); }));
+        session->moveMouse(show, {512, 384});
+        EXPECT_TRUE(waitFor([&] { return !hasBar(); })) << onBar.x();
+    }
 }
 
 TEST_F(Show, ArrowsGoRoundAndPassOverMissingFiles) {

@@ -249,6 +249,44 @@ TEST_F(AutoHide, TheBarLiesAlongTheBottomEdge) {
     EXPECT_FLOAT_EQ(Top(show.picCONTROLBAR), Height(show) - 735);
 }
 
+TEST_F(AutoHide, ThePointerThatGoesStraightOntoThePictureHidesTheBar) {
+    makeSlides(1);
+    frmSLIDESHOW& show = openFaded();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&show));
+    const auto moveTo = [&show](QPoint at) {
+        QTest::mouseMove(show.windowHandle(), at);
+        QCoreApplication::processEvents();
+    };
+    const QPoint picture(show.width() / 2, show.height() / 2);
+    ASSERT_EQ(show.childAt(picture), &show.picPREVIEW);
+    const QPoint rim = show.picBORDERFRAME.geometry().topLeft() + QPoint(1, 1);
+    ASSERT_EQ(show.childAt(rim), &show.picBORDERFRAME);
+    const QPoint bar(show.width() / 2, show.height() - 3);
+    const QPoint next = show.picCONTROLBAR.btnNEXT.mapTo(&show, QPoint(9, 9));
+    for (const QPoint& above : {picture, rim}) {
+        for (const QList<QPoint>& way : {QList{bar}, {bar, bar + QPoint(1, 0)}, {bar, next}}) {
+            for (const QPoint& at : way) {
+                moveTo(at);
+            }
+            EXPECT_TRUE(shown(show));
+            moveTo(above);
+            EXPECT_FALSE(shown(show)) << way.size() << ' ' << above.x() << ',' << above.y();
+        }
+    }
+}
+
+TEST_F(AutoHide, OffThePictureHidesNothing) {
+    makeSlides(1);
+    setTBAR("0");
+    frmSLIDESHOW& show = openFaded();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&show));
+    for (const int y : {show.height() - 3, show.height() / 2}) {
+        QTest::mouseMove(show.windowHandle(), QPoint(show.width() / 2, y));
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(shown(show));
+    }
+}
+
 bool isInvisible(const QCursor& cursor) {
     if (cursor.shape() != Qt::BitmapCursor) {
         return cursor.shape() == Qt::BlankCursor;
