@@ -2,6 +2,7 @@
 
 #include "controls/caption.h"
 #include "controls/twips.h"
+#include "controls/window_place.h"
 #include "core/globals.h"
 #include "imaging/picture.h"
 #include "imaging/scaling.h"
@@ -219,6 +220,7 @@ void Preview::layOut(const PreviewWindow& w, const QString& path) const {
         showSmall(w, path);
     }
     fitForm(w);
+    keepOnScreen(*w.form);
 }
 
 }  // namespace velorama

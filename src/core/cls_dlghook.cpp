@@ -1,5 +1,6 @@
 #include "core/cls_dlghook.h"
 
+#include "controls/window_place.h"
 #include "platform/numbers.h"
 
 #include <QApplication>
@@ -12,15 +13,6 @@ namespace {
 
 int middle(int screen, int dialog) {
     return static_cast<int>(roundHalfEven((screen - dialog) * 0.5));
-}
-
-// A dialog gets its frame only when it is on the screen; its owner's frame is of the same make.
-QSize frameOfOwner(const QDialog& dialog) {
-    const QWidget* owner = dialog.parentWidget() ? dialog.parentWidget()->window() : nullptr;
-    if (owner == nullptr || !owner->isVisible() || owner->isFullScreen()) {
-        return {0, 0};
-    }
-    return owner->frameGeometry().size() - owner->geometry().size();
 }
 
 }  // namespace
@@ -65,10 +57,12 @@ void clsDLGHOOK::centre(QDialog& dialog) {
     if (screen == nullptr) {
         return;
     }
-    const QPoint place = centredOnScreen(screen->geometry(), dialog.size() + frameOfOwner(dialog));
+    const QPoint place = centredOnScreen(screen->geometry(), dialog.size() + frameOf(dialog));
     dialog.move(place);
-    // The window is already made, and a move would set the corner inside a frame still to come.
+    // The window is already made, and a move would set the corner inside a frame still to come. So
+    // would a size that it is given later: one that sizes itself has not yet told its window.
     if (QWindow* window = dialog.windowHandle()) {
+        window->resize(dialog.size());
         window->setFramePosition(place);
     }
 }

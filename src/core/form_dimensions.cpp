@@ -1,9 +1,12 @@
 #include "controls/twips.h"
+#include "controls/window_place.h"
 #include "core/cls_registry.h"
 #include "core/lib_txt.h"
 #include "platform/numbers.h"
 
 #include <QGuiApplication>
+
+#include <algorithm>
 
 namespace velorama {
 namespace {
@@ -40,11 +43,32 @@ void setMaximised(QWidget& form, bool maximised) {
     form.setWindowState(maximised ? others | Qt::WindowMaximized : others);
 }
 
+/// A stretch of the desktop along one axis, in twips.
+struct Span {
+    float from;
+    float length;
+    float end() const { return from + length; }
+};
+
+Span inTwips(int from, int length) {
+    return {static_cast<float>(from) * twipsPerLogicalPixel,
+            static_cast<float>(length) * twipsPerLogicalPixel};
+}
+
+Span across(const QRect& area) {
+    return inTwips(area.x(), area.width());
+}
+
+Span down(const QRect& area) {
+    return inTwips(area.y(), area.height());
+}
+
 /// Position that puts a length in the middle of the screen. Only the order of the arithmetic is
 /// odd.
-float centred(float screen, float form) {
-    return static_cast<float>(roundHalfEven(
-        (static_cast<double>(screen) + static_cast<double>(form)) / 2 - static_cast<double>(form)));
+float centred(const Span& screen, float form) {
+    return screen.from + static_cast<float>(roundHalfEven(
+                             (static_cast<double>(screen.length) + static_cast<double>(form)) / 2 -
+                             static_cast<double>(form)));
 }
 
 /// One form and the stored values under its name.
@@ -69,23 +93,30 @@ public:
         }
     }
 
-    /// `stopAtZero`: a form larger than the screen starts at 0 instead of left of or above it.
-    void restorePosition(bool stopAtZero) {
-        const float centreLeft = centred(screenWidth(form_), Width(form_));
-        const float centreTop = centred(screenHeight(form_), Height(form_));
+    /// Places are measured against all screens together, and what has none there comes to the
+    /// middle of its own. `stopAtEdge`: a form larger than the screen then starts at the screen's
+    /// edge instead of left of or above it, where nobody could take hold of it.
+    void restorePosition(bool stopAtEdge) {
         if (const auto left = number(leftName, Left(form_))) {
             setLeft(form_, *left);
         }
         if (const auto top = number(topName, Top(form_))) {
             setTop(form_, *top);
         }
-        keepRightOfEdge(centreLeft, stopAtZero);
-        keepBelowEdge(centreTop, stopAtZero);
-        if (Left(form_) + Width(form_) > screenWidth(form_)) {
-            setLeft(form_, centreLeft);
+        const QRect desktop = desktopPlace(form_);
+        const Span wide = across(desktop);
+        const Span high = down(desktop);
+        const QRect screen = nearestScreen(form_);
+        if (Left(form_) < wide.from || Left(form_) + Width(form_) > wide.end()) {
+            centreAcross(screen, stopAtEdge);
         }
-        if (Top(form_) + Height(form_) > screenHeight(form_)) {
-            setTop(form_, centreTop);
+        if (Top(form_) < high.from || Top(form_) + Height(form_) > high.end()) {
+            centreDown(screen, stopAtEdge);
+        }
+        if (!isReachable(form_)) {
+            // Screens of unlike size leave corners of the desktop that nobody sees.
+            centreAcross(screen, stopAtEdge);
+            centreDown(screen, stopAtEdge);
         }
     }
 
@@ -99,22 +130,16 @@ private:
         return stored ? std::optional(static_cast<float>(*stored)) : std::nullopt;
     }
 
-    void keepRightOfEdge(float centreLeft, bool stopAtZero) {
-        if (Left(form_) < 0) {
-            setLeft(form_, centreLeft);
-        }
-        if (stopAtZero && Left(form_) < 0) {
-            setLeft(form_, 0);
-        }
+    void centreAcross(const QRect& screen, bool stopAtEdge) {
+        const Span span = across(screen);
+        const float middle = centred(span, Width(form_));
+        setLeft(form_, stopAtEdge ? std::max(middle, span.from) : middle);
     }
 
-    void keepBelowEdge(float centreTop, bool stopAtZero) {
-        if (Top(form_) < 0) {
-            setTop(form_, centreTop);
-        }
-        if (stopAtZero && Top(form_) < 0) {
-            setTop(form_, 0);
-        }
+    void centreDown(const QRect& screen, bool stopAtEdge) {
+        const Span span = down(screen);
+        const float middle = centred(span, Height(form_));
+        setTop(form_, stopAtEdge ? std::max(middle, span.from) : middle);
     }
 
     const clsREGISTRY& registry_;
@@ -140,8 +165,10 @@ void clsREGISTRY::FormDimensionsSave(const QWidget& form, bool Full) {
         return;
     }
     if (knowsPlaces()) {
-        save(leftName, singleText(Left(form)));
-        save(topName, singleText(Top(form)));
+        // Maximised, a form keeps the place that it goes back to.
+        const QPoint place = normalPlace(form);
+        save(leftName, singleText(place.x() == form.x() ? Left(form) : inTwips(place.x(), 0).from));
+        save(topName, singleText(place.y() == form.y() ? Top(form) : inTwips(place.y(), 0).from));
     }
     if (Full) {
         save(widthName, singleText(Width(form)));

@@ -3,6 +3,7 @@
 #include "controls/keys.h"
 #include "controls/label.h"
 #include "controls/symbol_picture.h"
+#include "controls/window_place.h"
 #include "core/globals.h"
 
 #include <QBoxLayout>
@@ -168,6 +169,10 @@ void frmHELPMESSAGEBOX::showModal() {
     if (gRegistry) {
         gRegistry->FormDimensionsSetup(*this, false);
     }
+    // Its place of last time may be on a screen that nobody looks at now.
+    if (nearestScreen(*this) != screenPlace(*this)) {
+        placeOverOwner();
+    }
     loaded_ = true;
     exec();
 }
@@ -182,7 +187,8 @@ QPushButton* frmHELPMESSAGEBOX::defaultButton() const {
 }
 
 void frmHELPMESSAGEBOX::placeOverOwner() {
-    const QRect desktop = screen()->availableGeometry();
+    const QScreen* own = parentWidget() ? parentWidget()->window()->screen() : screen();
+    const QRect desktop = own->availableGeometry();
     const QRect over = parentWidget() ? parentWidget()->window()->frameGeometry() : desktop;
     QRect place(QPoint(), size());
     place.moveCenter(over.center());

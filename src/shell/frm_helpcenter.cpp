@@ -2,6 +2,7 @@
 
 #include "controls/keys.h"
 #include "controls/twips.h"
+#include "controls/window_place.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 
@@ -9,8 +10,6 @@
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QWindow>
-
-#include <cmath>
 
 namespace velorama {
 namespace {
@@ -49,8 +48,7 @@ frmHELPCENTER::frmHELPCENTER() : QWidget(nullptr, Qt::Window) {
     connectButtons();
     setWidth(*this, designWidth);
     setHeight(*this, designHeight);
-    setLeft(*this, std::round((screenWidth(*this) - Width(*this)) / 2));
-    setTop(*this, std::round((screenHeight(*this) - Height(*this)) / 2));
+    centreOnScreen(*this);
     gRegistry->FormDimensionsSetup(*this, true);
 }
 

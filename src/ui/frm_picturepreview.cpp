@@ -2,6 +2,7 @@
 
 #include "controls/keys.h"
 #include "controls/twips.h"
+#include "controls/window_place.h"
 #include "core/globals.h"
 #include "ui/control_making.h"
 
@@ -9,9 +10,6 @@
 #include <QPainter>
 #include <QShortcut>
 #include <QTimer>
-
-#include <algorithm>
-#include <cmath>
 
 namespace velorama {
 namespace {
@@ -59,17 +57,13 @@ frmPICTUREPREVIEW::frmPICTUREPREVIEW(QWidget* main, PreviewCalls calls)
     webVIEWER->setAccessibleName(QStringLiteral("Moving picture"));
     makeBar();
     makeKeys();
-    setLeft(*this, std::round((screenWidth(*this) - Width(*this)) / 2));
-    setTop(*this, std::round((screenHeight(*this) - Height(*this)) / 2));
-    gRegistry->FormDimensionsSetup(*this, true);
-    // The size of the next picture counts, and not a stored one that had no room on the screen.
-    setLeft(*this, std::max(Left(*this), 0.0F));
-    setTop(*this, std::max(Top(*this), 0.0F));
+    centreOnScreen(*this);
+    gRegistry->FormDimensionsSetup(*this, false);
 }
 
 frmPICTUREPREVIEW::~frmPICTUREPREVIEW() {
     if (gRegistry) {
-        gRegistry->FormDimensionsSave(*this, true);
+        gRegistry->FormDimensionsSave(*this, false);
     }
 }
 

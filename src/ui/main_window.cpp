@@ -3,6 +3,7 @@
 #include "browse/screen_pointer.h"
 #include "controls/keys.h"
 #include "controls/twips.h"
+#include "controls/window_place.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 
@@ -11,8 +12,6 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPainter>
-
-#include <cmath>
 
 namespace velorama {
 namespace {
@@ -83,8 +82,7 @@ mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
     setContextMenuPolicy(Qt::NoContextMenu);
     setMinimumSize(smallestWidth, smallestHeight);
     resize(toPixels(designWidth), toPixels(designHeight) + menuBar()->sizeHint().height());
-    setLeft(*this, std::round((screenWidth(*this) - Width(*this)) / 2));
-    setTop(*this, std::round((screenHeight(*this) - Height(*this)) / 2));
+    centreOnScreen(*this);
     connectCommands();
     connectSplitter();
     setTabOrders();

@@ -91,10 +91,11 @@ TEST_F(FormDimensions, HalfSavesThePositionOnly) {
     EXPECT_EQ(stored("Window State"), "(none)");
 }
 
-TEST_F(FormDimensions, HalfSavesThePositionInEveryState) {
+TEST_F(FormDimensions, HalfSavesThePositionInEveryStateAndTheNormalOneOfAMaximisedForm) {
     form.setWindowState(Qt::WindowMaximized);
     registry.FormDimensionsSave(form, false);
-    EXPECT_EQ(stored("Left").toFloat(), Left(form));
+    EXPECT_EQ(stored("Left"), "1500");
+    EXPECT_EQ(stored("Top"), "3000");
     EXPECT_EQ(stored("Window State"), "(none)");
 }
 
@@ -167,13 +168,16 @@ TEST_F(FormDimensions, APositionBeyondTheEdgeIsCentredOnThatAxis) {
     expectGeometry(screenWidth(form) - 3000, screenHeight(form) - 4500, 3000, 4500);
 }
 
-TEST_F(FormDimensions, AFormLargerThanTheScreenEndsCentredByTheEdgeRule) {
-    // Left of 0, centred still left of 0, so 0; then it reaches beyond the right edge: centred
-    // again.
+TEST_F(FormDimensions, AFormLargerThanTheScreenStartsAtItsCornerInTheFullCaseOnly) {
     const float width = screenWidth(form) + 3000;
-    putGeometry(-15, 150, width, 4500);
-    registry.FormDimensionsSetup(form, true);
-    expectGeometry(-1500, 150, width, 4500);
+    const float height = screenHeight(form) + 4500;
+    for (const float stored : {-15.0F, 0.0F, 300.0F}) {
+        putGeometry(stored, stored, width, height);
+        registry.FormDimensionsSetup(form, true);
+        expectGeometry(0, 0, width, height);
+        registry.FormDimensionsSetup(form, false);
+        expectGeometry(-1500, -2250, width, height);
+    }
 }
 
 TEST_F(FormDimensions, TheCentreIsRoundedToAWholeNumberHalvesToEven) {

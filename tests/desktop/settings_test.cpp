@@ -123,5 +123,24 @@ TEST_F(SettingsDialog, WhatOkWritesIsHowTheShowLooks) {
     EXPECT_EQ(page->close(), 0);
 }
 
+TEST_F(SettingsDialog, ColoursAreAskedForInTheMiddleOfTheScreen) {
+    ASSERT_NO_FATAL_FAILURE(open());
+    session.key(QStringLiteral("alt+b"));
+    ASSERT_TRUE(page->waitForPopup(2));
+    session.key(QStringLiteral("End"));
+    session.key(QStringLiteral("Return"));
+    const WindowId dialog = page->waitForDialog(QStringLiteral("Custom Color"));
+    ASSERT_NE(dialog, 0U);
+    const QRect outer = session.outerGeometry(dialog);
+    ASSERT_GT(outer.height(), session.geometry(dialog).height());
+    EXPECT_NEAR(outer.x(), (800 - outer.width()) / 2.0, 1);
+    EXPECT_NEAR(outer.y(), (600 - outer.height()) / 2.0, 1);
+    session.key(QStringLiteral("Escape"));
+    ASSERT_TRUE(session.waitForNoWindow(QStringLiteral("Custom Color")));
+    session.key(QStringLiteral("Escape"));
+    ASSERT_TRUE(page->waitForNoDialog());
+    EXPECT_EQ(page->close(), 0);
+}
+
 }  // namespace
 }  // namespace velorama::desktop

@@ -100,6 +100,24 @@ TEST_F(StartAndEnd, WindowAndSplitterComeBack) {
     }
 }
 
+TEST_F(StartAndEnd, WindowLargerThanTheScreenKeepsItsTitleBarInReach) {
+    for (const auto& [name, pixels] : {std::pair("Left", 0), std::pair("Top", 0),
+                                       std::pair("Width", 2000), std::pair("Height", 1600)}) {
+        store.setSetting(QStringLiteral("mfrmPRGMAIN\\Window"), QLatin1String(name),
+                         QString::number(pixels * 15));
+    }
+    Program& program = session.start();
+    const WindowId window = session.waitForWindow(QStringLiteral("Velorama"), program.pid());
+    ASSERT_NE(window, 0U);
+    EXPECT_TRUE(waitFor([&] {
+        return session.outerGeometry(window).topLeft() == QPoint(0, 0) &&
+               session.geometry(window).y() > 0;
+    }));
+    ASSERT_TRUE(session.activate(window));
+    session.key(QStringLiteral("alt+F4"));
+    EXPECT_EQ(program.waitForExit(), 0);
+}
+
 TEST_F(StartAndEnd, MaximisedWindowComesBackOverItsOldPlace) {
     QRect before;
     QRect maximised;

@@ -222,14 +222,54 @@ TEST_F(PreviewWindowTest, ItComesBackWhereItWasLeft) {
     });
     EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Left"), QStringLiteral("300"));
     EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Top"), QStringLiteral("1005"));
-    EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Width"), QStringLiteral("7000"));
-    EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Window State"), QStringLiteral("0"));
+    for (const char* name : {"Width", "Height", "Window State"}) {
+        EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", name), QStringLiteral("absent"));
+    }
     for (int i = 0; i < 2; ++i) {
         previewing([](QWidget& form) {
             EXPECT_FLOAT_EQ(Left(form), 300);
             EXPECT_FLOAT_EQ(Top(form), 1005);
         });
     }
+}
+
+TEST_F(PreviewWindowTest, MaximisedItComesBackInItsOwnSizeAndPlace) {
+    previewing([](QWidget& form) {
+        form.move(150, 120);
+        QApplication::processEvents();
+        form.showMaximized();
+        QApplication::processEvents();
+        EXPECT_GT(form.width(), form.screen()->geometry().width() - 10);
+    });
+    previewing([](QWidget& form) {
+        EXPECT_FALSE(form.isMaximized());
+        EXPECT_FLOAT_EQ(Width(form), 7000);
+        EXPECT_EQ(form.pos(), QPoint(150, 120));
+    });
+}
+
+TEST_F(PreviewWindowTest, ALargerPictureBringsItBackOntoTheScreen) {
+    QImage large(2000, 2000, QImage::Format_RGB32);
+    large.fill(Qt::green);
+    ASSERT_TRUE(large.save(folder + QStringLiteral("/b.bmp")));
+    previewing([](QWidget& form) {
+        const QRect screen = form.screen()->geometry();
+        const QSize small = form.size();
+        form.move(screen.bottomRight() - QPoint(small.width(), small.height()));
+        QApplication::processEvents();
+        const QPoint left = form.pos();
+        button(form, "cbtnCONTROLS5").click();
+        QApplication::processEvents();
+        EXPECT_GT(form.height(), small.height());
+        EXPECT_TRUE(screen.contains(form.frameGeometry()));
+        EXPECT_LT(form.y(), left.y());
+    });
+    // And at once, where the larger one is the first.
+    controls().lvwFOUND->setSelectedItem(2);
+    const QRect screen = window->screen()->geometry();
+    setStored("frmPICTUREPREVIEW\\Window", "Left", QString::number((screen.width() - 470) * 15));
+    setStored("frmPICTUREPREVIEW\\Window", "Top", QString::number((screen.height() - 370) * 15));
+    previewing([screen](QWidget& form) { EXPECT_TRUE(screen.contains(form.frameGeometry())); });
 }
 
 TEST_F(PreviewWindowTest, ABadPlaceInTheStoreIsNoObstacle) {
@@ -300,7 +340,7 @@ TEST_F(PreviewWindowTest, TheMainWindowMayCloseUnderIt) {
     previewing([this](QWidget&) { window->close(); });
     EXPECT_TRUE(window->isUnloaded());
     EXPECT_EQ(forms(), 0);
-    EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Width"), QStringLiteral("7000"));
+    EXPECT_NE(stored("frmPICTUREPREVIEW\\Window", "Left"), QStringLiteral("absent"));
 }
 
 TEST_F(PreviewWindowTest, AFolderThatVanishesUnderItIsSurvived) {
