@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QProcess>
+#include "support/private_sound_server.h"
+
+#include <QProcessEnvironment>
 #include <QString>
 
 namespace velorama::bench {
@@ -9,9 +11,6 @@ namespace velorama::bench {
 class SoundServer {
 public:
     SoundServer();
-    ~SoundServer();
-    SoundServer(const SoundServer&) = delete;
-    SoundServer& operator=(const SoundServer&) = delete;
 
     /// Empty if the server is up, otherwise what is missing.
     QString whyAbsent() const { return absent_; }
@@ -19,8 +18,7 @@ public:
     void addTo(QProcessEnvironment& environment) const;
 
 private:
-    QString socket_;
-    QProcess server_;
+    test::PrivateSoundServer server_;
     QString absent_;
 };
 

@@ -9,8 +9,6 @@ namespace {
 
 using namespace test;
 
-using namespace test;
-
 /// The server, frozen. It goes on by itself in the end, so that what waits for it fails and does
 /// not hang.
 class Frozen {
@@ -135,7 +133,10 @@ TEST_F(FrozenServer, DoesNotKeepTheProgramFromEnding) {
     EXPECT_TRUE(again.goOn());
 
     player = std::make_unique<MediaPlayer>();
-    EXPECT_NEAR(heardWhole(other).seconds(), 3, LengthLimit);
+    // PipeWire first plays what it was sent before.
+    const Recording heard = heardWhole(other);
+    EXPECT_GT(heard.seconds(), 3 - LengthLimit);
+    EXPECT_NEAR(heard.pitch(1.5), 660, PitchLimit);
 }
 
 }  // namespace

@@ -11,57 +11,16 @@
 #include <csignal>
 
 namespace velorama::test {
-namespace {
 
-bool answers() {
-    QProcess asking;
-    asking.start(QStringLiteral("pactl"), {QStringLiteral("info")});
-    return asking.waitForFinished() && asking.exitCode() == 0;
-}
-
-}  // namespace
-
-SoundServer::SoundServer() {
-    const QString folder = temporaryFolder();
-    socket_ = folder + QStringLiteral("/socket");
-    recorded_ = folder + QStringLiteral("/recorded.raw");
-    qputenv("PULSE_SERVER", ("unix:" + socket_.toUtf8()));
+SoundServer::SoundServer()
+    : server_(temporaryFolder()), recorded_(temporaryFolder() + QStringLiteral("/recorded.raw")) {
+    qputenv("PULSE_SERVER", server_.address().toUtf8());
     qputenv("SDL_AUDIODRIVER", "pulseaudio");
-    server_.setStandardErrorFile(QProcess::nullDevice());
 }
 
 SoundServer::~SoundServer() {
     recorder_.kill();
     recorder_.waitForFinished();
-    kill();
-}
-
-bool SoundServer::start() {
-    server_.start(
-        QStringLiteral("pulseaudio"),
-        {QStringLiteral("-n"), QStringLiteral("--daemonize=no"),
-         QStringLiteral("--use-pid-file=no"), QStringLiteral("--exit-idle-time=-1"),
-         QStringLiteral("-L"),
-         QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") + socket_,
-         QStringLiteral("-L"),
-         // Without norewinds the recording begins late.
-         QStringLiteral("module-null-sink sink_name=cap rate=44100 channels=2 format=s16le "
-                        "norewinds=1")});
-    return QTest::qWaitFor(answers, 20000);
-}
-
-void SoundServer::kill() {
-    server_.kill();
-    server_.waitForFinished();
-    QFile::remove(socket_);
-}
-
-void SoundServer::freeze() {
-    ::kill(static_cast<pid_t>(server_.processId()), SIGSTOP);
-}
-
-void SoundServer::goOn() {
-    ::kill(static_cast<pid_t>(server_.processId()), SIGCONT);
 }
 
 bool SoundServer::startRecording() {

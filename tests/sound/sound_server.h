@@ -2,24 +2,23 @@
 
 #include "recording.h"
 
+#include "support/private_sound_server.h"
+
 #include <QProcess>
 #include <QString>
 
 namespace velorama::test {
 
-/// A sound server of the test's own, whose only output leads nowhere, and what it plays.
+/// A sound server of the test's own, to which the test's process is led, and what it plays.
 class SoundServer {
 public:
     SoundServer();
     ~SoundServer();
 
-    /// False if it does not come up.
-    bool start();
-    /// At once, as in a crash.
-    void kill();
-    /// It is there and takes what is sent, but does nothing and answers nobody, until it goes on.
-    void freeze();
-    void goOn();
+    bool start() { return server_.start(); }
+    void kill() { server_.kill(); }
+    void freeze() { server_.freeze(); }
+    void goOn() { server_.goOn(); }
 
     bool startRecording();
     /// Waits until it has heard sound for so long.
@@ -27,9 +26,8 @@ public:
     Recording stopRecording();
 
 private:
-    QString socket_;
+    PrivateSoundServer server_;
     QString recorded_;
-    QProcess server_;
     QProcess recorder_;
 };
 
