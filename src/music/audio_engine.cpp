@@ -92,6 +92,10 @@ QString AudioEngine::currentRow() const {
     return c_.lstMUSIC ? c_.lstMUSIC->List(c_.lstMUSIC->ListIndex()) : QString();
 }
 
+bool AudioEngine::isPaused() const {
+    return c_.lstMUSIC && !c_.lstMUSIC->Enabled();
+}
+
 void AudioEngine::startPolling() {
     // A running timer goes on in its beat: a start would put the next poll off.
     if (c_.tmrMUSIC && !c_.tmrMUSIC->isActive()) {
@@ -136,7 +140,7 @@ void AudioEngine::AudioPlay() {
 
 void AudioEngine::AudioPause() {
     const Focus focus(c_, 3);
-    const bool playing = !c_.lstMUSIC || c_.lstMUSIC->Enabled();
+    const bool playing = !isPaused();
     device_.send(playing ? QStringLiteral("pause CURRFILE") : QStringLiteral("Resume CURRFILE"));
     enableButtons({2}, true);
     enableList(!playing);
@@ -184,8 +188,8 @@ void AudioEngine::tmrMUSIC_Timer() {
     const int position = askSeconds(QStringLiteral("position"));
     showProgress(length, position);
     // Whole seconds on purpose: the end is seen in the track's last second. A file that did not
-    // open has 0 of 0, and so is over too.
-    if (position == length) {
+    // open has 0 of 0, and so is over too. A paused track waits there until it goes on.
+    if (position == length && !isPaused()) {
         nextTrack();
     }
 }

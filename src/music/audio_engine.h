@@ -40,6 +40,7 @@ private:
     int askSeconds(const QString& what);
     void showProgress(int length, int position);
     QString currentRow() const;
+    bool isPaused() const;
     void startPolling();
     void enableButtons(std::initializer_list<int> indexes, bool enabled);
     void enableList(bool enabled);

@@ -227,6 +227,36 @@ TEST_F(AudioEngineTest, AStandingPositionOfAPausedTrackChangesNothing) {
     EXPECT_FALSE(lstMUSIC.Enabled());
 }
 
+TEST_F(AudioEngineTest, APauseInTheLastSecondHoldsUntilItIsEnded) {
+    fill({a, b}, 0);
+    engine->AudioPlay();
+    press(3);
+    device.taken();
+    poll(QStringLiteral("7250"), QStringLiteral("7100"));
+    poll(QStringLiteral("7250"), QStringLiteral("7100"));
+    EXPECT_EQ(device.taken(), pollCommands + pollCommands);
+    EXPECT_EQ(lstMUSIC.ListIndex(), 0);
+    EXPECT_FALSE(lstMUSIC.Enabled());
+    EXPECT_EQ(lblM2.Caption(), QStringLiteral("7"));
+    press(3);
+    poll(QStringLiteral("7250"), QStringLiteral("7100"));
+    EXPECT_EQ(lstMUSIC.ListIndex(), 1);
+    expectPlaying();
+}
+
+TEST_F(AudioEngineTest, APauseHoldsOnAFileThatDoesNotOpenToo) {
+    fill({a, b}, 0);
+    device.succeeds = false;
+    engine->AudioPlay();
+    press(3);
+    poll(QString(), QString());
+    EXPECT_EQ(lstMUSIC.ListIndex(), 0);
+    EXPECT_FALSE(lstMUSIC.Enabled());
+    engine->AudioPlay();
+    poll(QString(), QString());
+    EXPECT_EQ(lstMUSIC.ListIndex(), 1);
+}
+
 TEST_F(AudioEngineTest, ADoubleClickStartsItsRow) {
     fill({a, b}, 0);
     engine->AudioPlay();
