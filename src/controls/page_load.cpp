@@ -3,10 +3,15 @@
 #include "controls/web_page.h"
 
 namespace velorama {
+namespace {
 
-PageLoad::PageLoad(QNetworkAccessManager& network, const QUrl& address, const WebLimits& limits)
-    : network_(network), limits_(limits) {
-    auto* request = new HttpRequest(network, address, limits.page, this);
+// What browsers ask of one server.
+constexpr int mostAtOnce = 6;
+
+}  // namespace
+
+PageLoad::PageLoad(const QUrl& address, const WebLimits& limits) : limits_(limits) {
+    auto* request = new HttpRequest(address, limits.page, this);
     connect(request, &HttpRequest::finished, this, [this](const HttpAnswer& answer) {
         emit arrived(answer);
         countDown();
@@ -14,17 +19,26 @@ PageLoad::PageLoad(QNetworkAccessManager& network, const QUrl& address, const We
 }
 
 void PageLoad::fetchPictures(const QList<QUrl>& pictures) {
-    for (const QUrl& address : pictures) {
-        ++open_;
-        auto* request = new HttpRequest(network_, address, limits_.picture, this);
-        connect(request, &HttpRequest::finished, this, [this, address](const HttpAnswer& answer) {
-            const QImage picture = answer.cut ? QImage() : pagePicture(answer.body);
-            if (!picture.isNull()) {
-                emit pictureArrived(address, picture);
-            }
-            countDown();
-        });
+    waiting_ = pictures;
+    while (open_ <= mostAtOnce && !waiting_.isEmpty()) {
+        fetchNext();
     }
+}
+
+void PageLoad::fetchNext() {
+    ++open_;
+    const QUrl address = waiting_.takeFirst();
+    auto* request = new HttpRequest(address, limits_.picture, this);
+    connect(request, &HttpRequest::finished, this, [this, address](const HttpAnswer& answer) {
+        const QImage picture = answer.cut ? QImage() : pagePicture(answer.body);
+        if (!picture.isNull()) {
+            emit pictureArrived(address, picture);
+        }
+        if (!waiting_.isEmpty()) {
+            fetchNext();
+        }
+        countDown();
+    });
 }
 
 void PageLoad::countDown() {

@@ -2,25 +2,24 @@
 
 #include "platform/http_request.h"
 
-#include <QHash>
 #include <QImage>
-
-#include <memory>
+#include <QList>
 
 namespace velorama {
 
-/// What fetching a page may cost, and each of its pictures.
+/// What fetching a page may cost, and each of its pictures. Neither comes from another server than
+/// the one that was asked.
 struct WebLimits {
     // One line of plain text as long as this is still broken up in half a second.
-    HttpLimits page{std::chrono::milliseconds(10000), 64 * 1024, 4};
-    HttpLimits picture{std::chrono::milliseconds(20000), 8 * 1024 * 1024, 4};
+    HttpLimits page{std::chrono::milliseconds(10000), 64 * 1024, 4, false};
+    HttpLimits picture{std::chrono::milliseconds(20000), 8 * 1024 * 1024, 4, false};
 };
 
 /// Fetches one page, and then those of its pictures that are asked for.
 class PageLoad : public QObject {
     Q_OBJECT
 public:
-    PageLoad(QNetworkAccessManager& network, const QUrl& address, const WebLimits& limits);
+    PageLoad(const QUrl& address, const WebLimits& limits);
 
     /// To be called while `arrived` is told; `done` comes behind the last one.
     void fetchPictures(const QList<QUrl>& pictures);
@@ -32,10 +31,12 @@ signals:
     void done();
 
 private:
+    void fetchNext();
     void countDown();
 
-    QNetworkAccessManager& network_;
     WebLimits limits_;
+    QList<QUrl> waiting_;
+    /// Requests that run, that of the page included.
     int open_ = 1;
 };
 

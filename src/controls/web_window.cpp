@@ -10,10 +10,6 @@ QUrl withoutFragment(const QUrl& address) {
     return address.adjusted(QUrl::RemoveFragment);
 }
 
-bool isSameServer(const QUrl& one, const QUrl& other) {
-    return one.host() == other.host() && one.port() == other.port();
-}
-
 /// Stands where a picture is missing: for a null one the document would look among the files.
 QImage noPicture() {
     QImage empty(1, 1, QImage::Format_ARGB32);
@@ -60,7 +56,7 @@ void webWINDOW::start(const QUrl& address, Task task) {
         text_ = QStringLiteral("<p>One moment, please.</p>");
         render();
     }
-    load_ = new PageLoad(network_, withoutFragment(address), limits_);
+    load_ = new PageLoad(withoutFragment(address), limits_);
     load_->setParent(this);
     connect(load_, &PageLoad::arrived, this, [this, address, task](const HttpAnswer& answer) {
         pageArrived(answer, address, task);

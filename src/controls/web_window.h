@@ -78,7 +78,6 @@ private:
     void forgetOtherPictures();
     void scrollToWanted();
 
-    HttpNetwork network_;
     WebLimits limits_;
     QPointer<PageLoad> load_;
 

@@ -11,9 +11,7 @@ QString NetworkFetch::OpenURL(const QString& address) {
     QEventLoop waiting;
     running_ = &waiting;
     QByteArray body;
-    // Made for one call: nothing of it is needed by the next, which may be months away.
-    HttpNetwork network;
-    HttpRequest request(network, QUrl(address), limits_);
+    HttpRequest request(QUrl(address), limits_);
     QObject::connect(&request, &HttpRequest::finished, &waiting, [&](const HttpAnswer& answer) {
         body = answer.body;
         waiting.quit();

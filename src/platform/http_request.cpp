@@ -1,43 +1,22 @@
 #include "platform/http_request.h"
 
-#include <QCoreApplication>
-#include <QHostAddress>
-#include <QNetworkProxyFactory>
-
-#include <utility>
+#include "platform/http_exchange.h"
 
 namespace velorama {
 namespace {
 
-constexpr int FirstErrorStatus = 400;
-
-bool isThisMachine(const QString& host) {
-    return host == QLatin1String("localhost") || QHostAddress(host).isLoopback();
+bool isRedirect(int status) {
+    return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
-class SystemProxies : public QNetworkProxyFactory {
-public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
-        if (isThisMachine(query.peerHostName())) {
-            return {QNetworkProxy(QNetworkProxy::NoProxy)};
-        }
-        return systemProxyForQuery(query);
-    }
-};
+bool isSecure(const QUrl& address) {
+    return address.scheme() == QLatin1String("https");
+}
 
-QNetworkRequest plainRequest(const QUrl& address, const HttpLimits& limits) {
-    QNetworkRequest request(address);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(limits.redirects);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
-                         QNetworkRequest::AlwaysNetwork);
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    // What comes is what counts against the limit: a packed body could grow a thousandfold.
-    request.setRawHeader("Accept-Encoding", "identity");
-    request.setRawHeader("User-Agent", QCoreApplication::applicationName().toUtf8());
-    return request;
+/// -1 stands for the one that is usual for the scheme.
+int givenPort(const QUrl& address) {
+    const int usual = isSecure(address) ? 443 : 80;
+    return address.port() == usual ? -1 : address.port();
 }
 
 }  // namespace
@@ -48,75 +27,68 @@ bool isHttpAddress(const QUrl& address) {
            !address.host().isEmpty();
 }
 
-HttpNetwork::HttpNetwork(QObject* parent) : QNetworkAccessManager(parent) {
-    setProxyFactory(new SystemProxies);
+bool isSameServer(const QUrl& one, const QUrl& other) {
+    return one.host() == other.host() && givenPort(one) == givenPort(other);
 }
 
-HttpRequest::HttpRequest(QNetworkAccessManager& network, const QUrl& address,
-                         const HttpLimits& limits, QObject* parent)
+HttpRequest::HttpRequest(const QUrl& address, const HttpLimits& limits, QObject* parent)
     : QObject(parent), limits_(limits) {
     answer_.address = address;
     time_.setSingleShot(true);
     connect(&time_, &QTimer::timeout, this, [this] { end(false); });
     if (isHttpAddress(address)) {
         time_.start(limits.time);
-        follow(network.get(plainRequest(address, limits)));
+        ask(address);
     } else {
         time_.start(0);
     }
 }
 
 HttpRequest::~HttpRequest() {
-    letGo();
+    delete exchange_;
 }
 
-void HttpRequest::follow(QNetworkReply* reply) {
-    reply_ = reply;
-    // One byte more than is wanted tells that there is more.
-    reply->setReadBufferSize(limits_.bytes + 1);
-    connect(reply, &QNetworkReply::readyRead, this, &HttpRequest::readMore);
-    connect(reply, &QNetworkReply::finished, this, [this] {
-        readMore();
-        if (reply_) {
-            end(reply_->error() == QNetworkReply::NoError);
-        }
-    });
+void HttpRequest::ask(const QUrl& address) {
+    delete exchange_;
+    answer_.address = address;
+    exchange_ = new HttpExchange(address, limits_.bytes, this);
+    // A connection may fail while it is being asked for.
+    connect(exchange_, &HttpExchange::finished, this, &HttpRequest::take, Qt::QueuedConnection);
 }
 
-void HttpRequest::readMore() {
-    if (!reply_) {
+void HttpRequest::take(bool whole) {
+    if (!exchange_) {
         return;
     }
-    answer_.body += reply_->read(limits_.bytes + 1 - answer_.body.size());
-    if (answer_.body.size() > limits_.bytes) {
-        answer_.body.truncate(limits_.bytes);
-        answer_.cut = true;
-        end(true);
+    const QByteArray location = exchange_->header("location");
+    if (!whole || !isRedirect(exchange_->status()) || location.isEmpty()) {
+        end(whole && exchange_->status() / 100 == 2);
+        return;
     }
+    const QUrl target = answer_.address.resolved(QUrl(QString::fromUtf8(location)));
+    if (mayGoTo(target)) {
+        ask(target);
+    } else {
+        end(false);
+    }
+}
+
+bool HttpRequest::mayGoTo(const QUrl& target) {
+    const bool lessSafe = isSecure(answer_.address) && !isSecure(target);
+    return ++redirects_ <= limits_.redirects && isHttpAddress(target) && !lessSafe &&
+           (limits_.otherServers || isSameServer(answer_.address, target));
 }
 
 void HttpRequest::end(bool ok) {
-    if (reply_) {
-        const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-        answer_.ok = ok && status < FirstErrorStatus;
-        answer_.address = reply_->url();
-        answer_.contentType = reply_->rawHeader("Content-Type");
-    }
-    if (!answer_.ok) {
-        answer_.body.clear();
-        answer_.cut = false;
-    }
-    letGo();
-    emit finished(answer_);
-}
-
-void HttpRequest::letGo() {
     time_.stop();
-    if (QNetworkReply* const reply = std::exchange(reply_, {})) {
-        reply->disconnect(this);
-        reply->abort();
-        reply->deleteLater();
+    answer_.ok = ok;
+    if (exchange_) {
+        answer_.contentType = exchange_->header("content-type");
+        answer_.body = ok ? exchange_->body() : QByteArray();
+        answer_.cut = ok && exchange_->isCut();
+        delete exchange_;
     }
+    emit finished(answer_);
 }
 
 }  // namespace velorama

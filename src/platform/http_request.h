@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -12,6 +10,8 @@
 
 namespace velorama {
 
+class HttpExchange;
+
 /// What one GET may cost.
 struct HttpLimits {
     /// From the asking to the last byte, redirects included.
@@ -19,6 +19,8 @@ struct HttpLimits {
     /// A body is read no further than this.
     qint64 bytes = 64 * 1024;
     int redirects = 4;
+    /// Whether redirects may lead away from the server that was asked.
+    bool otherServers = true;
 };
 
 struct HttpAnswer {
@@ -38,8 +40,7 @@ struct HttpAnswer {
 class HttpRequest : public QObject {
     Q_OBJECT
 public:
-    HttpRequest(QNetworkAccessManager& network, const QUrl& address, const HttpLimits& limits,
-                QObject* parent = nullptr);
+    HttpRequest(const QUrl& address, const HttpLimits& limits, QObject* parent = nullptr);
     ~HttpRequest() override;
 
 signals:
@@ -47,27 +48,21 @@ signals:
     void finished(const velorama::HttpAnswer& answer);
 
 private:
-    void follow(QNetworkReply* reply);
-    void readMore();
+    void ask(const QUrl& address);
+    void take(bool whole);
+    bool mayGoTo(const QUrl& target);
     void end(bool ok);
-    void letGo();
 
     HttpLimits limits_;
     HttpAnswer answer_;
-    /// The access manager owns it and may go first.
-    QPointer<QNetworkReply> reply_;
+    QPointer<HttpExchange> exchange_;
+    int redirects_ = 0;
     QTimer time_;
 };
 
 /// Whether the address is one that HttpRequest asks: HTTP or HTTPS with a host.
 bool isHttpAddress(const QUrl& address);
-
-/// An access manager that goes through the system's proxy, but never to reach this machine itself,
-/// and keeps no cookies.
-class HttpNetwork : public QNetworkAccessManager {
-    Q_OBJECT
-public:
-    explicit HttpNetwork(QObject* parent = nullptr);
-};
+/// Whether two such addresses are of one server: the same host and the same port, if one is given.
+bool isSameServer(const QUrl& one, const QUrl& other);
 
 }  // namespace velorama

@@ -2,14 +2,78 @@
 
 #include "support/http_server.h"
 
+#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <thread>
 
 namespace velorama {
 namespace {
 
 using namespace std::chrono_literals;
+
+/// A server on a thread of its own that sends a beginning, and then the same bytes again and again
+/// as fast as they are taken, until nobody takes them any more.
+class FloodServer {
+public:
+    FloodServer(const QByteArray& beginning, const QByteArray& bytes) {
+        server_.listen(QHostAddress::LocalHost);
+        QObject::connect(&server_, &QTcpServer::newConnection, &server_, [=, this] {
+            QTcpSocket* const socket = server_.nextPendingConnection();
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [=, this] {
+                if (socket->readAll().endsWith("\r\n\r\n") && !thread_.joinable()) {
+                    const int end = dup(static_cast<int>(socket->socketDescriptor()));
+                    thread_ = std::thread([=, this] { flood(end, beginning, bytes); });
+                }
+            });
+        });
+    }
+    FloodServer(const FloodServer&) = delete;
+    FloodServer& operator=(const FloodServer&) = delete;
+    ~FloodServer() {
+        stopped_ = true;
+        if (thread_.joinable()) {
+            thread_.join();
+        }
+    }
+
+    QString address() const {
+        return QStringLiteral("http://127.0.0.1:%1/v.txt").arg(server_.serverPort());
+    }
+    /// Nobody takes the bytes any more.
+    bool hasEnded() const { return ended_; }
+    qint64 sent() const { return sent_; }
+
+private:
+    void flood(int socket, const QByteArray& beginning, const QByteArray& bytes) {
+        QByteArray next = beginning;
+        while (!stopped_ && !ended_) {
+            pollfd ready{socket, POLLOUT, 0};
+            poll(&ready, 1, 100);
+            const ssize_t taken = send(socket, next.constData(), static_cast<size_t>(next.size()),
+                                       MSG_NOSIGNAL | MSG_DONTWAIT);
+            if (taken > 0) {
+                sent_ += taken;
+                next = next.size() > taken ? next.mid(taken) : bytes;
+            }
+            ended_ = taken < 0 && errno != EAGAIN && errno != EINTR;
+        }
+        close(socket);
+    }
+
+    QTcpServer server_;
+    std::thread thread_;
+    std::atomic<bool> stopped_ = false;
+    std::atomic<bool> ended_ = false;
+    std::atomic<qint64> sent_ = 0;
+};
 
 class Fetch : public testing::Test {
 protected:
@@ -88,6 +152,127 @@ TEST_F(Fetch, ASlowDripRunsOutOfTimeHoweverSteadyItIs) {
     NetworkFetch hurried(shortTime());
     EXPECT_EQ(hurried.OpenURL(server.address(QStringLiteral("/v.txt"))), QString());
     EXPECT_GT(drops, 1);
+}
+
+TEST_F(Fetch, ADripOfHeadersRunsOutOfTimeAsWell) {
+    int drops = 0;
+    server.behave(QStringLiteral("/v.txt"), [&drops](QTcpSocket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\n");
+        auto* drip = new QTimer(&socket);
+        QObject::connect(drip, &QTimer::timeout, &socket, [&drops, &socket] {
+            ++drops;
+            socket.write("X-More: yes\r\n");
+        });
+        drip->start(5);
+    });
+    NetworkFetch hurried(shortTime());
+    EXPECT_EQ(hurried.OpenURL(server.address(QStringLiteral("/v.txt"))), QString());
+    EXPECT_GT(drops, 1);
+}
+
+// The connection is gone with the call: nothing goes on reading behind it.
+TEST_F(Fetch, HeadersWithoutAnEndEndWithTheCall) {
+    const QByteArray more = QByteArray("X-More: yes\r\n").repeated(1000);
+    const struct {
+        QByteArray beginning;
+        QByteArray bytes;
+    } rows[] = {
+        {"HTTP/1.1 200 OK\r\n", more},
+        {"HTTP/1.1 200 OK\r\nX-More: ", QByteArray(10000, 'x')},
+        {"HTTP/1.1 ", QByteArray(10000, '2')},
+        {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n", QByteArray(10000, '0')},
+        {"HTTP/1.1 100 Continue\r\n\r\n",
+         QByteArray("HTTP/1.1 100 Continue\r\n\r\n").repeated(500)},
+    };
+    for (const auto& row : rows) {
+        FloodServer flood(row.beginning, row.bytes);
+        NetworkFetch hurried(shortTime());
+        EXPECT_EQ(hurried.OpenURL(flood.address()), QString());
+        EXPECT_TRUE(QTest::qWaitFor([&flood] { return flood.hasEnded(); }, 20000))
+            << row.beginning.toStdString();
+        // What stood in the buffers of the two sockets.
+        EXPECT_LT(flood.sent(), 32 * 1024 * 1024) << row.beginning.toStdString();
+    }
+}
+
+TEST_F(Fetch, HeadsOfAllFormsAreRead) {
+    for (const char* head :
+         {"HTTP/1.1 200 OK\r\n\r\n", "HTTP/1.0 200\r\nX:y\r\n\r\n", "HTTP/1.1 200 OK\n\n",
+          "HTTP/1.1 200 OK\ncontent-LENGTH :  3 \n\n", "HTTP/1.1 203 \r\nno header\r\n:\r\n\r\n"}) {
+        server.behave(QStringLiteral("/v.txt"), [head](QTcpSocket& socket) {
+            socket.write(head);
+            socket.write("1.5");
+            socket.disconnectFromHost();
+        });
+        EXPECT_EQ(get(QStringLiteral("/v.txt")), QStringLiteral("1.5")) << head;
+    }
+}
+
+TEST_F(Fetch, HeadsThatSayNothingUsefulAreNoAnswer) {
+    for (const char* head :
+         {"", "\r\n\r\n", "HTTP/1.1\r\n\r\n", "HTTP/1.1 two\r\n\r\n", "HTTP/1.1 302 Found\r\n\r\n",
+          "HTTP/1.1 200 OK\r\nContent-Length: -1\r\n\r\n", "HTTP/1.1 200 OK\r\n",
+          "HTTP/1.1 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\n"}) {
+        server.behave(QStringLiteral("/v.txt"), [head](QTcpSocket& socket) {
+            socket.write(head);
+            socket.write("1.5");
+            socket.disconnectFromHost();
+        });
+        EXPECT_EQ(get(QStringLiteral("/v.txt")), QString()) << head;
+    }
+}
+
+TEST_F(Fetch, AHeadInPiecesIsRead) {
+    server.behave(QStringLiteral("/v.txt"), [](QTcpSocket& socket) {
+        const QByteArray answer = "HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\n1.5";
+        auto* timer = new QTimer(&socket);
+        QObject::connect(timer, &QTimer::timeout, &socket, [&socket, answer, at = 0]() mutable {
+            if (at < answer.size()) {
+                socket.write(answer.mid(at++, 1));
+            }
+        });
+        timer->start(0);
+    });
+    EXPECT_EQ(get(QStringLiteral("/v.txt")), QStringLiteral("1.5"));
+}
+
+TEST_F(Fetch, ARedirectMayBeBoundToItsServer) {
+    HttpLimits limits;
+    limits.otherServers = false;
+    NetworkFetch bound(limits);
+    test::HttpServer other;
+    other.answer(QStringLiteral("/v.txt"), "1.5");
+    server.redirect(QStringLiteral("/far"), other.address(QStringLiteral("/v.txt")));
+    server.redirect(QStringLiteral("/near"), QStringLiteral("v.txt"));
+    server.answer(QStringLiteral("/v.txt"), "1.6");
+    EXPECT_EQ(bound.OpenURL(server.address(QStringLiteral("/far"))), QString());
+    EXPECT_TRUE(other.asked.isEmpty());
+    EXPECT_EQ(bound.OpenURL(server.address(QStringLiteral("/near"))), QStringLiteral("1.6"));
+    EXPECT_EQ(get(QStringLiteral("/far")), QStringLiteral("1.5"));
+}
+
+TEST_F(Fetch, OtherMachinesAreAskedThroughTheSystemsProxy) {
+    const QByteArray before = qgetenv("http_proxy");
+    qputenv("http_proxy", server.address(QString()).toLatin1());
+    server.answer(QStringLiteral("http://velorama.invalid/v.txt?a=b"), "1.5");
+    EXPECT_EQ(fetch.OpenURL(QStringLiteral("http://velorama.invalid/v.txt?a=b#c")),
+              QStringLiteral("1.5"));
+    test::HttpServer here;
+    here.answer(QStringLiteral("/v.txt"), "1.6");
+    EXPECT_EQ(fetch.OpenURL(here.address(QStringLiteral("/v.txt"))), QStringLiteral("1.6"));
+    before.isNull() ? qunsetenv("http_proxy") : qputenv("http_proxy", before);
+}
+
+TEST(HttpAddress, AServerIsItsHostAndItsPort) {
+    const auto same = [](const char* one, const char* other) {
+        return isSameServer(QUrl(QString::fromLatin1(one)), QUrl(QString::fromLatin1(other)));
+    };
+    EXPECT_TRUE(same("http://a.invalid/x", "http://A.invalid:80/y"));
+    EXPECT_TRUE(same("http://a.invalid/", "https://a.invalid/"));
+    EXPECT_TRUE(same("http://a.invalid:81/", "http://a.invalid:81/"));
+    EXPECT_FALSE(same("http://a.invalid/", "http://a.invalid:81/"));
+    EXPECT_FALSE(same("http://a.invalid/", "http://b.a.invalid/"));
+    EXPECT_FALSE(same("http://a.invalid/", "http://b.invalid/"));
 }
 
 TEST_F(Fetch, ABodyThatBreaksOffIsNoAnswer) {
