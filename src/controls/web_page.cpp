@@ -46,7 +46,8 @@ bool isShownLink(const QUrl& link) {
     return isHttpAddress(link) || link.scheme() == QLatin1String("mailto");
 }
 
-/// The format with full addresses. Told apart: a link (mailto too) and a picture (the web only).
+/// The format with full addresses. Told apart: a link (mailto too) and a picture (of the page's own
+/// server only).
 QTextCharFormat absolute(const QTextCharFormat& from, const QUrl& address) {
     QTextCharFormat format = from;
     if (format.isAnchor() && !format.anchorHref().isEmpty()) {
@@ -62,9 +63,9 @@ QTextCharFormat absolute(const QTextCharFormat& from, const QUrl& address) {
     }
     if (format.isImageFormat()) {
         const QUrl picture = address.resolved(QUrl(format.toImageFormat().name()));
-        format.setProperty(QTextFormat::ImageName, isHttpAddress(picture)
-                                                       ? picture.toString(QUrl::FullyEncoded)
-                                                       : QString());
+        const bool own = isHttpAddress(picture) && isSameServer(picture, address);
+        format.setProperty(QTextFormat::ImageName,
+                           own ? picture.toString(QUrl::FullyEncoded) : QString());
     }
     return format;
 }
@@ -165,14 +166,14 @@ PageKind pageKind(const QByteArray& contentType) {
     return type == "text/plain" ? PageKind::PlainText : PageKind::Foreign;
 }
 
-std::unique_ptr<QTextDocument> makePage(const QString& text, PageKind kind, const QUrl& address,
-                                        const QFont& font) {
-    auto page = std::make_unique<QTextDocument>();
+std::unique_ptr<PageDocument> makePage(const QString& text, PageKind kind, const QUrl& address,
+                                       const QFont& font) {
+    auto page = std::make_unique<PageDocument>();
     page->setUndoRedoEnabled(false);
     page->setDefaultFont(font);
     page->setDocumentMargin(12);
     if (kind == PageKind::Html && isLight(text)) {
-        page->setHtml(text);
+        page->read(text);
         makeAbsolute(*page, address);
     } else {
         page->setPlainText(text);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QImage>
-#include <QTextDocument>
+#include "controls/page_document.h"
+
 #include <QUrl>
 
 #include <memory>
@@ -17,10 +17,11 @@ enum class PageKind { Html, PlainText, Foreign };
 PageKind pageKind(const QByteArray& contentType);
 
 /// The page as a document. Links and pictures in it have full addresses; a picture that is not to
-/// be fetched has none, and a link that leads nowhere here is plain text. A page of so many tags or
-/// table cells that it would take long to lay out is shown as it is written.
-std::unique_ptr<QTextDocument> makePage(const QString& text, PageKind kind, const QUrl& address,
-                                        const QFont& font);
+/// be fetched has none: one of another server, of this machine, or in the page itself, and a link
+/// that leads nowhere here is plain text. A page of so many tags or table cells that it would take
+/// long to lay out is shown as it is written.
+std::unique_ptr<PageDocument> makePage(const QString& text, PageKind kind, const QUrl& address,
+                                       const QFont& font);
 /// What is shown where a page cannot be had, with a link that tries again.
 QString errorPage(const QUrl& address);
 

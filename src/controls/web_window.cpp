@@ -10,13 +10,6 @@ QUrl withoutFragment(const QUrl& address) {
     return address.adjusted(QUrl::RemoveFragment);
 }
 
-/// Stands where a picture is missing: for a null one the document would look among the files.
-QImage noPicture() {
-    QImage empty(1, 1, QImage::Format_ARGB32);
-    empty.fill(Qt::transparent);
-    return empty;
-}
-
 }  // namespace
 
 webWINDOW::webWINDOW(QWidget* parent) : QTextBrowser(parent) {
@@ -188,6 +181,9 @@ void webWINDOW::render() {
     page_ = makePage(text_, kind_, shown_, font()).release();
     page_->setParent(this);
     forgetOtherPictures();
+    for (auto picture = pictures_.constBegin(); picture != pictures_.constEnd(); ++picture) {
+        page_->addResource(QTextDocument::ImageResource, picture.key(), *picture);
+    }
     setDocument(page_);
     delete before;
 }
@@ -208,12 +204,9 @@ void webWINDOW::scrollToWanted() {
     placedScroll_ = verticalScrollBar()->value();
 }
 
-QVariant webWINDOW::loadResource(int type, const QUrl& address) {
-    if (type != QTextDocument::ImageResource) {
-        return QString();
-    }
-    const auto known = pictures_.constFind(address);
-    return known != pictures_.constEnd() ? *known : noPicture();
+// Only what stands here before the first page could come to this.
+QVariant webWINDOW::loadResource(int, const QUrl&) {
+    return QString();
 }
 
 // Links have the colour that the palette gave them when the page was made.

@@ -440,6 +440,47 @@ TEST_F(WebWindow, RedirectsLeadOn) {
     EXPECT_TRUE(pageHolds("cannot be shown"));
 }
 
+TEST_F(WebWindow, NoOtherServerIsAskedForAPicture) {
+    test::HttpServer other;
+    other.answer(QStringLiteral("/p.png"), picture(Qt::red), "image/png");
+    server.redirect(QStringLiteral("/led.png"), other.address(QStringLiteral("/p.png")));
+    page("/a.html", "text<img src='" + other.address(QStringLiteral("/p.png")).toLatin1() +
+                        "'><img src='led.png'>");
+    open("/a.html");
+    EXPECT_EQ(server.asked, QStringList({QStringLiteral("/a.html"), QStringLiteral("/led.png")}));
+    EXPECT_TRUE(other.asked.isEmpty());
+    EXPECT_EQ(shownPicture("/led.png").size(), QSize(1, 1));
+}
+
+TEST_F(WebWindow, ARedirectToAnotherServerOrToAFileIsNoPage) {
+    test::HttpServer other;
+    other.answer(QStringLiteral("/b.html"), "foreign");
+    for (const QString& target :
+         {other.address(QStringLiteral("/b.html")), QStringLiteral("file:///etc/hostname"),
+          QStringLiteral("//127.0.0.1:1/"), QStringLiteral("data:text/html,x"),
+          QStringLiteral("qrc:/icons/help.svg")}) {
+        server.redirect(QStringLiteral("/a.html"), target);
+        open("/a.html");
+        EXPECT_TRUE(pageHolds("cannot be shown")) << target.toStdString();
+        EXPECT_EQ(web.LocationURL(), at("/a.html"));
+    }
+    EXPECT_TRUE(other.asked.isEmpty());
+    EXPECT_TRUE(outside.isEmpty());
+}
+
+TEST_F(WebWindow, PicturesBeyondTheFirstFewComeToo) {
+    QByteArray body;
+    for (int i = 0; i < 20; ++i) {
+        const QByteArray name = QByteArray::number(i) + ".png";
+        body += "<img src='" + name + "'>";
+        server.answer(QLatin1Char('/') + QString::fromLatin1(name), picture(Qt::red), "image/png");
+    }
+    page("/a.html", body);
+    open("/a.html");
+    EXPECT_EQ(server.asked.size(), 21);
+    EXPECT_EQ(shownPicture("/19.png").size(), QSize(40, 40));
+}
+
 TEST_F(WebWindow, WhatIsNoPageIsHandedOutAndThePageStays) {
     page("/a.html", "first");
     server.answer(QStringLiteral("/x.deb"), "binary", "application/octet-stream");
