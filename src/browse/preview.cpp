@@ -219,8 +219,12 @@ void Preview::layOut(const PreviewWindow& w, const QString& path) const {
     } else {
         showSmall(w, path);
     }
+    const QSize before = w.form->size();
     fitForm(w);
-    keepOnScreen(*w.form);
+    // A window that its user has put half off the screen stays there until it needs more room.
+    if (before.expandedTo(w.form->size()) != before) {
+        keepOnScreen(*w.form);
+    }
 }
 
 }  // namespace velorama

@@ -173,6 +173,15 @@ TEST_F(PreviewWindowTest, AnotherPictureMovesNoWindow) {
     });
 }
 
+TEST_F(PreviewWindowTest, AnotherPictureOfItsSizeLeavesItHalfOffTheScreen) {
+    previewing([](QWidget& form) {
+        const QPoint place = form.screen()->geometry().bottomRight() - QPoint(60, 40);
+        form.move(place);
+        button(form, "cbtnCONTROLS5").click();
+        EXPECT_EQ(form.pos(), place);
+    });
+}
+
 TEST_F(PreviewWindowTest, MadeAnewItHasItsDesignCaption) {
     previewing([](QWidget& form) {
         button(form, "cbtnCONTROLS5").click();
@@ -218,24 +227,24 @@ TEST_F(PreviewWindowTest, FirstItComesUpInTheMiddle) {
 TEST_F(PreviewWindowTest, ItComesBackWhereItWasLeft) {
     previewing([](QWidget& form) {
         setLeft(form, 300);
-        setTop(form, 1005);
+        setTop(form, 315);
     });
     EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Left"), QStringLiteral("300"));
-    EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Top"), QStringLiteral("1005"));
+    EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", "Top"), QStringLiteral("315"));
     for (const char* name : {"Width", "Height", "Window State"}) {
         EXPECT_EQ(stored("frmPICTUREPREVIEW\\Window", name), QStringLiteral("absent"));
     }
     for (int i = 0; i < 2; ++i) {
         previewing([](QWidget& form) {
             EXPECT_FLOAT_EQ(Left(form), 300);
-            EXPECT_FLOAT_EQ(Top(form), 1005);
+            EXPECT_FLOAT_EQ(Top(form), 315);
         });
     }
 }
 
 TEST_F(PreviewWindowTest, MaximisedItComesBackInItsOwnSizeAndPlace) {
     previewing([](QWidget& form) {
-        form.move(150, 120);
+        form.move(20, 15);
         QApplication::processEvents();
         form.showMaximized();
         QApplication::processEvents();
@@ -244,7 +253,7 @@ TEST_F(PreviewWindowTest, MaximisedItComesBackInItsOwnSizeAndPlace) {
     previewing([](QWidget& form) {
         EXPECT_FALSE(form.isMaximized());
         EXPECT_FLOAT_EQ(Width(form), 7000);
-        EXPECT_EQ(form.pos(), QPoint(150, 120));
+        EXPECT_EQ(form.pos(), QPoint(20, 15));
     });
 }
 
