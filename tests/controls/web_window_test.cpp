@@ -1,6 +1,7 @@
 #include "controls/web_window.h"
 
 #include "support/http_server.h"
+#include "support/waiting.h"
 
 #include <QBuffer>
 #include <QPainter>
@@ -48,7 +49,7 @@ protected:
     QString at(const char* path) { return server.address(QString::fromLatin1(path)); }
     /// Events run until nothing is loading any more.
     void settle() {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !web.isLoading(); }, 20000));
+        ASSERT_TRUE(test::comesTrue([this] { return !web.isLoading(); }));
     }
     void open(const char* path) {
         web.Navigate(at(path));
@@ -225,7 +226,7 @@ TEST_F(WebWindow, ANewRequestDropsTheOneThatRuns) {
     server.behave(QStringLiteral("/slow.html"), [](QTcpSocket&) {});
     page("/b.html", "second");
     web.Navigate(at("/slow.html"));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !server.asked.isEmpty(); }));
+    ASSERT_TRUE(test::comesTrue([this] { return !server.asked.isEmpty(); }));
     open("/b.html");
     EXPECT_TRUE(pageHolds("second"));
     EXPECT_EQ(completed, QStringList({at("/b.html")}));
@@ -592,7 +593,7 @@ TEST_F(WebWindow, MayGoWhileItLoads) {
     server.behave(QStringLiteral("/slow.png"), [](QTcpSocket&) {});
     auto* other = new webWINDOW;
     other->Navigate(at("/a.html"));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return server.asked.size() == 2; }));
+    ASSERT_TRUE(test::comesTrue([this] { return server.asked.size() == 2; }));
     delete other;
     QApplication::processEvents();
     EXPECT_EQ(server.asked.size(), 2);

@@ -22,7 +22,7 @@ namespace velorama::desktop {
 using WindowId = quint32;
 
 /// The longest a test waits for anything. Generous on purpose: it only ever runs out on a failure.
-inline constexpr std::chrono::seconds kDeadline{30};
+inline constexpr std::chrono::seconds kDeadline{120};
 
 /// Polls until `condition` is true, with Qt's events running. False if the deadline passed first.
 /// This is how a test waits for everything: it never sleeps and never asserts a time.

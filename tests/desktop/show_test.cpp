@@ -179,7 +179,7 @@ TEST_F(Show, FadesByTheShareOfEachStep) {
         ASSERT_TRUE(waitFor([&] {
             const QImage before = session->glance(look->picture);
             return !waitFor([&] { return session->glance(look->picture) != before; },
-                            std::chrono::milliseconds(300));
+                            std::chrono::seconds(1));
         }));
         whole.push_back(session->glance(look->picture));
         session->key(QStringLiteral("Right"));

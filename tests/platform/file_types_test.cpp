@@ -1,12 +1,12 @@
 #include "platform/file_types.h"
 #include "support/test_world.h"
+#include "support/waiting.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -119,7 +119,7 @@ protected:
     }
     QByteArray argumentsOf(const char* command) const {
         const QString note = fakes + QLatin1String(command) + QStringLiteral(".args");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(note); }, 5000)) << command;
+        EXPECT_TRUE(test::comesTrue([&] { return QFileInfo::exists(note); })) << command;
         return contentOf(note);
     }
     QStringList notes() const { return QDir(fakes).entryList({QStringLiteral("*.args")}); }
@@ -305,7 +305,7 @@ protected:
                                      data + QStringLiteral("/applications/mimeinfo.cache"),
                                      place + QStringLiteral("/config/mimeapps.list")};
         for (const QString& result : results) {
-            EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo(result).size() > 0; }, 5000))
+            EXPECT_TRUE(test::comesTrue([&] { return QFileInfo(result).size() > 0; }))
                 << result.toStdString();
         }
     }
@@ -343,7 +343,7 @@ protected:
     QString opened(const QStringList& command, const QString& album) const {
         QFile::remove(note());
         output(command.front(), command.mid(1) + QStringList(album));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(note()); }, 5000));
+        EXPECT_TRUE(test::comesTrue([&] { return QFileInfo::exists(note()); }));
         return QString::fromUtf8(contentOf(note()));
     }
     QString note() const { return place + QStringLiteral("/note"); }

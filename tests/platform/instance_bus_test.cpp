@@ -1,6 +1,7 @@
 #include "platform/instance_bus.h"
 #include "platform/message_frame.h"
 #include "support/test_world.h"
+#include "support/waiting.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -58,7 +59,7 @@ protected:
     void writeRaw(const QByteArray& bytes) const {
         QLocalSocket socket;
         socket.connectToServer(socketPath("5-100"));
-        ASSERT_TRUE(socket.waitForConnected(1000));
+        ASSERT_TRUE(socket.waitForConnected());
         socket.write(bytes);
         while (socket.bytesToWrite() > 0 && socket.waitForBytesWritten(100)) {
             QCoreApplication::processEvents();
@@ -66,7 +67,7 @@ protected:
         socket.abort();
     }
     bool waitForCount(int count) const {
-        return QTest::qWaitFor([&] { return received.size() >= count; });
+        return test::comesTrue([&] { return received.size() >= count; });
     }
 
     const QString folder = [] {
@@ -134,7 +135,7 @@ TEST_F(Bus, TheOldestOfSeveralIsFound) {
     const auto first = bus(300);
     first->bind(9, QStringLiteral("Velorama"), keep());
     // Two sockets of one clock tick would be equally old.
-    ASSERT_TRUE(QTest::qWaitFor([&] {
+    ASSERT_TRUE(test::comesTrue([&] {
         const auto made = QFileInfo(socketPath("9-300")).lastModified();
         return made.msecsTo(QDateTime::currentDateTime()) > 20;
     }));
@@ -179,7 +180,7 @@ TEST_F(Bus, ATextGoesToTheWindowThatWasFoundAndToNoOtherOfItsNumber) {
         EXPECT_TRUE(third->send(QLatin1String(title), 5));
     }
     ASSERT_TRUE(waitForCount(2));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !others.isEmpty(); }));
+    ASSERT_TRUE(test::comesTrue([&] { return !others.isEmpty(); }));
     EXPECT_EQ(received,
               QStringList({QStringLiteral("Velorama - b"), QStringLiteral("Velorama - b")}));
     EXPECT_EQ(others, QStringList(QStringLiteral("Velorama - a")));
@@ -272,7 +273,7 @@ TEST_F(Bus, HostileBytesDoNoHarm) {
         writeRaw(bytes);
     }
     EXPECT_TRUE(bus(200)->send(QStringLiteral("good"), 5));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return received.contains(QStringLiteral("good")); }));
+    ASSERT_TRUE(test::comesTrue([&] { return received.contains(QStringLiteral("good")); }));
     for (const QString& text : received) {
         EXPECT_TRUE(text.isEmpty() || text == QLatin1String("a") || text == QLatin1String("good"))
             << text.size();
@@ -286,16 +287,16 @@ TEST_F(Bus, AManyfoldOfSilentCallersIsCutOff) {
     for (int i = 0; i < 20; ++i) {
         silent.push_back(std::make_unique<QLocalSocket>());
         silent.back()->connectToServer(socketPath("5-100"));
-        ASSERT_TRUE(silent.back()->waitForConnected(1000));
+        ASSERT_TRUE(silent.back()->waitForConnected());
     }
     const auto open = [&silent] {
         return std::count_if(silent.begin(), silent.end(), [](const auto& one) {
             return one->state() == QLocalSocket::ConnectedState;
         });
     };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return open() <= 8; }));
+    EXPECT_TRUE(test::comesTrue([&] { return open() <= 8; }));
     // Those that still stand are cut off after a while, and there is room again.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return open() == 0; }));
+    EXPECT_TRUE(test::comesTrue([&] { return open() == 0; }));
     EXPECT_TRUE(bus(200)->send(QStringLiteral("a"), 5));
     EXPECT_TRUE(waitForCount(1));
 }

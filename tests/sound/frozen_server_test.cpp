@@ -32,7 +32,7 @@ public:
 private:
     void watch() {
         std::unique_lock guard(lock_);
-        waitedFor_ = !changed_.wait_for(guard, std::chrono::seconds(20), [this] { return over_; });
+        waitedFor_ = !changed_.wait_for(guard, std::chrono::seconds(60), [this] { return over_; });
         server_.goOn();
     }
 

@@ -2,9 +2,9 @@
 
 #include "support/sound_files.h"
 #include "support/test_world.h"
+#include "support/waiting.h"
 
 #include <QFile>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -30,18 +30,17 @@ bool SoundServer::startRecording() {
                     {QStringLiteral("--device=cap.monitor"), QStringLiteral("--format=s16le"),
                      QStringLiteral("--rate=44100"), QStringLiteral("--channels=2"),
                      QStringLiteral("--latency-msec=20")});
-    return QTest::qWaitFor([this] { return QFile(recorded_).size() > 20000; }, 20000);
+    return comesTrue([this] { return QFile(recorded_).size() > 20000; });
 }
 
 bool SoundServer::hears(double seconds) const {
-    return QTest::qWaitFor([&] { return Recording(contentOf(recorded_)).seconds() >= seconds; },
-                           20000);
+    return comesTrue([&] { return Recording(contentOf(recorded_)).seconds() >= seconds; });
 }
 
 Recording SoundServer::stopRecording() {
     // What is on its way from the player comes within a few turns of the device.
     const qint64 before = QFile(recorded_).size();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile(recorded_).size() > before + 80000; }, 20000));
+    EXPECT_TRUE(comesTrue([&] { return QFile(recorded_).size() > before + 80000; }));
     ::kill(static_cast<pid_t>(recorder_.processId()), SIGINT);
     recorder_.waitForFinished();
     return Recording(contentOf(recorded_));

@@ -5,6 +5,7 @@
 #include "platform/media_player.h"
 #include "support/sound_files.h"
 #include "support/test_world.h"
+#include "support/waiting.h"
 
 #include <QTest>
 
@@ -32,12 +33,12 @@ protected:
         return answer.toInt();
     }
     bool reaches(int milliseconds) {
-        return QTest::qWaitFor([&] { return ask("position") >= milliseconds; }, 30000);
+        return comesTrue([&] { return ask("position") >= milliseconds; });
     }
     /// Soon there is no open track any more: its device did not come.
     bool isForgotten() {
-        return QTest::qWaitFor(
-            [this] { return !player->send(QStringLiteral("set CURRFILE time format s")); }, 20000);
+        return comesTrue(
+            [this] { return !player->send(QStringLiteral("set CURRFILE time format s")); });
     }
     Recording heardWhole(const QString& path) {
         EXPECT_TRUE(server.startRecording());
