@@ -1,5 +1,6 @@
 #include "controls/common_dialog.h"
 
+#include "controls/one_line.h"
 #include "platform/paths.h"
 
 #include <QColorDialog>
@@ -82,6 +83,7 @@ public:
         if (!line_ || !list_) {
             return;
         }
+        keepOneLine(*line_);
         connect(line_, &QLineEdit::textEdited, this, [this] { typed_ = true; });
         connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
                 [this] { typed_ = typed_ && line_->hasFocus(); });

@@ -1,6 +1,7 @@
 #include "controls/list_delegate.h"
 
 #include "controls/list_model.h"
+#include "controls/one_line.h"
 
 #include <QAbstractItemView>
 #include <QLineEdit>
@@ -114,6 +115,7 @@ QWidget* ListDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
                                     const QModelIndex&) const {
     auto* editor = new QLineEdit(parent);
     editor->setAlignment(Qt::AlignCenter);
+    keepOneLine(*editor);
     return editor;
 }
 

@@ -1,5 +1,6 @@
 #include "controls/up_down.h"
 
+#include "controls/one_line.h"
 #include "platform/numbers.h"
 
 #include <QFocusEvent>
@@ -76,7 +77,17 @@ void updown::stepBy(int steps) {
     selectAll();
 }
 
-QValidator::State updown::validate(QString& input, int&) const {
+bool updown::hasNumber() const {
+    return leadingNumber(Text()).has_value();
+}
+
+QValidator::State updown::validate(QString& input, int& position) const {
+    // Of several lines that are pasted the first counts. They end at the cursor.
+    const qsizetype end = lineEndOf(input);
+    if (end >= 0 && end < position) {
+        input.remove(end, position - end);
+        position = static_cast<int>(end);
+    }
     if (input.isEmpty()) {
         return QValidator::Intermediate;
     }
@@ -89,7 +100,7 @@ QValidator::State updown::validate(QString& input, int&) const {
 
 void updown::fixup(QString& input) const {
     int position = 0;
-    if (validate(input, position) == QValidator::Intermediate) {
+    if (validate(input, position) == QValidator::Intermediate || !leadingNumber(input)) {
         input = decimalText(min_);
     }
 }
@@ -113,6 +124,23 @@ QAbstractSpinBox::StepEnabled updown::stepEnabled() const {
 void updown::focusOutEvent(QFocusEvent* event) {
     holdToBounds();
     QAbstractSpinBox::focusOutEvent(event);
+}
+
+void updown::showEvent(QShowEvent* event) {
+    if (watched_) {
+        watched_->removeEventFilter(this);
+    }
+    watched_ = window();
+    watched_->installEventFilter(this);
+    QAbstractSpinBox::showEvent(event);
+}
+
+// A window that closes takes no focus away.
+bool updown::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == watched_ && event->type() == QEvent::Close) {
+        holdToBounds();
+    }
+    return QAbstractSpinBox::eventFilter(watched, event);
 }
 
 void updown::keyPressEvent(QKeyEvent* event) {

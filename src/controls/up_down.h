@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QAbstractSpinBox>
+#include <QPointer>
 
 namespace velorama {
 
 /// A field with two arrows: a whole number between two bounds, typed, or stepped by arrows, keys
 /// and wheel. `setText` takes any text and holds it to nothing; typing is held to the bounds: what
 /// would exceed the upper one is refused as it is typed, what stays below the lower one becomes it
-/// when the field is left.
+/// when the field is left, and so does a text without a number. Closing the window leaves it too.
 class updown : public QAbstractSpinBox {
     Q_OBJECT
     // By these names assistive tools ask a field for its value and bounds.
@@ -25,6 +26,8 @@ public:
     void setText(const QString& text);
     /// The leading number of the text, within the bounds; the lower bound where there is none.
     int Value() const;
+    /// False where the text does not begin with a number.
+    bool hasNumber() const;
     /// A value outside the bounds is refused: nothing changes.
     void setValue(int value);
 
@@ -41,11 +44,14 @@ signals:
 protected:
     StepEnabled stepEnabled() const override;
     void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void holdToBounds();
 
+    QPointer<QWidget> watched_;  // the window
     int min_ = 0;
     int max_ = 100;
     int interval_ = 1;

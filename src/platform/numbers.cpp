@@ -100,9 +100,13 @@ QStringView withoutLeadingBlanks(QStringView text) {
 
 }  // namespace
 
-double numericValue(QStringView text) {
+std::optional<double> leadingNumber(QStringView text) {
     const ScannedNumber number = scanNumber(withoutLeadingBlanks(text));
-    return number.length == 0 ? 0 : valueOf(number).value_or(0);
+    return number.length == 0 ? std::nullopt : valueOf(number);
+}
+
+double numericValue(QStringView text) {
+    return leadingNumber(text).value_or(0);
 }
 
 std::optional<double> decimalNumber(QStringView text) {

@@ -10,7 +10,10 @@ namespace velorama {
 /// The conversions between numbers and text that settings and files lean on. None of them knows
 /// a locale: the decimal sign is the point, there is no grouping.
 
-/// Value of the decimal number at the start of `text`, leading blanks skipped; 0 if there is none.
+/// Value of the decimal number at the start of `text`, leading blanks skipped; nothing if there is
+/// none.
+std::optional<double> leadingNumber(QStringView text);
+/// The same, 0 if there is none.
 double numericValue(QStringView text);
 
 /// `text` as a number, blanks around it allowed; nothing if anything else stands in it.

@@ -1,6 +1,7 @@
 #include "ui/description_edit.h"
 
 #include "controls/keys.h"
+#include "controls/one_line.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -19,6 +20,10 @@ bool isSeparator(QChar character) {
 }
 
 }  // namespace
+
+DescriptionEdit::DescriptionEdit(QWidget* parent) : QLineEdit(parent) {
+    keepOneLine(*this);
+}
 
 void DescriptionEdit::keyPressEvent(QKeyEvent* event) {
     const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);

@@ -5,11 +5,11 @@
 namespace velorama {
 
 /// A field that the separators of the album's text formats cannot be typed into: comma, apostrophe
-/// and vertical bar. What is pasted or dropped is not looked at.
+/// and vertical bar. What is pasted or dropped is not looked at, but for its line ends.
 class DescriptionEdit : public QLineEdit {
     Q_OBJECT
 public:
-    using QLineEdit::QLineEdit;
+    explicit DescriptionEdit(QWidget* parent = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,6 +1,7 @@
 #include "ui/web_album_page.h"
 
 #include "controls/colour_button.h"
+#include "controls/one_line.h"
 #include "controls/twips.h"
 #include "core/globals.h"
 #include "platform/numbers.h"
@@ -110,6 +111,7 @@ WebAlbumPage::WebAlbumPage(QWidget& picframWEBALBM, CommonDialog& cdlDIALOG)
 
 void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     txtTITLE = make<QLineEdit>("txtTITLE", content_);
+    keepOneLine(*txtTITLE);
     txtTITLE->setToolTip(QStringLiteral("Title of the pages and name of their folder"));
     const auto colour = [&](const ColourField::Names& names, Colour design) {
         auto* field = new ColourField(names, cdlDIALOG, content_);
@@ -205,7 +207,11 @@ void WebAlbumPage::load() {
             loadSetting(webAlbumSettings, QLatin1String(name), list->currentText()));
     };
     const auto size = [](const char* name, updown* field) {
-        field->setText(loadSetting(webAlbumSettings, QLatin1String(name), field->Text()));
+        const QString design = field->Text();
+        field->setText(loadSetting(webAlbumSettings, QLatin1String(name), design));
+        if (!field->hasNumber()) {
+            field->setText(design);
+        }
     };
     colour("BackColor", picBACKGROUND);
     colour("TextColor", picTEXTCOLOR);

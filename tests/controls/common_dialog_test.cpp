@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -354,6 +355,21 @@ TEST(RealDialog, SavesUnderTheNameAsTyped) {
     });
     EXPECT_TRUE(dialog.ShowSave());
     EXPECT_EQ(dialog.FileName, folder + QStringLiteral("/trip"));
+}
+
+TEST(RealDialog, SavesUnderTheFirstLineOfWhatWasPasted) {
+    const QString folder = test::temporaryFolder();
+    CommonDialog dialog;
+    dialog.InitDir = folder;
+    onceShown([](QFileDialog& shown) {
+        auto* line = shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        QApplication::clipboard()->setText(QStringLiteral("trip.vlr\n"));
+        line->setCompleter(nullptr);
+        line->paste();
+        QMetaObject::invokeMethod(&shown, "accept");
+    });
+    EXPECT_TRUE(dialog.ShowSave());
+    EXPECT_EQ(dialog.FileName, folder + QStringLiteral("/trip.vlr"));
 }
 
 TEST(RealDialog, AsksBeforeItReplacesAFile) {

@@ -4,6 +4,8 @@
 #include "controls/list_model.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QPainter>
@@ -428,6 +430,20 @@ TEST_F(List, F2EditsTheCaption) {
     EXPECT_EQ(edits[0][0].toString(), QStringLiteral("a,b"));
     EXPECT_EQ(list.item(2)->Text(), QStringLiteral("a,b"));
     EXPECT_EQ(list.item(2)->Key(), key(2));
+}
+
+TEST_F(List, ACaptionTakesOneLineAndKeepsTheLinesOfAFileName) {
+    fill(1);
+    list.item(1)->setText(QStringLiteral("two\nlines.jpg"));
+    show();
+    QTest::keyClick(&list, Qt::Key_F2);
+    ASSERT_NE(editor(), nullptr);
+    editor()->home(false);
+    QApplication::clipboard()->setText(QStringLiteral("not \r\nthree "));
+    editor()->paste();
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list.item(1)->Text(), QStringLiteral("not two\nlines.jpg"));
 }
 
 TEST_F(List, TheOwnerMayMendTheEditedText) {

@@ -1,6 +1,7 @@
 #include "controls/up_down.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -127,12 +128,41 @@ TEST_F(UpDown, AnyTextCanBeSetAndItsLeadingNumberCounts) {
 }
 
 TEST_F(UpDown, LeavingItKeepsATextThatWasSetAsItStands) {
-    for (const char* text : {"9999", "abc", "12px"}) {
+    for (const char* text : {"9999", "12px", " 7"}) {
         field.setFocus();
         field.setText(QLatin1String(text));
         other.setFocus();
         EXPECT_EQ(field.Text(), QLatin1String(text));
     }
+}
+
+TEST_F(UpDown, LeavingItMendsATextWithoutANumber) {
+    for (const QString& text :
+         {QStringLiteral("abc"), QString(255, u' '), QStringLiteral("-"), QString()}) {
+        field.setFocus();
+        field.setText(text);
+        other.setFocus();
+        EXPECT_EQ(field.Text(), QStringLiteral("1")) << text.toStdString();
+    }
+}
+
+TEST_F(UpDown, ClosingItsWindowLeavesIt) {
+    QWidget outer;
+    form.setParent(&outer);
+    outer.show();
+    field.setFocus();
+    type(QString());
+    ASSERT_EQ(field.Text(), QString());
+    outer.close();
+    EXPECT_EQ(field.Text(), QStringLiteral("1"));
+    form.setParent(nullptr);
+}
+
+TEST_F(UpDown, APastedNumberIsTakenFromItsLine) {
+    field.selectAll();
+    QApplication::clipboard()->setText(QStringLiteral("25\n"));
+    field.findChild<QLineEdit*>()->paste();
+    EXPECT_EQ(field.Text(), QStringLiteral("25"));
 }
 
 TEST_F(UpDown, TellsEachChange) {

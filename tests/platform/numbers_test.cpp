@@ -8,6 +8,11 @@ namespace velorama {
 namespace {
 
 TEST(NumericValue, TakesTheNumberAtTheStart) {
+    EXPECT_EQ(leadingNumber(u" 0x"), 0);
+    for (const char16_t* text : {u"", u"  ", u"x1", u"-", u"."}) {
+        EXPECT_EQ(leadingNumber(text), std::nullopt);
+        EXPECT_EQ(numericValue(text), 0);
+    }
     EXPECT_EQ(numericValue(u"4"), 4);
     EXPECT_EQ(numericValue(u"6.0"), 6);
     EXPECT_EQ(numericValue(u"  \t-2.5 seconds"), -2.5);

@@ -162,6 +162,18 @@ TEST_F(CloseTest, WindowPageSplitterAndWebAlbumAreWritten) {
     EXPECT_EQ(stored("mfrmPRGMAIN\\webalbum", "BackColor"), QStringLiteral("16708836"));
 }
 
+TEST_F(CloseTest, ASizeFieldLeftEmptyIsMendedBeforeItIsWritten) {
+    start();
+    controls().tabPAGES->press(4);
+    updown& field = *window->webAlbumPage().udnPHOTO;
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_Delete);
+    ASSERT_EQ(field.Text(), QString());
+    window->close();
+    EXPECT_EQ(stored("mfrmPRGMAIN\\webalbum", "PhotoSize"), QStringLiteral("100"));
+}
+
 TEST_F(CloseTest, AnEmptyListIsWrittenAsNone) {
     setStored("frmSLIDESHOW\\Items", "Items", QStringLiteral("7"));
     start();

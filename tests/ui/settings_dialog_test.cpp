@@ -543,6 +543,14 @@ TEST_F(SettingsDialog, TheDescriptionFiltersKeyCodesAndCharacters) {
     }
 }
 
+TEST_F(SettingsDialog, TheDescriptionTakesOneLine) {
+    load();
+    QApplication::clipboard()->setText(QStringLiteral("A day, out\nand home"));
+    txtDESC().clear();
+    txtDESC().paste();
+    EXPECT_EQ(txtDESC().text(), QStringLiteral("A day, out"));
+}
+
 TEST_F(SettingsDialog, ACancelledKeyReachesNobodyElse) {
     load();
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Comma, Qt::NoModifier, QStringLiteral(","));

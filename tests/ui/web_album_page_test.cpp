@@ -1,5 +1,7 @@
 #include "ui/web_album_world.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 
 namespace velorama {
@@ -170,6 +172,41 @@ TEST_F(WebAlbumPageTest, StoredSizesAreNotHeldToTheBounds) {
     page->load();
     EXPECT_EQ(page->udnPHOTO->Text(), QStringLiteral("9000"));
     EXPECT_EQ(page->udnTHUMBNAIL->Text(), QStringLiteral("1"));
+}
+
+TEST_F(WebAlbumPageTest, APastedTitleIsOneLine) {
+    const struct {
+        const char* pasted;
+        const char* title;
+    } rows[] = {{"Trip", "Trip"},
+                {"Trip\n", "Trip"},
+                {"Trip\r\n", "Trip"},
+                {"Trip\nDay 2\n", "Trip"},
+                {"Trip\xE2\x80\xA8x", "Trip"},
+                {"\n\nTrip\n", "Trip"},
+                {"\n", ""}};
+    for (const auto& row : rows) {
+        page->txtTITLE->clear();
+        QApplication::clipboard()->setText(QString::fromUtf8(row.pasted));
+        page->txtTITLE->paste();
+        EXPECT_EQ(page->values().txtTITLE(), QLatin1String(row.title)) << row.pasted;
+    }
+}
+
+TEST_F(WebAlbumPageTest, WhatStoodBehindAPasteStays) {
+    page->txtTITLE->setText(QStringLiteral("My trip, day 1"));
+    page->txtTITLE->setSelection(3, 4);
+    QApplication::clipboard()->setText(QStringLiteral("summer\nand autumn"));
+    page->txtTITLE->paste();
+    EXPECT_EQ(page->txtTITLE->text(), QStringLiteral("My summer, day 1"));
+    EXPECT_EQ(page->txtTITLE->cursorPosition(), 9);
+}
+
+TEST_F(WebAlbumPageTest, AStoredSizeWithoutANumberLeavesTheDefault) {
+    setStored("PhotoSize", QString());
+    setStored("ThumbnailSize", QStringLiteral("large"));
+    page->load();
+    EXPECT_EQ(values(), defaults);
 }
 
 TEST_F(WebAlbumPageTest, TheTitleIsNotSaved) {
