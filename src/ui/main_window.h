@@ -74,7 +74,7 @@ public:
     AlbumFile& album() { return album_; }
     AlbumList& albums() { return albums_; }
     QPointer<frmSLIDESHOW> slideShow() const { return show_; }
-    /// The settings dialog, loaded at its first use and anew after each unload.
+    /// The settings dialog, loaded at its first use, anew after each unload and before it is shown.
     frmTOOLSSETTINGS& settings();
 
 protected:

@@ -220,6 +220,10 @@ void mfrmPRGMAIN::mnuFILESTART_Click() {
 }
 
 void mfrmPRGMAIN::mnuTOOLSOPTIONS_Click() {
+    // One that only a show has loaded knows nothing of what has changed since.
+    if (settings_ && !settings_->isVisible()) {
+        delete settings_;
+    }
     settings().exec();
 }
 

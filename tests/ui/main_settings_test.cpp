@@ -70,14 +70,42 @@ TEST_F(MainSettingsTest, StaysLoadedOnceTheShowHasAskedForItsColours) {
     EXPECT_FALSE(dialog->isUnloaded());
     EXPECT_EQ(dialog->background(), 255);
     EXPECT_EQ(dialog->gradient(), 16711680);
-    // Loaded before the change, it shows what it had then.
+    // The next show finds it as it was loaded; who opens it sees the settings of today.
     setInterval(9);
     setColours("1", "2");
     EXPECT_EQ(window->settings().background(), 255);
-    EXPECT_EQ(shownByMenu(), QStringLiteral("7"));
+    EXPECT_EQ(shownByMenu(), QStringLiteral("9"));
     EXPECT_EQ(window->settings().background(), 1);
     EXPECT_EQ(window->settings().gradient(), 2);
-    EXPECT_EQ(shownByMenu(), QStringLiteral("9"));
+}
+
+TEST_F(MainSettingsTest, AfterAShowItDescribesTheAlbumThatIsOpenNow) {
+    const auto noted = [](const QString& path, const char* note) {
+        QByteArray text = contentOf(path);
+        text.insert(text.indexOf('\r'), QByteArray("|") + note + ' ');
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return path;
+    };
+    const QString one = noted(album(1), "A day out");
+    const QString two = noted(album(1, QStringLiteral("two.vlr")), "Two days");
+    setStored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total", QStringLiteral("2"));
+    setStored("mfrmPRGMAIN\\Details", "lvwALBUMS1", one);
+    setStored("mfrmPRGMAIN\\Details", "lvwALBUMS2", two);
+    start(one);
+    menus().mnuFILESTART->trigger();
+    ASSERT_TRUE(window->slideShow());
+    window->slideShow()->Unload();
+    window->album().openFromList(two);
+    QString description;
+    test::expectMessage(QStringLiteral("propagateSizeHints"));
+    test::Presser presser{QStringLiteral("btnCANCEL")};
+    presser.look = [&](const QWidget& form) {
+        description = form.findChild<QLineEdit*>(QStringLiteral("txtDESC"))->text();
+    };
+    menus().mnuTOOLSOPTIONS->trigger();
+    EXPECT_EQ(description, QStringLiteral("Two days"));
 }
 
 TEST_F(MainSettingsTest, ItIsGivenTheOpenAlbum) {
