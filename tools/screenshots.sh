@@ -15,7 +15,7 @@ if [[ ${1:-} != --inside ]]; then
     trap 'rm -rf "$work"' EXIT
     mkdir "$work/out"
     cp "$program" "$work/velorama"
-    cp -r "$root/samples" "$root"/tools/{first_folder,desktop}.sh "${BASH_SOURCE[0]}" "$work/"
+    cp -r "$root/samples" "$root"/tools/{settings_store,desktop}.sh "${BASH_SOURCE[0]}" "$work/"
     as_root=(--map-root-user)
     if ((EUID == 0)); then
         as_root=()
@@ -28,7 +28,7 @@ if [[ ${1:-} != --inside ]]; then
 fi
 
 work=$2 scale=$3 size=$4
-source "$work/first_folder.sh"
+source "$work/settings_store.sh"
 source "$work/desktop.sh"
 
 end_all() {

@@ -3,7 +3,7 @@
 # in memory, driven by keys, and leaves screenshots in OUT. Succeeds only if the program did all of
 # it, wrote nothing to its error stream and ended with 0. Touches nothing of the user's.
 set -euo pipefail
-source "$(dirname "${BASH_SOURCE[0]}")/first_folder.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/settings_store.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 
 program=$1 pictures=$2 out=$3
@@ -31,7 +31,8 @@ fail() {
 choose_settings() {
     mkdir "$home/Pictures"
     ln -s "$pictures" "$home/Pictures/"
-    offer_folder "$XDG_CONFIG_HOME" "$home/Pictures/$(basename "$pictures")"
+    store_put "$XDG_CONFIG_HOME" 'frmTOOLSSETTINGS\Items' 'Files Location' \
+        "$home/Pictures/$(basename "$pictures")"
     store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' INTERVAL 20
     store_put "$XDG_CONFIG_HOME" 'frmCONFIG\Items' TRANSITION 60
 }

@@ -82,6 +82,13 @@ QString applicationFolder() {
            QStringLiteral("/velorama");
 }
 
+QString firstFolder() {
+    const QString own = applicationFolder();
+    const QString samples =
+        QFileInfo(programDataFolder() + QStringLiteral("/samples")).canonicalFilePath();
+    return samples.isEmpty() || QFileInfo(own).isDir() ? own : samples;
+}
+
 QString programDataFolder() {
     if (QCoreApplication::instance() != nullptr) {
         const QString beside = QCoreApplication::applicationDirPath();

@@ -28,7 +28,10 @@ std::unique_ptr<Shell> makeDesktopShell();
 /// `$XDG_DATA_HOME/velorama`: what the user sees as the application's folder. Asking creates
 /// nothing.
 QString applicationFolder();
-/// Folder of the data installed with the program (pictures of web albums, help), read only.
+/// The folder to show to somebody who has not chosen one: the application's, and as long as that is
+/// not there, the sample pictures.
+QString firstFolder();
+/// Folder of the data installed with the program (pictures of web albums, samples), read only.
 QString programDataFolder();
 /// Full path of a file of the program's data: in the application's folder if it is there, otherwise
 /// in the installed data.

@@ -69,7 +69,7 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     Form_Resize();
     FormLoading = false;
     controls_.ftvFOLDER->setPath(
-        loadSetting(toolSettings, QStringLiteral("Files Location"), applicationFolder()));
+        loadSetting(toolSettings, QStringLiteral("Files Location"), firstFolder()));
 }
 
 void mfrmPRGMAIN::fillHelpPage() {

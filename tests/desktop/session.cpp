@@ -80,6 +80,9 @@ QString DesktopSession::configFolder() const {
 QString DesktopSession::dataFolder() const {
     return home() + QStringLiteral("/.local/share");
 }
+QString DesktopSession::applicationFolder() const {
+    return dataFolder() + QStringLiteral("/velorama");
+}
 QString DesktopSession::documentsFolder() const {
     return home() + QStringLiteral("/Documents");
 }
@@ -91,7 +94,7 @@ QString DesktopSession::screenFolder() const {
 void DesktopSession::makeHome() {
     const QString runtime = home() + QStringLiteral("/runtime");
     for (const QString& folder :
-         {configFolder(), dataFolder(), documentsFolder(), runtime, screenFolder()}) {
+         {configFolder(), applicationFolder(), documentsFolder(), runtime, screenFolder()}) {
         QDir().mkpath(folder);
     }
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

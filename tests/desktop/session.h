@@ -75,6 +75,8 @@ public:
     QString home() const;
     QString configFolder() const;     ///< $XDG_CONFIG_HOME
     QString dataFolder() const;       ///< $XDG_DATA_HOME
+    /// The program's own, which it shows first; without it, the sample pictures.
+    QString applicationFolder() const;
     QString documentsFolder() const;  ///< named by user-dirs.dirs
 
     /// What every process of this desktop gets; extra settings as "NAME=value".

@@ -70,6 +70,19 @@ TEST_F(StartAndEnd, FirstWindowHasItsDesignSizeInTheMiddle) {
     EXPECT_EQ(storedWindow()[QStringLiteral("Splitter")], QStringLiteral("3585"));
 }
 
+TEST_F(StartAndEnd, FirstWindowHasSomethingToPlayAndMakesNoFolder) {
+    ASSERT_TRUE(QDir().rmdir(session.applicationFolder()));
+    const PicturesPage page(session, session.start());
+    page.press(AddAll);
+    EXPECT_TRUE(waitFor([&] { return page.isOn(Play); }));
+    EXPECT_FALSE(QDir(session.applicationFolder()).exists());
+    EXPECT_EQ(page.close(), 0);
+    const QString shown = filesLocation(store).value_or(QString());
+    EXPECT_TRUE(shown.endsWith(QStringLiteral("/samples"))) << shown.toStdString();
+    EXPECT_EQ(store.setting(QStringLiteral("frmSLIDESHOW\\Items"), QStringLiteral("Items")),
+              QStringLiteral("12"));
+}
+
 TEST_F(StartAndEnd, WindowAndSplitterComeBack) {
     QRect before;
     {

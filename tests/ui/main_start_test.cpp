@@ -19,13 +19,18 @@ protected:
     static void setProjectList(const QString& value) {
         setStored("frmTOOLSSETTINGS", "projectlist", value);
     }
+    void forgetFolder() {
+        store.removeValue(Hive::CurrentUser, keyPath(QStringLiteral("frmTOOLSSETTINGS\\Items")),
+                          QStringLiteral("Files Location"));
+    }
     void expectOpen(const QString& path) {
         EXPECT_EQ(window->album().Tag(), path);
         EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama - ") + path);
     }
 };
 
-TEST_F(StartTest, TheFirstRunOpensAtDesignSizeOnTheApplicationsFolder) {
+TEST_F(StartTest, TheFirstRunOpensAtDesignSizeOnTheSamples) {
+    forgetFolder();
     start();
     MainControls& c = controls();
     EXPECT_TRUE(window->isVisible());
@@ -38,13 +43,25 @@ TEST_F(StartTest, TheFirstRunOpensAtDesignSizeOnTheApplicationsFolder) {
     EXPECT_EQ(Left(*c.picVBAR), 3585);
     EXPECT_EQ(c.tabPAGES->ActiveTab(), 1);
     EXPECT_TRUE(c.picframSLIDEHSOW->isVisible());
-    EXPECT_EQ(c.ftvFOLDER->Path(), applicationFolder());
+    EXPECT_EQ(QFileInfo(c.ftvFOLDER->Path()),
+              QFileInfo(programDataFolder() + QStringLiteral("/samples")));
+    EXPECT_EQ(c.lvwFOUND->Count(), 12);
     EXPECT_FALSE(QDir(applicationFolder()).exists());
     EXPECT_FALSE(FormLoading);
-    EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
+    // The first sample is selected, and there is no slide to take over from it.
+    EXPECT_EQ(ActiveList, QStringLiteral("FOUND"));
     EXPECT_TRUE(c.lvwSLIDEBAR->isVisible());
     EXPECT_TRUE(slides().isEmpty());
     EXPECT_TRUE(albums().isEmpty());
+}
+
+TEST_F(StartTest, TheApplicationsFolderIsTheFirstWhereThereIsOne) {
+    forgetFolder();
+    ASSERT_TRUE(QDir().mkpath(applicationFolder()));
+    start();
+    EXPECT_EQ(controls().ftvFOLDER->Path(), applicationFolder());
+    EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
+    QDir().rmdir(applicationFolder());
 }
 
 TEST_F(StartTest, TheSlideBarAppearsAfterTheWindow) {
@@ -251,6 +268,7 @@ TEST_F(StartTest, TheStoredFolderIsListedWithTheWindowUp) {
 }
 
 TEST_F(StartTest, TheFolderTreeIsSilentWhileTheWindowLoads) {
+    forgetFolder();
     const QString folder = folderWith({QStringLiteral("a.jpg")});
     window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
     FormLoading = true;

@@ -80,7 +80,8 @@ protected:
         SaveCancelled = false;
         fillTextConstants(2026, QStringLiteral("http://localhost/"));
         makeServices(store, shell);
-        // The application's folder is empty in the tests and need not be there.
+        // Who has chosen no folder sees the samples; most tests want a quiet start.
+        setToolSetting("Files Location", temporaryFolder());
         CommonDialog::answerWith([this](const FileDialogRequest& request) {
             asked.push_back(request);
             return FileDialogAnswer{chosen.isEmpty() ? QStringList() : QStringList(chosen), 1};

@@ -90,7 +90,9 @@ std::optional<int> Client::terminate() {
 
 WaylandSession::WaylandSession()
     : m_home(QDir::tempPath() + QStringLiteral("/velorama-wayland-XXXXXX")) {
-    for (const QString& folder : {configFolder(), dataFolder(), runtimeFolder()}) {
+    // The window begins in the last one; without it, among the sample pictures.
+    for (const QString& folder :
+         {configFolder(), runtimeFolder(), QString(dataFolder() + QStringLiteral("/velorama"))}) {
         QDir().mkpath(folder);
     }
     QFile::setPermissions(runtimeFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

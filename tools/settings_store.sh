@@ -1,4 +1,4 @@
-# For scripts to source: which folder the program shows first.
+# For scripts to source: the settings store of the program.
 # shellcheck shell=bash
 
 # store_text CONFIG_FOLDER KEY NAME: a text of the settings store, empty if there is none.
@@ -22,9 +22,4 @@ store_put() {
             hive TEXT, key TEXT, name TEXT, type INTEGER, data);
         INSERT INTO registry(hive, key, name, type, data)
             VALUES('HKCU', 'SOFTWARE\\Brightquay\\Velorama\\$2', '$3', 1, '${4//\'/\'\'}')"
-}
-
-# offer_folder CONFIG_FOLDER FOLDER: for a user who has not chosen a folder yet.
-offer_folder() {
-    store_put "$1" 'frmTOOLSSETTINGS\Items' 'Files Location' "$2"
 }
