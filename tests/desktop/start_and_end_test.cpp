@@ -244,6 +244,8 @@ TEST_F(StartAndEnd, StoreThatCannotBeWrittenHoldsNothingUp) {
     }
     ASSERT_TRUE(page.waitForThumbnails(1));
     page.press(AddPhoto);
+    // Until then F5 is off.
+    ASSERT_TRUE(waitFor([&] { return page.isOn(Play); }));
     ASSERT_NE(page.startShow(), 0U);
     const ShowScreen look({1280, 960});
     const QImage reference =
