@@ -1,6 +1,7 @@
 #include "controls/up_down.h"
 
 #include "controls/one_line.h"
+#include "controls/wheel_guard.h"
 #include "platform/numbers.h"
 
 #include <QFocusEvent>
@@ -41,6 +42,7 @@ updown::updown(QWidget* parent) : QAbstractSpinBox(parent) {
     lineEdit()->setValidator(new FieldValidator(this));
     connect(lineEdit(), &QLineEdit::textChanged, this, &updown::Change);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    guardFromWheel(*this);
 }
 
 void updown::design(int min, int max, int interval, const QString& text) {

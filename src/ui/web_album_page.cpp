@@ -3,6 +3,7 @@
 #include "controls/colour_button.h"
 #include "controls/one_line.h"
 #include "controls/twips.h"
+#include "controls/wheel_guard.h"
 #include "core/globals.h"
 #include "platform/numbers.h"
 #include "ui/control_making.h"
@@ -48,6 +49,7 @@ QComboBox* combo(const char* name, const QStringList& entries, const QString& de
     made->setCurrentText(design);
     made->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     made->setMinimumContentsLength(9);
+    guardFromWheel(*made);
     return made;
 }
 

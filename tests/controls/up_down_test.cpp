@@ -111,6 +111,17 @@ TEST_F(UpDown, TheWheelSteps) {
     EXPECT_EQ(field.Text(), QStringLiteral("5"));
 }
 
+TEST_F(UpDown, TheWheelPassesByWhereTheKeyboardIsElsewhere) {
+    other.setFocus();
+    const QPointF inside(5, 5);
+    QWheelEvent wheel(inside, field.mapToGlobal(inside), {}, QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&field, &wheel);
+    EXPECT_EQ(field.Text(), QStringLiteral("4"));
+    EXPECT_FALSE(wheel.isAccepted()) << "what is around scrolls";
+    EXPECT_TRUE(other.hasFocus());
+}
+
 TEST_F(UpDown, AnyTextCanBeSetAndItsLeadingNumberCounts) {
     field.design(10, 2000, 5, QStringLiteral("95"));
     const struct {

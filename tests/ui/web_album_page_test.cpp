@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
+#include <QWheelEvent>
 
 namespace velorama {
 namespace {
@@ -40,6 +41,19 @@ TEST_F(WebAlbumPageTest, ListsHaveTheirEntriesInOrder) {
          {page->cboFONTS, page->cboFONTSIZE, page->cboFONTSBAR, page->cboFONTSSIZEBAR}) {
         EXPECT_FALSE(list->isEditable()) << list->objectName().toStdString();
     }
+}
+
+TEST_F(WebAlbumPageTest, TheWheelChangesNoFieldThatIsNotWorkedIn) {
+    page->load();
+    frame.activateWindow();
+    page->txtTITLE->setFocus();
+    for (QWidget* field : frame.findChildren<QWidget*>()) {
+        const QPointF inside(5, 5);
+        QWheelEvent wheel(inside, field->mapToGlobal(inside), {}, QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(field, &wheel);
+    }
+    EXPECT_EQ(values(), defaults);
 }
 
 TEST_F(WebAlbumPageTest, SizesHaveTheirBounds) {
