@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -174,6 +175,15 @@ void tab::press(int number) {
     }
 }
 
+/// A click may lead the keyboard into the page; the next key is for the strip all the same.
+void tab::walkTo(int number) {
+    const QPointer<tab> alive(this);
+    press(number);
+    if (alive) {
+        setFocus();
+    }
+}
+
 QString tab::StringPiece(const QString& text, const QString& delimiter, int n) {
     return n >= 1 && !delimiter.isEmpty() ? text.split(delimiter).value(n - 1) : QString();
 }
@@ -234,14 +244,14 @@ void tab::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Left:
         case Qt::Key_Right: {
             const bool forward = (event->key() == Qt::Key_Right) != mirrored;
-            press(std::clamp(active_ + (forward ? 1 : -1), 1, std::max(1, Tabcount())));
+            walkTo(std::clamp(active_ + (forward ? 1 : -1), 1, std::max(1, Tabcount())));
             break;
         }
         case Qt::Key_Home:
-            press(1);
+            walkTo(1);
             break;
         case Qt::Key_End:
-            press(Tabcount());
+            walkTo(Tabcount());
             break;
         default:
             QWidget::keyPressEvent(event);

@@ -76,6 +76,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void walkTo(int number);
     struct Tab {
         QString caption;
         Parts parts;

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QFontMetricsF>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -167,6 +168,28 @@ TEST_F(TabStrip, KeysWalkTheTabs) {
     QTest::keyClick(&strip, Qt::Key_Home);
     QTest::keyClick(&strip, Qt::Key_Left);
     EXPECT_EQ(strip.ActiveTab(), 1);
+}
+
+// A click on a tab leads into its page; keys go on walking.
+TEST_F(TabStrip, KeepsTheKeyboardWhileKeysWalkTheTabs) {
+    QWidget form;
+    QLineEdit page(&form);
+    strip.setParent(&form);
+    QObject::connect(&strip, &tab::Click, &page, [&page] { page.setFocus(); });
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    strip.setActiveTab(1);
+    strip.setFocus();
+    for (const char* caption : {"Pictures", "Music", "WebAlbum"}) {
+        QTest::keyClick(form.focusWidget(), Qt::Key_Right);
+        EXPECT_EQ(lastClick(), QString::fromLatin1(caption));
+        EXPECT_TRUE(strip.hasFocus()) << caption;
+    }
+    strip.press(5);
+    EXPECT_EQ(lastClick(), QStringLiteral("Help"));
+    EXPECT_TRUE(page.hasFocus());
+    strip.setParent(nullptr);
 }
 
 TEST_F(TabStrip, IsAListOfPageTabsToAssistiveTools) {
