@@ -20,6 +20,7 @@ void SlideList::connectEvents() {
     connect(list, &ListView::Click, this, &SlideList::lvwSLIDEBAR_Click);
     connect(list, &ListView::DblClick, this, &SlideList::Clear);
     connect(list, &ListView::KeyDown, this, &SlideList::lvwSLIDEBAR_KeyDown);
+    connect(list, &ListView::CurrentMoved, this, &SlideList::SelectChk);
     connect(list, &ListView::MouseUp, this,
             [this](int button, int, float x, float y) { lvwSLIDEBAR_MouseUp(button, x, y); });
     connect(list, &ListView::AfterLabelEdit, this, &SlideList::lvwSLIDEBAR_AfterLabelEdit);
@@ -59,7 +60,12 @@ void SlideList::lvwSLIDEBAR_KeyDown(int KeyCode, int Shift) {
 }
 
 void SlideList::lvwSLIDEBAR_MouseUp(int Button, float X, float Y) {
-    if (c_.lvwSLIDEBAR->Count() > 0 && Button == 2 && popup_) {
+    if (c_.lvwSLIDEBAR->Count() == 0 || Button != 2) {
+        return;
+    }
+    // The button has made a slide current.
+    lvwSLIDEBAR_Click();
+    if (popup_) {
         popup_({PopupRequest::Menu::mnuSELECTEDTOP, Left(*c_.lvwSLIDEBAR) + X,
                 Top(*c_.lvwSLIDEBAR) + Y, true});
     }

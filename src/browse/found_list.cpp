@@ -76,6 +76,7 @@ void FoundList::lvwFOUND_MouseUp(int Button, float X, float Y) {
     if (c_.lvwFOUND->Count() == 0 || Button != 2) {
         return;
     }
+    lvwFOUND_Click();
     run(calls_.popup, PopupRequest{PopupRequest::Menu::mnuFOUNDTOP, Left(*c_.lvwFOUND) + X,
                                    Top(*c_.lvwFOUND) + Y, true});
 }

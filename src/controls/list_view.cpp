@@ -315,7 +315,11 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     publish();
+    const ListItem* const before = current_;
     QListView::keyPressEvent(event);
+    if (alive && current_ != before) {
+        emit CurrentMoved();
+    }
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {
@@ -325,6 +329,7 @@ void ListView::mousePressEvent(QMouseEvent* event) {
 
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
     QListView::mouseReleaseEvent(event);
+    entered_ = false;
     const QPointer<ListView> alive(this);
     const bool click = pressed_ && event->button() == Qt::LeftButton;
     if (click) {
@@ -342,9 +347,13 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const bool onItem = indexAt(event->position().toPoint()).isValid();
     QListView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton) {
-        pressed_ = false;
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    pressed_ = false;
+    if (onItem) {
         emit DblClick();
     }
 }
@@ -366,16 +375,18 @@ void ListView::wheelEvent(QWheelEvent* event) {
 
 void ListView::focusInEvent(QFocusEvent* event) {
     publish();
+    entered_ = event->reason() == Qt::MouseFocusReason;
     QListView::focusInEvent(event);
     emit GotFocus();
 }
 
 bool ListView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
     if (trigger == SelectedClicked && event != nullptr) {
-        // Only the caption opens for editing, and only where it alone is selected.
+        // Only the caption opens for editing, and only where it alone is selected. The click that
+        // brings the keyboard here is no wish to type.
         const auto* mouse = static_cast<QMouseEvent*>(event);
         const QRect caption = delegate_->captionArea(visualRect(index), fontMetrics());
-        if (mouse->modifiers() != Qt::NoModifier ||
+        if (entered_ || mouse->modifiers() != Qt::NoModifier ||
             !caption.contains(mouse->position().toPoint()) ||
             selectionModel()->selectedRows().size() != 1) {
             return false;

@@ -92,10 +92,13 @@ signals:
     /// The left button has been released, on an item or beside one; not at the end of a double
     /// click.
     void Click();
+    /// On an item; beside the items a double click is none.
     void DblClick();
     /// Before the list's own handling of the key. Codes and masks of controls/keys.h.
     void KeyDown(int keyCode, int shift);
     void KeyPress(int keyAscii);
+    /// A key has made another item current: after KeyDown, which comes while the old one still is.
+    void CurrentMoved();
     /// Button 1 left, 2 right, 4 middle; position in twips within the control.
     void MouseUp(int button, int shift, float x, float y);
     /// After the user has edited the caption of the current item; the item has the new text
@@ -152,6 +155,8 @@ private:
     Arrangement arrangement_ = Arrangement::Wrapped;
     bool publishing_ = false;
     bool pressed_ = false;
+    /// The press of the mouse that goes on has brought the keyboard here.
+    bool entered_ = false;
 };
 
 }  // namespace velorama

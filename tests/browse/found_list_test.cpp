@@ -339,7 +339,9 @@ TEST_F(FoundListTest, rightButtonShowsThePopupWithAddAsDefault) {
     lvwFOUND->Add(1, QStringLiteral("1M"), QString(), 0);
     emit lvwFOUND->MouseUp(1, 0, 10, 20);
     EXPECT_TRUE(popups.empty());
+    ActiveList = QStringLiteral("SELECTED");
     emit lvwFOUND->MouseUp(2, 0, 10, 20);
+    EXPECT_EQ(ActiveList, QStringLiteral("FOUND")) << "what its menu works on";
     ASSERT_EQ(popups.size(), 1U);
     EXPECT_EQ(popups[0], (PopupRequest{PopupRequest::Menu::mnuFOUNDTOP, 1510, 320, true}));
 }

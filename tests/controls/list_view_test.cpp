@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -344,6 +345,16 @@ TEST_F(List, ADoubleClickMayRemoveWhatItHit) {
     EXPECT_EQ(texts(), QStringLiteral("1 3"));
 }
 
+TEST_F(List, ADoubleClickBesideTheItemsIsNone) {
+    fill(3);
+    show();
+    QSignalSpy doubles(&list, &ListView::DblClick);
+    const QPoint beside(cell(3).right() + 40, cell(3).center().y());
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, beside);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(doubles.size(), 0);
+}
+
 TEST_F(List, KeysComeBeforeTheListsOwnHandling) {
     fill(3);
     show();
@@ -444,6 +455,37 @@ TEST_F(List, ACaptionTakesOneLineAndKeepsTheLinesOfAFileName) {
     QTest::keyClick(editor(), Qt::Key_Return);
     QCoreApplication::processEvents();
     EXPECT_EQ(list.item(1)->Text(), QStringLiteral("not two\nlines.jpg"));
+}
+
+TEST_F(List, AClickOnTheCaptionEditsItOnlyWhereTheListHadTheFocus) {
+    QWidget form;
+    QLineEdit other(&form);
+    list.setParent(&form);
+    list.move(0, 40);
+    form.resize(700, 400);
+    fill(2);
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    list.item(1)->setSelected(true);
+    other.setFocus();
+    const QPoint caption(cell(1).center().x(), cell(1).bottom() - 6);
+    const int usual = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(20);
+    const auto clickCaption = [&] {
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, caption);
+        // The editor opens when no double click can come any more.
+        bool past = false;
+        QTimer::singleShot(2 * QApplication::doubleClickInterval(), &form, [&] { past = true; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return past; }, 20000));
+    };
+    clickCaption();
+    EXPECT_TRUE(list.hasFocus());
+    EXPECT_EQ(editor(), nullptr);
+    clickCaption();
+    EXPECT_NE(editor(), nullptr);
+    QApplication::setDoubleClickInterval(usual);
+    list.setParent(nullptr);
 }
 
 TEST_F(List, TheOwnerMayMendTheEditedText) {
