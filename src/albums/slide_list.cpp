@@ -54,7 +54,7 @@ void SlideList::showSlides() {
 void SlideList::Add() {
     settle();
     c_.lvwFOUND->setVisible(false);
-    c_.lvwSLIDEBAR->setVisible(false);
+    hideSlides();
     const QPointer<SlideList> self = this;
     addSelected();
     if (!self) {
@@ -64,8 +64,12 @@ void SlideList::Add() {
     SelectChk();
     c_.lvwFOUND->setVisible(true);
     markModified();
-    c_.lvwFOUND->setFocus();
-    c_.lvwSLIDEBAR->setVisible(true);
+    // On another page than its own it is not in sight.
+    if (c_.lvwFOUND->isVisible()) {
+        hadFocus_ = false;
+        c_.lvwFOUND->setFocus();
+    }
+    showSlides();
 }
 
 void SlideList::addSelected() {

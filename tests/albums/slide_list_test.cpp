@@ -1,6 +1,7 @@
 #include "albums/slide_world.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 namespace velorama {
 namespace {
@@ -54,6 +55,51 @@ TEST_F(SlideListTest, toolbarFollowsTheCurrentItem) {
         list->SelectChk();
         EXPECT_EQ(toolbar(), QString::fromLatin1(row.expected)) << row.current;
     }
+}
+
+TEST_F(SlideListTest, toolbarFollowsKeysAndTheRightButton) {
+    fill({a, b, c});
+    list->SelectChk();
+    QTest::keyClick(lvwSLIDEBAR, Qt::Key_End);
+    EXPECT_EQ(toolbar(), QStringLiteral("111 1111 10"));
+    QTest::keyClick(lvwSLIDEBAR, Qt::Key_Left);
+    EXPECT_EQ(toolbar(), QStringLiteral("111 1111 11"));
+    ActiveList = QStringLiteral("FOUND");
+    const QRect first = lvwSLIDEBAR->visualRect(lvwSLIDEBAR->model()->index(0, 0));
+    QTest::mouseClick(lvwSLIDEBAR->viewport(), Qt::RightButton, {}, first.center());
+    EXPECT_EQ(current(), 1);
+    EXPECT_EQ(toolbar(), QStringLiteral("111 1111 01"));
+    EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
+    EXPECT_EQ(popups.size(), 1U);
+}
+
+// Another page than that of the found list is on show.
+TEST_F(SlideListTest, addLeavesTheKeyboardWhereItIsWhileTheFoundListIsNotInSight) {
+    browse({QStringLiteral("a.jpg")});
+    selectFound({1});
+    QWidget page(&form);
+    lvwFOUND->setParent(&page);
+    page.hide();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    for (QWidget* where :
+         {static_cast<QWidget*>(cbtnWEBALBUM), static_cast<QWidget*>(lvwSLIDEBAR)}) {
+        where->setFocusPolicy(Qt::StrongFocus);
+        where->setEnabled(true);
+        where->setFocus();
+        ActiveList = QStringLiteral("SELECTED");
+        list->Add();
+        EXPECT_EQ(form.focusWidget(), where);
+        EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
+        page.show();
+        EXPECT_EQ(form.focusWidget(), where);
+        EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
+        page.hide();
+    }
+    page.show();
+    list->Add();
+    EXPECT_TRUE(lvwFOUND->hasFocus());
+    lvwFOUND->setParent(&form);
 }
 
 TEST_F(SlideListTest, singleSlideCountsAsTheFirst) {
