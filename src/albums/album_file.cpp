@@ -73,7 +73,20 @@ void AlbumFile::joinAlbumList(const QString& path) {
     }
 }
 
+void AlbumFile::takeTurn(const std::function<void()>& command) {
+    turn_.runLast([this, command] {
+        // A window that is closed has saved all that lasts: its album is no other one any more.
+        if (!stopped_) {
+            command();
+        }
+    });
+}
+
 void AlbumFile::mnuFILENEW_Click() {
+    takeTurn([this] { makeNew(); });
+}
+
+void AlbumFile::makeNew() {
     slides_.ClearAll();
     tag_.clear();
     showCaption(captionOf(tag_));
@@ -93,7 +106,12 @@ void AlbumFile::mnuFILEOPEN_Click() {
         return;
     }
     const QString file = c_.cdlDIALOG->FileName;
-    mnuFILENEW_Click();
+    takeTurn([this, file] { open(file); });
+}
+
+void AlbumFile::open(const QString& file) {
+    const QPointer<AlbumFile> self = this;
+    makeNew();
     joinAlbumList(file);
     read(file);
     if (!self) {
@@ -119,12 +137,12 @@ void AlbumFile::read(const QString& path) {
 }
 
 void AlbumFile::openFromList(const QString& path) {
-    if (stopped_) {
-        // Closed while the question about the open album was up: all that lasts is saved by now.
-        return;
-    }
+    takeTurn([this, path] { openKnown(path); });
+}
+
+void AlbumFile::openKnown(const QString& path) {
     const QPointer<AlbumFile> self = this;
-    mnuFILENEW_Click();
+    makeNew();
     read(path);
     if (!self) {
         return;
@@ -137,11 +155,14 @@ void AlbumFile::openFromList(const QString& path) {
 }
 
 void AlbumFile::openAtStart(const QString& path) {
-    const QPointer<AlbumFile> self = this;
     tag_.clear();
-    if (path.isEmpty()) {
-        return;
+    if (!path.isEmpty()) {
+        turn_.run([this, path] { openLast(path); });
     }
+}
+
+void AlbumFile::openLast(const QString& path) {
+    const QPointer<AlbumFile> self = this;
     DocumentOpenText(path);
     if (!self) {
         return;

@@ -2,9 +2,12 @@
 
 #include "albums/album_list.h"
 #include "albums/slide_list.h"
+#include "platform/command_turn.h"
 
 #include <QObject>
 #include <QWidget>
+
+#include <functional>
 
 namespace velorama {
 
@@ -39,7 +42,8 @@ public:
     void setUnmodified();
 
     /// Reads an album into the slide list, one thumbnail a slide; events run after each. The last
-    /// field read; empty if there is no such file.
+    /// field read; empty if there is no such file. New, Open or an album of the list, chosen
+    /// meanwhile, end the read at its next field and follow; of several the last.
     QString DocumentOpenText(const QString& Path);
     void mnuFILENEW_Click();
     void mnuFILEOPEN_Click();
@@ -62,7 +66,12 @@ private:
     bool wouldReplaceUnread() const;
     /// If the settings let albums join it.
     void joinAlbumList(const QString& path);
+    void takeTurn(const std::function<void()>& command);
     void read(const QString& path);
+    void makeNew();
+    void open(const QString& file);
+    void openKnown(const QString& path);
+    void openLast(const QString& path);
 
     // album_reading.cpp
     void beginReading();
@@ -76,6 +85,8 @@ private:
     SlideList& slides_;
     Thumbnails& thumbnails_;
     AlbumList& albums_;
+    /// The commands that change which album is open.
+    CommandTurn turn_;
     QString tag_;
     QString note_;
     /// The list holds what is in the open album's file, and not nothing because that could not be

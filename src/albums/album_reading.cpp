@@ -144,7 +144,7 @@ void AlbumFile::endReading() {
 QString AlbumFile::readSlides(Fields& fields, const QString& count) {
     const QPointer<AlbumFile> self = this;
     QString s;
-    while (self && !stopped_ && !fields.EndOfFile()) {
+    while (self && !stopped_ && !turn_.isAwaited() && !fields.EndOfFile()) {
         expect(fields);
         const QString path = fields.nextSlide(s);
         if (!path.isEmpty()) {

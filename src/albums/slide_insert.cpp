@@ -62,15 +62,19 @@ QString SlideList::slidePath(const QString& entry) const {
     return isRoot ? QString(folder + entry) : joinPath(folder, entry);
 }
 
-void SlideList::SlideInsert(int Index) {
-    settle();
-    insert(Index);
+SlideList::FoundFile SlideList::foundFile(int index) const {
+    const QString entry = c_.flbFOUND->List(index);
+    return {entry, slidePath(entry)};
 }
 
-void SlideList::insert(int index) {
-    const QString entry = c_.flbFOUND->List(index);
-    const QString path = slidePath(entry);
-    if (!isPicture(entry)) {
+void SlideList::SlideInsert(int Index) {
+    settle();
+    insert(foundFile(Index));
+}
+
+void SlideList::insert(const FoundFile& file) {
+    const QString& path = file.path;
+    if (!isPicture(file.entry)) {
         return;
     }
     const bool first = c_.lvwSLIDEBAR->Count() == 0;

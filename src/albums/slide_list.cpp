@@ -1,7 +1,6 @@
 #include "albums/slide_list.h"
 
 #include "albums/slide_settings.h"
-#include "browse/screen_pointer.h"
 #include "controls/twips.h"
 #include "core/globals.h"
 #include "platform/numbers.h"
@@ -48,79 +47,6 @@ void SlideList::showSlides() {
     c_.lvwSLIDEBAR->setVisible(true);
     if (std::exchange(hadFocus_, false)) {
         c_.lvwSLIDEBAR->setFocus();
-    }
-}
-
-void SlideList::Add() {
-    settle();
-    c_.lvwFOUND->setVisible(false);
-    hideSlides();
-    const QPointer<SlideList> self = this;
-    addSelected();
-    if (!self) {
-        return;
-    }
-    FoundButtonsCheck();
-    SelectChk();
-    c_.lvwFOUND->setVisible(true);
-    markModified();
-    // On another page than its own it is not in sight.
-    if (c_.lvwFOUND->isVisible()) {
-        hadFocus_ = false;
-        c_.lvwFOUND->setFocus();
-    }
-    showSlides();
-}
-
-void SlideList::addSelected() {
-    beginBatch();
-    const QPointer<SlideList> self = this;
-    const int count = c_.lvwFOUND->Count();
-    for (int i = 1; self && !stopped_ && i <= count; ++i) {
-        const ListItem* row = c_.lvwFOUND->item(i);
-        if (row && row->Selected()) {
-            expectSelected(i);
-            insert(i - 1);
-        }
-    }
-    if (self) {
-        endBatch();
-    }
-}
-
-void SlideList::AddAll() {
-    settle();
-    hideSlides();
-    c_.prgBARSLIDES->setValue(0);
-    c_.prgBARSLIDES->setVisible(true);
-    setScreenPointer(ScreenPointer::Hourglass);
-    const QPointer<SlideList> self = this;
-    addFolder();
-    if (!self) {
-        setScreenPointer(ScreenPointer::Default);
-        return;
-    }
-    c_.prgBARSLIDES->setVisible(false);
-    setScreenPointer(ScreenPointer::Default);
-    FoundButtonsCheck();
-    SelectChk();
-    c_.lvwFOUND->setVisible(true);
-    markModified();
-    showSlides();
-}
-
-/// From the last file to the first: each goes in at position 1, which leaves them in folder order.
-void SlideList::addFolder() {
-    beginBatch();
-    const QPointer<SlideList> self = this;
-    for (int i = c_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
-        c_.prgBARSLIDES->setMax(c_.flbFOUND->ListCount());
-        c_.prgBARSLIDES->setValue(c_.flbFOUND->ListCount() - i);
-        expectAbove(i);
-        insert(i);
-    }
-    if (self) {
-        endBatch();
     }
 }
 

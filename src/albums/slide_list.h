@@ -5,12 +5,14 @@
 #include "controls/file_list.h"
 #include "controls/list_view.h"
 #include "controls/progress_bar.h"
+#include "platform/command_turn.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QObject>
 
 #include <array>
+#include <functional>
 
 namespace velorama {
 
@@ -42,7 +44,8 @@ struct SlideListControls {
 /// lvwSLIDEBAR; a second copy in the settings, Items and Selection, is what the player reads.
 ///
 /// Making a thumbnail lets events run, so that any operation may come inside a running Add or
-/// AddAll.
+/// AddAll. Add itself is not begun inside Add, nor AddAll inside AddAll: what was to be added is
+/// noted and follows.
 class SlideList : public QObject {
     Q_OBJECT
 public:
@@ -90,9 +93,17 @@ private:
     void lvwSLIDEBAR_KeyDown(int KeyCode, int Shift);
     void lvwSLIDEBAR_MouseUp(int Button, float X, float Y);
 
+    /// A file of the found list, for the time when that list may show another folder.
+    struct FoundFile {
+        QString entry;
+        QString path;
+        bool operator==(const FoundFile&) const = default;
+    };
+
     // slide_insert.cpp
     QString slidePath(const QString& entry) const;
-    void insert(int index);
+    FoundFile foundFile(int index) const;
+    void insert(const FoundFile& file);
     bool addSlide(const QString& path, bool first);
     int currentIndex() const;
     void saveAndReload();
@@ -107,10 +118,25 @@ private:
     void expectAbove(int index);
     void appendIfNew(QStringList& paths, int index) const;
 
-    void hideSlides();
-    void showSlides();
+    /// Add or AddAll: its turn, and the files of its latest press.
+    struct Batch {
+        CommandTurn turn;
+        QList<FoundFile> files;
+    };
+
+    // slide_batch.cpp
+    void press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& now,
+               const std::function<void()>& later);
+    QList<FoundFile> selectedFiles() const;
+    QList<FoundFile> folderFiles() const;
+    void runAdd(const std::function<void()>& insertFiles);
+    void runAddAll(const std::function<void()>& insertFiles);
     void addSelected();
     void addFolder();
+    void insertAll(const QList<FoundFile>& files);
+
+    void hideSlides();
+    void showSlides();
     bool removeSelected();
     void blankSelection(int count);
     void move(int step);
@@ -126,6 +152,8 @@ private:
     /// The keyboard was in lvwSLIDEBAR when it was hidden.
     bool hadFocus_ = false;
 
+    Batch add_;
+    Batch addAll_;
     /// Add and AddAll running, one inside the other.
     int batches_ = 0;
     /// Slides were added since the list was last written and rebuilt.

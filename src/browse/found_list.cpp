@@ -18,7 +18,7 @@ constexpr int lookAhead = 16;
 
 // Listings inside listings. A held arrow key starts one for every folder it passes; the stack would
 // not bear a whole disk of them.
-constexpr int deepest = 48;
+constexpr int deepest = 8;
 
 template <typename Function, typename... Arguments>
 void run(const Function& function, Arguments... arguments) {

@@ -44,6 +44,14 @@ void WebAlbum::stop() {
 }
 
 void WebAlbum::cbtnWEBALBUM_Click() {
+    turn_.runLast([this] {
+        if (!writer_.isStopped()) {
+            buildAndTell();
+        }
+    });
+}
+
+void WebAlbum::buildAndTell() {
     const QString chosen = title();
     if (chosen.isEmpty()) {
         call(screen_.critical, QStringLiteral("You must choose a title for your WebAlbum"),

@@ -2,6 +2,7 @@
 
 #include "controls/list_view.h"
 #include "controls/progress_bar.h"
+#include "platform/command_turn.h"
 #include "webalbum/mod_webalbum.h"
 #include "webalbum/web_album_values.h"
 
@@ -31,9 +32,9 @@ struct WebAlbumScreen {
 
 /// Turns the slide list into a folder of pages for a browser, and opens them.
 ///
-/// A build lets events run, so that a click may start another one inside it, and the list and the
-/// page may change under it. Nothing is ever written outside the album's folder but the style sheet
-/// in the application's own.
+/// A build lets events run: the list and the page may change under it, and a click on its button
+/// asks for another one behind it. Nothing is ever written outside the album's folder but the style
+/// sheet in the application's own.
 class WebAlbum {
 public:
     /// The controls must outlive this object. Documents folder and link handler are the registry
@@ -51,6 +52,7 @@ public:
     void WebAlbumPicturesCopy(const ListView& list, const QString& destination) const;
 
 private:
+    void buildAndTell();
     void build(const QString& chosen);
     void enableView(bool enabled) const;
     void makeFolders(const QString& parent, const QString& album) const;
@@ -61,6 +63,7 @@ private:
     WebAlbumValues values_;
     WebAlbumScreen screen_;
     modWEBALBUM writer_;
+    CommandTurn turn_;
 };
 
 }  // namespace velorama

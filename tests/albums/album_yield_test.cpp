@@ -19,24 +19,54 @@ protected:
     QString other = album(formA(q));
 };
 
-TEST_F(AlbumYield, newDuringAReadLeavesTheRest) {
+TEST_F(AlbumYield, newDuringAReadEndsItAndFollows) {
     atSlide(1, [&] { file->mnuFILENEW_Click(); });
     open(path);
-    EXPECT_EQ(keys(), QStringList({p[1], p[2]}));
-    EXPECT_EQ(file->Tag(), path);
-    EXPECT_EQ(form.windowTitle(), path + QStringLiteral(" - Velorama"));
-    EXPECT_EQ(storedSlideshow(), path);
+    EXPECT_EQ(keys(), QStringList());
+    EXPECT_EQ(file->Tag(), QString());
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("Velorama"));
+    EXPECT_EQ(storedSlideshow(), QString());
+    EXPECT_FALSE(file->isModified());
     EXPECT_FALSE(lvwSLIDEBAR->isHidden());
     EXPECT_TRUE(prgBARSLIDES->isHidden());
 }
 
-TEST_F(AlbumYield, anAlbumOpenedDuringAReadMixesWithIt) {
-    atSlide(1, [&] { file->openFromList(other); });
+TEST_F(AlbumYield, anAlbumChosenDuringAReadEndsItAndFollows) {
+    const std::vector<std::function<void()>> ways = {
+        [&] { open(path); }, [&] { file->openFromList(path); }, [&] { file->openAtStart(path); }};
+    for (const auto& way : ways) {
+        atSlide(1, [&] { file->openFromList(other); });
+        way();
+        EXPECT_EQ(keys(), q);
+        EXPECT_EQ(file->Tag(), other);
+        EXPECT_EQ(form.windowTitle(), other + QStringLiteral(" - Velorama"));
+        EXPECT_EQ(storedSlideshow(), other);
+        EXPECT_FALSE(file->isModified());
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    }
+}
+
+TEST_F(AlbumYield, ofSeveralAlbumsChosenDuringAReadTheLastOneOpens) {
+    const QString third = album(formA({p[2]}));
+    atSlide(1, [&] {
+        file->openFromList(other);
+        file->mnuFILENEW_Click();
+        file->openFromList(third);
+        EXPECT_EQ(keys(), QStringList({p[0]}));
+    });
     open(path);
-    EXPECT_EQ(keys(), QStringList({q[0], q[1], p[1], p[2]}));
-    EXPECT_EQ(icons(), std::vector<int>({1, 2, 3, 4}));
+    EXPECT_EQ(keys(), QStringList({p[2]}));
+    EXPECT_EQ(file->Tag(), third);
+}
+
+TEST_F(AlbumYield, anAlbumChosenDuringAReadIsNotOpenedByAClosedWindow) {
+    atSlide(1, [&] {
+        file->openFromList(other);
+        file->stop();
+    });
+    open(path);
     EXPECT_EQ(file->Tag(), path);
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(storedSlideshow(), path);
 }
 
 TEST_F(AlbumYield, clearDuringARead) {

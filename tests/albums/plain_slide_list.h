@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace velorama::test {
@@ -30,21 +31,32 @@ public:
     int current = 0;
     QStringList images;
     QHash<QString, QString> store;
+    bool isAdding = false;
+    bool isAddingAll = false;
     /// Runs where events would be let run.
     std::function<void()> onYield;
     /// Runs after an image was added.
     std::function<void()> onImage;
 
+    /// Neither is begun inside itself: the files that it would add are being added.
     void Add() {
+        if (std::exchange(isAdding, true)) {
+            return;
+        }
         const std::vector<int> chosen = rows;
         for (const int row : chosen) {
             insert(row - 1);
         }
+        isAdding = false;
     }
     void AddAll() {
+        if (std::exchange(isAddingAll, true)) {
+            return;
+        }
         for (int i = static_cast<int>(files.size()); i >= 0; --i) {
             insert(i);
         }
+        isAddingAll = false;
     }
     void Clear() {
         store[QStringLiteral("Items")] = QString::number(slides.size());

@@ -331,6 +331,126 @@ TEST_F(SlideBatchTest, textEditedInsideRevertsWithTheNextSlide) {
                                     QStringLiteral("e.bmp")}));
 }
 
+/// Calls `action` at every yield, at most `times` times, and tells whether a yield came inside one
+/// of them: a batch begun there and then makes thumbnails, and these yield.
+class PressedInside {
+public:
+    PressedInside(int times, std::function<void()> action) {
+        QObject::connect(&timer_, &QTimer::timeout, &timer_,
+                         [this, times, action = std::move(action)] {
+                             if (pressed_ == times) {
+                                 return;
+                             }
+                             ++pressed_;
+                             QTimer inner;
+                             QObject::connect(&inner, &QTimer::timeout, [this] { nested_ = true; });
+                             inner.start(0);
+                             action();
+                         });
+        timer_.start(0);
+    }
+    int pressed() const { return pressed_; }
+    bool hasNested() const { return nested_; }
+
+private:
+    QTimer timer_;
+    int pressed_ = 0;
+    bool nested_ = false;
+};
+
+TEST_F(SlideBatchTest, addHeldDownIsNeverBegunInsideItself) {
+    const QString folder =
+        browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+    selectFound({1, 2, 3});
+    const PressedInside held(5, [&] { list->Add(); });
+    list->Add();
+    EXPECT_EQ(held.pressed(), 5);
+    EXPECT_FALSE(held.hasNested());
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 3);
+    EXPECT_EQ(storedCount(), QStringLiteral("3"));
+    EXPECT_EQ(storedSlides(3), keys());
+    EXPECT_TRUE(isModified());
+    EXPECT_FALSE(lvwFOUND->isHidden());
+    EXPECT_FALSE(lvwSLIDEBAR->isHidden());
+}
+
+TEST_F(SlideBatchTest, addAllHeldDownIsNeverBegunInsideItself) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+    const PressedInside held(5, [&] { list->AddAll(); });
+    list->AddAll();
+    EXPECT_EQ(held.pressed(), 5);
+    EXPECT_FALSE(held.hasNested());
+    EXPECT_EQ(texts(), QStringList({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"),
+                                    QStringLiteral("c.bmp")}));
+    EXPECT_EQ(storedSlides(3), keys());
+    EXPECT_TRUE(prgBARSLIDES->isHidden());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SlideBatchTest, bothHeldDownInTurnsNestOnlyOneInTheOther) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+    selectFound({1, 3});
+    int depth = 0;
+    int deepest = 0;
+    int presses = 0;
+    std::function<void()> atYield;
+    const auto press = [&] {
+        deepest = std::max(deepest, ++depth);
+        test::atNextYield(atYield);
+        ++presses % 2 == 0 ? list->Add() : list->AddAll();
+        --depth;
+    };
+    atYield = [&] {
+        if (presses < 200) {
+            press();
+        }
+    };
+    press();
+    EXPECT_GT(presses, 3);
+    EXPECT_LE(deepest, 4);
+    presses = 200;
+    QCoreApplication::processEvents();
+    QStringList added = texts();
+    added.sort();
+    EXPECT_EQ(added, QStringList({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"),
+                                  QStringLiteral("c.bmp")}));
+    EXPECT_EQ(storedSlides(3), keys());
+}
+
+TEST_F(SlideBatchTest, addPressedForOtherFilesFollowsWithThem) {
+    const QString first = browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
+    QString second;
+    selectFound({1});
+    test::atNextYield([&] {
+        selectFound({2});
+        list->Add();
+        // Until its turn comes the list shows another folder.
+        second = browse({QStringLiteral("x.bmp")});
+        selectFound({1});
+        list->Add();
+        browseFolder(first);
+    });
+    list->Add();
+    QStringList added = keys();
+    added.sort();
+    QStringList expected = {first + QStringLiteral("/a.bmp"), first + QStringLiteral("/b.bmp"),
+                            second + QStringLiteral("/x.bmp")};
+    expected.sort();
+    EXPECT_EQ(added, expected);
+}
+
+TEST_F(SlideBatchTest, whatWaitsIsNotAddedByAClosedWindow) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
+    selectFound({1});
+    test::atNextYield([&] {
+        selectFound({2});
+        list->Add();
+        list->stop();
+    });
+    list->Add();
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+}
+
 TEST_F(SlideBatchTest, closedWindowEndsTheBatch) {
     browseBoth(0);
     test::atNextYield([&] {

@@ -1,0 +1,133 @@
+// Add and AddAll: the batches that make slides of the found list.
+
+#include "albums/slide_list.h"
+#include "browse/screen_pointer.h"
+
+namespace velorama {
+
+QList<SlideList::FoundFile> SlideList::selectedFiles() const {
+    QList<FoundFile> files;
+    for (int i = 1; i <= c_.lvwFOUND->Count(); ++i) {
+        if (c_.lvwFOUND->item(i)->Selected()) {
+            files.append(foundFile(i - 1));
+        }
+    }
+    return files;
+}
+
+/// From the last to the first, as AddAll goes.
+QList<SlideList::FoundFile> SlideList::folderFiles() const {
+    QList<FoundFile> files;
+    for (int i = c_.flbFOUND->ListCount() - 1; i >= 0; --i) {
+        files.append(foundFile(i));
+    }
+    return files;
+}
+
+/// Pressed inside itself the command follows later, with the files of its own press: the lists may
+/// show another folder by then. The files of the press before are being added already.
+void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& now,
+                      const std::function<void()>& later) {
+    if (!batch.turn.isRunning()) {
+        batch.files = files;
+        batch.turn.run(now);
+    } else if (batch.files != files) {
+        batch.files = files;
+        batch.turn.run(later);
+    }
+}
+
+void SlideList::Add() {
+    const QList<FoundFile> files = selectedFiles();
+    press(
+        add_, files, [this] { runAdd([this] { addSelected(); }); },
+        [this, files] { runAdd([this, &files] { insertAll(files); }); });
+}
+
+void SlideList::runAdd(const std::function<void()>& insertFiles) {
+    settle();
+    c_.lvwFOUND->setVisible(false);
+    hideSlides();
+    const QPointer<SlideList> self = this;
+    beginBatch();
+    insertFiles();
+    if (!self) {
+        return;
+    }
+    endBatch();
+    FoundButtonsCheck();
+    SelectChk();
+    c_.lvwFOUND->setVisible(true);
+    markModified();
+    // On another page than its own it is not in sight.
+    if (c_.lvwFOUND->isVisible()) {
+        hadFocus_ = false;
+        c_.lvwFOUND->setFocus();
+    }
+    showSlides();
+}
+
+void SlideList::addSelected() {
+    const QPointer<SlideList> self = this;
+    const int count = c_.lvwFOUND->Count();
+    for (int i = 1; self && !stopped_ && i <= count; ++i) {
+        const ListItem* row = c_.lvwFOUND->item(i);
+        if (row && row->Selected()) {
+            expectSelected(i);
+            insert(foundFile(i - 1));
+        }
+    }
+}
+
+void SlideList::insertAll(const QList<FoundFile>& files) {
+    const QPointer<SlideList> self = this;
+    for (const FoundFile& file : files) {
+        if (!self || stopped_) {
+            return;
+        }
+        insert(file);
+    }
+}
+
+void SlideList::AddAll() {
+    const QList<FoundFile> files = folderFiles();
+    press(
+        addAll_, files, [this] { runAddAll([this] { addFolder(); }); },
+        [this, files] { runAddAll([this, &files] { insertAll(files); }); });
+}
+
+void SlideList::runAddAll(const std::function<void()>& insertFiles) {
+    settle();
+    hideSlides();
+    c_.prgBARSLIDES->setValue(0);
+    c_.prgBARSLIDES->setVisible(true);
+    setScreenPointer(ScreenPointer::Hourglass);
+    const QPointer<SlideList> self = this;
+    beginBatch();
+    insertFiles();
+    if (!self) {
+        setScreenPointer(ScreenPointer::Default);
+        return;
+    }
+    endBatch();
+    c_.prgBARSLIDES->setVisible(false);
+    setScreenPointer(ScreenPointer::Default);
+    FoundButtonsCheck();
+    SelectChk();
+    c_.lvwFOUND->setVisible(true);
+    markModified();
+    showSlides();
+}
+
+/// From the last file to the first: each goes in at position 1, which leaves them in folder order.
+void SlideList::addFolder() {
+    const QPointer<SlideList> self = this;
+    for (int i = c_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
+        c_.prgBARSLIDES->setMax(c_.flbFOUND->ListCount());
+        c_.prgBARSLIDES->setValue(c_.flbFOUND->ListCount() - i);
+        expectAbove(i);
+        insert(foundFile(i));
+    }
+}
+
+}  // namespace velorama
