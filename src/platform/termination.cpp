@@ -16,9 +16,11 @@ constexpr std::array<int, 3> requests = {SIGTERM, SIGINT, SIGHUP};
 
 // A signal handler may do little more than write a byte.
 int writeEnd = -1;
+volatile std::sig_atomic_t isRequested = 0;
 
 void onSignal(int) {
     const int before = errno;
+    isRequested = 1;
     const char byte = 1;
     const ssize_t written = ::write(writeEnd, &byte, 1);
     static_cast<void>(written);
@@ -36,6 +38,10 @@ void handleAll(void (*handler)(int)) {
 
 }  // namespace
 
+bool isTerminationRequested() {
+    return isRequested != 0;
+}
+
 class TerminationWatch::Private {
 public:
     explicit Private(std::function<void()> onRequest) : onRequest_(std::move(onRequest)) {
@@ -51,6 +57,7 @@ public:
 
     ~Private() {
         handleAll(SIG_DFL);
+        isRequested = 0;
         writeEnd = -1;
         notifier_.reset();
         for (const int end : ends_) {
@@ -69,6 +76,7 @@ private:
         if (::read(ends_[0], &byte, 1) != 1) {
             return;
         }
+        isRequested = 0;
         ++running_;
         onRequest_();
         // Carried out and still here: the user has refused, and the next one is a first again.

@@ -5,8 +5,8 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "core/show_colours.h"
-#include "platform/events.h"
 #include "platform/numbers.h"
+#include "player/running.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -15,7 +15,6 @@
 #include <QToolTip>
 
 #include <limits>
-#include <utility>
 
 namespace velorama {
 namespace {
@@ -38,23 +37,6 @@ QString configured(const QString& name, const QString& fallback) {
 }
 
 }  // namespace
-
-/// Marks that a procedure of the form is running, for as long as it lives: events that run inside
-/// may unload the form, which must then outlive the procedure.
-class frmSLIDESHOW::Running {
-public:
-    explicit Running(frmSLIDESHOW& form) : form_(form) { ++form_.running_; }
-    ~Running() {
-        if (--form_.running_ == 0 && form_.unloaded_) {
-            form_.deleteLater();
-        }
-    }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-private:
-    frmSLIDESHOW& form_;
-};
 
 frmSLIDESHOW::frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver)
     : picBORDERFRAME(this),
@@ -141,22 +123,23 @@ void frmSLIDESHOW::load(QScreen* screen) {
     readIntervals();
     picPREVIEW.hide();
     slides.begin();
-    opened_ = true;
     restartPeriod();
     Paused = false;
     slides.wrapAfterTick();
     host_.setVisible(false);
     QToolTip::hideText();  // that of the button which has started the show
     activateWindow();
-    Form_KeyDown(KeyRight, 0);
+    takeArrows({ShowStep::Right});
     if (unloaded_) {
         return;
     }
     Paused = false;
-    screenSaver_.inhibit();
+    keepAwake(true);
     copyMusic(true);
     picCONTROLBAR.prgPLAY.setVisible(!picCONTROLBAR.lblPLAYING.Caption().isEmpty());
     picCONTROLBAR.applyAutoHide();
+    loaded_ = true;
+    takeSteps();
 }
 
 void frmSLIDESHOW::Unload() {
@@ -168,7 +151,7 @@ void frmSLIDESHOW::Unload() {
     tmrSLIDESHOW.stop();
     tmrFADETRANS.stop();
     tmrMUSIC.stop();
-    screenSaver_.release();
+    keepAwake(false);
     host_.setVisible(true);
     hide();
 }
@@ -200,15 +183,9 @@ void frmSLIDESHOW::restartPeriod() {
 }
 
 void frmSLIDESHOW::tmrSLIDESHOW_Timer() {
-    if (Paused || unloaded_) {
-        return;
+    if (!Paused && !unloaded_) {
+        ask(ShowStep::Tick);
     }
-    const Running running(*this);
-    slides.advanceByTick();
-    showSlide(Advance::Tick);
-    slides.wrapAfterTick();
-    lookAhead();
-    DoEvents();
 }
 
 void frmSLIDESHOW::tmrFADETRANS_Timer() {
@@ -226,88 +203,20 @@ void frmSLIDESHOW::Form_KeyDown(int KeyCode, int) {
     if (unloaded_) {
         return;
     }
-    const Running running(*this);
-    tmrFADETRANS.stop();
-    if (KeyCode != KeyRight && KeyCode != KeyLeft) {
-        Unload();
-        return;
-    }
-    if (!opened_) {
-        return;
-    }
-    SlideSequence::Step step{};
-    do {
-        restartPeriod();
-        step = KeyCode == KeyRight ? slides.stepRight() : slides.stepLeft();
-    } while (step == SlideSequence::Step::Missing);
-    if (step == SlideSequence::Step::End) {
-        return;
-    }
-    showSlide(KeyCode == KeyRight ? Advance::Right : Advance::Left);
-    if (KeyCode == KeyLeft && slides.SlideIndex > slides.SlideCount) {
-        slides.SlideIndex = 0;
-    }
-    lookAhead();
-}
-
-void frmSLIDESHOW::showSlide(Advance way) {
-    // The area is placed twice on the way to a slide; the eye sees the end of it only.
-    const HeldGeometry area(picPREVIEW);
-    if (!isModernSystem()) {
-        showOnOldSystem(way);
+    if (KeyCode == KeyRight || KeyCode == KeyLeft) {
+        ask(KeyCode == KeyRight ? ShowStep::Right : ShowStep::Left);
     } else {
-        fade_.LoadFadeSource(slides.SlidePath);
-        ResizePic();
-        if (way == Advance::Tick) {
-            fitting_.CenterPreview();
-        }
-    }
-    SlideCaption = CaptionFromPath(slides.SlidePath);
-    ShowStatusLabels();
-    if (isModernSystem() && way != Advance::Tick) {
-        fitting_.CenterPreview();
-    }
-    if (unloaded_) {
-        // A key pressed meanwhile has ended the show: no timer may run on.
         tmrFADETRANS.stop();
-        tmrSLIDESHOW.stop();
+        Unload();
     }
-}
-
-void frmSLIDESHOW::showOnOldSystem(Advance way) {
-    if (way != Advance::Left) {
-        imgPREVIEW98.hide();
-        picPREVIEW.hide();
-    }
-    if (way != Advance::Tick) {
-        fade_.loadUnscaled(slides.SlidePath);
-    }
-    fitting_.setOldArea();
-    if (way == Advance::Tick) {
-        fade_.loadUnscaled(slides.SlidePath);
-    }
-    fitting_.shapeOldArea(picSLIDERESIZE.scaleSize());
-    if (way == Advance::Tick || way == Advance::Left) {
-        picPREVIEW.setPicture({});
-        setWidth(imgPREVIEW98, Width(picPREVIEW));
-        setHeight(imgPREVIEW98, Height(picPREVIEW));
-    }
-    imgPREVIEW98.setPicture(picSLIDERESIZE.Image());
-    ResizePic();
 }
 
 void frmSLIDESHOW::ShowStatusLabels() {
     picCONTROLBAR.lblDESC.setCaption(SlideCaption);
-    picCONTROLBAR.lblNOCOUNT.setCaption(decimalText(slides.SlideIndex) + QStringLiteral(" of ") +
+    picCONTROLBAR.lblNOCOUNT.setCaption(decimalText(shownNumber_) + QStringLiteral(" of ") +
                                         decimalText(slides.SlideCount));
     picCONTROLBAR.lblSTATUS.setCaption(Paused ? QStringLiteral("Slideshow Now Paused") : QString());
     picCONTROLBAR.lblPLAYING.setCaption(gFileFoldr->FileNameFromPath(host_.track(), true));
-}
-
-void frmSLIDESHOW::lookAhead() {
-    if (!unloaded_ && isModernSystem()) {
-        pictures_.expect({slides.upcoming()}, Fit::area(fade_.areaSize()));
-    }
 }
 
 void frmSLIDESHOW::ResizePic() {
@@ -348,18 +257,38 @@ void frmSLIDESHOW::Form_MouseUp() {
     if (unloaded_) {
         return;
     }
+    if (loaded_) {
+        togglePause();
+    } else {
+        // The load ends with a show that runs: only then is there something to pause.
+        steps_.add(ShowStep::Pause);
+    }
+}
+
+void frmSLIDESHOW::togglePause() {
     if (Paused) {
         host_.AudioPlay();
-        screenSaver_.inhibit();
         restartPeriod();
     } else {
         host_.AudioPause();
-        screenSaver_.release();
     }
     Paused = !Paused;
+    keepAwake(!Paused);
     copyMusic(true);
     ShowStatusLabels();
     picCONTROLBAR.showPaused(Paused);
+}
+
+void frmSLIDESHOW::keepAwake(bool awake) {
+    if (awake_ == awake) {
+        return;
+    }
+    awake_ = awake;
+    if (awake) {
+        screenSaver_.inhibit();
+    } else {
+        screenSaver_.release();
+    }
 }
 
 void frmSLIDESHOW::Form_MouseMove(float y) {
@@ -371,41 +300,7 @@ void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
     if (event->isAutoRepeat() && !arrow) {
         return;  // The key that started the show, still held down, must not end it.
     }
-    if (arrow) {
-        pressArrow(keyCode(*event));
-    } else {
-        Form_KeyDown(keyCode(*event), shiftMask(event->modifiers()));
-    }
-}
-
-// A held arrow comes faster than large pictures load. Steps inside steps would each hold their
-// pictures, so the arrows that come meanwhile wait; of those that have piled up only the last one's
-// slide is shown, the others move the number on.
-void frmSLIDESHOW::pressArrow(int KeyCode) {
-    waiting_.append(KeyCode);
-    if (stepping_) {
-        return;
-    }
-    const Running running(*this);
-    stepping_ = true;
-    while (!waiting_.isEmpty() && !unloaded_) {
-        const QList<int> keys = std::exchange(waiting_, {});
-        for (qsizetype i = 0; i + 1 < keys.size(); ++i) {
-            step(keys.at(i));
-        }
-        Form_KeyDown(keys.last(), 0);
-    }
-    waiting_.clear();
-    stepping_ = false;
-}
-
-// The way of an arrow to its slide, without showing it.
-void frmSLIDESHOW::step(int KeyCode) {
-    if (opened_) {
-        while ((KeyCode == KeyRight ? slides.stepRight() : slides.stepLeft()) ==
-               SlideSequence::Step::Missing) {
-        }
-    }
+    Form_KeyDown(keyCode(*event), shiftMask(event->modifiers()));
 }
 
 // A click on the bare background does nothing.

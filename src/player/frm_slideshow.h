@@ -8,6 +8,7 @@
 #include "player/fade_transition.h"
 #include "player/slide_fitting.h"
 #include "player/slide_sequence.h"
+#include "player/step_queue.h"
 
 #include <QTimer>
 
@@ -39,6 +40,10 @@ public:
 
 /// The full-screen show. It is made on the heap, opened with `load`, and deletes itself once it has
 /// been unloaded and none of its procedures is running.
+///
+/// A step to another slide yields while it loads. Ticks, arrows and the load go through one queue
+/// and are taken one at a time, so that picture, caption and counter are of one slide when the
+/// queue is empty. Leaving the show and, once it is loaded, the pause act at once.
 class frmSLIDESHOW : public QWidget {
     Q_OBJECT
 public:
@@ -90,19 +95,25 @@ protected:
 
 private:
     class Running;
-    enum class Advance { Tick, Right, Left };
-
     void designControls();
     void readIntervals();
     void paintBackground();
-    void showSlide(Advance way);
-    void showOnOldSystem(Advance way);
     void ShowStatusLabels();
-    void pressArrow(int KeyCode);
-    void step(int KeyCode);
+    void togglePause();
+    void keepAwake(bool awake);
+
+    // frm_slideshow_steps.cpp
+    void ask(ShowStep step);
+    void takeSteps();
+    void take(const QList<ShowStep>& steps);
+    void takeTick();
+    void takeArrows(const QList<ShowStep>& arrows);
+    void showSlide(ShowStep way, const Slide& slide);
+    void showOnOldSystem(ShowStep way, const QString& path);
+    void lookAhead();
+
     void copyMusic(bool always);
     void connectBar();
-    void lookAhead();
     void restartPeriod();
 
     ShowHost& host_;
@@ -112,11 +123,13 @@ private:
     FadeTransition fade_;
     QImage background_;
     int running_ = 0;
-    /// Arrows pressed while a step of an arrow runs, oldest first.
-    QList<int> waiting_;
-    bool stepping_ = false;
-    /// The list has been read: the arrows have somewhere to go.
-    bool opened_ = false;
+    StepQueue steps_;
+    /// A step is being taken, or the load has not come to the first one.
+    bool stepping_ = true;
+    bool loaded_ = false;
+    bool awake_ = false;
+    /// Number of the slide whose caption is shown.
+    qint32 shownNumber_ = 0;
     bool unloaded_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/events.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include "platform/termination.h"
 
 #include <algorithm>
 
@@ -18,7 +19,87 @@ QString withoutEnding(const QString& name, qsizetype length) {
     return length < 0 ? name : name.left(length);
 }
 
-QString captionOf(const QString& SlidePath) {
+}  // namespace
+
+void SlideSequence::begin() {
+    const QString count = loadSetting(QStringLiteral("\\frmSLIDESHOW\\Items"),
+                                      QStringLiteral("Items"), QStringLiteral("0"));
+    SlideCount = wholeNumber(count).value_or(0);
+    SlideIndex = 0;
+}
+
+QString SlideSequence::pathOf(qint32 index) const {
+    return loadSetting(QStringLiteral("\\frmSLIDESHOW\\Selection"), decimalText(index), QString());
+}
+
+bool SlideSequence::goTo(qint32 index) {
+    const QString text = pathOf(index);
+    metNoText_ = metNoText_ || text.isEmpty();
+    SlideIndex = index;
+    SlidePath = text.isEmpty() ? QStringLiteral("1") : text;
+    return gLibrary->FileExists(SlidePath);
+}
+
+SlideSequence::Way SlideSequence::goRound(qint32 (SlideSequence::*next)() const) {
+    metNoText_ = false;
+    for (qint32 tries = 0; !isTerminationRequested(); tries = std::min(tries + 1, SlideCount)) {
+        if (metNoText_ && SlideCount > 0 && tries == SlideCount) {
+            return Way::End;
+        }
+        if (goTo((this->*next)())) {
+            return Way::Found;
+        }
+    }
+    return Way::GivenUp;
+}
+
+qint32 SlideSequence::nextToTheRight() const {
+    return SlideIndex >= SlideCount ? 1 : SlideIndex + 1;
+}
+
+qint32 SlideSequence::nextToTheLeft() const {
+    return SlideIndex <= 1 ? SlideCount : SlideIndex - 1;
+}
+
+SlideSequence::Way SlideSequence::advanceByTick() {
+    return goRound(&SlideSequence::nextToTheRight);
+}
+
+void SlideSequence::wrapAfterTick() {
+    if (SlideIndex >= SlideCount) {
+        SlideIndex = 0;
+    }
+}
+
+SlideSequence::Way SlideSequence::goRight() {
+    while (!isTerminationRequested()) {
+        if (goTo(nextToTheRight())) {
+            return Way::Found;
+        }
+        if (SlideCount == 1 || SlideIndex == SlideCount) {
+            return Way::End;
+        }
+    }
+    return Way::GivenUp;
+}
+
+SlideSequence::Way SlideSequence::goLeft() {
+    return goRound(&SlideSequence::nextToTheLeft);
+}
+
+QString SlideSequence::upcoming() const {
+    qint32 index = SlideIndex;
+    for (qint32 tries = 0; tries < std::min(SlideCount, lookAheadTries); ++tries) {
+        index = index > SlideCount - 1 ? 1 : index + 1;
+        const QString path = pathOf(index);
+        if (gLibrary->FileExists(path)) {
+            return path;
+        }
+    }
+    return {};
+}
+
+QString CaptionFromPath(const QString& SlidePath) {
     QString SlideCaption = SlidePath;
     const QChar separator = pathSeparator(SlidePath);
     const qsizetype length = SlidePath.size();
@@ -37,76 +118,6 @@ QString captionOf(const QString& SlidePath) {
         }
         DoEvents();
     }
-    return SlideCaption;
-}
-
-}  // namespace
-
-void SlideSequence::begin() {
-    const QString count = loadSetting(QStringLiteral("\\frmSLIDESHOW\\Items"),
-                                      QStringLiteral("Items"), QStringLiteral("0"));
-    SlideCount = wholeNumber(count).value_or(0);
-    SlideIndex = 0;
-}
-
-QString SlideSequence::pathOf(qint32 index) const {
-    return loadSetting(QStringLiteral("\\frmSLIDESHOW\\Selection"), decimalText(index),
-                       QStringLiteral("1"));
-}
-
-bool SlideSequence::currentExists() const {
-    return gLibrary->FileExists(SlidePath);
-}
-
-void SlideSequence::advanceByTick() {
-    do {
-        wrapAfterTick();
-        ++SlideIndex;
-        SlidePath = pathOf(SlideIndex);
-    } while (!currentExists());
-}
-
-void SlideSequence::wrapAfterTick() {
-    if (SlideIndex >= SlideCount) {
-        SlideIndex = 0;
-    }
-}
-
-SlideSequence::Step SlideSequence::stepRight() {
-    SlideIndex = SlideIndex >= SlideCount ? 1 : SlideIndex + 1;
-    SlidePath = pathOf(SlideIndex);
-    if (currentExists()) {
-        return Step::Found;
-    }
-    return SlideCount == 1 || SlideIndex == SlideCount ? Step::End : Step::Missing;
-}
-
-SlideSequence::Step SlideSequence::stepLeft() {
-    SlideIndex = SlideIndex <= 1 ? SlideCount : SlideIndex - 1;
-    SlidePath = pathOf(SlideIndex);
-    return currentExists() ? Step::Found : Step::Missing;
-}
-
-QString SlideSequence::upcoming() const {
-    qint32 index = SlideIndex;
-    for (qint32 tries = 0; tries < std::min(SlideCount, lookAheadTries); ++tries) {
-        index = index > SlideCount - 1 ? 1 : index + 1;
-        const QString path = pathOf(index);
-        if (gLibrary->FileExists(path)) {
-            return path;
-        }
-    }
-    return {};
-}
-
-QString CaptionFromPath(const QString& SlidePath) {
-    QString path;
-    QString SlideCaption;
-    do {
-        // An advance that runs at a yield gives the path another text: then that one counts.
-        path = SlidePath;
-        SlideCaption = captionOf(path);
-    } while (path != SlidePath);
     return SlideCaption;
 }
 

@@ -4,6 +4,12 @@
 
 namespace velorama {
 
+struct Slide {
+    /// From 1.
+    qint32 number = 0;
+    QString path;
+};
+
 /// Which slide is on show. The list lives in the settings store and is read there slide by slide.
 class SlideSequence {
 public:
@@ -11,29 +17,43 @@ public:
     qint32 SlideIndex = 0;
     qint32 SlideCount = 0;
     QString SlidePath;
+    Slide current() const { return {SlideIndex, SlidePath}; }
 
     /// Reads the number of slides and begins before the first.
     void begin();
 
-    /// The next slide whose file exists, for ever round. Does not return while no file exists.
-    void advanceByTick();
+    /// What a way to another slide has come to: a slide whose file exists; its end, no slide having
+    /// been found; the system's request to end the program, heard on a way over missing files that
+    /// has no end of its own.
+    enum class Way { Found, End, GivenUp };
+
+    /// The next slide whose file exists, for ever round. Without any it goes round until one is
+    /// there or it is GivenUp; a list of which the settings give not even the paths back, as they
+    /// do not for very long ones, comes to an End after a round.
+    Way advanceByTick();
     /// What follows showing a slide by a tick: after the last slide the number is 0.
     void wrapAfterTick();
 
-    /// One step of the key Right: false if the list has ended on a missing file, SlidePath then
-    /// being that file.
-    enum class Step { Found, Missing, End };
-    Step stepRight();
-    /// One step of the key Left; never ends the list.
-    Step stepLeft();
+    /// The way of the key Right; at the End SlidePath is the missing file.
+    Way goRight();
+    /// The way of the key Left: round as the tick's.
+    Way goLeft();
 
     /// Path of the slide that a tick would show next, missing files skipped; empty if there is
     /// none.
     QString upcoming() const;
 
 private:
+    /// Empty if the settings give no text.
     QString pathOf(qint32 index) const;
-    bool currentExists() const;
+    /// True if there is a file at the number.
+    bool goTo(qint32 index);
+    Way goRound(qint32 (SlideSequence::*next)() const);
+    qint32 nextToTheRight() const;
+    qint32 nextToTheLeft() const;
+
+    /// A number without a text has been met on the way.
+    bool metNoText_ = false;
 };
 
 /// Caption of a slide: its file name without an ending of three or four letters; any other name

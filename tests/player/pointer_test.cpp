@@ -93,14 +93,15 @@ TEST_F(Pause, ResumingInAFadeLetsItFinish) {
     EXPECT_EQ(show.fade().FadeAlpha, 50);
 }
 
-TEST_F(Pause, AfterTheLastSlideOfATickTheCounterIsWrittenFromTheNumberAsItStands) {
+TEST_F(Pause, AfterTheLastSlideOfATickTheCounterStillNamesTheSlideOnShow) {
     makeSlides(2);
     frmSLIDESHOW& show = open();
     show.tmrSLIDESHOW_Timer();
     ASSERT_EQ(counter(show), "2 of 2");
     show.Form_MouseUp();
-    EXPECT_EQ(counter(show), "0 of 2");
+    EXPECT_EQ(counter(show), "2 of 2");
     EXPECT_EQ(caption(show), "b");
+    EXPECT_EQ(show.slides.SlideIndex, 0);
 }
 
 class ClickOn : public PlayerTest {

@@ -1,9 +1,12 @@
 #include "core/globals.h"
+#include "platform/termination.h"
 #include "player/player_world.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+
+#include <csignal>
 
 namespace velorama::test {
 namespace {
@@ -189,6 +192,29 @@ TEST_F(Show, AnEmptyFileIsAnUnreadableOne) {
     EXPECT_EQ(middle(show.picPREVIEW.Image()), QColor(Qt::red).rgb());
 }
 
+TEST_F(Show, PathsThatTheSettingsCannotGiveBackLeaveAShowThatCanBeLeft) {
+    const QString longest = folder + QLatin1Char('/') + QString(300, QLatin1Char('n'));
+    setSlides({longest + QStringLiteral("1.bmp"), longest + QStringLiteral("2.bmp")});
+    frmSLIDESHOW& show = open();
+    show.tmrSLIDESHOW_Timer();
+    show.Form_KeyDown(KeyLeft, 0);
+    show.Form_KeyDown(KeyRight, 0);
+    EXPECT_EQ(counter(show), "0 of 0");
+    show.Form_KeyDown(KeyEscape, 0);
+    EXPECT_TRUE(show.isUnloaded());
+}
+
+TEST_F(Show, APathThatTheSettingsCannotGiveBackIsPassedOver) {
+    const QString longest = folder + QLatin1Char('/') + QString(300, QLatin1Char('n'));
+    setSlides({picture("a.bmp", Qt::red), longest, picture("c.bmp", Qt::blue)});
+    frmSLIDESHOW& show = open();
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(counter(show), "3 of 3");
+    show.Form_KeyDown(KeyLeft, 0);
+    show.Form_KeyDown(KeyLeft, 0);
+    EXPECT_EQ(counter(show), "1 of 3");
+}
+
 /// The one missing slide appears in the midst of an endless search: the search ends on it. Before,
 /// it has gone round a thousand times and let no event run.
 class EndlessSearch : public PlayerTest {
@@ -208,6 +234,38 @@ protected:
     }
     bool eventRan_ = false;
 };
+
+TEST_F(EndlessSearch, TheSystemsRequestToEndIsHeardInIt) {
+    const QStringList paths = makeSlides(3);
+    const std::vector<std::function<void(frmSLIDESHOW&)>> ways = {
+        [](frmSLIDESHOW& show) { show.tmrSLIDESHOW_Timer(); },
+        [](frmSLIDESHOW& show) { show.Form_KeyDown(KeyLeft, 0); }};
+    for (const auto& way : ways) {
+        makeSlides(3);
+        open();
+        for (const QString& path : paths) {
+            ASSERT_TRUE(QFile::remove(path));
+        }
+        int requests = 0;
+        {
+            const TerminationWatch watch([&requests] { ++requests; });
+            store.onSlideRead = [first = store.slideReads](int now) {
+                if (now - first == 1000) {
+                    ::raise(SIGTERM);
+                }
+            };
+            way(*form);
+            EXPECT_TRUE(form->isUnloaded());
+            EXPECT_EQ(requests, 0);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(requests, 1);
+            EXPECT_FALSE(isTerminationRequested());
+        }
+        store.onSlideRead = {};
+        endShow();
+        EXPECT_TRUE(host.visibilities.last());
+    }
+}
 
 TEST_F(EndlessSearch, TickWithEveryFileMissingGoesOnUntilOneIsThere) {
     const QStringList paths = makeSlides(3);

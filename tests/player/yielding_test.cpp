@@ -18,22 +18,22 @@ protected:
     /// first, second ... last yield, and `check` after it if the show is there still.
     void atEveryYield(const Step& step, const Step& inside, const Step& check) {
         makeSlides(5);
-        int yields = 1;
-        for (int yield = 1; yield <= yields; ++yield) {
+        int yield = 1;
+        for (bool isReached = true; isReached; ++yield) {
             SCOPED_TRACE(yield);
             open();
             {
                 const AtYield watch(yield, [this, &inside] { inside(*form); });
                 step(*form);
-                yields = std::max(yields, yield == 1 ? watch.yields() : yields);
+                isReached = watch.yields() >= yield;
             }
-            if (form) {
+            if (form && isReached) {
                 check(*form);
             }
             endShow();
             ASSERT_TRUE(host.visibilities.last());
         }
-        EXPECT_GT(yields, 8) << "it does not yield where it should";
+        EXPECT_GT(yield, 10) << "it does not yield where it should";
     }
 
     static void tick(frmSLIDESHOW& show) { show.tmrSLIDESHOW_Timer(); }
@@ -91,19 +91,45 @@ TEST_F(Yielding, APauseInsideATickIsToldByItsStatus) {
     });
 }
 
-TEST_F(Yielding, APauseInsideTheLoadEndsWithIt) {
+TEST_F(Yielding, APauseInsideTheLoadWaitsForItsEnd) {
     makeSlides(2);
-    form = new frmSLIDESHOW(host, screenSaver);
-    bool paused = false;
-    {
-        const AtYield watch(6, [&] {
-            form->Form_MouseUp();
-            paused = form->Paused;
-        });
-        form->load(QGuiApplication::primaryScreen());
+    for (const bool resumes : {false, true}) {
+        form = new frmSLIDESHOW(host, screenSaver);
+        host.music.clear();
+        screenSaver.inhibited = screenSaver.released = 0;
+        {
+            const AtYield watch(6, [&] {
+                form->Form_MouseUp();
+                if (resumes) {
+                    form->Form_MouseUp();
+                }
+                EXPECT_FALSE(form->Paused);
+            });
+            form->load(QGuiApplication::primaryScreen());
+        }
+        EXPECT_EQ(form->Paused, !resumes);
+        EXPECT_EQ(status(*form), resumes ? "" : pausedText);
+        EXPECT_EQ(counter(*form), "1 of 2");
+        const QStringList heard = {QStringLiteral("play"), QStringLiteral("pause"),
+                                   QStringLiteral("play")};
+        EXPECT_EQ(host.music, heard.first(resumes ? 3 : 2));
+        EXPECT_EQ(screenSaver.inhibited - screenSaver.released, resumes ? 1 : 0);
+        endShow();
+        EXPECT_EQ(screenSaver.inhibited, screenSaver.released);
     }
-    EXPECT_TRUE(paused);
-    EXPECT_FALSE(form->Paused);
+}
+
+TEST_F(Yielding, TwoPausesInAStepHoldTheScreenAwakeOnce) {
+    atEveryYield(
+        right,
+        [](frmSLIDESHOW& show) {
+            pause(show);
+            pause(show);
+        },
+        [this](frmSLIDESHOW& show) {
+            EXPECT_FALSE(show.Paused);
+            EXPECT_EQ(screenSaver.inhibited - screenSaver.released, 1);
+        });
 }
 
 TEST_F(Yielding, AResumeInsideAKeyClearsTheStatus) {
@@ -132,6 +158,88 @@ TEST_F(Yielding, ATickInsideAKeyHasTheLastWord) {
         EXPECT_EQ(counter(show), "3 of 5");
         EXPECT_EQ(caption(show), "c");
     });
+}
+
+/// The slide on the screen once its fade has ended.
+constexpr auto fadedMiddle = [](frmSLIDESHOW& show) {
+    while (show.tmrFADETRANS.isActive()) {
+        show.tmrFADETRANS_Timer();
+    }
+    return middle(show.picPREVIEW.Image());
+};
+
+TEST_F(Yielding, AnArrowInsideTheLoadFollowsIt) {
+    makeSlides(3);
+    bool isReached = true;
+    for (int yield = 1; isReached; ++yield) {
+        SCOPED_TRACE(yield);
+        form = new frmSLIDESHOW(host, screenSaver);
+        {
+            const AtYield watch(yield, [this] { right(*form); });
+            form->load(QGuiApplication::primaryScreen());
+            isReached = watch.yields() >= yield;
+        }
+        EXPECT_EQ(counter(*form), isReached ? "2 of 3" : "1 of 3");
+        EXPECT_EQ(caption(*form), isReached ? "b" : "a");
+        EXPECT_EQ(fadedMiddle(*form), slideColour(isReached ? 2 : 1).rgb());
+        endShow();
+    }
+}
+
+TEST_F(Yielding, ButtonsPressedInAStepLeavePictureCaptionAndCounterOfOneSlide) {
+    atEveryYield([](frmSLIDESHOW& show) { show.picCONTROLBAR.btnNEXT.Click(); },
+                 [](frmSLIDESHOW& show) {
+                     show.picCONTROLBAR.btnNEXT.Click();
+                     show.picCONTROLBAR.btnNEXT.Click();
+                     tick(show);
+                     show.picCONTROLBAR.btnPREV.Click();
+                 },
+                 [](frmSLIDESHOW& show) {
+                     EXPECT_EQ(counter(show), "3 of 5");
+                     EXPECT_EQ(caption(show), "c");
+                     EXPECT_EQ(fadedMiddle(show), slideColour(3).rgb());
+                 });
+}
+
+TEST_F(Yielding, OfArrowsThatWaitTheLastSlideFoundIsShown) {
+    setSlides({picture("a.bmp", slideColour(1)), picture("b.bmp", slideColour(2)),
+               picture("c.bmp", slideColour(3)), missing("d.bmp")});
+    frmSLIDESHOW& show = open();
+    {
+        const AtYield watch(1, [&show] {
+            right(show);
+            right(show);
+        });
+        right(show);
+    }
+    EXPECT_EQ(show.slides.SlideIndex, 4);
+    EXPECT_EQ(counter(show), "3 of 4");
+    EXPECT_EQ(caption(show), "c");
+    EXPECT_EQ(fadedMiddle(show), slideColour(3).rgb());
+    show.Form_MouseUp();
+    EXPECT_EQ(counter(show), "3 of 4");
+}
+
+TEST_F(Yielding, AStepIsNeverTakenInsideAnother) {
+    makeSlides(5);
+    frmSLIDESHOW& show = open();
+    int pressed = 0;
+    bool yieldedInside = false;
+    {
+        const AtYield watch([&] {
+            if (++pressed > 50) {
+                return;
+            }
+            // Due at any yield of a step that is taken here and now.
+            QTimer inner;
+            QObject::connect(&inner, &QTimer::timeout, [&] { yieldedInside = true; });
+            inner.start(0);
+            pressed % 2 == 0 ? right(show) : tick(show);
+        });
+        right(show);
+    }
+    EXPECT_GT(pressed, 50);
+    EXPECT_FALSE(yieldedInside);
 }
 
 TEST_F(Yielding, TheCaptionFollowsTheSlideThatAnAdvanceInsideItsScanHasChosen) {

@@ -1,0 +1,33 @@
+#include "player/step_queue.h"
+
+#include <algorithm>
+
+namespace velorama {
+namespace {
+
+bool isArrow(ShowStep step) {
+    return step == ShowStep::Right || step == ShowStep::Left;
+}
+
+}  // namespace
+
+void StepQueue::add(ShowStep step) {
+    if (step == ShowStep::Tick && !steps_.isEmpty()) {
+        return;
+    }
+    if (isArrow(step)) {
+        steps_.removeAll(ShowStep::Tick);
+    }
+    steps_.append(step);
+}
+
+QList<ShowStep> StepQueue::takeNext() {
+    const auto rest = std::find_if_not(steps_.cbegin(), steps_.cend(), isArrow);
+    const qsizetype arrows = rest - steps_.cbegin();
+    const qsizetype count = std::min(std::max<qsizetype>(arrows, 1), steps_.size());
+    const QList<ShowStep> taken = steps_.first(count);
+    steps_.remove(0, count);
+    return taken;
+}
+
+}  // namespace velorama

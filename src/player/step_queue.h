@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QList>
+
+namespace velorama {
+
+/// What moves a show on: the tick of its timer, an arrow, and the button that pauses it.
+enum class ShowStep { Tick, Right, Left, Pause };
+
+/// The steps of a show that have been asked for and not been taken, oldest first. One is taken at a
+/// time: a step holds the pictures that it loads and leaves picture, caption and counter of one
+/// slide.
+class StepQueue {
+public:
+    /// A tick joins only an empty queue: an arrow begins a period of its own, and of two ticks that
+    /// wait the timer has run out once. An arrow takes the ticks before it away.
+    void add(ShowStep step);
+
+    bool isEmpty() const { return steps_.isEmpty(); }
+    void clear() { steps_.clear(); }
+
+    /// Takes the steps to carry out next: one tick, one pause, or all the arrows in front. Of
+    /// arrows that have piled up only the last slide is shown.
+    QList<ShowStep> takeNext();
+
+private:
+    QList<ShowStep> steps_;
+};
+
+}  // namespace velorama

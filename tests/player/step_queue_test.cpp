@@ -1,0 +1,56 @@
+#include "player/step_queue.h"
+
+#include <gtest/gtest.h>
+
+namespace velorama {
+namespace {
+
+using enum ShowStep;
+
+QList<QList<ShowStep>> batches(const QList<ShowStep>& steps) {
+    StepQueue queue;
+    for (const ShowStep step : steps) {
+        queue.add(step);
+    }
+    QList<QList<ShowStep>> all;
+    while (!queue.isEmpty()) {
+        all.append(queue.takeNext());
+    }
+    return all;
+}
+
+TEST(StepQueueTest, IsEmptyAtFirst) {
+    EXPECT_TRUE(batches({}).isEmpty());
+    EXPECT_TRUE(StepQueue().takeNext().isEmpty());
+}
+
+TEST(StepQueueTest, ArrowsThatPileUpAreTakenTogetherInTheirOrder) {
+    EXPECT_EQ(batches({Right, Left, Right}), (QList<QList<ShowStep>>{{Right, Left, Right}}));
+}
+
+TEST(StepQueueTest, TwoTicksAreOne) {
+    EXPECT_EQ(batches({Tick, Tick}), (QList<QList<ShowStep>>{{Tick}}));
+}
+
+TEST(StepQueueTest, AnArrowTakesTheTickBeforeItAway) {
+    EXPECT_EQ(batches({Tick, Right}), (QList<QList<ShowStep>>{{Right}}));
+}
+
+TEST(StepQueueTest, ATickBehindAnArrowIsNoTick) {
+    EXPECT_EQ(batches({Right, Tick}), (QList<QList<ShowStep>>{{Right}}));
+}
+
+TEST(StepQueueTest, APauseKeepsItsPlaceAmongTheArrows) {
+    EXPECT_EQ(batches({Right, Pause, Left, Left, Pause}),
+              (QList<QList<ShowStep>>{{Right}, {Pause}, {Left, Left}, {Pause}}));
+}
+
+TEST(StepQueueTest, ClearedItHoldsNothing) {
+    StepQueue queue;
+    queue.add(Left);
+    queue.clear();
+    EXPECT_TRUE(queue.isEmpty());
+}
+
+}  // namespace
+}  // namespace velorama
