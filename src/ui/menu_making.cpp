@@ -15,6 +15,8 @@ QAction* makeEntry(QMenu* top, const char* name, const char* caption, const char
     QAction* made = top->addAction(symbolIcon(QLatin1String(symbol)), QLatin1String(caption));
     made->setObjectName(QLatin1String(name));
     made->setShortcut(key);
+    // A key held down gives its command once: many a command takes longer than the keyboard waits.
+    made->setAutoRepeat(false);
     return made;
 }
 
