@@ -23,6 +23,17 @@ TEST(PackageChecks, Lintian) {
                  QStringLiteral("--fail-on"), QStringLiteral("error,warning"), package::file()});
 }
 
+TEST(PackageChecks, ProgramIsHardened) {
+    const Outcome outcome = command(
+        {QStringLiteral("hardening-check"), package::tree() + QStringLiteral("/usr/bin/velorama")});
+    for (const char* line : {"Position Independent Executable: yes", "Stack protected: yes",
+                             "Fortify Source functions: yes", "Read-only relocations: yes",
+                             "Immediate binding: yes"}) {
+        EXPECT_TRUE(outcome.output.contains(line))
+            << line << " in " << outcome.output.toStdString();
+    }
+}
+
 TEST(PackageChecks, DesktopEntry) {
     const Outcome outcome =
         command({QStringLiteral("desktop-file-validate"), share("applications/velorama.desktop")});
