@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <optional>
 #include <vector>
@@ -132,6 +133,40 @@ TEST_F(Holding, FoldersThatAreRushedThroughEndWithTheLast) {
     EXPECT_TRUE(page->waitForThumbnails(photographCount));
     expectBounded();
     EXPECT_EQ(page->close(), 0);
+}
+
+/// Processor time of the program so far, in ticks of the system.
+qint64 processorTicks(qint64 pid) {
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    // Behind the name, which may hold blanks: state, ten numbers, then user and system time.
+    const QByteArray line = stat.readAll();
+    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+    return fields.value(11).toLongLong() + fields.value(12).toLongLong();
+}
+
+TEST_F(Holding, TheSystemEndsAShowWhosePicturesHaveAllGone) {
+    // No step of a fade comes, so that only a search without an end is at work for long.
+    ASSERT_TRUE(setPace(store, QStringLiteral("1"), QStringLiteral("3600000")));
+    ASSERT_NO_FATAL_FAILURE(open());
+    page->press(AddAll);
+    ASSERT_TRUE(waitForSlides(store, all()));
+    ASSERT_NE(page->startShow(), 0U);
+    for (const QString& picture : all()) {
+        ASSERT_TRUE(QFile::remove(picture));
+    }
+    const qint64 pid = page->program().pid();
+    constexpr qint64 searching = 300;
+    ASSERT_TRUE(waitFor(
+        [pid, before = processorTicks(pid)] { return processorTicks(pid) - before > searching; }));
+    ASSERT_FALSE(store.setting(QStringLiteral("mfrmPRGMAIN\\View"), QStringLiteral("TABIDX")));
+    ASSERT_EQ(::kill(static_cast<pid_t>(pid), SIGTERM), 0);
+    // Back in the window, the slides of no album ask to be saved.
+    EXPECT_TRUE(page->answer(QStringLiteral("shift+n")));
+    EXPECT_EQ(page->program().waitForExit(), 0);
+    EXPECT_TRUE(store.setting(QStringLiteral("mfrmPRGMAIN\\View"), QStringLiteral("TABIDX")));
 }
 
 /// Each picture has a colour of its own, which tells the slide on the screen.
