@@ -25,15 +25,18 @@ QList<SlideList::FoundFile> SlideList::folderFiles() const {
 }
 
 /// Pressed inside itself the command follows later, with the files of its own press: the lists may
-/// show another folder by then. The files of the press before are being added already.
+/// show another folder by then. A press that repeats the one that waits is the same press.
 void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& now,
                       const std::function<void()>& later) {
     if (!batch.turn.isRunning()) {
-        batch.files = files;
         batch.turn.run(now);
-    } else if (batch.files != files) {
+    } else if (!batch.turn.isAwaited() || batch.files != files) {
         batch.files = files;
-        batch.turn.run(later);
+        batch.turn.run([this, later] {
+            if (!stopped_) {
+                later();
+            }
+        });
     }
 }
 

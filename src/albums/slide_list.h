@@ -118,7 +118,7 @@ private:
     void expectAbove(int index);
     void appendIfNew(QStringList& paths, int index) const;
 
-    /// Add or AddAll: its turn, and the files of its latest press.
+    /// Add or AddAll: its turn, and the files of the latest press that waits.
     struct Batch {
         CommandTurn turn;
         QList<FoundFile> files;

@@ -66,9 +66,12 @@ void savePicture(const QImage& picture, const QString& path) {
     closeToOthers(place.path());
     QSaveFile file(path);
     // On a full disk only the flush says so.
-    if (file.open(QIODevice::WriteOnly) &&
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && picture.save(&file, "BMP") &&
-        file.flush()) {
+    if (!file.open(QIODevice::WriteOnly)) {
+        return;
+    }
+    // A disk without such rights takes the picture all the same.
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    if (picture.save(&file, "BMP") && file.flush()) {
         file.commit();
     }
 }

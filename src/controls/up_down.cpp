@@ -139,7 +139,8 @@ void updown::showEvent(QShowEvent* event) {
 
 // A window that closes takes no focus away.
 bool updown::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == watched_ && event->type() == QEvent::Close) {
+    const bool isTouched = hasFocus() || lineEdit()->isModified() || !hasNumber();
+    if (watched == watched_ && event->type() == QEvent::Close && isTouched) {
         holdToBounds();
     }
     return QAbstractSpinBox::eventFilter(watched, event);

@@ -95,7 +95,8 @@ public:
     QColorSpace colourSpace();
     /// Chooses the scale of the decoding; false if the library gives up.
     bool setScale(int eighths);
-    /// Chooses the scale, or the next smaller one that memory suffices for: what it chose.
+    /// Chooses the scale, or the next smaller one that memory suffices for: what it chose; 0 if the
+    /// library gives up.
     int scaleWithin(int eighths, int bitmaps);
     /// Bytes that decoding takes, with so many bitmaps at a time.
     qint64 memory(int bitmaps);
@@ -201,10 +202,13 @@ qint64 JpegFile::memory(int bitmaps) {
 }
 
 int JpegFile::scaleWithin(int eighths, int bitmaps) {
-    while ((!setScale(eighths) || memory(bitmaps) > decodingMemory().largest()) && eighths > 1) {
+    while (setScale(eighths)) {
+        if (eighths == 1 || memory(bitmaps) <= decodingMemory().largest()) {
+            return eighths;
+        }
         eighths /= 2;
     }
-    return eighths;
+    return 0;
 }
 
 QImage JpegFile::decoded() {
@@ -304,6 +308,9 @@ Picture readJpeg(QByteArrayView bytes, const Fit& fit) {
     const QColorSpace space = file.colourSpace();
     const int bitmaps = orientation > 1 ? 2 : 1;
     const int eighths = file.scaleWithin(jpegEighths(shown, fit), bitmaps);
+    if (eighths == 0) {
+        return {};
+    }
     const MemoryShare share(decodingMemory(), file.memory(bitmaps));
     QImage bitmap = share ? file.decoded() : QImage();
     convertToSrgb(bitmap, space);

@@ -62,10 +62,11 @@ qsizetype endOfHead(const QByteArray& bytes, qsizetype from) {
 
 }  // namespace
 
-HttpExchange::HttpExchange(const QUrl& address, qint64 mostBytes, QObject* parent)
-    : QObject(parent),
-      socket_(isSecure(address) ? new QSslSocket(this) : new QTcpSocket(this)),
-      mostBytes_(mostBytes) {
+HttpExchange::HttpExchange(qint64 mostBytes, QObject* parent)
+    : QObject(parent), mostBytes_(mostBytes) {}
+
+void HttpExchange::start(const QUrl& address) {
+    socket_ = isSecure(address) ? new QSslSocket(this) : new QTcpSocket(this);
     socket_->setReadBufferSize(readAhead);
     connect(socket_, &QTcpSocket::readyRead, this, &HttpExchange::read);
     connect(socket_, &QTcpSocket::errorOccurred, this, &HttpExchange::closed);
@@ -73,8 +74,10 @@ HttpExchange::HttpExchange(const QUrl& address, qint64 mostBytes, QObject* paren
 }
 
 HttpExchange::~HttpExchange() {
-    socket_->disconnect(this);
-    socket_->abort();
+    if (socket_) {
+        socket_->disconnect(this);
+        socket_->abort();
+    }
 }
 
 void HttpExchange::connectTo(const QUrl& address) {

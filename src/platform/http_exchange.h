@@ -14,9 +14,13 @@ namespace velorama {
 class HttpExchange : public QObject {
     Q_OBJECT
 public:
-    /// Asks at once. A body is read no further than `mostBytes`.
-    HttpExchange(const QUrl& address, qint64 mostBytes, QObject* parent = nullptr);
+    /// A body is read no further than `mostBytes`.
+    explicit HttpExchange(qint64 mostBytes, QObject* parent = nullptr);
     ~HttpExchange() override;
+
+    /// Asks, once. It may have finished when this returns: an address without a way to it fails at
+    /// once.
+    void start(const QUrl& address);
 
     int status() const { return status_; }
     /// Of the first header of that name, which is given in small letters.
@@ -40,7 +44,7 @@ private:
     void closed();
     void finish(bool whole);
 
-    QTcpSocket* socket_;
+    QTcpSocket* socket_ = nullptr;
     qint64 mostBytes_;
 
     QByteArray head_;

@@ -51,9 +51,10 @@ HttpRequest::~HttpRequest() {
 void HttpRequest::ask(const QUrl& address) {
     delete exchange_;
     answer_.address = address;
-    exchange_ = new HttpExchange(address, limits_.bytes, this);
-    // A connection may fail while it is being asked for.
+    exchange_ = new HttpExchange(limits_.bytes, this);
+    // Queued, since it may fail before `start` returns: whoever asks cannot be told inside that.
     connect(exchange_, &HttpExchange::finished, this, &HttpRequest::take, Qt::QueuedConnection);
+    exchange_->start(address);
 }
 
 void HttpRequest::take(bool whole) {

@@ -145,7 +145,8 @@ QString placeHere(const QString& path) {
     }
     const qsizetype cut = path.lastIndexOf(separator, end - 1);
     const QString folder = path.left(std::max<qsizetype>(cut, 1));
-    if (cut < 0 || ExactNames::hold(path) || QFileInfo::exists(path) || QFileInfo(folder).isDir()) {
+    const bool isThere = separator == u'/' && QFileInfo(folder).isDir();
+    if (cut < 0 || ExactNames::hold(path) || QFileInfo::exists(path) || isThere) {
         return path;
     }
     return placeIn(walk(folder), path.sliced(cut + 1, end - cut - 1));

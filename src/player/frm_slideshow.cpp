@@ -269,6 +269,7 @@ void frmSLIDESHOW::togglePause() {
     if (Paused) {
         host_.AudioPlay();
         restartPeriod();
+        steps_.dropTicks();
     } else {
         host_.AudioPause();
     }

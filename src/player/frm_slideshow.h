@@ -105,6 +105,7 @@ private:
     // frm_slideshow_steps.cpp
     void ask(ShowStep step);
     void takeSteps();
+    void takeWaitingTick();
     void take(const QList<ShowStep>& steps);
     void takeTick();
     void takeArrows(const QList<ShowStep>& arrows);

@@ -16,13 +16,25 @@ void frmSLIDESHOW::ask(ShowStep step) {
     }
 }
 
+/// Takes what waits, and the arrows that are pressed meanwhile. A tick that has come meanwhile is
+/// for the event loop: with a period shorter than a slide's load they come without end.
 void frmSLIDESHOW::takeSteps() {
     const Running running(*this);
     stepping_ = true;
     while (!steps_.isEmpty() && !unloaded_) {
         take(steps_.takeNext());
+        if (steps_.isTickNext()) {
+            QTimer::singleShot(0, this, &frmSLIDESHOW::takeWaitingTick);
+            break;
+        }
     }
     stepping_ = false;
+}
+
+void frmSLIDESHOW::takeWaitingTick() {
+    if (!stepping_) {
+        takeSteps();
+    }
 }
 
 void frmSLIDESHOW::take(const QList<ShowStep>& steps) {

@@ -42,15 +42,15 @@ bool SlideSequence::goTo(qint32 index) {
 
 SlideSequence::Way SlideSequence::goRound(qint32 (SlideSequence::*next)() const) {
     metNoText_ = false;
-    for (qint32 tries = 0; !isTerminationRequested(); tries = std::min(tries + 1, SlideCount)) {
-        if (metNoText_ && SlideCount > 0 && tries == SlideCount) {
+    for (qint32 tries = 1; !goTo((this->*next)()); tries = std::min(tries + 1, SlideCount)) {
+        if (isTerminationRequested()) {
+            return Way::GivenUp;
+        }
+        if (metNoText_ && tries == SlideCount) {
             return Way::End;
         }
-        if (goTo((this->*next)())) {
-            return Way::Found;
-        }
     }
-    return Way::GivenUp;
+    return Way::Found;
 }
 
 qint32 SlideSequence::nextToTheRight() const {
@@ -72,15 +72,15 @@ void SlideSequence::wrapAfterTick() {
 }
 
 SlideSequence::Way SlideSequence::goRight() {
-    while (!isTerminationRequested()) {
-        if (goTo(nextToTheRight())) {
-            return Way::Found;
-        }
+    while (!goTo(nextToTheRight())) {
         if (SlideCount == 1 || SlideIndex == SlideCount) {
             return Way::End;
         }
+        if (isTerminationRequested()) {
+            return Way::GivenUp;
+        }
     }
-    return Way::GivenUp;
+    return Way::Found;
 }
 
 SlideSequence::Way SlideSequence::goLeft() {

@@ -28,7 +28,7 @@ public:
     enum class Way { Found, End, GivenUp };
 
     /// The next slide whose file exists, for ever round. Without any it goes round until one is
-    /// there or it is GivenUp; a list of which the settings give not even the paths back, as they
+    /// there or it is GivenUp; a list of which the settings do not give every path back, as they
     /// do not for very long ones, comes to an End after a round.
     Way advanceByTick();
     /// What follows showing a slide by a tick: after the last slide the number is 0.

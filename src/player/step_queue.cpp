@@ -16,7 +16,7 @@ void StepQueue::add(ShowStep step) {
         return;
     }
     if (isArrow(step)) {
-        steps_.removeAll(ShowStep::Tick);
+        dropTicks();
     }
     steps_.append(step);
 }

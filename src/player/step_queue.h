@@ -16,8 +16,11 @@ public:
     /// wait the timer has run out once. An arrow takes the ticks before it away.
     void add(ShowStep step);
 
+    /// A period begins anew: the tick that waits was of the one before.
+    void dropTicks() { steps_.removeAll(ShowStep::Tick); }
+
     bool isEmpty() const { return steps_.isEmpty(); }
-    void clear() { steps_.clear(); }
+    bool isTickNext() const { return !isEmpty() && steps_.first() == ShowStep::Tick; }
 
     /// Takes the steps to carry out next: one tick, one pause, or all the arrows in front. Of
     /// arrows that have piled up only the last slide is shown.

@@ -33,30 +33,39 @@ public:
     QHash<QString, QString> store;
     bool isAdding = false;
     bool isAddingAll = false;
+    bool addsAgain = false;
+    bool addsAllAgain = false;
     /// Runs where events would be let run.
     std::function<void()> onYield;
     /// Runs after an image was added.
     std::function<void()> onImage;
 
-    /// Neither is begun inside itself: the files that it would add are being added.
+    /// Neither is begun inside itself: it follows.
     void Add() {
-        if (std::exchange(isAdding, true)) {
-            return;
-        }
-        const std::vector<int> chosen = rows;
-        for (const int row : chosen) {
-            insert(row - 1);
-        }
-        isAdding = false;
+        takeTurn(isAdding, addsAgain, [this] {
+            const std::vector<int> chosen = rows;
+            for (const int row : chosen) {
+                insert(row - 1);
+            }
+        });
     }
     void AddAll() {
-        if (std::exchange(isAddingAll, true)) {
+        takeTurn(isAddingAll, addsAllAgain, [this] {
+            for (int i = static_cast<int>(files.size()); i >= 0; --i) {
+                insert(i);
+            }
+        });
+    }
+    static void takeTurn(bool& isRunning, bool& again, const std::function<void()>& command) {
+        again = isRunning;
+        if (std::exchange(isRunning, true)) {
             return;
         }
-        for (int i = static_cast<int>(files.size()); i >= 0; --i) {
-            insert(i);
-        }
-        isAddingAll = false;
+        do {
+            again = false;
+            command();
+        } while (again);
+        isRunning = false;
     }
     void Clear() {
         store[QStringLiteral("Items")] = QString::number(slides.size());

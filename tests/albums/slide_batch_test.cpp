@@ -439,6 +439,26 @@ TEST_F(SlideBatchTest, addPressedForOtherFilesFollowsWithThem) {
     EXPECT_EQ(added, expected);
 }
 
+TEST_F(SlideBatchTest, addAllPressedAgainAfterARemovalInsideBringsEverythingBack) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+    bool removed = false;
+    QObject::connect(&imlTHUMBNAILS, &ImageList::changed, list.get(), [&] {
+        if (imlTHUMBNAILS.Count() == 2 && !std::exchange(removed, true)) {
+            test::atNextYield([&] {
+                list->ClearAll();
+                list->AddAll();
+            });
+        }
+    });
+    list->AddAll();
+    EXPECT_TRUE(removed);
+    QStringList added = texts();
+    added.sort();
+    EXPECT_EQ(added, QStringList({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"),
+                                  QStringLiteral("c.bmp")}));
+    EXPECT_EQ(storedSlides(3), keys());
+}
+
 TEST_F(SlideBatchTest, whatWaitsIsNotAddedByAClosedWindow) {
     browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
     selectFound({1});

@@ -1,5 +1,6 @@
 #include "imaging/picture.h"
 #include "imaging/decoding.h"
+#include "imaging/reader_limit.h"
 #include "samples.h"
 #include "support/test_world.h"
 
@@ -215,6 +216,12 @@ TEST(HugePicture, is_null_within_the_memory_limit) {
     getrusage(RUSAGE_SELF, &after);
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, pictureMemory / 1024);
 }
+
+/// What the program does at its start.
+class ReaderLimit : public testing::Environment {
+    void SetUp() override { limitPictureReaders(); }
+};
+const auto* const readerLimit = testing::AddGlobalTestEnvironment(new ReaderLimit);
 
 /// 6,000 x 6,000 pixels, four of them drawn: 288 million bytes by the estimate.
 QByteArray wideGif() {

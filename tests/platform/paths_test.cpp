@@ -169,5 +169,13 @@ TEST_F(HostFile, PlaceOfAPathWithBackslashesAloneIsBelowTheFoldersItNames) {
     EXPECT_EQ(hostPlace(QStringLiteral("\\beach.jpg")), QStringLiteral("/beach.jpg"));
 }
 
+TEST(HostPlace, ABackslashPathOfTheWorkingFolderLeadsIntoItsFolder) {
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(test::temporaryFolder()));
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("albums")));
+    EXPECT_EQ(hostPlace(QStringLiteral("albums\\trip.vlr")), QStringLiteral("albums/trip.vlr"));
+    QDir::setCurrent(before);
+}
+
 }  // namespace
 }  // namespace velorama

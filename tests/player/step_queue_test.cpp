@@ -45,11 +45,16 @@ TEST(StepQueueTest, APauseKeepsItsPlaceAmongTheArrows) {
               (QList<QList<ShowStep>>{{Right}, {Pause}, {Left, Left}, {Pause}}));
 }
 
-TEST(StepQueueTest, ClearedItHoldsNothing) {
+TEST(StepQueueTest, OnlyTheTickIsDroppedWithItsPeriod) {
     StepQueue queue;
-    queue.add(Left);
-    queue.clear();
+    queue.add(Tick);
+    EXPECT_TRUE(queue.isTickNext());
+    queue.dropTicks();
     EXPECT_TRUE(queue.isEmpty());
+    EXPECT_FALSE(queue.isTickNext());
+    queue.add(Left);
+    queue.dropTicks();
+    EXPECT_EQ(queue.takeNext(), QList<ShowStep>{Left});
 }
 
 }  // namespace

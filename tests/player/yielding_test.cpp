@@ -119,15 +119,18 @@ TEST_F(Yielding, APauseInsideTheLoadWaitsForItsEnd) {
     }
 }
 
-TEST_F(Yielding, TwoPausesInAStepHoldTheScreenAwakeOnce) {
+TEST_F(Yielding, AResumeInAStepBeginsAWholePeriod) {
     atEveryYield(
         right,
         [](frmSLIDESHOW& show) {
+            tick(show);
             pause(show);
             pause(show);
         },
         [this](frmSLIDESHOW& show) {
+            QCoreApplication::processEvents();
             EXPECT_FALSE(show.Paused);
+            EXPECT_EQ(counter(show), "2 of 5");
             EXPECT_EQ(screenSaver.inhibited - screenSaver.released, 1);
         });
 }
@@ -154,6 +157,7 @@ TEST_F(Yielding, AnArrowKeyInsideATickHasTheLastWord) {
 
 TEST_F(Yielding, ATickInsideAKeyHasTheLastWord) {
     atEveryYield(right, tick, [](frmSLIDESHOW& show) {
+        QCoreApplication::processEvents();
         EXPECT_EQ(show.slides.SlideIndex, 3);
         EXPECT_EQ(counter(show), "3 of 5");
         EXPECT_EQ(caption(show), "c");
@@ -218,6 +222,20 @@ TEST_F(Yielding, OfArrowsThatWaitTheLastSlideFoundIsShown) {
     EXPECT_EQ(fadedMiddle(show), slideColour(3).rgb());
     show.Form_MouseUp();
     EXPECT_EQ(counter(show), "3 of 4");
+}
+
+TEST_F(Yielding, TicksFasterThanTheirSlidesLeaveTheEventLoopItsTurn) {
+    makeSlides(5);
+    frmSLIDESHOW& show = open();
+    {
+        const AtYield watch([&] { tick(show); });
+        tick(show);
+    }
+    EXPECT_EQ(counter(show), "2 of 5");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(counter(show), "3 of 5");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(counter(show), "3 of 5");
 }
 
 TEST_F(Yielding, AStepIsNeverTakenInsideAnother) {
