@@ -197,7 +197,7 @@ TEST_F(Show, FadesByTheShareOfEachStep) {
     // A machine too busy to look at every step gets another try.
     bool fromWhite = false;
     bool fromPicture = false;
-    for (int attempt = 0; attempt < 3 && !(fromWhite && fromPicture); ++attempt) {
+    for (int attempt = 0; attempt < 20 && !(fromWhite && fromPicture); ++attempt) {
         ASSERT_NE(page->startShow(), 0U);
         const Frames appearing = record(glance);
         // What the key leaves half done is where the next fade starts.
