@@ -25,7 +25,8 @@ QList<SlideList::FoundFile> SlideList::folderFiles() const {
 }
 
 /// Pressed inside itself the command follows later, with the files of its own press: the lists may
-/// show another folder by then. A press that repeats the one that waits is the same press.
+/// show another folder by then; `files` is for that case alone. A press that repeats the one that
+/// waits is the same press.
 void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& now,
                       const std::function<void()>& later) {
     if (!batch.turn.isRunning()) {
@@ -41,7 +42,7 @@ void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::fu
 }
 
 void SlideList::Add() {
-    const QList<FoundFile> files = selectedFiles();
+    const QList<FoundFile> files = add_.turn.isRunning() ? selectedFiles() : QList<FoundFile>();
     press(
         add_, files, [this] { runAdd([this] { addSelected(); }); },
         [this, files] { runAdd([this, &files] { insertAll(files); }); });
@@ -93,7 +94,7 @@ void SlideList::insertAll(const QList<FoundFile>& files) {
 }
 
 void SlideList::AddAll() {
-    const QList<FoundFile> files = folderFiles();
+    const QList<FoundFile> files = addAll_.turn.isRunning() ? folderFiles() : QList<FoundFile>();
     press(
         addAll_, files, [this] { runAddAll([this] { addFolder(); }); },
         [this, files] { runAddAll([this, &files] { insertAll(files); }); });
