@@ -73,8 +73,8 @@ public:
 
     /// Folders of the user, without a closing slash. They exist from the start.
     QString home() const;
-    QString configFolder() const;     ///< $XDG_CONFIG_HOME
-    QString dataFolder() const;       ///< $XDG_DATA_HOME
+    QString configFolder() const;  ///< $XDG_CONFIG_HOME
+    QString dataFolder() const;    ///< $XDG_DATA_HOME
     /// The program's own, which it shows first; without it, the sample pictures.
     QString applicationFolder() const;
     QString documentsFolder() const;  ///< named by user-dirs.dirs
