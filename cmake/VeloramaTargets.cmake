@@ -47,14 +47,43 @@ if(VELORAMA_SANITIZE)
   target_link_options(velorama_common INTERFACE -fsanitize=${VELORAMA_SANITIZE})
 endif()
 
-# velorama_layer(name LIBS ...): the folder's sources as a static library. A
+# Headers of others that most sources include are read once, which makes a build from nothing twice as
+# fast. A source names what it uses all the same: without the option everything builds too.
+option(VELORAMA_PRECOMPILE "Precompile the headers that most sources include" ON)
+if(CCACHE AND VELORAMA_PRECOMPILE)
+  # ccache takes nothing that was compiled with such headers unless it is told that this is wanted.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+endif()
+set(VELORAMA_OFTEN <algorithm> <array> <cmath> <functional> <memory> <optional> <utility> <vector>
+  <QByteArray> <QDateTime> <QDir> <QFile> <QFileInfo> <QHash> <QImage> <QList> <QObject> <QPainter>
+  <QPointer> <QString> <QStringList> <QTimer>)
+set(VELORAMA_OFTEN_WIDGETS ${VELORAMA_OFTEN} <QAction> <QApplication> <QKeyEvent> <QLabel> <QLineEdit>
+  <QMouseEvent> <QPushButton> <QWidget>)
+set(VELORAMA_OFTEN_TESTS ${VELORAMA_OFTEN_WIDGETS} <gtest/gtest.h> <QProcess> <QSet>
+  <QTemporaryDir>)
+
+# velorama_precompile(target headers...): these headers, or REUSE_FROM and a target that has them.
+function(velorama_precompile target)
+  if(VELORAMA_PRECOMPILE AND ARGV1 STREQUAL "REUSE_FROM")
+    target_precompile_headers(${target} REUSE_FROM ${ARGV2})
+  elseif(VELORAMA_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+# velorama_layer(name LIBS ... [PRECOMPILE ...]): the folder's sources as a static library. A
 # layer sees only what it names here, so a call to the left does not link.
 function(velorama_layer name)
-  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  cmake_parse_arguments(ARG "" "" "LIBS;PRECOMPILE" ${ARGN})
+  if(NOT ARG_PRECOMPILE)
+    set(ARG_PRECOMPILE REUSE_FROM velorama_controls)
+  endif()
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   add_library(velorama_${name} STATIC ${sources})
   target_include_directories(velorama_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(velorama_${name} PUBLIC velorama_common ${ARG_LIBS})
+  velorama_precompile(velorama_${name} ${ARG_PRECOMPILE})
 endfunction()
 
 # velorama_add_test(name program words...): one of CTest's tests, with its report in a file of its own
@@ -65,11 +94,11 @@ function(velorama_add_test name program)
   set_tests_properties(${name} PROPERTIES TIMEOUT 1200)
 endfunction()
 
-# velorama_tests(name LIBS ...): tests/<name>/*_test.cpp as one program. It runs
+# velorama_tests(name LIBS ...): the sources below tests/<name> as one program. It runs
 # without a display, in a temporary home, and fails on any warning Qt prints.
 function(velorama_tests name)
   cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${name}/*.cpp ${PROJECT_SOURCE_DIR}/tests/${name}/*.h)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${name}/*.cpp ${PROJECT_SOURCE_DIR}/tests/${name}/*.h)
   if(NOT sources)
     return()
   endif()
@@ -77,5 +106,6 @@ function(velorama_tests name)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(test_${name} PRIVATE VELORAMA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(test_${name} PRIVATE velorama_test_support ${ARG_LIBS})
+  velorama_precompile(test_${name} REUSE_FROM velorama_test_support)
   velorama_add_test(${name} test_${name})
 endfunction()
