@@ -1,7 +1,7 @@
 #include "album_window.h"
 
-#include "platform/events.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/process/events.h"
 
 namespace velorama::bench {
 namespace {

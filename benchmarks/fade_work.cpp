@@ -1,4 +1,4 @@
-#include "imaging/blend.h"
+#include "imaging/paint/blend.h"
 #include "stopwatch.h"
 #include "works.h"
 

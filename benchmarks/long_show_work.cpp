@@ -3,7 +3,7 @@
 #include "works.h"
 
 #include "core/globals.h"
-#include "platform/events.h"
+#include "platform/process/events.h"
 #include "player/frm_slideshow.h"
 #include "quiet_show.h"
 

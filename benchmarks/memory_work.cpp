@@ -3,7 +3,7 @@
 #include "pictures.h"
 #include "works.h"
 
-#include "platform/events.h"
+#include "platform/process/events.h"
 
 #include <QCoreApplication>
 #include <QProcess>

@@ -3,7 +3,7 @@
 #include "stopwatch.h"
 #include "works.h"
 
-#include "platform/media_commands.h"
+#include "platform/sound/media_commands.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -4,7 +4,7 @@
 #include "works.h"
 
 #include "core/globals.h"
-#include "platform/events.h"
+#include "platform/process/events.h"
 #include "ui/main_window.h"
 
 #include <QEvent>

@@ -5,7 +5,7 @@
 #include "stopwatch.h"
 #include "works.h"
 
-#include "platform/sqlite_registry_store.h"
+#include "platform/store/sqlite_registry_store.h"
 
 #include <QCoreApplication>
 #include <QFile>

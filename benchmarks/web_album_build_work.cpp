@@ -3,10 +3,10 @@
 #include "stopwatch.h"
 #include "works.h"
 
-#include "controls/list_view.h"
-#include "controls/progress_bar.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/lists/list_view.h"
 #include "core/globals.h"
-#include "platform/memory_registry_store.h"
+#include "platform/store/memory_registry_store.h"
 #include "webalbum/web_album.h"
 #include "world.h"
 

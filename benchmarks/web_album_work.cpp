@@ -1,7 +1,7 @@
 #include "works.h"
 
-#include "controls/list_view.h"
-#include "platform/exact_names.h"
+#include "controls/lists/list_view.h"
+#include "platform/files/exact_names.h"
 #include "webalbum/mod_webalbum.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/memory_registry_store.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
+#include "platform/store/memory_registry_store.h"
 
 namespace velorama::bench {
 

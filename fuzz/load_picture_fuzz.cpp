@@ -1,4 +1,4 @@
-#include "imaging/scaling.h"
+#include "imaging/scale/scaling.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "platform/midi_length.h"
+#include "platform/sound/midi_length.h"
 
 #include <cstdint>
 

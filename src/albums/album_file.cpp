@@ -1,11 +1,11 @@
 #include "albums/album_file.h"
 
-#include "controls/caption.h"
+#include "controls/geometry/caption.h"
 #include "core/documents.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "platform/numbers.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
 
 #include <QPointer>
 

@@ -2,7 +2,7 @@
 
 #include "albums/album_list.h"
 #include "albums/slide_list.h"
-#include "platform/command_turn.h"
+#include "platform/process/command_turn.h"
 
 #include <QObject>
 #include <QWidget>

@@ -1,12 +1,12 @@
 #include "albums/album_list.h"
 
-#include "controls/keys.h"
+#include "controls/input/keys.h"
 #include "core/documents.h"
 #include "core/globals.h"
 #include "core/long_text.h"
+#include "platform/files/paths.h"
 #include "platform/numbers.h"
-#include "platform/paths.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
 
 #include <QFile>
 #include <QPointer>

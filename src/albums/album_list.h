@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/common_dialog.h"
-#include "controls/report_view.h"
+#include "controls/dialogs/common_dialog.h"
+#include "controls/lists/report_view.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -2,9 +2,9 @@
 #include "browse/screen_pointer.h"
 #include "core/documents.h"
 #include "core/globals.h"
-#include "platform/events.h"
+#include "platform/files/paths.h"
 #include "platform/numbers.h"
-#include "platform/paths.h"
+#include "platform/process/events.h"
 
 #include <QFile>
 #include <QPointer>

@@ -2,8 +2,8 @@
 #include "albums/slide_settings.h"
 #include "core/globals.h"
 #include "core/long_text.h"
+#include "platform/files/paths.h"
 #include "platform/numbers.h"
-#include "platform/paths.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "albums/slide_list.h"
 
 #include "albums/slide_settings.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "platform/numbers.h"
 

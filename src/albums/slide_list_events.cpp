@@ -1,6 +1,6 @@
 #include "albums/slide_list.h"
-#include "controls/keys.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
 #include "core/globals.h"
 
 namespace velorama {

@@ -1,11 +1,11 @@
 #include "browse/found_list.h"
 
 #include "browse/screen_pointer.h"
-#include "controls/keys.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
 #include "core/globals.h"
-#include "platform/events.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/process/events.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,10 +2,10 @@
 
 #include "browse/popup_request.h"
 #include "browse/thumbnails.h"
-#include "controls/file_list.h"
-#include "controls/folder_tree.h"
-#include "controls/list_view.h"
-#include "controls/progress_bar.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/lists/file_list.h"
+#include "controls/lists/folder_tree.h"
+#include "controls/lists/list_view.h"
 
 #include <QObject>
 

@@ -1,13 +1,13 @@
 #include "browse/preview.h"
 
-#include "controls/caption.h"
-#include "controls/twips.h"
-#include "controls/window_place.h"
+#include "controls/geometry/caption.h"
+#include "controls/geometry/twips.h"
+#include "controls/geometry/window_place.h"
 #include "core/globals.h"
-#include "imaging/picture.h"
-#include "imaging/scaling.h"
+#include "imaging/decode/picture.h"
+#include "imaging/scale/scaling.h"
+#include "platform/files/paths.h"
 #include "platform/numbers.h"
-#include "platform/paths.h"
 
 #include <algorithm>
 

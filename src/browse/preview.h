@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/folder_tree.h"
-#include "controls/image_box.h"
-#include "controls/list_view.h"
-#include "controls/movie_box.h"
+#include "controls/boxes/image_box.h"
+#include "controls/boxes/movie_box.h"
+#include "controls/lists/folder_tree.h"
+#include "controls/lists/list_view.h"
 
 #include <QLabel>
 

@@ -1,8 +1,8 @@
 #include "browse/thumbnails.h"
 
-#include "imaging/scaling.h"
-#include "platform/events.h"
+#include "imaging/scale/scaling.h"
 #include "platform/numbers.h"
+#include "platform/process/events.h"
 
 #include <QPainter>
 

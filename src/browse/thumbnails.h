@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/image_list.h"
+#include "controls/lists/image_list.h"
 #include "imaging/look_ahead.h"
 
 #include <QPointer>

@@ -2,9 +2,9 @@
 
 #include "browse/screen_pointer.h"
 #include "core/globals.h"
-#include "imaging/scaling.h"
-#include "platform/private_files.h"
-#include "platform/shell.h"
+#include "imaging/scale/scaling.h"
+#include "platform/files/private_files.h"
+#include "platform/session/shell.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>

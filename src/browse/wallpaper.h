@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/folder_tree.h"
-#include "controls/list_view.h"
-#include "controls/picture_box.h"
-#include "platform/desktop_background.h"
+#include "controls/boxes/picture_box.h"
+#include "controls/lists/folder_tree.h"
+#include "controls/lists/list_view.h"
+#include "platform/background/desktop_background.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
 #include "core/cls_dlghook.h"
 
-#include "controls/window_place.h"
+#include "controls/geometry/window_place.h"
 #include "platform/numbers.h"
 
 #include <QApplication>

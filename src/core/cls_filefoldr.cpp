@@ -1,7 +1,7 @@
 #include "core/cls_filefoldr.h"
 
-#include "platform/file_copy.h"
-#include "platform/paths.h"
+#include "platform/files/file_copy.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "core/cls_pagprops.h"
 
 #include "core/cls_filefoldr.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/registry_store.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
+#include "platform/store/registry_store.h"
 
 #include <QWidget>
 

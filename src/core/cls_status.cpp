@@ -1,7 +1,7 @@
 #include "core/cls_status.h"
 
-#include "controls/label.h"
-#include "controls/symbol_picture.h"
+#include "controls/boxes/label.h"
+#include "controls/buttons/symbol_picture.h"
 #include "core/frm_helpmessagebox.h"
 
 #include <QApplication>

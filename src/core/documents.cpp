@@ -1,6 +1,6 @@
 #include "core/documents.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/file_write.h"
+#include "platform/files/file_write.h"
 
 #include <QByteArray>
 #include <QString>

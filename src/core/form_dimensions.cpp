@@ -1,5 +1,5 @@
-#include "controls/twips.h"
-#include "controls/window_place.h"
+#include "controls/geometry/twips.h"
+#include "controls/geometry/window_place.h"
 #include "core/cls_registry.h"
 #include "core/lib_txt.h"
 #include "platform/numbers.h"

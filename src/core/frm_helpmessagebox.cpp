@@ -1,9 +1,9 @@
 #include "core/frm_helpmessagebox.h"
 
-#include "controls/keys.h"
-#include "controls/label.h"
-#include "controls/symbol_picture.h"
-#include "controls/window_place.h"
+#include "controls/boxes/label.h"
+#include "controls/buttons/symbol_picture.h"
+#include "controls/geometry/window_place.h"
+#include "controls/input/keys.h"
 #include "core/globals.h"
 
 #include <QBoxLayout>

@@ -6,8 +6,8 @@
 #include "core/cls_pagprops.h"
 #include "core/cls_registry.h"
 #include "core/cls_status.h"
-#include "imaging/colours.h"
-#include "imaging/gradient.h"
+#include "imaging/paint/gradient.h"
+#include "imaging/pixels/colours.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system_colours.h"
+#include "platform/session/system_colours.h"
 
 #include <QImage>
 

@@ -1,8 +1,8 @@
 #include "imaging/look_ahead.h"
 
-#include "imaging/scaling.h"
-#include "platform/large_blocks.h"
-#include "platform/paths.h"
+#include "imaging/scale/scaling.h"
+#include "platform/files/paths.h"
+#include "platform/process/large_blocks.h"
 
 #include <QDateTime>
 #include <QFileInfo>

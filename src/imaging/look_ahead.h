@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/picture.h"
+#include "imaging/decode/picture.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "music/music_list.h"
-#include "platform/media_commands.h"
+#include "platform/sound/media_commands.h"
 
 #include <QObject>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/label.h"
-#include "controls/list_box.h"
-#include "controls/progress_bar.h"
+#include "controls/boxes/label.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/lists/list_box.h"
 
 #include <QAbstractButton>
 #include <QStringList>

@@ -3,7 +3,7 @@
 #include "core/globals.h"
 #include "core/long_text.h"
 #include "platform/numbers.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
 
 #include <algorithm>
 

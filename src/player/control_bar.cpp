@@ -1,8 +1,8 @@
 #include "player/control_bar.h"
 
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
-#include "imaging/colours.h"
+#include "imaging/pixels/colours.h"
 #include "platform/numbers.h"
 
 #include <QLinearGradient>

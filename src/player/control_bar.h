@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/label.h"
-#include "controls/picbtn.h"
-#include "controls/picture_box.h"
-#include "controls/progress_bar.h"
+#include "controls/boxes/label.h"
+#include "controls/boxes/picture_box.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/buttons/picbtn.h"
 
 namespace velorama {
 

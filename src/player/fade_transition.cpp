@@ -1,9 +1,9 @@
 #include "player/fade_transition.h"
 
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
-#include "imaging/blend.h"
-#include "imaging/scaling.h"
+#include "imaging/paint/blend.h"
+#include "imaging/scale/scaling.h"
 
 namespace velorama {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/picture_box.h"
+#include "controls/boxes/picture_box.h"
 #include "imaging/look_ahead.h"
 
 #include <QTimer>

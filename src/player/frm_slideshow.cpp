@@ -1,7 +1,7 @@
 #include "player/frm_slideshow.h"
 
-#include "controls/keys.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "core/show_colours.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/picture_box.h"
+#include "controls/boxes/picture_box.h"
 #include "imaging/look_ahead.h"
-#include "platform/screen_saver.h"
-#include "platform/system_colours.h"
+#include "platform/session/screen_saver.h"
+#include "platform/session/system_colours.h"
 #include "player/control_bar.h"
 #include "player/fade_transition.h"
 #include "player/slide_fitting.h"

@@ -1,8 +1,8 @@
 // The steps of a show: from the queue to the slide on the screen.
 
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
-#include "platform/events.h"
+#include "platform/process/events.h"
 #include "player/running.h"
 
 #include <optional>

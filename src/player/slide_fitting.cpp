@@ -1,8 +1,8 @@
 #include "player/slide_fitting.h"
 
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
-#include "imaging/scaling.h"
+#include "imaging/scale/scaling.h"
 #include "platform/numbers.h"
 
 namespace velorama {

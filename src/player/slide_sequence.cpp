@@ -1,10 +1,10 @@
 #include "player/slide_sequence.h"
 
 #include "core/globals.h"
-#include "platform/events.h"
+#include "platform/files/paths.h"
 #include "platform/numbers.h"
-#include "platform/paths.h"
-#include "platform/termination.h"
+#include "platform/process/events.h"
+#include "platform/process/termination.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "shell/app.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "shell/assoc_com.h"
 
 #include <QCoreApplication>

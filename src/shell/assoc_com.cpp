@@ -1,7 +1,7 @@
 #include "shell/assoc_com.h"
 
 #include "core/documents.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 #include <QFileInfo>

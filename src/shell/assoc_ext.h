@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/file_types.h"
-#include "platform/registry_store.h"
+#include "platform/session/file_types.h"
+#include "platform/store/registry_store.h"
 #include "shell/app.h"
 
 namespace velorama {

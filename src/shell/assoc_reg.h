@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/registry_store.h"
+#include "platform/store/registry_store.h"
 
 namespace velorama {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/instance_bus.h"
+#include "platform/instances/instance_bus.h"
 
 #include <QObject>
 #include <QPointer>

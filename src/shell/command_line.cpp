@@ -1,6 +1,6 @@
 #include "shell/command_line.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #include "shell/frm_helpcenter.h"
 
-#include "controls/keys.h"
-#include "controls/twips.h"
-#include "controls/window_place.h"
+#include "controls/geometry/twips.h"
+#include "controls/geometry/window_place.h"
+#include "controls/input/keys.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 

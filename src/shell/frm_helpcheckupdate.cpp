@@ -1,6 +1,6 @@
 #include "shell/frm_helpcheckupdate.h"
 
-#include "controls/label.h"
+#include "controls/boxes/label.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/http_fetch.h"
+#include "platform/web/http_fetch.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "ui/main_controls.h"
 
-#include "controls/icon.h"
-#include "controls/twips.h"
-#include "ui/control_making.h"
+#include "controls/buttons/icon.h"
+#include "controls/geometry/twips.h"
+#include "ui/parts/control_making.h"
 
 #include <QCoreApplication>
 

@@ -1,18 +1,18 @@
 #pragma once
 
-#include "controls/file_list.h"
-#include "controls/folder_tree.h"
-#include "controls/image_list.h"
-#include "controls/label.h"
-#include "controls/list_box.h"
-#include "controls/list_view.h"
-#include "controls/picture_box.h"
-#include "controls/progress_bar.h"
-#include "controls/push_button.h"
-#include "controls/report_view.h"
-#include "controls/tab_strip.h"
-#include "ui/slide_bar_shape.h"
-#include "ui/splitter_bar.h"
+#include "controls/boxes/label.h"
+#include "controls/boxes/picture_box.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/buttons/push_button.h"
+#include "controls/buttons/tab_strip.h"
+#include "controls/lists/file_list.h"
+#include "controls/lists/folder_tree.h"
+#include "controls/lists/image_list.h"
+#include "controls/lists/list_box.h"
+#include "controls/lists/list_view.h"
+#include "controls/lists/report_view.h"
+#include "ui/parts/slide_bar_shape.h"
+#include "ui/parts/splitter_bar.h"
 
 #include <QLabel>
 

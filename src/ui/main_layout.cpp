@@ -1,6 +1,6 @@
 #include "ui/main_layout.h"
 
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/show_colours.h"
 #include "platform/numbers.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/main_controls.h"
-#include "ui/web_album_page.h"
+#include "ui/pages/web_album_page.h"
 
 #include <QLineF>
 

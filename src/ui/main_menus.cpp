@@ -1,6 +1,6 @@
 #include "ui/main_menus.h"
 
-#include "ui/menu_making.h"
+#include "ui/parts/menu_making.h"
 
 namespace velorama {
 

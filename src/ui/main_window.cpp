@@ -1,9 +1,9 @@
 #include "ui/main_window.h"
 
 #include "browse/screen_pointer.h"
-#include "controls/keys.h"
-#include "controls/twips.h"
-#include "controls/window_place.h"
+#include "controls/geometry/twips.h"
+#include "controls/geometry/window_place.h"
+#include "controls/input/keys.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 

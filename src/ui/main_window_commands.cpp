@@ -1,12 +1,12 @@
 #include "ui/main_window.h"
 
-#include "controls/keys.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "platform/numbers.h"
 #include "shell/frm_helpabout.h"
-#include "ui/frm_resourcewait.h"
+#include "ui/dialogs/frm_resourcewait.h"
 
 namespace velorama {
 namespace {

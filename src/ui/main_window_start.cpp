@@ -1,13 +1,13 @@
 #include "ui/main_window.h"
 
 #include "browse/screen_pointer.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/documents.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/events.h"
 #include "platform/numbers.h"
-#include "platform/shell.h"
+#include "platform/process/events.h"
+#include "platform/session/shell.h"
 
 #include <QApplication>
 #include <QLayout>

@@ -1,7 +1,7 @@
 #include "webalbum/album_folder.h"
 
 #include "core/cls_filefoldr.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "imaging/picture_size.h"
-#include "platform/events.h"
+#include "imaging/decode/picture_size.h"
 #include "platform/numbers.h"
+#include "platform/process/events.h"
 #include "webalbum/album_folder.h"
 #include "webalbum/mod_webalbum.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/list_view.h"
-#include "controls/progress_bar.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/lists/list_view.h"
 #include "webalbum/web_album_values.h"
 
 #include <QSizeF>

@@ -1,5 +1,5 @@
 #include "core/documents.h"
-#include "platform/events.h"
+#include "platform/process/events.h"
 #include "webalbum/album_folder.h"
 #include "webalbum/mod_webalbum.h"
 

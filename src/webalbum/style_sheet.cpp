@@ -1,8 +1,8 @@
 #include "core/documents.h"
-#include "imaging/colours.h"
+#include "imaging/pixels/colours.h"
+#include "platform/files/private_files.h"
 #include "platform/numbers.h"
-#include "platform/private_files.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
 #include "webalbum/mod_webalbum.h"
 
 #include <QDir>

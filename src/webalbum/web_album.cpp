@@ -1,9 +1,9 @@
 #include "webalbum/web_album.h"
 
 #include "core/globals.h"
-#include "platform/events.h"
-#include "platform/exact_names.h"
-#include "platform/shell.h"
+#include "platform/files/exact_names.h"
+#include "platform/process/events.h"
+#include "platform/session/shell.h"
 #include "webalbum/album_folder.h"
 
 #include <array>

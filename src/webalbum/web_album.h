@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/list_view.h"
-#include "controls/progress_bar.h"
-#include "platform/command_turn.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/lists/list_view.h"
+#include "platform/process/command_turn.h"
 #include "webalbum/mod_webalbum.h"
 #include "webalbum/web_album_values.h"
 

@@ -2,7 +2,7 @@
 
 #include "albums/album_file.h"
 #include "albums/slide_world.h"
-#include "controls/label.h"
+#include "controls/boxes/label.h"
 #include "support/sound_files.h"
 
 namespace velorama::test {

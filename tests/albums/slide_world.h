@@ -2,8 +2,8 @@
 
 #include "albums/slide_list.h"
 #include "browse/browse_world.h"
-#include "controls/keys.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
 
 #include <QPushButton>
 

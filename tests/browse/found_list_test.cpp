@@ -1,8 +1,8 @@
 #include "browse/found_list.h"
 
 #include "browse/browse_world.h"
-#include "controls/keys.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
 
 #include <QGuiApplication>
 

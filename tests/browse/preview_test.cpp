@@ -1,7 +1,7 @@
 #include "browse/preview.h"
 
 #include "browse/browse_world.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "support/gif_files.h"
 
 #include <QBuffer>

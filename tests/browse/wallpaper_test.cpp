@@ -2,7 +2,7 @@
 
 #include "browse/browse_world.h"
 #include "browse/screen_pointer.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 
 #include <QBuffer>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #include "core/cls_dlghook.h"
 
-#include "controls/common_dialog.h"
+#include "controls/dialogs/common_dialog.h"
 
 #include <QApplication>
 #include <QDialog>

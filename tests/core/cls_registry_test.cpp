@@ -1,7 +1,7 @@
 #include "core/cls_registry.h"
 
 #include "core/lib_txt.h"
-#include "platform/memory_registry_store.h"
+#include "platform/store/memory_registry_store.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "core/cls_registry.h"
 
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/lib_txt.h"
-#include "platform/memory_registry_store.h"
+#include "platform/store/memory_registry_store.h"
 
 #include <QScreen>
 #include <QWidget>

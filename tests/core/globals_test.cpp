@@ -1,6 +1,6 @@
 #include "core/globals.h"
 
-#include "platform/memory_registry_store.h"
+#include "platform/store/memory_registry_store.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 #include "core/frm_helpmessagebox.h"
 
-#include "controls/label.h"
-#include "controls/symbol_picture.h"
-#include "controls/twips.h"
+#include "controls/boxes/label.h"
+#include "controls/buttons/symbol_picture.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/memory_registry_store.h"
+#include "platform/store/memory_registry_store.h"
 
 #include <QApplication>
 #include <QLabel>

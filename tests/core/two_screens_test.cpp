@@ -1,9 +1,9 @@
 #include "support/two_screens.h"
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/cls_dlghook.h"
 #include "core/cls_registry.h"
 #include "core/lib_txt.h"
-#include "platform/memory_registry_store.h"
+#include "platform/store/memory_registry_store.h"
 
 #include <QDialog>
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "imaging/look_ahead.h"
-#include "imaging/scaling.h"
-#include "samples.h"
+#include "imaging/samples.h"
+#include "imaging/scale/scaling.h"
 
 #include <gtest/gtest.h>
 

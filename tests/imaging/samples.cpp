@@ -1,4 +1,4 @@
-#include "samples.h"
+#include "imaging/samples.h"
 
 #include "support/test_world.h"
 

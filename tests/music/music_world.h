@@ -3,8 +3,8 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "music/audio_engine.h"
-#include "platform/memory_registry_store.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
+#include "platform/store/memory_registry_store.h"
 #include "support/test_world.h"
 
 #include <QPushButton>

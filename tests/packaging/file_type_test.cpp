@@ -4,8 +4,8 @@
 #include "package.h"
 
 #include "core/lib_txt.h"
-#include "platform/file_type_texts.h"
-#include "platform/memory_registry_store.h"
+#include "platform/session/file_type_texts.h"
+#include "platform/store/memory_registry_store.h"
 #include "shell/assoc_ext.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "controls/button_picture.h"
+#include "controls/buttons/button_picture.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/show_colours.h"
 #include "player/player_world.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/show_colours.h"
-#include "platform/memory_registry_store.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
+#include "platform/store/memory_registry_store.h"
 #include "player/frm_slideshow.h"
 
 #include <QList>

@@ -1,5 +1,5 @@
 #include "core/globals.h"
-#include "platform/termination.h"
+#include "platform/process/termination.h"
 #include "player/player_world.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "player/player_world.h"
 
 #include <QGuiApplication>

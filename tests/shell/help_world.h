@@ -2,7 +2,7 @@
 
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/memory_registry_store.h"
+#include "platform/store/memory_registry_store.h"
 #include "support/http_server.h"
 
 #include <QApplication>

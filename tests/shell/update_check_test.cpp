@@ -1,6 +1,6 @@
 #include "shell/update_check.h"
 
-#include "controls/label.h"
+#include "controls/boxes/label.h"
 #include "shell/frm_helpabout.h"
 #include "shell/frm_helpcheckupdate.h"
 #include "shell/help_world.h"

@@ -2,7 +2,7 @@
 
 #include "sound_server.h"
 
-#include "platform/media_player.h"
+#include "platform/sound/media_player.h"
 #include "support/sound_files.h"
 #include "support/test_world.h"
 #include "support/waiting.h"

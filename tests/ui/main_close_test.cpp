@@ -1,4 +1,4 @@
-#include "controls/label.h"
+#include "controls/boxes/label.h"
 #include "core/frm_helpmessagebox.h"
 #include "ui/window_world.h"
 

@@ -1,4 +1,4 @@
-#include "controls/keys.h"
+#include "controls/input/keys.h"
 #include "ui/window_world.h"
 
 namespace velorama {

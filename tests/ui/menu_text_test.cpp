@@ -1,4 +1,4 @@
-#include "controls/menu_text.h"
+#include "controls/input/menu_text.h"
 #include "ui/window_world.h"
 
 namespace velorama {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "controls/twips.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/memory_registry_store.h"
-#include "platform/shell.h"
+#include "platform/session/shell.h"
+#include "platform/store/memory_registry_store.h"
 #include "support/test_world.h"
 #include "ui/main_window.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/session.h"
-#include "platform/background_means.h"
+#include "platform/background/background_means.h"
 
 #include <QDBusVirtualObject>
 #include <QProcess>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/list_view.h"
-#include "controls/progress_bar.h"
-#include "platform/memory_registry_store.h"
-#include "platform/shell.h"
+#include "controls/boxes/progress_bar.h"
+#include "controls/lists/list_view.h"
+#include "platform/session/shell.h"
+#include "platform/store/memory_registry_store.h"
 #include "webalbum/second_writer.h"
 #include "webalbum/web_album.h"
 

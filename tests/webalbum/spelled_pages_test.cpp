@@ -1,6 +1,6 @@
 #include "webalbum/album_world.h"
 
-#include "imaging/colours.h"
+#include "imaging/pixels/colours.h"
 
 namespace velorama::test {
 namespace {

@@ -1,0 +1,124 @@
+#include "controls/boxes/picture_box.h"
+
+#include "controls/geometry/twips.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace velorama {
+namespace {
+
+float twips(qreal logicalPixels) {
+    return static_cast<float>(logicalPixels) * twipsPerLogicalPixel;
+}
+
+}  // namespace
+
+PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void PictureBox::setBackColor(const QColor& colour) {
+    backColor_ = colour;
+    image_ = {};
+    update();
+}
+
+void PictureBox::setPicture(const QImage& picture) {
+    const bool isShown = !picture.isNull() && picture.cacheKey() == image_.cacheKey();
+    picture_ = picture;
+    image_ = {};
+    if (autoSize_ && !picture.isNull()) {
+        setWidth(*this, static_cast<float>(picture.width()) * TwipsPerPixelX(*this));
+        setHeight(*this, static_cast<float>(picture.height()) * TwipsPerPixelY(*this));
+    }
+    if (!isShown) {
+        update();
+    }
+}
+
+QImage& PictureBox::Image() {
+    if (image_.size() != scaleSize()) {
+        // A picture of the box's own size needs no copy until somebody draws on the image.
+        const bool whole = picture_.size() == scaleSize() && !picture_.hasAlphaChannel();
+        image_ = whole ? picture_ : blank();
+    }
+    image_.setDevicePixelRatio(devicePixelRatioF());
+    return image_;
+}
+
+QImage PictureBox::blank() const {
+    QImage image(scaleSize(), QImage::Format_RGB32);
+    if (image.isNull()) {
+        return image;
+    }
+    image.fill(backColor_);
+    if (!picture_.isNull()) {
+        QPainter painter(&image);
+        const QRect area = stretch_ ? image.rect() : QRect(QPoint(), picture_.size());
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(area, picture_);
+    }
+    return image;
+}
+
+void PictureBox::keepImage() {
+    const QImage shown = Image();
+    setPicture(shown);
+    image_ = shown;
+}
+
+void PictureBox::Cls() {
+    image_ = {};
+    update();
+}
+
+QSize PictureBox::scaleSize() const {
+    return {toPixels(Width(*this), TwipsPerPixelX(*this)),
+            toPixels(Height(*this), TwipsPerPixelY(*this))};
+}
+
+void PictureBox::Refresh() {
+    repaint();
+}
+
+void PictureBox::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QImage& shown = Image();
+    if (shown.isNull()) {
+        painter.fillRect(event->rect(), backColor_);
+        return;
+    }
+    // A fractional scale can leave a sliver of the box beyond its image.
+    const QSizeF covered = shown.deviceIndependentSize();
+    if (covered.width() < width() || covered.height() < height()) {
+        painter.fillRect(rect(), backColor_);
+    }
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(QPoint(), shown);
+}
+
+void PictureBox::mousePressEvent(QMouseEvent* event) {
+    emit MouseDown(mouseButton(event->button()), twips(event->position().x()),
+                   twips(event->position().y()));
+}
+
+void PictureBox::mouseMoveEvent(QMouseEvent* event) {
+    int held = 0;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        held += event->buttons().testFlag(button) ? mouseButton(button) : 0;
+    }
+    emit MouseMove(held, twips(event->position().x()), twips(event->position().y()));
+}
+
+void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
+    emit MouseUp(mouseButton(event->button()), twips(event->position().x()),
+                 twips(event->position().y()));
+}
+
+void PictureBox::keyPressEvent(QKeyEvent* event) {
+    emit KeyDown(keyCode(*event), shiftMask(event->modifiers()));
+    QWidget::keyPressEvent(event);
+}
+
+}  // namespace velorama

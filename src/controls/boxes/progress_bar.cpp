@@ -1,0 +1,96 @@
+#include "controls/boxes/progress_bar.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velorama {
+namespace {
+
+// What assistive tools are told: thousandths of the way.
+constexpr int Steps = 1000;
+constexpr qreal Thickness = 6;
+
+}  // namespace
+
+ProgressBar::ProgressBar(QWidget* parent) : QProgressBar(parent) {
+    setRange(0, Steps);
+    QProgressBar::setValue(0);
+    setTextVisible(false);
+    setAccessibleName(tr("Progress"));
+}
+
+bool ProgressBar::setMin(float min) {
+    if (!(min < max_)) {
+        return false;
+    }
+    min_ = min;
+    value_ = std::max(value_, min_);
+    showValue();
+    return true;
+}
+
+bool ProgressBar::setMax(float max) {
+    if (!(max > 0 && max > min_) || std::isinf(max)) {
+        return false;
+    }
+    max_ = max;
+    value_ = std::min(value_, max_);
+    showValue();
+    return true;
+}
+
+bool ProgressBar::setValue(float value) {
+    if (!(value >= min_ && value <= max_)) {
+        return false;
+    }
+    value_ = value;
+    showValue();
+    return true;
+}
+
+int ProgressBar::filledPixels() const {
+    const double share = (double(value_) - double(min_)) / (double(max_) - double(min_));
+    return static_cast<int>(std::lround(share * width() * devicePixelRatioF()));
+}
+
+void ProgressBar::showValue() {
+    if (filledPixels() == painted_) {
+        return;
+    }
+    const double share = (double(value_) - double(min_)) / (double(max_) - double(min_));
+    QProgressBar::setValue(static_cast<int>(std::lround(share * Steps)));
+    if (filledPixels() != painted_) {
+        repaint();
+    }
+}
+
+void ProgressBar::paintEvent(QPaintEvent*) {
+    painted_ = filledPixels();
+    const qreal thickness = std::min<qreal>(Thickness, height());
+    const QRectF track(0, (height() - thickness) / 2, width(), thickness);
+    QColor trackColour = palette().color(QPalette::WindowText);
+    trackColour.setAlphaF(0.18F);
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(trackColour);
+    painter.drawRoundedRect(track, thickness / 2, thickness / 2);
+    const QRectF filled(track.topLeft(), QSizeF(painted_ / devicePixelRatioF(), thickness));
+    painter.setClipRect(layoutDirection() == Qt::RightToLeft
+                            ? filled.translated(track.width() - filled.width(), 0)
+                            : filled);
+    painter.setBrush(palette().color(QPalette::Highlight));
+    painter.drawRoundedRect(track, thickness / 2, thickness / 2);
+}
+
+QSize ProgressBar::sizeHint() const {
+    return {160, static_cast<int>(Thickness) + 4};
+}
+QSize ProgressBar::minimumSizeHint() const {
+    return {10, static_cast<int>(Thickness)};
+}
+
+}  // namespace velorama

@@ -1,0 +1,395 @@
+#include "controls/buttons/picbtn.h"
+
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
+
+#include <QAccessibleWidget>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace velorama {
+
+/// The button as assistive tools see and press it.
+class PictureButtonAccess : public QAccessibleWidget {
+public:
+    explicit PictureButtonAccess(picbtn& button)
+        : QAccessibleWidget(&button, QAccessible::Button), button_(button) {}
+
+    QStringList actionNames() const override {
+        return button_.isEnabled() ? QStringList(pressAction()) + QAccessibleWidget::actionNames()
+                                   : QStringList();
+    }
+    void doAction(const QString& name) override {
+        if (name != pressAction()) {
+            QAccessibleWidget::doAction(name);
+        } else if (button_.isEnabled()) {
+            button_.click();
+        }
+    }
+
+private:
+    picbtn& button_;
+};
+
+namespace {
+
+constexpr int leftButton = 1;
+constexpr int rightButton = 2;
+constexpr int pointerDefault = 0;
+constexpr int pointerCustom = 99;
+
+const QString nameCaption = QStringLiteral("CAPTION");
+const QString nameEnabled = QStringLiteral("ENABLED");
+const QString nameNormal = QStringLiteral("PICTURENORMAL");
+const QString nameHLight = QStringLiteral("PICTUREHLIGHT");
+const QString namePressed = QStringLiteral("PICTUREPRESSED");
+const QString nameDisabled = QStringLiteral("PICTUREDISABLED");
+
+int heldButtons(Qt::MouseButtons buttons) {
+    int held = 0;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        held += buttons.testFlag(button) ? mouseButton(button) : 0;
+    }
+    return held;
+}
+
+float twips(qreal pixels) {
+    return static_cast<float>(pixels) * twipsPerLogicalPixel;
+}
+
+QAccessibleInterface* makeAccess(const QString&, QObject* object) {
+    auto* button = qobject_cast<picbtn*>(object);
+    return button != nullptr ? new PictureButtonAccess(*button) : nullptr;
+}
+
+}  // namespace
+
+picbtn::picbtn(QWidget* parent) : QWidget(parent) {
+    static const bool once = (QAccessible::installFactory(makeAccess), true);
+    Q_UNUSED(once)
+    // A click leaves the focus, and so the keys, with the form.
+    setFocusPolicy(Qt::TabFocus);
+    setMouseTracking(true);
+    setFont(QFont(QStringLiteral("Comic sans MS")));
+    setCursor(Qt::ArrowCursor);
+    InitProperties();
+}
+
+picbtn::~picbtn() = default;
+
+void picbtn::setCAPTION(const QString& caption) {
+    caption_ = caption;
+    nameForAssistance();
+    emit PropertyChanged(nameCaption);
+    update();
+}
+
+void picbtn::setEnabled(bool enabled) {
+    QWidget::setEnabled(enabled);
+    emit PropertyChanged(nameEnabled);
+    redraw();
+}
+
+void picbtn::setPictureNormal(const ButtonPicture& picture) {
+    store(imgImage2, picture, nameNormal);
+}
+
+void picbtn::setPictureHLight(const ButtonPicture& picture) {
+    store(imgImage3, picture, nameHLight);
+}
+
+void picbtn::setPicturePressed(const ButtonPicture& picture) {
+    store(imgImage4, picture, namePressed);
+}
+
+void picbtn::setPictureDisabled(const ButtonPicture& picture) {
+    store(imgImage5, picture, nameDisabled);
+}
+
+void picbtn::store(ButtonPicture& place, const ButtonPicture& picture, const QString& name) {
+    place = picture;
+    emit PropertyChanged(name);
+    showLook(look_);
+}
+
+void picbtn::setDisabledLook(bool on) {
+    disabledLook_ = on;
+    redraw();
+}
+
+void picbtn::InitProperties() {
+    QWidget::setEnabled(true);
+    disabledLook_ = false;
+    measure();
+}
+
+void picbtn::ReadProperties(const QVariantMap& bag) {
+    const auto picture = [&bag](const QString& name) {
+        return bag.value(name).value<ButtonPicture>();
+    };
+    imgImage2 = bag.contains(nameNormal) ? picture(nameNormal) : picImage1a;
+    imgImage3 = picture(nameHLight);
+    imgImage4 = picture(namePressed);
+    imgImage5 = picture(nameDisabled);
+    QWidget::setEnabled(bag.value(nameEnabled, true).toBool());
+    caption_ = bag.value(nameCaption).toString();
+    nameForAssistance();
+    update();
+    PICPNORMAL();
+}
+
+QVariantMap picbtn::WriteProperties() const {
+    return {{nameNormal, QVariant::fromValue(imgImage2)},
+            {nameHLight, QVariant::fromValue(imgImage3)},
+            {namePressed, QVariant::fromValue(imgImage4)},
+            {nameDisabled, QVariant::fromValue(imgImage5)},
+            {nameEnabled, Enabled()},
+            {nameCaption, caption_}};
+}
+
+void picbtn::PICPNORMAL() {
+    showLook(Look::Normal);
+}
+
+void picbtn::PICDISABLED() {
+    if (disabledLook_ && picImage1a != imgImage5) {
+        look_ = Look::Normal;
+        showPicture(imgImage5);
+    } else {
+        PICPNORMAL();
+    }
+}
+
+void picbtn::redraw() {
+    if (isEnabled()) {
+        PICPNORMAL();
+    } else {
+        PICDISABLED();
+    }
+}
+
+const ButtonPicture& picbtn::pictureOf(Look look) const {
+    if (disabledLook_) {
+        return imgImage5;
+    }
+    switch (look) {
+        case Look::HLight:
+            return imgImage3;
+        case Look::Pressed:
+            return imgImage4;
+        default:
+            return imgImage2;
+    }
+}
+
+void picbtn::showLook(Look look) {
+    look_ = look;
+    showPicture(pictureOf(look));
+}
+
+void picbtn::showPicture(const ButtonPicture& picture) {
+    if (picImage1a != picture) {
+        picImage1a = picture;
+        update();
+    }
+}
+
+bool picbtn::isInside(float X, float Y) const {
+    return X >= 0 && Y >= 0 && X <= width_ && Y <= height_;
+}
+
+void picbtn::press(int Button, int Shift, float X, float Y) {
+    mouseDown_ = true;
+    if (Button == rightButton) {
+        PICPNORMAL();
+        mouseDown_ = false;
+    } else {
+        showLook(Look::Pressed);
+    }
+    emit MouseDown(Button, Shift, X, Y);
+}
+
+void picbtn::hover(int Button, int Shift, float X, float Y) {
+    emit MouseMove(Button, Shift, X, Y);
+    if (Button == 0 || Button == leftButton) {
+        if (!isInside(X, Y)) {
+            PICPNORMAL();
+        } else if (Button == leftButton) {
+            showLook(Look::Pressed);
+        }
+    }
+    if (!mouseDown_) {
+        mouseInside_ = false;
+        followEnabled();
+        UserControlMouseOut(Button, Shift, X, Y);
+    }
+    followEnabled();
+}
+
+void picbtn::UserControlMouseOut(int Button, int Shift, float X, float Y) {
+    mouseInside_ = false;
+    measure();
+    // A handler may have hidden or disabled the button meanwhile: such a one never captures.
+    if (isInside(X, Y) && mayCapture()) {
+        SetCapture();
+        showLook(Look::HLight);
+    } else {
+        ReleaseCapture();
+        PICPNORMAL();
+    }
+    emit MouseOut(Button, Shift, X, Y);
+    setMousePointer(pointerDefault);
+}
+
+void picbtn::release(int Button, int Shift, float X, float Y) {
+    const bool clicked = mouseDown_ && Button == leftButton && isInside(X, Y);
+    PICPNORMAL();
+    mouseDown_ = false;
+    emit MouseUp(Button, Shift, X, Y);
+    if (clicked) {
+        click();
+    }
+}
+
+void picbtn::click() {
+    showLook(Look::Pressed);
+    repaint();
+    PICPNORMAL();
+    emit Click();
+}
+
+void picbtn::setMousePointer(int pointer) {
+    if (pointer != mousePointer_) {
+        mousePointer_ = pointer;
+        setCursor(pointer == pointerCustom ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    }
+}
+
+void picbtn::followEnabled() {
+    setMousePointer(isEnabled() ? pointerCustom : pointerDefault);
+}
+
+void picbtn::SetCapture() {
+    mouseInside_ = true;
+}
+
+void picbtn::ReleaseCapture() {
+    mouseInside_ = false;
+}
+
+// The pointer is no longer this button's business, wherever it is.
+void picbtn::letGo() {
+    ReleaseCapture();
+    mouseDown_ = false;
+    PICPNORMAL();
+    setMousePointer(pointerDefault);
+}
+
+void picbtn::nameForAssistance() {
+    setAccessibleName(toolTip().isEmpty() ? caption_ : toolTip());
+}
+
+bool picbtn::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::WindowDeactivate:
+        case QEvent::WindowBlocked:
+        case QEvent::ParentAboutToChange:
+            letGo();
+            break;
+        case QEvent::ToolTipChange:
+            nameForAssistance();
+            break;
+        default:
+            break;
+    }
+    return QWidget::event(event);
+}
+
+void picbtn::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+        letGo();
+    }
+    QWidget::changeEvent(event);
+}
+
+void picbtn::hideEvent(QHideEvent* event) {
+    letGo();
+    QWidget::hideEvent(event);
+}
+
+// This event is the move that leaves. The edge belongs to the button, but no other event would come
+// from there; and the place is not known where the pointer has gone to another program.
+void picbtn::leaveEvent(QEvent* event) {
+    if (mouseInside_ && !mouseDown_) {
+        const QPoint place = mapFromGlobal(QCursor::pos());
+        const bool known = !isInside(twips(place.x()), twips(place.y()));
+        hover(0, shiftMask(QGuiApplication::keyboardModifiers()), twips(known ? place.x() : -1),
+              twips(known ? place.y() : -1));
+    }
+    QWidget::leaveEvent(event);
+}
+
+void picbtn::mousePressEvent(QMouseEvent* event) {
+    press(mouseButton(event->button()), shiftMask(event->modifiers()), twips(event->position().x()),
+          twips(event->position().y()));
+}
+
+// The second press is a press of its own as well: quick clicks on "next" lose no slide.
+void picbtn::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        emit DblClick();
+    }
+    mousePressEvent(event);
+}
+
+void picbtn::mouseMoveEvent(QMouseEvent* event) {
+    hover(heldButtons(event->buttons()), shiftMask(event->modifiers()),
+          twips(event->position().x()), twips(event->position().y()));
+}
+
+void picbtn::mouseReleaseEvent(QMouseEvent* event) {
+    const QPointF place = event->position();
+    if (event->buttons() == Qt::NoButton && !isInside(twips(place.x()), twips(place.y()))) {
+        ReleaseCapture();
+    }
+    release(mouseButton(event->button()), shiftMask(event->modifiers()), twips(place.x()),
+            twips(place.y()));
+}
+
+void picbtn::keyPressEvent(QKeyEvent* event) {
+    const bool pressing = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
+                          event->key() == Qt::Key_Enter;
+    if (!pressing) {
+        QWidget::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+        click();
+    }
+}
+
+void picbtn::measure() {
+    width_ = Width(*this);
+    height_ = Height(*this);
+}
+
+void picbtn::resizeEvent(QResizeEvent* event) {
+    measure();
+    update();
+    QWidget::resizeEvent(event);
+}
+
+void picbtn::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    picImage1a.paint(painter, rect());
+    if (isEnabled() && !caption_.isEmpty()) {
+        painter.setPen(palette().color(QPalette::ButtonText));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, caption_);
+    }
+    if (hasFocus()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+    }
+}
+
+}  // namespace velorama

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QAbstractButton>
+
+namespace velorama {
+
+/// A flat button of a symbol, a caption, or both; one with a caption has an outline. Space and
+/// Enter press it. Without a caption its tooltip is its name for assistive tools.
+class cbtn : public QAbstractButton {
+    Q_OBJECT
+public:
+    explicit cbtn(QWidget* parent = nullptr);
+
+    /// Name of a symbol (controls/buttons/icon.h); it is painted in this button's own colours.
+    /// Empty: none, and the icon of QAbstractButton counts.
+    void setSymbol(const QString& name);
+    QString Symbol() const { return symbol_; }
+    /// The one button of its group that leads on is filled with the palette's accent.
+    void setPrimary(bool primary);
+    /// Symbol and caption stand at the left instead of in the middle: for buttons in a column.
+    void setLeading(bool leading);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+signals:
+    void Click();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool hasIcon() const;
+    void paintGround(QPainter& painter) const;
+    void paintIcon(QPainter& painter, const QRect& place) const;
+    QColor textColour() const;
+
+    QString symbol_;
+    bool primary_ = false;
+    bool leading_ = false;
+};
+
+}  // namespace velorama

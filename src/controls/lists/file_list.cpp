@@ -1,0 +1,53 @@
+#include "controls/lists/file_list.h"
+
+#include "platform/files/paths.h"
+
+#include <QDir>
+#include <QDirIterator>
+
+#include <algorithm>
+
+namespace velorama {
+namespace {
+
+QStringList wildcards(const QString& pattern) {
+    QStringList list;
+    for (const QString& part : pattern.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const QString wildcard = part.trimmed();
+        // "*.*" means any file, also one without a dot.
+        list.append(wildcard == QLatin1String("*.*") ? QStringLiteral("*") : wildcard);
+    }
+    return list;
+}
+
+bool sortsBefore(const QString& a, const QString& b) {
+    const int order = QString::compare(a, b, Qt::CaseInsensitive);
+    return order != 0 ? order < 0 : a < b;
+}
+
+}  // namespace
+
+void FileList::setPath(const QString& path) {
+    path_ = path;
+    read();
+}
+
+void FileList::setPattern(const QString& pattern) {
+    pattern_ = pattern;
+    read();
+}
+
+void FileList::read() {
+    names_.clear();
+    if (path_.isEmpty()) {
+        return;
+    }
+    QDirIterator entries(hostFile(path_), wildcards(pattern_), QDir::Files);
+    while (entries.hasNext()) {
+        entries.next();
+        names_.append(entries.fileName());
+    }
+    std::stable_sort(names_.begin(), names_.end(), sortsBefore);
+}
+
+}  // namespace velorama

@@ -1,0 +1,109 @@
+#include "controls/lists/image_list.h"
+
+#include <algorithm>
+
+namespace velorama {
+namespace {
+
+// The two formats the painter draws without converting first.
+QImage paintable(const QImage& image) {
+    if (image.isNull()) {
+        return image;
+    }
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                         : QImage::Format_RGB32);
+}
+
+}  // namespace
+
+ImageList::ImageList(QObject* parent) : QObject(parent) {}
+
+int ImageList::Count() const {
+    return static_cast<int>(entries_.size());
+}
+
+bool ImageList::Add(const QString& key, const QImage& image) {
+    if (key.isEmpty() || numbers_.contains(key)) {
+        return false;
+    }
+    if (!size_.isValid() && !image.isNull()) {
+        size_ = image.deviceIndependentSize().toSize();
+    }
+    entries_.push_back({key, paintable(image)});
+    numbers_.insert(entries_.back().key, Count());
+    rememberLength(key);
+    emit changed();
+    return true;
+}
+
+void ImageList::rememberLength(const QString& key) {
+    std::vector<qsizetype>& lengths = lengths_[key.front()];
+    const auto place = std::lower_bound(lengths.begin(), lengths.end(), key.size());
+    if (place == lengths.end() || *place != key.size()) {
+        lengths.insert(place, key.size());
+    }
+}
+
+void ImageList::Clear() {
+    numbers_.clear();
+    lengths_.clear();
+    entries_.clear();
+    emit changed();
+}
+
+QImage ImageList::image(int index) const {
+    return index >= 1 && index <= Count() ? entries_[static_cast<size_t>(index) - 1].image
+                                          : QImage();
+}
+
+QString ImageList::Key(int index) const {
+    return index >= 1 && index <= Count() ? entries_[static_cast<size_t>(index) - 1].key
+                                          : QString();
+}
+
+int ImageList::indexOf(const QString& key) const {
+    return numbers_.value(key, 0);
+}
+
+int ImageList::firstKeyWithin(const QString& text) const {
+    int first = 0;
+    for (qsizetype start = 0; start < text.size() && first != 1; ++start) {
+        const int found = firstKeyAt(text, start);
+        if (found != 0 && (first == 0 || found < first)) {
+            first = found;
+        }
+    }
+    return first;
+}
+
+int ImageList::firstKeyAt(const QString& text, qsizetype start) const {
+    const auto lengths = lengths_.constFind(text[start]);
+    if (lengths == lengths_.constEnd()) {
+        return 0;
+    }
+    int first = 0;
+    for (const qsizetype length : *lengths) {
+        if (start + length > text.size()) {
+            break;
+        }
+        const int found = numbers_.value(QStringView(text).mid(start, length), 0);
+        if (found != 0 && (first == 0 || found < first)) {
+            first = found;
+        }
+    }
+    return first;
+}
+
+bool ImageList::setImageSize(QSize size) {
+    if (!entries_.empty()) {
+        return false;
+    }
+    size_ = size;
+    return true;
+}
+
+QSize ImageList::ImageSize() const {
+    return size_;
+}
+
+}  // namespace velorama

@@ -1,0 +1,240 @@
+#include "controls/lists/list_box.h"
+
+#include "controls/buttons/icon.h"
+
+#include <QHelpEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QStyle>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+#include <QUrl>
+
+namespace velorama {
+namespace {
+
+constexpr int EmptyTextMargin = 12;
+constexpr int SymbolMargin = 1;
+constexpr float HeldTint = 0.24F;
+
+QStringList localFiles(const QMimeData* data) {
+    QStringList paths;
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    return paths;
+}
+
+/// The line that waits: not pale as the others are, but without the fill of a selected one.
+void paintHeld(QPainter& painter, const QStyleOptionViewItem& option, const QString& symbol) {
+    QColor ground = option.palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor ink = option.palette.color(QPalette::Active, QPalette::Text);
+    ground.setAlphaF(HeldTint);
+    painter.fillRect(option.rect, ground);
+    const int side = option.rect.height();
+    QRect place(option.rect.topLeft(), QSize(side, side));
+    QRect text = option.rect.adjusted(side, 0, -SymbolMargin, 0);
+    place = QStyle::visualRect(option.direction, option.rect, place);
+    text = QStyle::visualRect(option.direction, option.rect, text);
+    paintSymbol(painter, place.adjusted(SymbolMargin, SymbolMargin, -SymbolMargin, -SymbolMargin),
+                symbol, ink);
+    painter.setPen(ink);
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeading,
+                     option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, text.width()));
+}
+
+}  // namespace
+
+class ListBox::LineDelegate : public QStyledItemDelegate {
+public:
+    explicit LineDelegate(ListBox* box) : QStyledItemDelegate(box), box_(*box) {}
+
+    /// Lines ask for no width of their own: they get the box's, and are cut to it.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem line = option;
+        initStyleOption(&line, index);
+        if (!box_.disabledSymbol_.isEmpty() && !box_.isEnabled() &&
+            line.state.testFlag(QStyle::State_Selected)) {
+            paintHeld(*painter, line, box_.disabledSymbol_);
+        } else {
+            QStyledItemDelegate::paint(painter, option, index);
+        }
+    }
+
+private:
+    const ListBox& box_;
+};
+
+ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTextElideMode(Qt::ElideMiddle);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setUniformItemSizes(true);
+    setItemDelegate(new LineDelegate(this));
+    setDragDropMode(QAbstractItemView::DropOnly);
+}
+
+QString ListBox::List(int index) const {
+    const QListWidgetItem* line = item(index);
+    return line ? line->text() : QString();
+}
+
+bool ListBox::setList(int index, const QString& text) {
+    QListWidgetItem* line = item(index);
+    if (line) {
+        line->setText(text);
+    }
+    return line != nullptr;
+}
+
+int ListBox::ListIndex() const {
+    // The current line is another thing: the focus gives the box one without selecting it.
+    const QModelIndexList selected = selectedIndexes();
+    return selected.isEmpty() ? -1 : selected.first().row();
+}
+
+bool ListBox::setListIndex(int index) {
+    if (index < -1 || index >= count()) {
+        return false;
+    }
+    if (index < 0) {
+        clearSelection();
+        setCurrentRow(-1, QItemSelectionModel::NoUpdate);
+    } else {
+        setCurrentRow(index, QItemSelectionModel::ClearAndSelect);
+    }
+    return true;
+}
+
+void ListBox::AddItem(const QString& text) {
+    addItem(text);
+}
+
+bool ListBox::RemoveItem(int index) {
+    if (index < 0 || index >= count()) {
+        return false;
+    }
+    const int selected = ListIndex();
+    // The view would move the selection to a neighbour on its own.
+    setListIndex(-1);
+    delete takeItem(index);
+    if (selected >= 0 && selected != index) {
+        setListIndex(selected > index ? selected - 1 : selected);
+    }
+    return true;
+}
+
+void ListBox::Clear() {
+    clear();
+}
+
+void ListBox::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
+void ListBox::setDisabledSymbol(const QString& name) {
+    disabledSymbol_ = name;
+    viewport()->update();
+}
+
+bool ListBox::isCut(const QListWidgetItem* line) const {
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    return fontMetrics().horizontalAdvance(line->text()) > viewport()->width() - 2 * margin;
+}
+
+bool ListBox::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QListWidgetItem* line = itemAt(help->pos());
+        // A file name is no markup, whatever it looks like.
+        QToolTip::showText(help->globalPos(),
+                           line && isCut(line) ? u"<p style='white-space:pre'>" +
+                                                     line->text().toHtmlEscaped() + u"</p>"
+                                               : QString(),
+                           viewport());
+        return true;
+    }
+    return QListWidget::viewportEvent(event);
+}
+
+void ListBox::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    if (count() > 0 || emptyText_.isEmpty()) {
+        return;
+    }
+    const int margin = EmptyTextMargin;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && ListIndex() >= 0) {
+        if (!event->isAutoRepeat()) {
+            emit DblClick();
+        }
+        return;
+    }
+    // Into a list without a selected line, down leads to its first and up to its last.
+    if ((key == Qt::Key_Down || key == Qt::Key_Up) && ListIndex() < 0 && count() > 0) {
+        setListIndex(key == Qt::Key_Down ? 0 : count() - 1);
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+}
+
+void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    const bool onLine = itemAt(event->position().toPoint()) != nullptr;
+    QListWidget::mouseDoubleClickEvent(event);
+    if (onLine && event->button() == Qt::LeftButton) {
+        emit DblClick();
+    }
+}
+
+void ListBox::dragEnterEvent(QDragEnterEvent* event) {
+    dragMoveEvent(event);
+}
+
+void ListBox::dragMoveEvent(QDragMoveEvent* event) {
+    if (localFiles(event->mimeData()).isEmpty()) {
+        event->ignore();
+        return;
+    }
+    // The files stay where they are, also where the file manager proposes to move them.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void ListBox::dropEvent(QDropEvent* event) {
+    const QStringList paths = localFiles(event->mimeData());
+    if (paths.isEmpty()) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    emit FilesDropped(paths);
+}
+
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const {
+    // A selected line stays selected when it is clicked with a key held, and beside the lines.
+    const auto command = QListWidget::selectionCommand(index, event);
+    return index.isValid() && command.testFlag(QItemSelectionModel::Deselect)
+               ? QItemSelectionModel::ClearAndSelect
+           : index.isValid() ? command
+                             : QItemSelectionModel::NoUpdate;
+}
+
+}  // namespace velorama

@@ -1,0 +1,131 @@
+#include "controls/lists/list_delegate.h"
+
+#include "controls/input/one_line.h"
+#include "controls/lists/list_model.h"
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QPainter>
+#include <QtMath>
+
+namespace velorama {
+namespace {
+
+constexpr int Padding = 4;
+constexpr int Spacing = 2;
+constexpr int LeastWidth = 104;
+constexpr qreal Radius = 5;
+constexpr float SelectedTint = 0.38F;
+constexpr float IdleTint = 0.24F;
+constexpr float HoverTint = 0.12F;
+
+float tint(const QStyleOptionViewItem& option) {
+    if (option.state.testFlag(QStyle::State_Selected)) {
+        return option.state.testFlag(QStyle::State_Active) && option.widget != nullptr &&
+                       option.widget->hasFocus()
+                   ? SelectedTint
+                   : IdleTint;
+    }
+    return option.state.testFlag(QStyle::State_MouseOver) ? HoverTint : 0;
+}
+
+/// `current`: commands work on this item also while the keyboard is elsewhere.
+void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QRect& area,
+                 bool current) {
+    const QRectF ground = QRectF(area).adjusted(1.5, 1.5, -1.5, -1.5);
+    QColor colour = option.palette.color(QPalette::Active, QPalette::Highlight);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        painter.setPen(QPen(colour, 1));
+    } else if (current) {
+        painter.setPen(QPen(option.palette.color(QPalette::Active, QPalette::Mid), 1));
+    } else {
+        painter.setPen(Qt::NoPen);
+    }
+    colour.setAlphaF(tint(option));
+    painter.setBrush(colour);
+    painter.drawRoundedRect(ground, Radius, Radius);
+}
+
+// Image pixels fall on whole pixels of the screen, or a thumbnail would look soft at 150 %.
+void paintImage(QPainter& painter, const QImage& image, const QRect& area) {
+    const QSizeF size = image.deviceIndependentSize();
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const auto snapped = [ratio](qreal value) { return qRound(value * ratio) / ratio; };
+    const QPointF corner(snapped(area.x() + (area.width() - size.width()) / 2),
+                         snapped(area.y() + (area.height() - size.height()) / 2));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                          !qFuzzyCompare(ratio, image.devicePixelRatioF()));
+    painter.drawImage(corner, image);
+}
+
+}  // namespace
+
+ListDelegate::ListDelegate(QObject* parent) : QStyledItemDelegate(parent) {}
+
+QSize ListDelegate::cellSize(QSize image, const QFontMetrics& font) {
+    return {qMax(image.width() + 4 * Padding, LeastWidth),
+            qMax(image.height(), 0) + font.height() + 2 * Padding + 2 * Spacing};
+}
+
+QRect ListDelegate::content(const QRect& cell, const QFontMetrics& font) const {
+    const int height = cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), font).height();
+    const int spare = qMax(0, cell.height() - height);
+    return {cell.left(), cell.top() + spare / 2, cell.width(), cell.height() - spare};
+}
+
+QRect ListDelegate::captionArea(const QRect& cell, const QFontMetrics& font) const {
+    const QRect area = content(cell, font);
+    return {area.left() + Padding, area.bottom() - Padding - font.height() + 1,
+            area.width() - 2 * Padding, font.height()};
+}
+
+QRect ListDelegate::imageArea(const QRect& cell, const QFontMetrics& font) const {
+    const int top = content(cell, font).top() + Padding;
+    return {cell.left(), top, cell.width(), captionArea(cell, font).top() - Spacing - top};
+}
+
+void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    painter->save();
+    const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+    paintGround(*painter, option, content(option.rect, option.fontMetrics),
+                view != nullptr && view->currentIndex() == index);
+    const int number = index.data(ListModel::IconRole).toInt();
+    if (icons_ != nullptr && number > 0) {
+        paintImage(*painter, icons_->image(number), imageArea(option.rect, option.fontMetrics));
+    }
+    const QRect area = captionArea(option.rect, option.fontMetrics);
+    const QString caption = index.data(Qt::DisplayRole).toString().simplified();
+    painter->setFont(option.font);
+    painter->setPen(option.palette.color(option.widget != nullptr && option.widget->isEnabled()
+                                             ? QPalette::Active
+                                             : QPalette::Disabled,
+                                         QPalette::Text));
+    painter->drawText(area, Qt::AlignCenter,
+                      option.fontMetrics.elidedText(caption, Qt::ElideMiddle, area.width()));
+    painter->restore();
+}
+
+QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+    return cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), option.fontMetrics);
+}
+
+QWidget* ListDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex&) const {
+    auto* editor = new QLineEdit(parent);
+    editor->setAlignment(Qt::AlignCenter);
+    keepOneLine(*editor);
+    return editor;
+}
+
+void ListDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex&) const {
+    const int height = editor->sizeHint().height();
+    const QRect caption = captionArea(option.rect, option.fontMetrics);
+    const int top = caption.center().y() - height / 2;
+    editor->setGeometry(option.rect.left(), qMin(top, option.rect.bottom() - height + 1),
+                        option.rect.width(), height);
+}
+
+}  // namespace velorama

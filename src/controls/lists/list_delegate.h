@@ -1,0 +1,40 @@
+#pragma once
+
+#include "controls/lists/image_list.h"
+
+#include <QPointer>
+#include <QStyledItemDelegate>
+
+namespace velorama {
+
+/// Paints a cell of a ListView: the image, centred, and the caption below it in one line, elided in
+/// the middle. Edits the caption in its place.
+class ListDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+public:
+    explicit ListDelegate(QObject* parent = nullptr);
+
+    void setIcons(const ImageList* icons) { icons_ = icons; }
+
+    /// Size of a cell around an image of this size with a caption in this font.
+    static QSize cellSize(QSize image, const QFontMetrics& font);
+    /// Where in a cell the image and the caption stand. In a cell higher than it need be they stand
+    /// together in the middle.
+    QRect imageArea(const QRect& cell, const QFontMetrics& font) const;
+    QRect captionArea(const QRect& cell, const QFontMetrics& font) const;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+
+private:
+    QRect content(const QRect& cell, const QFontMetrics& font) const;
+
+    QPointer<const ImageList> icons_;
+};
+
+}  // namespace velorama

@@ -1,0 +1,76 @@
+#include "controls/lists/list_model.h"
+#include "controls/lists/list_view.h"
+
+namespace velorama {
+
+ListItem::ListItem(ListView& list, const QString& key, const QString& text, int icon)
+    : list_(list), key_(key), text_(text), icon_(icon) {}
+
+QString ListItem::Key() const {
+    return key_;
+}
+
+bool ListItem::setKey(const QString& key) {
+    if (key == key_) {
+        return true;
+    }
+    if (!key.isEmpty() && list_.keys_.contains(key)) {
+        return false;
+    }
+    list_.keys_.remove(key_);
+    if (!key.isEmpty()) {
+        list_.keys_.insert(key, this);
+    }
+    key_ = key;
+    return true;
+}
+
+QString ListItem::Text() const {
+    return text_;
+}
+
+void ListItem::setText(const QString& text) {
+    text_ = text;
+    changed();
+}
+
+int ListItem::Icon() const {
+    return icon_;
+}
+
+void ListItem::setIcon(int index) {
+    icon_ = index;
+    changed();
+}
+
+void ListItem::changed() {
+    if (list_.isPublished()) {
+        list_.model_->rowChanged(Index() - 1);
+    }
+}
+
+int ListItem::Index() const {
+    return list_.positionOf(*this);
+}
+
+bool ListItem::Selected() const {
+    return selected_;
+}
+
+void ListItem::setSelected(bool selected) {
+    selected_ = selected;
+    if (selected) {
+        list_.current_ = this;
+    }
+    if (!list_.isPublished()) {
+        return;
+    }
+    const QModelIndex row = list_.model_->index(Index() - 1);
+    if (selected) {
+        list_.selectionModel()->setCurrentIndex(row, QItemSelectionModel::Select);
+    } else {
+        list_.selectionModel()->select(row, QItemSelectionModel::Deselect);
+    }
+}
+
+}  // namespace velorama

@@ -1,0 +1,433 @@
+#include "controls/lists/list_view.h"
+
+#include "controls/geometry/twips.h"
+#include "controls/input/keys.h"
+#include "controls/lists/list_delegate.h"
+#include "controls/lists/list_model.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+namespace velorama {
+namespace {
+
+constexpr int EmptyTextMargin = 12;
+constexpr int LeastEmptyTextWidth = 90;
+
+}  // namespace
+
+ListView::ListView(QWidget* parent)
+    : QListView(parent), model_(new ListModel(*this)), delegate_(new ListDelegate(this)) {
+    setItemDelegate(delegate_);
+    setModel(model_);
+    setFlow(LeftToRight);
+    setMovement(Static);
+    setUniformItemSizes(true);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(EditKeyPressed | SelectedClicked);
+    setTextElideMode(Qt::ElideMiddle);
+    setMouseTracking(true);
+    // The context-menu key and the right button are events of the owner's.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    setArrangement(Arrangement::Wrapped);
+}
+
+ListView::~ListView() {
+    // The items outlive this destructor's body but not the widget: nothing may read them from here.
+    QSignalBlocker quiet(model_);
+    model_->setPublished(false);
+}
+
+void ListView::setArrangement(Arrangement arrangement) {
+    arrangement_ = arrangement;
+    const bool strip = arrangement == Arrangement::Strip;
+    setWrapping(!strip);
+    setResizeMode(strip ? Fixed : Adjust);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollBarPolicy(strip ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    setHorizontalScrollBarPolicy(strip ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    setSelectionRectVisible(!strip);
+    layOutCells();
+}
+
+void ListView::setRightRim(int pixels) {
+    setViewportMargins(0, 0, pixels, 0);
+    auto* spacer = new QWidget(this);
+    spacer->setFixedWidth(pixels);
+    addScrollBarWidget(spacer, Qt::AlignRight);
+}
+
+void ListView::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
+int ListView::Count() const {
+    return static_cast<int>(items_.size());
+}
+
+ListItem* ListView::Add(int index, const QString& key, const QString& text, int icon) {
+    if (index < 1 || index > Count() + 1 || (!key.isEmpty() && keys_.contains(key))) {
+        return nullptr;
+    }
+    withdraw();
+    std::unique_ptr<ListItem> made(new ListItem(*this, key, text, icon));
+    ListItem* const added = made.get();
+    added->position_ = index;
+    numbered_ = numbered_ && index == Count() + 1;
+    items_.insert(items_.begin() + (index - 1), std::move(made));
+    if (!key.isEmpty()) {
+        keys_.insert(key, added);
+    }
+    if (current_ == nullptr) {
+        current_ = added;
+    }
+    return added;
+}
+
+ListItem* ListView::item(int index) const {
+    return holds(index) ? items_[static_cast<size_t>(index) - 1].get() : nullptr;
+}
+
+ListItem* ListView::item(const QString& key) const {
+    return keys_.value(key, nullptr);
+}
+
+bool ListView::Remove(int index) {
+    if (!holds(index)) {
+        return false;
+    }
+    withdraw();
+    const ListItem* gone = item(index);
+    const bool wasCurrent = gone == current_;
+    keys_.remove(gone->key_);
+    items_.erase(items_.begin() + (index - 1));
+    numbered_ = false;
+    if (wasCurrent) {
+        current_ = item(qMin(index, Count()));
+    }
+    return true;
+}
+
+void ListView::Clear() {
+    if (items_.empty()) {
+        return;
+    }
+    withdraw();
+    scroll_ = {};
+    current_ = nullptr;
+    keys_.clear();
+    items_.clear();
+    numbered_ = true;
+}
+
+ListItem* ListView::SelectedItem() const {
+    return current_;
+}
+
+void ListView::setSelectedItem(int index) {
+    if (!holds(index)) {
+        return;
+    }
+    current_ = item(index);
+    if (isPublished()) {
+        selectionModel()->setCurrentIndex(model_->index(index - 1), QItemSelectionModel::NoUpdate);
+    }
+}
+
+void ListView::clearSelection() {
+    for (const std::unique_ptr<ListItem>& each : items_) {
+        each->selected_ = false;
+    }
+    selectionModel()->clearSelection();
+}
+
+ImageList* ListView::Icons() const {
+    return icons_;
+}
+
+void ListView::setIcons(ImageList* icons) {
+    if (icons_ != nullptr) {
+        icons_->disconnect(this);
+    }
+    icons_ = icons;
+    delegate_->setIcons(icons);
+    if (icons != nullptr) {
+        connect(icons, &ImageList::changed, this, &ListView::iconsChanged);
+    }
+    iconsChanged();
+}
+
+void ListView::iconsChanged() {
+    layOutCells();
+    viewport()->update();
+}
+
+void ListView::layOutCells() {
+    const QSize cell =
+        ListDelegate::cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), fontMetrics());
+    if (cell != gridSize()) {
+        setGridSize(cell);
+        horizontalScrollBar()->setSingleStep(cell.width() / 2);
+        verticalScrollBar()->setSingleStep(cell.height() / 2);
+    }
+}
+
+int ListView::positionOf(const ListItem& item) const {
+    if (!numbered_) {
+        int position = 0;
+        for (const std::unique_ptr<ListItem>& each : items_) {
+            each->position_ = ++position;
+        }
+        numbered_ = true;
+    }
+    return item.position_;
+}
+
+bool ListView::isPublished() const {
+    return model_->isPublished();
+}
+
+void ListView::withdraw() {
+    if (!isPublished()) {
+        return;
+    }
+    scroll_ = {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+    model_->setPublished(false);
+    viewport()->update();
+    QMetaObject::invokeMethod(this, &ListView::publishIfVisible, Qt::QueuedConnection);
+}
+
+void ListView::publishIfVisible() {
+    if (isVisible()) {
+        publish();
+    }
+}
+
+void ListView::publish() {
+    if (isPublished() || publishing_) {
+        return;
+    }
+    publishing_ = true;
+    model_->setPublished(true);
+    publishSelection();
+    doItemsLayout();
+    horizontalScrollBar()->setValue(scroll_.x());
+    verticalScrollBar()->setValue(scroll_.y());
+    publishing_ = false;
+}
+
+void ListView::publishSelection() {
+    QItemSelection selection;
+    int first = 0;
+    for (int index = 1; index <= Count() + 1; ++index) {
+        const bool selected = holds(index) && item(index)->selected_;
+        if (selected && first == 0) {
+            first = index;
+        } else if (!selected && first != 0) {
+            selection.select(model_->index(first - 1), model_->index(index - 2));
+            first = 0;
+        }
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (current_ != nullptr) {
+        const bool follows = hasAutoScroll();
+        setAutoScroll(false);
+        selectionModel()->setCurrentIndex(model_->index(positionOf(*current_) - 1),
+                                          QItemSelectionModel::NoUpdate);
+        setAutoScroll(follows);
+    }
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    if (!publishing_ && current.isValid()) {
+        current_ = item(current.row() + 1);
+    }
+    QListView::currentChanged(current, previous);
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    const auto mark = [this](const QItemSelection& ranges, bool on) {
+        for (const QItemSelectionRange& range : ranges) {
+            for (int row = range.top(); row <= range.bottom() && row < Count(); ++row) {
+                items_[static_cast<size_t>(row)]->selected_ = on;
+            }
+        }
+    };
+    if (!publishing_ && isPublished()) {
+        mark(deselected, false);
+        mark(selected, true);
+    }
+    QListView::selectionChanged(selected, deselected);
+}
+
+void ListView::textEdited(ListItem& item, const QString& text) {
+    item.setText(text);
+    emit AfterLabelEdit(text);
+}
+
+bool ListView::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::FontChange:
+        case QEvent::StyleChange:
+            layOutCells();
+            break;
+        case QEvent::Show:
+        case QEvent::KeyPress:
+        case QEvent::InputMethod:
+        // Here, not in paintEvent: the layout may show or hide scroll bars.
+        case QEvent::Paint:
+            publish();
+            break;
+        default:
+            break;
+    }
+    return QListView::event(event);
+}
+
+bool ListView::viewportEvent(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::ToolTip:
+            publish();
+            break;
+        default:
+            break;
+    }
+    return QListView::viewportEvent(event);
+}
+
+void ListView::keyPressEvent(QKeyEvent* event) {
+    const QPointer<ListView> alive(this);
+    emit KeyDown(keyCode(*event), shiftMask(event->modifiers()));
+    const QString text = event->text();
+    if (alive && !text.isEmpty() && event->key() != Qt::Key_Delete) {
+        emit KeyPress(text.front().unicode());
+    }
+    if (!alive) {
+        return;
+    }
+    publish();
+    const ListItem* const before = current_;
+    QListView::keyPressEvent(event);
+    if (alive && current_ != before) {
+        emit CurrentMoved();
+    }
+}
+
+void ListView::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton;
+    QListView::mousePressEvent(event);
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent* event) {
+    QListView::mouseReleaseEvent(event);
+    entered_ = false;
+    const QPointer<ListView> alive(this);
+    const bool click = pressed_ && event->button() == Qt::LeftButton;
+    if (click) {
+        pressed_ = false;
+    }
+    const int button = mouseButton(event->button());
+    if (button != 0) {
+        emit MouseUp(button, shiftMask(event->modifiers()),
+                     static_cast<float>(event->position().x()) * twipsPerLogicalPixel,
+                     static_cast<float>(event->position().y()) * twipsPerLogicalPixel);
+    }
+    if (alive && click) {
+        emit Click();
+    }
+}
+
+void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const bool onItem = indexAt(event->position().toPoint()).isValid();
+    QListView::mouseDoubleClickEvent(event);
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    pressed_ = false;
+    if (onItem) {
+        emit DblClick();
+    }
+}
+
+void ListView::wheelEvent(QWheelEvent* event) {
+    if (arrangement_ != Arrangement::Strip || event->angleDelta().y() == 0) {
+        QListView::wheelEvent(event);
+        return;
+    }
+    // The one row moves sideways under the ordinary wheel.
+    const QPoint pixels = event->pixelDelta();
+    QWheelEvent sideways(event->position(), event->globalPosition(), {pixels.y(), 0},
+                         {event->angleDelta().y(), 0}, event->buttons(),
+                         event->modifiers() & ~Qt::AltModifier, event->phase(), event->inverted(),
+                         event->source());
+    QListView::wheelEvent(&sideways);
+    event->setAccepted(sideways.isAccepted());
+}
+
+void ListView::focusInEvent(QFocusEvent* event) {
+    publish();
+    entered_ = event->reason() == Qt::MouseFocusReason;
+    QListView::focusInEvent(event);
+    emit GotFocus();
+}
+
+bool ListView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    if (trigger == SelectedClicked && event != nullptr) {
+        // Only the caption opens for editing, and only where it alone is selected. The click that
+        // brings the keyboard here is no wish to type.
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QRect caption = delegate_->captionArea(visualRect(index), fontMetrics());
+        if (entered_ || mouse->modifiers() != Qt::NoModifier ||
+            !caption.contains(mouse->position().toPoint()) ||
+            selectionModel()->selectedRows().size() != 1) {
+            return false;
+        }
+    }
+    return QListView::edit(index, trigger, event);
+}
+
+QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+    const QItemSelectionModel::SelectionFlags command = QListView::selectionCommand(index, event);
+    // Shift alone selects the range and nothing else; Qt would keep what was selected elsewhere.
+    if (event != nullptr && command == QItemSelectionModel::SelectCurrent &&
+        (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress)) {
+        return command | QItemSelectionModel::Clear;
+    }
+    return command;
+}
+
+void ListView::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (items_.empty() && !emptyText_.isEmpty()) {
+        paintEmptyText();
+    }
+}
+
+void ListView::paintEmptyText() {
+    QPainter painter(viewport());
+    QColor colour = palette().color(QPalette::Text);
+    colour.setAlphaF(0.75F);
+    const QRect place = viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin,
+                                                    -EmptyTextMargin, -EmptyTextMargin);
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::Active, QPalette::Highlight));
+        painter.drawRect(viewport()->rect().adjusted(1, 1, -2, -2));
+    }
+    // A text broken into letters tells nothing.
+    if (place.width() >= LeastEmptyTextWidth) {
+        painter.setPen(colour);
+        painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+    }
+}
+
+}  // namespace velorama

@@ -1,0 +1,391 @@
+#include "controls/lists/report_view.h"
+
+#include "controls/geometry/twips.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QStyle>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velorama {
+namespace {
+
+constexpr int KeyRole = Qt::UserRole;
+constexpr int EmptyTextMargin = 12;
+constexpr int LeastEmptyTextWidth = 90;
+constexpr int IconSide = 20;
+// A user who drags a column to nothing would not find it again.
+constexpr int LeastDraggedWidth = 24;
+// The header's own limit; a width in pixels has to fit a whole number in any case.
+constexpr float MostTwips = 1048575 * twipsPerLogicalPixel;
+constexpr qreal Radius = 5;
+constexpr float SelectedTint = 0.38F;
+constexpr float IdleTint = 0.24F;
+constexpr float HoverTint = 0.12F;
+
+/// One line, short enough to be measured at every painting.
+QString inOneLine(const QString& text) {
+    constexpr qsizetype most = 1000;
+    const QString shown =
+        text.size() > 2 * most ? text.left(most) + QChar(0x2026) + text.right(most) : text;
+    return shown.simplified();
+}
+
+/// The row paints the ground under its cells, and a cell only what stands on it.
+class CellDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant& value, const QLocale&) const override {
+        return inOneLine(value.toString());
+    }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return {size.width(), std::max(size.height(), IconSide + 4)};
+    }
+};
+
+int widthInPixels(float twips) {
+    return toPixels(std::min(twips, MostTwips));
+}
+
+}  // namespace
+
+QString ReportItem::Key() const {
+    return row_.data(0, KeyRole).toString();
+}
+
+QString ReportItem::Text() const {
+    return row_.text(0);
+}
+
+QString ReportItem::SubItems(int column) const {
+    return column >= 1 ? row_.text(column) : QString();
+}
+
+void ReportItem::setSubItems(int column, const QString& text) {
+    if (column >= 1 && column < row_.treeWidget()->columnCount()) {
+        row_.setText(column, text);
+    }
+}
+
+int ReportItem::Index() const {
+    return row_.treeWidget()->indexOfTopLevelItem(&row_) + 1;
+}
+
+bool ReportItem::Selected() const {
+    return row_.isSelected();
+}
+
+void ReportItem::setSelected(bool selected) {
+    if (selected) {
+        row_.treeWidget()->setCurrentItem(&row_);
+    }
+    row_.setSelected(selected);
+}
+
+ReportView::ReportView(QWidget* parent) : QTreeWidget(parent) {
+    setItemDelegate(new CellDelegate(this));
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTextElideMode(Qt::ElideMiddle);
+    setIconSize({IconSide, IconSide});
+    setRootIsDecorated(false);
+    setIndentation(0);
+    setUniformRowHeights(true);
+    setItemsExpandable(false);
+    setExpandsOnDoubleClick(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setMouseTracking(true);
+    header()->setSectionsMovable(false);
+    // The owner lays the columns out to the twip, and 0 is a width too.
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(0);
+    header()->setTextElideMode(Qt::ElideRight);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (!placing_ && width < LeastDraggedWidth) {
+            header()->resizeSection(column, LeastDraggedWidth);
+        }
+    });
+    setColumns({QString()});
+    paintHeaderToTheEnd();
+}
+
+// Behind the last column the header goes on in the colour of its sections, not of the page.
+void ReportView::paintHeaderToTheEnd() {
+    QPalette ground = header()->palette();
+    ground.setColor(QPalette::Window, palette().color(QPalette::Button));
+    header()->setPalette(ground);
+}
+
+void ReportView::changeEvent(QEvent* event) {
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        paintHeaderToTheEnd();
+    }
+}
+
+ReportView::~ReportView() = default;
+
+void ReportView::setColumns(const QStringList& headers) {
+    setColumnCount(static_cast<int>(headers.size()));
+    setHeaderLabels(headers);
+    widths_.resize(static_cast<size_t>(headers.size()), -1);
+}
+
+float ReportView::ColumnWidth(int column) const {
+    if (!hasColumn(column)) {
+        return 0;
+    }
+    const int now = columnWidth(column - 1);
+    const float exact = widths_[static_cast<size_t>(column) - 1];
+    return exact >= 0 && widthInPixels(exact) == now
+               ? exact
+               : static_cast<float>(now) * twipsPerLogicalPixel;
+}
+
+bool ReportView::setColumnWidth(int column, float twips) {
+    if (!hasColumn(column) || !std::isfinite(twips) || twips < 0) {
+        return false;
+    }
+    widths_[static_cast<size_t>(column) - 1] = twips;
+    placing_ = true;
+    QTreeWidget::setColumnWidth(column - 1, widthInPixels(twips));
+    placing_ = false;
+    return true;
+}
+
+void ReportView::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
+void ReportView::setSmallIcon(const QIcon& icon) {
+    icon_ = icon;
+    for (const auto& entry : keys_) {
+        entry.second->row_.setIcon(0, icon);
+    }
+}
+
+int ReportView::Count() const {
+    return topLevelItemCount();
+}
+
+ReportItem* ReportView::Add(const QString& key, const QString& text) {
+    if (key.isEmpty() || keys_.contains(key)) {
+        return nullptr;
+    }
+    auto* row = new QTreeWidgetItem;
+    row->setText(0, text);
+    row->setData(0, KeyRole, key);
+    row->setIcon(0, icon_);
+    row->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren);
+    addTopLevelItem(row);
+    std::unique_ptr<ReportItem> item(new ReportItem(*row));
+    return keys_.emplace(key, std::move(item)).first->second.get();
+}
+
+ReportItem* ReportView::item(int index) const {
+    const QTreeWidgetItem* row = topLevelItem(index - 1);
+    return row != nullptr ? item(row->data(0, KeyRole).toString()) : nullptr;
+}
+
+ReportItem* ReportView::item(const QString& key) const {
+    const auto found = keys_.find(key);
+    return found != keys_.end() ? found->second.get() : nullptr;
+}
+
+bool ReportView::Remove(int index) {
+    const ReportItem* gone = item(index);
+    if (gone == nullptr) {
+        return false;
+    }
+    const ReportItem* selected = SelectedItem();
+    const bool goesSelected = selected == gone;
+    const QString kept = selected != nullptr ? selected->Key() : QString();
+    keys_.erase(gone->Key());
+    delete takeTopLevelItem(index - 1);
+    // The view would choose a neighbour on its own, the one above.
+    clearSelection();
+    ReportItem* next = goesSelected ? item(std::min(index, Count())) : item(kept);
+    if (next != nullptr) {
+        next->setSelected(true);
+    }
+    return true;
+}
+
+void ReportView::Clear() {
+    keys_.clear();
+    clear();
+}
+
+ReportItem* ReportView::SelectedItem() const {
+    // The current row is another thing: the focus gives the list one without selecting it.
+    const QList<QTreeWidgetItem*> rows = selectedItems();
+    return rows.isEmpty() ? nullptr : item(rows.first()->data(0, KeyRole).toString());
+}
+
+QModelIndex ReportView::indexAt(const QPoint& point) const {
+    const QModelIndex hit = QTreeWidget::indexAt(point);
+    return hit.isValid() ? hit : QTreeWidget::indexAt({columnViewportPosition(0) + 1, point.y()});
+}
+
+QString ReportView::cutText(const QPoint& point) const {
+    const QModelIndex cell = indexAt(point);
+    if (!cell.isValid()) {
+        return QString();
+    }
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(cell);
+    option.features = QStyleOptionViewItem::HasDisplay;
+    option.text = inOneLine(cell.data().toString());
+    if (cell.column() == 0 && !icon_.isNull()) {
+        option.features |= QStyleOptionViewItem::HasDecoration;
+        option.decorationSize = iconSize();
+    }
+    const QRect place = style()->subElementRect(QStyle::SE_ItemViewItemText, &option, this);
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    // To the fraction, as the style measures it.
+    const bool fits =
+        QFontMetricsF(font()).horizontalAdvance(option.text) <= place.width() - 2 * margin;
+    return fits ? QString() : option.text;
+}
+
+bool ReportView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QString text = cutText(help->pos());
+        // A note is no markup, whatever it looks like.
+        QToolTip::showText(
+            help->globalPos(),
+            text.isEmpty() ? QString()
+                           : u"<p style='white-space:pre-wrap'>" + text.toHtmlEscaped() + u"</p>",
+            viewport());
+        return true;
+    }
+    return QTreeWidget::viewportEvent(event);
+}
+
+void ReportView::paintEvent(QPaintEvent* event) {
+    QTreeWidget::paintEvent(event);
+    if (Count() == 0 && !emptyText_.isEmpty()) {
+        paintEmptyText();
+    }
+}
+
+void ReportView::paintEmptyText() {
+    QPainter painter(viewport());
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::Active, QPalette::Highlight));
+        painter.drawRect(viewport()->rect().adjusted(1, 1, -2, -2));
+    }
+    const QRect place = viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin,
+                                                    -EmptyTextMargin, -EmptyTextMargin);
+    // A text broken into letters tells nothing.
+    if (place.width() >= LeastEmptyTextWidth) {
+        QColor colour = palette().color(QPalette::Text);
+        colour.setAlphaF(0.6F);
+        painter.setPen(colour);
+        painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+    }
+}
+
+void ReportView::paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const {
+    const bool hovered = viewport()->underMouse() &&
+                         indexAt(viewport()->mapFromGlobal(QCursor::pos())).row() == index.row();
+    QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(hasFocus() && currentIndex().row() == index.row() ? QPen(colour, 1)
+                                                                     : QPen(Qt::NoPen));
+    colour.setAlphaF(selectionModel()->isSelected(index) ? hasFocus() ? SelectedTint : IdleTint
+                     : hovered                           ? HoverTint
+                                                         : 0);
+    painter.setBrush(colour);
+    painter.drawRoundedRect(QRectF(row).adjusted(1.5, 1.5, -1.5, -1.5), Radius, Radius);
+}
+
+void ReportView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    painter->save();
+    paintGround(*painter, QRect(0, option.rect.top(), viewport()->width(), option.rect.height()),
+                index.siblingAtColumn(0));
+    painter->restore();
+    for (int column = 0; column < columnCount(); ++column) {
+        const QModelIndex cell = index.siblingAtColumn(column);
+        QStyleOptionViewItem part = option;
+        part.rect = visualRect(cell);
+        part.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
+        if (part.rect.isValid()) {
+            itemDelegate()->paint(painter, part, cell);
+        }
+    }
+}
+
+void ReportView::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const QPointer<ReportView> alive(this);
+    const QString text = event->text();
+    // A key that is held would open the same thing again and again.
+    if (!text.isEmpty() && key != Qt::Key_Delete && !(enter && event->isAutoRepeat())) {
+        emit KeyPress(text.front().unicode());
+    }
+    if (!alive || enter) {
+        return;
+    }
+    // Into a list without a selected row, down leads to its first and up to its last.
+    if ((key == Qt::Key_Down || key == Qt::Key_Up) && SelectedItem() == nullptr && Count() > 0) {
+        item(key == Qt::Key_Down ? 1 : Count())->setSelected(true);
+        return;
+    }
+    QTreeWidget::keyPressEvent(event);
+}
+
+void ReportView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const bool onRow = indexAt(event->position().toPoint()).isValid();
+    QTreeWidget::mouseDoubleClickEvent(event);
+    if (onRow && event->button() == Qt::LeftButton) {
+        emit DblClick();
+    }
+}
+
+void ReportView::showEvent(QShowEvent* event) {
+    QTreeWidget::showEvent(event);
+    if (!event->spontaneous() && SelectedItem() != nullptr) {
+        scrollToItem(currentItem());
+    }
+}
+
+QItemSelectionModel::SelectionFlags ReportView::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent* event) const {
+    // A selected row stays selected when it is clicked with a key held, and beside the rows.
+    if (!index.isValid()) {
+        return QItemSelectionModel::NoUpdate;
+    }
+    const QItemSelectionModel::SelectionFlags command = QTreeWidget::selectionCommand(index, event);
+    return command.testFlag(QItemSelectionModel::Deselect)
+               ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+               : command;
+}
+
+// The ground of a row reaches beyond the columns, and the view would repaint these only.
+void ReportView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeWidget::currentChanged(current, previous);
+    viewport()->update();
+}
+
+void ReportView::selectionChanged(const QItemSelection& selected,
+                                  const QItemSelection& deselected) {
+    QTreeWidget::selectionChanged(selected, deselected);
+    viewport()->update();
+}
+
+}  // namespace velorama

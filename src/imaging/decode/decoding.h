@@ -1,0 +1,37 @@
+#pragma once
+
+#include "imaging/decode/memory_share.h"
+#include "imaging/decode/picture.h"
+
+#include <QColorSpace>
+
+namespace velorama {
+
+/// What reading pictures may take, in bytes, on all threads together.
+constexpr qint64 pictureMemory = 512LL * 1024 * 1024;
+
+/// The part of it that the files' own bytes come from; no file may be larger.
+MemoryPool& fileMemory();
+
+/// The part for decoders and bitmaps. Whoever has a share of it never waits for one of the files'.
+MemoryPool& decodingMemory();
+
+/// Size that the first bytes of a GIF, BMP or PNG tell, 64 of them being enough; empty for others.
+QSize headSizeOf(QByteArrayView bytes);
+
+/// The JPEG reader; null picture on failure.
+Picture readJpeg(QByteArrayView bytes, const Fit& fit);
+
+/// Eighths of the linear size that a JPEG of `size` pixels is decoded to for `fit`: 1, 2, 4 or 8.
+int jpegEighths(QSize size, const Fit& fit);
+
+/// EXIF orientation, 1 to 8, of the content of an APP1 segment; 0 if it holds none.
+int exifOrientation(QByteArrayView segment);
+
+/// `bitmap` as a viewer shows it, by an EXIF orientation; anything but 2 to 8 leaves it as it is.
+QImage oriented(QImage bitmap, int orientation);
+
+/// Colours of `space` brought to sRGB in place. Does nothing if `space` is sRGB or not valid.
+void convertToSrgb(QImage& bitmap, const QColorSpace& space);
+
+}  // namespace velorama

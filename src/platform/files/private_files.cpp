@@ -1,0 +1,42 @@
+#include "platform/files/private_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace velorama {
+
+#ifdef Q_OS_UNIX
+
+void makePrivateFolder(const QString& path) {
+    const QString folder = QDir::cleanPath(path);
+    QDir().mkpath(QFileInfo(folder).path());
+    ::mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
+}
+
+void closeToOthers(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    struct stat state = {};
+    if (::stat(name.constData(), &state) == 0 && state.st_uid == ::geteuid() &&
+        (state.st_mode & S_ISVTX) == 0 && (state.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        ::chmod(name.constData(), state.st_mode & S_IRWXU);
+    }
+}
+
+#else
+
+// A user's folders are closed to others there.
+void makePrivateFolder(const QString& path) {
+    QDir().mkpath(path);
+}
+
+void closeToOthers(const QString& /*path*/) {}
+
+#endif
+
+}  // namespace velorama

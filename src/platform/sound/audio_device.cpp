@@ -1,0 +1,293 @@
+#include "platform/sound/audio_device.h"
+
+#include "platform/process/detached_thread.h"
+
+#include <QLibrary>
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace velorama {
+namespace {
+
+using namespace std::chrono_literals;
+
+// How long the user interface waits for a device.
+constexpr auto Moment = 100ms;
+// The last sound takes a fifth of a second to be let out.
+constexpr auto LongestEnd = 2s;
+
+// How long a device that has just opened waits to be let run before it takes its first turn.
+constexpr auto FirstTurn = 50ms;
+
+// What one turn of the device takes. Shorter turns have been heard as gaps, and a turn wakes the
+// processor a few times whatever its length; a pause is heard up to a turn late.
+constexpr int TurnFrames = 8192;
+constexpr int TurnRate = 48000;
+
+/// Frames of a turn at this rate, a power of two, about as long as TurnFrames at TurnRate.
+Uint16 turnFrames(int rate) {
+    int frames = 256;
+    while (frames < 32768 && qint64(frames) * TurnRate < qint64(rate) * TurnFrames) {
+        frames *= 2;
+    }
+    return static_cast<Uint16>(frames);
+}
+
+void noMessage(const char*, int, const char*, int, const char*, ...) {}
+
+/// ALSA writes to the error stream, at every attempt, that there is no card. Where there is no ALSA
+/// nothing happens.
+void silenceAlsa() {
+    using SetHandler = int (*)(decltype(&noMessage));
+    const auto set = reinterpret_cast<SetHandler>(
+        QLibrary::resolve(QStringLiteral("asound"), 2, "snd_lib_error_set_handler"));
+    if (set) {
+        set(&noMessage);
+    }
+}
+
+/// Opening and giving back change what belongs to the whole process. Never destroyed, since a
+/// thread may still be waiting inside when the process ends.
+std::mutex& systemLock() {
+    static auto* lock = new std::mutex;
+    return *lock;
+}
+
+bool begin() {
+    // A device that cannot be had is a failure like any other; nothing of it goes to the terminal.
+    SDL_LogSetOutputFunction(nullptr, nullptr);
+    silenceAlsa();
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Velorama");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Music");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "music");
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+        return false;
+    }
+    // Nobody takes these from the queue.
+    SDL_EventState(SDL_AUDIODEVICEADDED, SDL_IGNORE);
+    SDL_EventState(SDL_AUDIODEVICEREMOVED, SDL_IGNORE);
+    return true;
+}
+
+/// Between a device and what it asks: lets it ask, or gives it silence. The device itself is never
+/// held.
+class Gate {
+public:
+    explicit Gate(const AudioDevice::Wanted& wanted) : wanted_(wanted) {}
+
+    /// Nothing is asked any more once false has been set.
+    void setRunning(bool running) {
+        const std::lock_guard guard(lock_);
+        running_ = running;
+        changed_.notify_all();
+    }
+
+    static void onTurn(void* self, Uint8* bytes, int count) {
+        static_cast<Gate*>(self)->turn(bytes, count);
+    }
+
+private:
+    void turn(Uint8* bytes, int count) {
+        std::unique_lock guard(lock_);
+        if (std::exchange(first_, false)) {
+            // A turn of silence would have to be heard to its end before the track begins.
+            changed_.wait_for(guard, FirstTurn, [this] { return running_; });
+        }
+        if (running_) {
+            wanted_.callback(wanted_.self, bytes, count);
+        } else {
+            std::fill(bytes, bytes + count, Uint8(0));
+        }
+    }
+
+    const AudioDevice::Wanted wanted_;
+    std::mutex lock_;
+    std::condition_variable changed_;
+    bool running_ = false;
+    bool first_ = true;
+};
+
+struct Device {
+    SDL_AudioDeviceID id = 0;  // 0: none
+    std::shared_ptr<Gate> gate;
+};
+
+Device openHeld(const AudioDevice::Wanted& wanted) {
+    auto gate = std::make_shared<Gate>(wanted);
+    SDL_AudioSpec spec = {};
+    spec.freq = wanted.rate;
+    spec.format = AUDIO_F32SYS;
+    spec.channels = static_cast<Uint8>(wanted.channels);
+    spec.samples = turnFrames(wanted.rate);
+    spec.callback = &Gate::onTurn;
+    spec.userdata = gate.get();
+    const SDL_AudioDeviceID id = SDL_OpenAudioDevice(nullptr, 0, &spec, nullptr, 0);
+    // At once: its thread is about to take the first turn.
+    SDL_PauseAudioDevice(id, 0);
+    return {id, std::move(gate)};
+}
+
+}  // namespace
+
+struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
+    std::mutex lock;
+    std::condition_variable changed;
+    std::optional<Wanted> wanted;  // what no thread has taken up yet
+    State state = State::Closed;
+    Device device;
+    bool running = false;
+    bool working = false;  // a thread is opening or giving back
+    bool leaving = false;
+    bool begun = false;  // touched by that thread only
+    int closing = 0;     // threads that let the last sound out
+
+    bool idle() const { return !working && closing == 0; }
+
+    /// With the lock held.
+    void letGo(const Device& old) {
+        old.gate->setRunning(false);
+        ++closing;
+        const auto close = [self = shared_from_this(), old] {
+            SDL_CloseAudioDevice(old.id);
+            SDL_TLSCleanup();
+            const std::lock_guard guard(self->lock);
+            --self->closing;
+            self->changed.notify_all();
+        };
+        if (!startDetached(close)) {
+            SDL_CloseAudioDevice(old.id);  // It takes its time here, then.
+            --closing;
+        }
+    }
+
+    void endSystem() {
+        std::unique_lock guard(lock);
+        changed.wait(guard, [this] { return closing == 0; });
+        guard.unlock();
+        if (begun) {
+            SDL_QuitSubSystem(SDL_INIT_AUDIO);
+            begun = false;
+        }
+    }
+
+    Device openDevice(const Wanted& what) {
+        begun = begun || begin();
+        return begun ? openHeld(what) : Device();
+    }
+
+    Device openAnew(const Wanted& what) {
+        const std::lock_guard guard(systemLock());
+        const bool wasBegun = begun;
+        Device opened = openDevice(what);
+        if (opened.id == 0) {
+            // The sound server met at the beginning may be gone, and another one be there by now.
+            endSystem();
+            opened = wasBegun ? openDevice(what) : Device();
+        }
+        if (opened.id == 0) {
+            endSystem();
+        }
+        return opened;
+    }
+
+    /// With the lock held; for a device that has come, or one that has not.
+    void take(const Device& opened) {
+        if (state == State::Opening && !wanted) {
+            device = opened;
+            state = opened.id != 0 ? State::Open : State::Failed;
+            if (opened.id != 0) {
+                opened.gate->setRunning(running);
+            }
+        } else if (opened.id != 0) {
+            letGo(opened);  // Nobody waits for it any more.
+        }
+    }
+};
+
+/// Opens what is wanted, the newest only, until nothing more is.
+void AudioDevice::work(const std::shared_ptr<Shared>& shared) {
+    std::unique_lock guard(shared->lock);
+    while (shared->wanted) {
+        const Wanted wanted = *std::exchange(shared->wanted, std::nullopt);
+        guard.unlock();
+        const Device opened = shared->openAnew(wanted);
+        guard.lock();
+        shared->take(opened);
+        shared->changed.notify_all();
+    }
+    if (shared->leaving) {
+        guard.unlock();
+        {
+            const std::lock_guard system(systemLock());
+            shared->endSystem();
+        }
+        guard.lock();
+    }
+    SDL_TLSCleanup();  // what the library keeps for a thread it did not start itself
+    shared->working = false;
+    shared->changed.notify_all();
+}
+
+AudioDevice::AudioDevice() : shared_(std::make_shared<Shared>()) {}
+
+AudioDevice::~AudioDevice() {
+    close();
+    std::unique_lock guard(shared_->lock);
+    shared_->leaving = true;
+    if (!shared_->working) {
+        shared_->working = startDetached([shared = shared_] { work(shared); });
+    }
+    shared_->changed.wait_for(guard, LongestEnd, [this] { return shared_->idle(); });
+}
+
+void AudioDevice::open(const Wanted& wanted) {
+    close();
+    std::unique_lock guard(shared_->lock);
+    const bool late =
+        shared_->working;  // An earlier one still waits, and this one would behind it.
+    shared_->wanted = wanted;
+    shared_->running = false;
+    shared_->state = State::Opening;
+    if (!late && !startDetached([shared = shared_] { work(shared); })) {
+        shared_->wanted.reset();
+        shared_->state = State::Failed;
+        return;
+    }
+    shared_->working = true;
+    if (!late) {
+        shared_->changed.wait_for(guard, Moment,
+                                  [this] { return shared_->state != State::Opening; });
+    }
+}
+
+AudioDevice::State AudioDevice::state() const {
+    const std::lock_guard guard(shared_->lock);
+    return shared_->state;
+}
+
+void AudioDevice::setRunning(bool running) {
+    const std::lock_guard guard(shared_->lock);
+    shared_->running = running;
+    if (shared_->device.id != 0) {
+        shared_->device.gate->setRunning(running);
+    }
+}
+
+void AudioDevice::close() {
+    const std::lock_guard guard(shared_->lock);
+    if (shared_->device.id != 0) {
+        shared_->letGo(std::exchange(shared_->device, Device()));
+    }
+    shared_->wanted.reset();
+    shared_->state = State::Closed;
+}
+
+}  // namespace velorama

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "controls/buttons/push_button.h"
+#include "controls/input/up_down.h"
+#include "ui/pages/web_album_samples.h"
+#include "ui/parts/colour_field.h"
+#include "webalbum/web_album_values.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScrollArea>
+
+namespace velorama {
+
+/// The page WebAlbum of the main window: what an album of web pages is to look like. Its controls
+/// are the only store of these settings while the program runs.
+class WebAlbumPage : public QObject {
+    Q_OBJECT
+public:
+    /// Makes the controls on the page's frame.
+    WebAlbumPage(QWidget& picframWEBALBM, CommonDialog& cdlDIALOG);
+
+    QLineEdit* txtTITLE = nullptr;
+    /// Swatch, button, drop-down and arrow of one colour each, under their own names.
+    ColourField* picBACKGROUND = nullptr;
+    ColourField* picTEXTCOLOR = nullptr;
+    ColourField* picBARCOL = nullptr;
+    ColourField* picTITLEBARCOL = nullptr;
+    ColourField* picTITLEBARTEXTCOL = nullptr;
+    QComboBox* cboFONTS = nullptr;
+    QComboBox* cboFONTSIZE = nullptr;
+    QComboBox* cboFONTSBAR = nullptr;
+    QComboBox* cboFONTSSIZEBAR = nullptr;
+    updown* udnPHOTO = nullptr;
+    updown* udnTHUMBNAIL = nullptr;
+    cbtn* cbtnWEBALBUM = nullptr;
+    cbtn* cbtnVIEWWEBALB = nullptr;
+
+    /// Takes the eleven values from the settings; one that is not there leaves its control as it
+    /// is from the design.
+    void load();
+    void save() const;
+    /// The values as the writers of the album ask for them.
+    WebAlbumValues values() const;
+    const WebAlbumSamples& samples() const { return *samples_; }
+
+    /// Room for the settings, in twips; where it is too small they scroll.
+    void layOut(float width, float height);
+    /// Puts the page's controls between two others in the order of the Tab key.
+    void setTabOrders(QWidget* before, QWidget* after);
+
+private:
+    void makeControls(CommonDialog& cdlDIALOG);
+    QLayout* settings();
+    QLayout* panes();
+    void WebAlbumSampleUpdate();
+
+    QWidget& frame_;
+    QScrollArea* scroll_;
+    QWidget* content_;
+    std::unique_ptr<WebAlbumSamples> samples_;
+};
+
+}  // namespace velorama

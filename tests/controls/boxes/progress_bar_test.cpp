@@ -1,0 +1,83 @@
+#include "controls/boxes/progress_bar.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace velorama {
+namespace {
+
+class PaintCounter : public QObject {
+public:
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+TEST(ProgressBar, StartsFromNoughtToAHundred) {
+    const ProgressBar bar;
+    EXPECT_EQ(bar.Min(), 0);
+    EXPECT_EQ(bar.Max(), 100);
+    EXPECT_EQ(bar.Value(), 0);
+}
+
+TEST(ProgressBar, RefusesAMaximumThatIsNotAboveNought) {
+    ProgressBar bar;
+    EXPECT_FALSE(bar.setMax(0));
+    EXPECT_FALSE(bar.setMax(-3));
+    EXPECT_FALSE(bar.setMax(std::numeric_limits<float>::quiet_NaN()));
+    EXPECT_FALSE(bar.setMax(std::numeric_limits<float>::infinity()));
+    EXPECT_EQ(bar.Max(), 100);
+    EXPECT_TRUE(bar.setMax(0.5F));
+}
+
+TEST(ProgressBar, RefusesAValueOutside) {
+    ProgressBar bar;
+    bar.setMax(10);
+    EXPECT_TRUE(bar.setValue(10));
+    EXPECT_FALSE(bar.setValue(10.5F));
+    EXPECT_FALSE(bar.setValue(-1));
+    EXPECT_EQ(bar.Value(), 10);
+    EXPECT_EQ(bar.value(), bar.maximum()) << "as assistive tools read it";
+}
+
+TEST(ProgressBar, TheLimitsTakeTheValueAlong) {
+    ProgressBar bar;
+    bar.setValue(80);
+    EXPECT_TRUE(bar.setMax(50));
+    EXPECT_EQ(bar.Value(), 50);
+    EXPECT_FALSE(bar.setMin(50));
+    bar.setValue(10);
+    EXPECT_TRUE(bar.setMin(20));
+    EXPECT_EQ(bar.Value(), 20);
+    EXPECT_FALSE(bar.setMax(20));
+}
+
+TEST(ProgressBar, PaintsAtOnceAndOnlyWhereThePixelsChange) {
+    ProgressBar bar;
+    bar.resize(100, 10);
+    bar.setMax(10000);
+    bar.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+    bar.repaint();
+    PaintCounter counter;
+    bar.installEventFilter(&counter);
+    bar.setValue(100);
+    EXPECT_EQ(counter.paints, 1) << "without a turn of the event loop";
+    bar.setValue(110);
+    EXPECT_EQ(counter.paints, 1);
+    bar.setValue(5000);
+    EXPECT_EQ(counter.paints, 2);
+
+    const QImage image = bar.grab().toImage();
+    const QColor highlight = bar.palette().color(QPalette::Highlight);
+    EXPECT_EQ(image.pixelColor(30, 5), highlight);
+    EXPECT_NE(image.pixelColor(70, 5), highlight);
+}
+
+}  // namespace
+}  // namespace velorama

@@ -1,0 +1,253 @@
+#include "imaging/scale/scaling.h"
+
+#include <gtest/gtest.h>
+
+#include <QTimer>
+
+#include <cmath>
+#include <random>
+
+namespace velorama {
+namespace {
+
+QImage noise(QSize size, QImage::Format format, unsigned seed) {
+    std::mt19937 random(seed);
+    QImage image(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            // Full and empty channels besides, for overshoot.
+            const quint32 bits = random();
+            image.setPixel(x, y, bits % 3 == 0 ? bits : bits % 3 == 1 ? 0xFF00FF00U : 0x00FFFFFFU);
+        }
+    }
+    return image.convertToFormat(format);
+}
+
+double kernel(double x) {
+    const double d = std::abs(x);
+    if (d >= 2) {
+        return 0;
+    }
+    return d < 1 ? 1.5 * d * d * d - 2.5 * d * d + 1 : -0.5 * d * d * d + 2.5 * d * d - 4 * d + 2;
+}
+
+int channelOf(const QImage& image, int x, int y, int c) {
+    return image.constScanLine(y)[4 * x + c];
+}
+
+/// Weighted sum of `value(i)` over the kernel's reach, places beyond the edge repeating it.
+template <typename Value>
+double weighted(int place, int from, int to, Value value) {
+    const double step = double(from) / to;
+    const double width = std::max(1.0, step);
+    const double centre = (place + 0.5) * step - 0.5;
+    double sum = 0;
+    double weights = 0;
+    for (int i = int(std::floor(centre - 2 * width)); i <= int(std::ceil(centre + 2 * width));
+         ++i) {
+        const double weight = kernel((i - centre) / width);
+        if (weight != 0) {
+            sum += weight * value(std::clamp(i, 0, from - 1));
+            weights += weight;
+        }
+    }
+    return sum / weights;
+}
+
+/// All in double precision. Returns the largest difference of any channel.
+double largestDifference(const QImage& source, const QImage& result) {
+    const bool seeThrough = source.hasAlphaChannel();
+    double largest = 0;
+    for (int c = 3; c >= 0; --c) {
+        std::vector<double> rows(size_t(source.width()) * size_t(result.height()));
+        for (int y = 0; y < result.height(); ++y) {
+            for (int x = 0; x < source.width(); ++x) {
+                rows[size_t(y) * size_t(source.width()) + size_t(x)] =
+                    weighted(y, source.height(), result.height(),
+                             [&](int i) { return channelOf(source, x, i, c); });
+            }
+        }
+        for (int y = 0; y < result.height(); ++y) {
+            for (int x = 0; x < result.width(); ++x) {
+                const double* row = rows.data() + size_t(y) * size_t(source.width());
+                double wanted =
+                    weighted(x, source.width(), result.width(), [&](int i) { return row[i]; });
+                const double top = seeThrough && c < 3 ? channelOf(result, x, y, 3) : 255;
+                wanted = std::clamp(wanted, 0.0, top);
+                largest = std::max(largest, std::abs(wanted - channelOf(result, x, y, c)));
+            }
+        }
+    }
+    return largest;
+}
+
+class Resampling : public testing::TestWithParam<std::pair<QSize, QSize>> {};
+
+TEST_P(Resampling, is_within_one_of_double_precision) {
+    const auto [from, to] = GetParam();
+    for (const QImage::Format format :
+         {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied}) {
+        const QImage source = noise(from, format, 7);
+        const QImage result = resampled(source, to);
+        ASSERT_EQ(result.size(), to);
+        ASSERT_EQ(result.format(), format);
+        EXPECT_LE(largestDifference(source, result), 1.0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sizes, Resampling,
+    testing::Values(std::pair{QSize(40, 30), QSize(97, 61)},
+                    std::pair{QSize(97, 61), QSize(40, 30)},
+                    std::pair{QSize(300, 201), QSize(7, 5)}, std::pair{QSize(1, 1), QSize(9, 4)},
+                    std::pair{QSize(33, 1), QSize(5, 6)}, std::pair{QSize(1, 33), QSize(6, 5)},
+                    std::pair{QSize(50, 40), QSize(1, 1)}, std::pair{QSize(1500, 2), QSize(1, 2)},
+                    std::pair{QSize(2, 1500), QSize(3, 1)}, std::pair{QSize(20, 30), QSize(20, 11)},
+                    std::pair{QSize(20, 30), QSize(41, 30)}, std::pair{QSize(3, 3), QSize(200, 2)},
+                    std::pair{QSize(700, 600), QSize(650, 620)}));
+
+TEST(Resampled, keeps_a_plain_picture_plain) {
+    QImage source(123, 77, QImage::Format_RGB32);
+    source.fill(qRgb(255, 1, 128));
+    for (const QSize size : {QSize(1000, 3), QSize(50, 50), QSize(1, 1)}) {
+        QImage plain(size, QImage::Format_RGB32);
+        plain.fill(qRgb(255, 1, 128));
+        EXPECT_EQ(resampled(source, size), plain);
+    }
+}
+
+TEST(Resampled, to_its_own_size_is_the_source_itself) {
+    const QImage source = noise({31, 17}, QImage::Format_RGB32, 3);
+    EXPECT_EQ(resampled(source, {31, 17}).constBits(), source.constBits());
+}
+
+TEST(Resampled, of_nothing_or_to_nothing_is_null) {
+    const QImage source = noise({3, 3}, QImage::Format_RGB32, 3);
+    EXPECT_TRUE(resampled(QImage(), {3, 3}).isNull());
+    EXPECT_TRUE(resampled(source, {0, 3}).isNull());
+    EXPECT_TRUE(resampled(source, {3, -1}).isNull());
+}
+
+TEST(Resampled, never_lifts_a_colour_above_its_alpha) {
+    const QImage source = noise({40, 40}, QImage::Format_ARGB32_Premultiplied, 11);
+    const QImage result = resampled(source, {95, 63});
+    for (int y = 0; y < result.height(); ++y) {
+        for (int x = 0; x < result.width(); ++x) {
+            const QRgb p = reinterpret_cast<const QRgb*>(result.constScanLine(y))[x];
+            ASSERT_LE(std::max({qRed(p), qGreen(p), qBlue(p)}), qAlpha(p));
+        }
+    }
+}
+
+TEST(FittedRect, gives_bars_where_the_ratio_differs) {
+    EXPECT_EQ(fittedRect({640, 480}, {64, 64}), QRect(0, 8, 64, 48));
+    EXPECT_EQ(fittedRect({480, 640}, {64, 64}), QRect(8, 0, 48, 64));
+    EXPECT_EQ(fittedRect({10, 10}, {64, 64}), QRect(0, 0, 64, 64));
+    EXPECT_EQ(fittedRect({640, 480}, {640, 480}), QRect(0, 0, 640, 480));
+    EXPECT_EQ(fittedRect({6000, 4000}, {1743, 947}), QRect(162, 0, 1420, 947));  // 1420.5, 161.5
+}
+
+TEST(FittedRect, rounds_halves_to_even) {
+    EXPECT_EQ(fittedRect({2, 1}, {5, 5}), QRect(0, 2, 5, 2));   // height 2.5, top 1.5
+    EXPECT_EQ(fittedRect({2, 1}, {7, 7}), QRect(0, 2, 7, 4));   // height 3.5, top 1.5
+    EXPECT_EQ(fittedRect({1, 1}, {8, 7}), QRect(0, 0, 7, 7));   // left 0.5
+    EXPECT_EQ(fittedRect({1, 1}, {10, 7}), QRect(2, 0, 7, 7));  // left 1.5
+}
+
+TEST(FittedRect, of_an_empty_size_is_empty) {
+    EXPECT_TRUE(fittedRect({0, 5}, {5, 5}).isEmpty());
+    EXPECT_TRUE(fittedRect({5, 5}, {5, 0}).isEmpty());
+}
+
+Picture plainPicture(int width, int height, QRgb colour) {
+    QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
+    image.fill(0);
+    image.fill(QColor::fromRgba(colour));
+    return PictureFromBitmap(image);
+}
+
+TEST(FittedBitmap, fills_what_the_picture_leaves_free) {
+    const QImage wide = fittedBitmap(plainPicture(20, 10, 0xFF0000FF), {8, 8}, 0x0000FF, true);
+    EXPECT_EQ(wide.pixel(4, 1), qRgb(255, 0, 0));
+    EXPECT_EQ(wide.pixel(0, 2), qRgb(0, 0, 255));
+    EXPECT_EQ(wide.pixel(7, 5), qRgb(0, 0, 255));
+    EXPECT_EQ(wide.pixel(4, 6), qRgb(255, 0, 0));
+    const QImage tall = fittedBitmap(plainPicture(10, 20, 0xFF0000FF), {8, 8}, 0x00FF00, true);
+    EXPECT_EQ(tall.pixel(1, 4), qRgb(0, 255, 0));
+    EXPECT_EQ(tall.pixel(2, 4), qRgb(0, 0, 255));
+    EXPECT_EQ(tall.pixel(6, 4), qRgb(0, 255, 0));
+}
+
+TEST(FittedBitmap, stretches_without_the_aspect) {
+    const QImage image = fittedBitmap(plainPicture(20, 10, 0xFF0000FF), {8, 8}, 0xFFFFFF, false);
+    QImage plain(8, 8, QImage::Format_RGB32);
+    plain.fill(qRgb(0, 0, 255));
+    EXPECT_EQ(image, plain);
+}
+
+TEST(FittedBitmap, lays_see_through_pictures_over_the_fill) {
+    const QImage image = fittedBitmap(plainPicture(4, 4, 0x80FF0000), {6, 6}, 0xFFFFFF, true);
+    EXPECT_EQ(image.format(), QImage::Format_RGB32);
+    EXPECT_EQ(image.pixel(3, 3), qRgb(255, 127, 127));
+    const QImage clear = fittedBitmap(plainPicture(4, 4, 0), {4, 4}, 0x102030, true);
+    EXPECT_EQ(clear.pixel(0, 3), qRgb(0x30, 0x20, 0x10));
+}
+
+TEST(FittedBitmap, uses_the_picture_size_and_not_that_of_a_reduced_bitmap) {
+    Picture picture = plainPicture(40, 30, 0xFF0000FF);
+    picture.size = QSize(4000, 1500);
+    EXPECT_EQ(fittedBitmap(picture, {8, 8}, 0, true).pixel(0, 1), qRgb(0, 0, 0));
+    EXPECT_EQ(fittedBitmap(picture, {8, 8}, 0, true).pixel(0, 3), qRgb(0, 0, 255));
+}
+
+TEST(FittedBitmap, survives_extreme_shapes) {
+    EXPECT_EQ(fittedBitmap(plainPicture(5000, 1, 0xFF0000FF), {8, 8}, 0, true).size(), QSize(8, 8));
+    EXPECT_EQ(fittedBitmap(plainPicture(1, 5000, 0xFF0000FF), {3, 8}, 0, true).size(), QSize(3, 8));
+    EXPECT_TRUE(fittedBitmap(Picture(), {8, 8}, 0, true).isNull());
+    EXPECT_TRUE(fittedBitmap(plainPicture(5, 5, 0xFF0000FF), {8, 0}, 0, true).isNull());
+}
+
+TEST(PictureResize, gives_a_picture_of_the_target_size) {
+    const Picture picture = plainPicture(20, 10, 0xFF0000FF);
+    const Picture result = PictureResize(picture, 8, 8, 0xFFFFFF, true);
+    EXPECT_EQ(result.Type, PictureType::Bitmap);
+    EXPECT_EQ(result.size, QSize(8, 8));
+    EXPECT_EQ(result.bitmap, fittedBitmap(picture, {8, 8}, 0xFFFFFF, true));
+}
+
+TEST(PictureResize, of_no_picture_is_nothing) {
+    EXPECT_TRUE(PictureResize(Picture(), 8, 8, 0xFFFFFF, true).isNull());
+    EXPECT_TRUE(PictureResize(plainPicture(3, 3, 0xFF000000), 0, 8, 0xFFFFFF, true).isNull());
+}
+
+TEST(PictureResize, takes_the_fitted_bitmap_only_where_it_is_the_one_asked_for) {
+    Picture picture = plainPicture(20, 10, 0xFF0000FF);
+    picture.fitted = noise({8, 8}, QImage::Format_RGB32, 5);
+    EXPECT_EQ(PictureResize(picture, 8, 8, 0xFFFFFF, true).bitmap, picture.fitted);
+    EXPECT_NE(PictureResize(picture, 8, 8, 0x000000, true).bitmap, picture.fitted);
+    EXPECT_NE(PictureResize(picture, 8, 8, 0xFFFFFF, false).bitmap, picture.fitted);
+    EXPECT_EQ(PictureResize(picture, 9, 8, 0xFFFFFF, true).size, QSize(9, 8));
+}
+
+/// Number of times that pending events get to run in `step`; each run queues the next.
+int yields(const std::function<void()>& step) {
+    QObject context;
+    int count = 0;
+    std::function<void()> next = [&] {
+        ++count;
+        QTimer::singleShot(0, &context, next);
+    };
+    QTimer::singleShot(0, &context, next);
+    step();
+    return count;
+}
+
+TEST(PictureResize, yields_at_start_in_the_drawing_and_at_end) {
+    const Picture picture = plainPicture(20, 10, 0xFF0000FF);
+    EXPECT_EQ(yields([&] { PictureResize(picture, 8, 8, 0xFFFFFF, true); }), 3);
+    EXPECT_EQ(yields([&] { PictureResize(Picture(), 8, 8, 0xFFFFFF, true); }), 2);
+    EXPECT_EQ(yields([&] { fittedBitmap(picture, {8, 8}, 0xFFFFFF, true); }), 0);
+}
+
+}  // namespace
+}  // namespace velorama

@@ -1,0 +1,181 @@
+#include "platform/files/paths.h"
+
+#include "support/test_world.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace velorama {
+namespace {
+
+void makeFile(const QString& path) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+}
+
+TEST(PathSeparator, IsTheOneOfThePathsOwnForm) {
+    EXPECT_EQ(pathSeparator(QStringLiteral("C:\\pics\\beach.jpg")), u'\\');
+    EXPECT_EQ(pathSeparator(QStringLiteral("c:/pics/beach.jpg")), u'\\');
+    EXPECT_EQ(pathSeparator(QStringLiteral("C:")), u'\\');
+    EXPECT_EQ(pathSeparator(QStringLiteral("pics\\beach.jpg")), u'\\');
+    EXPECT_EQ(pathSeparator(QStringLiteral("\\\\server\\share")), u'\\');
+    EXPECT_EQ(pathSeparator(QStringLiteral("/pics/beach.jpg")), u'/');
+    EXPECT_EQ(pathSeparator(QStringLiteral("/pics\\beach.jpg")), u'/');
+    EXPECT_EQ(pathSeparator(QStringLiteral("beach.jpg")), u'/');
+    EXPECT_EQ(pathSeparator(QString()), u'/');
+    EXPECT_EQ(otherSeparator(QStringLiteral("/a")), u'\\');
+    EXPECT_EQ(otherSeparator(QStringLiteral("C:\\a")), u'/');
+}
+
+TEST(DriveRoot, IsADriveWithItsSeparatorOrASlash) {
+    EXPECT_TRUE(isDriveRoot(QStringLiteral("C:\\")));
+    EXPECT_TRUE(isDriveRoot(QStringLiteral("/")));
+    EXPECT_FALSE(isDriveRoot(QStringLiteral("C:")));
+    EXPECT_FALSE(isDriveRoot(QStringLiteral("C:/")));
+    EXPECT_FALSE(isDriveRoot(QStringLiteral("C:\\a")));
+    EXPECT_FALSE(isDriveRoot(QStringLiteral("/a")));
+    EXPECT_FALSE(isDriveRoot(QStringLiteral("\\")));
+    EXPECT_FALSE(isDriveRoot(QString()));
+    EXPECT_EQ(driveRootLength(QStringLiteral("C:\\pics")), 3);
+    EXPECT_EQ(driveRootLength(QStringLiteral("/pics")), 1);
+}
+
+TEST(JoinPath, AddsTheFoldersOwnSeparatorAlways) {
+    EXPECT_EQ(joinPath(QStringLiteral("C:\\pics"), QStringLiteral("a.jpg")),
+              QStringLiteral("C:\\pics\\a.jpg"));
+    EXPECT_EQ(joinPath(QStringLiteral("/pics"), QStringLiteral("a.jpg")),
+              QStringLiteral("/pics/a.jpg"));
+    EXPECT_EQ(joinPath(QStringLiteral("/pics/"), QStringLiteral("a.jpg")),
+              QStringLiteral("/pics//a.jpg"));
+}
+
+TEST(LastSegment, FallsBackToTheOtherSeparator) {
+    EXPECT_EQ(lastSegment(QStringLiteral("C:\\pics\\beach.jpg")), QStringLiteral("beach.jpg"));
+    EXPECT_EQ(lastSegment(QStringLiteral("/pics/beach.jpg")), QStringLiteral("beach.jpg"));
+    EXPECT_EQ(lastSegment(QStringLiteral("C:/pics/beach.jpg")), QStringLiteral("beach.jpg"));
+    EXPECT_EQ(lastSegment(QStringLiteral("/pics/a\\b.jpg")), QStringLiteral("a\\b.jpg"));
+    EXPECT_EQ(lastSegment(QStringLiteral("beach.jpg")), QStringLiteral("beach.jpg"));
+    EXPECT_EQ(lastSegment(QStringLiteral("/pics/")), QString());
+    EXPECT_EQ(lastSegment(QString()), QString());
+}
+
+class HostFile : public testing::Test {
+protected:
+    void SetUp() override {
+        root = test::temporaryFolder();
+        ASSERT_TRUE(QDir().mkpath(root + QStringLiteral("/Pictures/Summer 24")));
+        makeFile(root + QStringLiteral("/Pictures/Summer 24/Beach.JPG"));
+    }
+    QString root;
+};
+
+TEST_F(HostFile, IsTheExactNameFirst) {
+    makeFile(root + QStringLiteral("/A.jpg"));
+    makeFile(root + QStringLiteral("/a.jpg"));
+    EXPECT_EQ(hostFile(root + QStringLiteral("/a.jpg")), root + QStringLiteral("/a.jpg"));
+    EXPECT_EQ(hostFile(root + QStringLiteral("/A.jpg")), root + QStringLiteral("/A.jpg"));
+}
+
+TEST_F(HostFile, IsTheFirstInNameOrderAmongSeveral) {
+    makeFile(root + QStringLiteral("/aB.jpg"));
+    makeFile(root + QStringLiteral("/Ab.jpg"));
+    EXPECT_EQ(hostFile(root + QStringLiteral("/ab.JPG")), root + QStringLiteral("/Ab.jpg"));
+}
+
+TEST_F(HostFile, IgnoresCaseInEverySegment) {
+    EXPECT_EQ(hostFile(root + QStringLiteral("/pictures/SUMMER 24/beach.jpg")),
+              root + QStringLiteral("/Pictures/Summer 24/Beach.JPG"));
+}
+
+TEST_F(HostFile, IgnoresTheKindOfSlash) {
+    const QString wanted = root + QStringLiteral("/Pictures/Summer 24/Beach.JPG");
+    EXPECT_EQ(hostFile(root + QStringLiteral("\\Pictures\\summer 24/Beach.JPG")), wanted);
+    QString allBackslashes = wanted;
+    EXPECT_EQ(hostFile(allBackslashes.replace(u'/', u'\\')), wanted);
+}
+
+TEST_F(HostFile, KeepsABackslashThatIsPartOfAName) {
+    makeFile(root + QStringLiteral("/a\\b.jpg"));
+    EXPECT_EQ(hostFile(root + QStringLiteral("/a\\b.jpg")), root + QStringLiteral("/a\\b.jpg"));
+}
+
+TEST_F(HostFile, LeavesAMissingFileUnchanged) {
+    for (const QString& path : QStringList{root + QStringLiteral("/Pictures/none.jpg"),
+                                           root + QStringLiteral("/none/Beach.jpg"), QString(),
+                                           QStringLiteral("C:\\Pictures\\a.jpg")}) {
+        EXPECT_EQ(hostFile(path), path);
+    }
+}
+
+TEST_F(HostFile, ANameWithAZeroInItIsNone) {
+    const QString path = root + QStringLiteral("/Pictures") + QChar(u'\0');
+    EXPECT_EQ(hostFile(path), QString());
+    EXPECT_EQ(hostPlace(path), QString());
+}
+
+TEST_F(HostFile, SeesAFileThatCameBetweenTwoQuestions) {
+    const QString asked = root + QStringLiteral("/Pictures/NEW.jpg");
+    EXPECT_EQ(hostFile(asked), asked);
+    makeFile(root + QStringLiteral("/Pictures/new.jpg"));
+    EXPECT_EQ(hostFile(asked), root + QStringLiteral("/Pictures/new.jpg"));
+}
+
+TEST_F(HostFile, IsNoFolderBehindAFile) {
+    const QString path = root + QStringLiteral("/pictures/summer 24/beach.jpg/x");
+    EXPECT_EQ(hostFile(path), path);
+}
+
+TEST_F(HostFile, PlaceFindsTheFoldersAndKeepsTheNewName) {
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/New/A.jpg")),
+              root + QStringLiteral("/Pictures/New/A.jpg"));
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/summer 24/BEACH.jpg")),
+              root + QStringLiteral("/Pictures/Summer 24/BEACH.jpg"));
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/none/sub/BEACH.jpg")),
+              root + QStringLiteral("/none/sub/BEACH.jpg"));
+    EXPECT_EQ(hostPlace(QStringLiteral("BEACH.jpg")), QStringLiteral("BEACH.jpg"));
+    EXPECT_EQ(hostPlace(QStringLiteral("/BEACH.jpg")), QStringLiteral("/BEACH.jpg"));
+    EXPECT_EQ(hostPlace(QString()), QString());
+#ifndef Q_OS_WIN
+    EXPECT_EQ(hostPlace(QStringLiteral("C:\\Pictures")), QString());
+#endif
+}
+
+TEST_F(HostFile, PlaceOfANewFileIsNeverThatOfAnotherName) {
+    const QString there = root + QStringLiteral("/Pictures/Summer 24/Beach.JPG");
+    EXPECT_EQ(hostPlace(there), there);
+    const QString other = root + QStringLiteral("/Pictures/Summer 24/beach.jpg");
+    EXPECT_EQ(hostFile(other), there);
+    EXPECT_EQ(hostPlace(other), other);
+}
+
+TEST_F(HostFile, PlaceOfAFolderIsNeverThatOfAnotherName) {
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/summer 24")),
+              root + QStringLiteral("/Pictures/summer 24"));
+    EXPECT_EQ(hostPlace(root + QStringLiteral("/pictures/summer 24/")),
+              root + QStringLiteral("/Pictures/summer 24"));
+}
+
+TEST_F(HostFile, PlaceTakesTheOtherSlashForAPartOfTheName) {
+    const QString typed = root + QStringLiteral("/Pictures/Summer 24\\beach.jpg");
+    EXPECT_EQ(hostPlace(typed), typed);
+}
+
+TEST_F(HostFile, PlaceOfAPathWithBackslashesAloneIsBelowTheFoldersItNames) {
+    QString path = root + QStringLiteral("/pictures/summer 24/beach.jpg");
+    EXPECT_EQ(hostPlace(path.replace(u'/', u'\\')),
+              root + QStringLiteral("/Pictures/Summer 24/beach.jpg"));
+    EXPECT_EQ(hostPlace(QStringLiteral("\\beach.jpg")), QStringLiteral("/beach.jpg"));
+}
+
+TEST(HostPlace, ABackslashPathOfTheWorkingFolderLeadsIntoItsFolder) {
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(test::temporaryFolder()));
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("albums")));
+    EXPECT_EQ(hostPlace(QStringLiteral("albums\\trip.vlr")), QStringLiteral("albums/trip.vlr"));
+    QDir::setCurrent(before);
+}
+
+}  // namespace
+}  // namespace velorama

@@ -1,0 +1,76 @@
+#include "platform/store/memory_registry_store.h"
+
+#include <gtest/gtest.h>
+
+namespace velorama {
+namespace {
+
+const QString key = QStringLiteral("SOFTWARE\\Brightquay\\Velorama\\View");
+const QString name = QStringLiteral("TABIDX");
+
+RegistryValue text(const char* data) {
+    return {ValueType::Text, data};
+}
+
+TEST(MemoryRegistryStore, IgnoresLetterCaseOfKeysAndNames) {
+    MemoryRegistryStore store;
+    EXPECT_TRUE(store.setValue(Hive::CurrentUser, key, name, text("2")));
+    EXPECT_EQ(store.value(Hive::CurrentUser, key.toLower(), QStringLiteral("TabIdx")), text("2"));
+    EXPECT_TRUE(store.setValue(Hive::CurrentUser, key.toUpper(), name.toLower(), text("3")));
+    EXPECT_EQ(store.value(Hive::CurrentUser, key, name), text("3"));
+    EXPECT_EQ(store.value(Hive::LocalMachine, key, name), std::nullopt);
+}
+
+TEST(MemoryRegistryStore, TakesSpareBackslashesAway) {
+    MemoryRegistryStore store;
+    store.setValue(Hive::CurrentUser, QStringLiteral("\\SOFTWARE\\\\A\\"), name, text("1"));
+    EXPECT_EQ(store.value(Hive::CurrentUser, QStringLiteral("SOFTWARE\\A"), name), text("1"));
+}
+
+TEST(MemoryRegistryStore, AKeyIsThereWithAValueInOrBelowIt) {
+    MemoryRegistryStore store;
+    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+    store.value(Hive::CurrentUser, key, name);
+    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+
+    store.setValue(Hive::CurrentUser, key, name, text("1"));
+    EXPECT_TRUE(store.hasKey(Hive::CurrentUser, key));
+    EXPECT_TRUE(store.hasKey(Hive::CurrentUser, QStringLiteral("software\\brightquay")));
+    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, QStringLiteral("SOFTWARE\\Bright")));
+    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key + QStringLiteral("\\Below")));
+    EXPECT_FALSE(store.hasKey(Hive::LocalMachine, key));
+
+    EXPECT_TRUE(store.removeValue(Hive::CurrentUser, key, name));
+    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+    EXPECT_FALSE(store.removeValue(Hive::CurrentUser, key, name));
+}
+
+TEST(MemoryRegistryStore, AReadOnlyHiveTakesNoWrites) {
+    MemoryRegistryStore store;
+    store.setValue(Hive::LocalMachine, key, name, text("1"));
+    store.setReadOnly(Hive::LocalMachine, true);
+    EXPECT_FALSE(store.isWritable(Hive::LocalMachine));
+    EXPECT_FALSE(store.setValue(Hive::LocalMachine, key, name, text("2")));
+    EXPECT_FALSE(store.removeValue(Hive::LocalMachine, key, name));
+    EXPECT_EQ(store.value(Hive::LocalMachine, key, name), text("1"));
+    EXPECT_TRUE(store.setValue(Hive::CurrentUser, key, name, text("2")));
+}
+
+TEST(MemoryRegistryStore, KnowsNoOtherHives) {
+    MemoryRegistryStore store;
+    const auto users = static_cast<Hive>(0x80000003U);
+    EXPECT_FALSE(store.setValue(users, key, name, text("1")));
+    EXPECT_EQ(store.value(users, key, name), std::nullopt);
+    EXPECT_FALSE(store.hasKey(users, QString()));
+    EXPECT_FALSE(store.setValue(static_cast<Hive>(7), key, name, text("1")));
+}
+
+TEST(MemoryRegistryStore, EmptyTextIsAValue) {
+    MemoryRegistryStore store;
+    EXPECT_TRUE(store.setValue(Hive::CurrentUser, key, name, text("")));
+    ASSERT_TRUE(store.value(Hive::CurrentUser, key, name));
+    EXPECT_EQ(store.value(Hive::CurrentUser, key, name)->data, QByteArray());
+}
+
+}  // namespace
+}  // namespace velorama
