@@ -7,12 +7,6 @@ namespace {
 
 constexpr int PollInterval = 1000;  // milliseconds
 
-void caption(Label* label, const QString& text) {
-    if (label) {
-        label->setCaption(text);
-    }
-}
-
 }  // namespace
 
 /// A control that is disabled loses the keyboard to whichever comes next in the window. At the end
@@ -22,7 +16,7 @@ public:
     Focus(const MusicControls& controls, size_t instead)
         : instead_(controls.cbtnAUDIO.at(instead)) {
         take(controls.lstMUSIC);
-        for (QAbstractButton* button : controls.cbtnAUDIO) {
+        for (cbtn* button : controls.cbtnAUDIO) {
             take(button);
         }
     }
@@ -37,91 +31,66 @@ public:
 
 private:
     void take(QWidget* control) {
-        if (control && control->window()->focusWidget() == control) {
+        if (control->window()->focusWidget() == control) {
             before_ = control;
         }
     }
 
     QWidget* before_ = nullptr;
-    QAbstractButton* instead_;
+    cbtn* instead_;
 };
 
 AudioEngine::AudioEngine(const MusicControls& controls, MediaCommands& device,
-                         MusicFileChooser chooseFiles, QObject* parent)
-    : QObject(parent), list(controls, std::move(chooseFiles)), c_(controls), device_(device) {
+                         CommonDialog& cdlDIALOG)
+    : list(controls, cdlDIALOG), c_(controls), device_(device) {
     stoppedState();
     connectEvents();
 }
 
 void AudioEngine::stoppedState() {
-    if (c_.tmrMUSIC) {
-        c_.tmrMUSIC->stop();
-        c_.tmrMUSIC->setInterval(PollInterval);
-    }
-    showBar(false);
+    c_.tmrMUSIC->stop();
+    c_.tmrMUSIC->setInterval(PollInterval);
+    c_.prgPLAY->setVisible(false);
     enableButtons({4, 3}, false);
-    if (c_.lstMUSIC) {
-        // A disabled list means paused.
-        c_.lstMUSIC->setDisabledSymbol(QStringLiteral("pause"));
-    }
 }
 
 void AudioEngine::connectEvents() {
-    if (c_.tmrMUSIC) {
-        connect(c_.tmrMUSIC, &QTimer::timeout, this, &AudioEngine::tmrMUSIC_Timer);
-    }
-    if (c_.lstMUSIC) {
-        connect(c_.lstMUSIC, &ListBox::DblClick, this, &AudioEngine::lstMUSIC_DblClick);
-        connect(c_.lstMUSIC, &ListBox::FilesDropped, this,
-                [this](const QStringList& paths) { list.MusicDrop(paths); });
-    }
+    connect(c_.tmrMUSIC, &QTimer::timeout, this, &AudioEngine::tmrMUSIC_Timer);
+    connect(c_.lstMUSIC, &ListBox::DblClick, this, &AudioEngine::lstMUSIC_DblClick);
+    connect(c_.lstMUSIC, &ListBox::FilesDropped, this,
+            [this](const QStringList& paths) { list.MusicDrop(paths); });
     for (int i = 0; i < static_cast<int>(c_.cbtnAUDIO.size()); ++i) {
-        if (QAbstractButton* button = c_.cbtnAUDIO.at(static_cast<size_t>(i))) {
-            connect(button, &QAbstractButton::clicked, this, [this, i] { cbtnAUDIO_Click(i); });
-        }
+        connect(c_.cbtnAUDIO.at(static_cast<size_t>(i)), &cbtn::clicked, this,
+                [this, i] { cbtnAUDIO_Click(i); });
     }
-    if (c_.Command1) {
-        connect(c_.Command1, &QAbstractButton::clicked, this, [this] { list.Command1_Click(); });
-    }
-    if (c_.Command2) {
-        connect(c_.Command2, &QAbstractButton::clicked, this, [this] { list.Command2_Click(); });
-    }
+    connect(c_.Command1, &cbtn::clicked, this, [this] { list.Command1_Click(); });
+    connect(c_.Command2, &cbtn::clicked, this, [this] { list.Command2_Click(); });
 }
 
 QString AudioEngine::currentRow() const {
-    return c_.lstMUSIC ? c_.lstMUSIC->List(c_.lstMUSIC->ListIndex()) : QString();
+    return c_.lstMUSIC->List(c_.lstMUSIC->ListIndex());
 }
 
 bool AudioEngine::isPaused() const {
-    return c_.lstMUSIC && !c_.lstMUSIC->Enabled();
+    return !c_.lstMUSIC->Enabled();
 }
 
 void AudioEngine::startPolling() {
     // A running timer goes on in its beat: a start would put the next poll off.
-    if (c_.tmrMUSIC && !c_.tmrMUSIC->isActive()) {
+    if (!c_.tmrMUSIC->isActive()) {
         c_.tmrMUSIC->start();
     }
 }
 
 void AudioEngine::enableButtons(std::initializer_list<int> indexes, bool enabled) {
     for (const int index : indexes) {
-        if (QAbstractButton* button = c_.cbtnAUDIO.at(static_cast<size_t>(index))) {
-            button->setEnabled(enabled);
-        }
+        c_.cbtnAUDIO.at(static_cast<size_t>(index))->setEnabled(enabled);
     }
 }
 
 void AudioEngine::enableList(bool enabled) {
-    if (c_.lstMUSIC) {
-        c_.lstMUSIC->setEnabled(enabled);
-        c_.lstMUSIC->setAccessibleDescription(enabled ? QString() : tr("Paused"));
-    }
-}
-
-void AudioEngine::showBar(bool visible) {
-    if (c_.prgPLAY) {
-        c_.prgPLAY->setVisible(visible);
-    }
+    c_.lstMUSIC->setEnabled(enabled);
+    c_.lstMUSIC->setAccessibleDescription(enabled ? QString() : tr("Paused"));
 }
 
 void AudioEngine::openAndPlay() {
@@ -132,7 +101,7 @@ void AudioEngine::openAndPlay() {
 
 void AudioEngine::AudioPlay() {
     startPolling();
-    showBar(true);
+    c_.prgPLAY->setVisible(true);
     openAndPlay();
     enableButtons({4, 3, 2}, true);
     enableList(true);
@@ -149,10 +118,8 @@ void AudioEngine::AudioPause() {
 void AudioEngine::AudioStop() {
     const Focus focus(c_, 2);
     closeDevice();
-    if (c_.tmrMUSIC) {
-        c_.tmrMUSIC->stop();
-    }
-    showBar(false);
+    c_.tmrMUSIC->stop();
+    c_.prgPLAY->setVisible(false);
     enableButtons({2}, true);
     enableButtons({4, 3}, false);
     enableList(true);
@@ -170,12 +137,9 @@ int AudioEngine::askSeconds(const QString& what) {
 }
 
 void AudioEngine::showProgress(int length, int position) {
-    caption(c_.lblM1, decimalText(length));
-    caption(c_.lblM2, decimalText(position));
-    showBar(true);
-    if (!c_.prgPLAY) {
-        return;
-    }
+    c_.lblM1->setCaption(decimalText(length));
+    c_.lblM2->setCaption(decimalText(position));
+    c_.prgPLAY->setVisible(true);
     if (length > 0) {
         c_.prgPLAY->setMax(static_cast<float>(length));
     }
@@ -197,19 +161,17 @@ void AudioEngine::tmrMUSIC_Timer() {
 void AudioEngine::nextTrack() {
     const Focus focus(c_, 2);
     AudioStop();
-    if (c_.lstMUSIC) {
-        const int row = c_.lstMUSIC->ListIndex();
-        if (row < c_.lstMUSIC->ListCount() - 1) {
-            c_.lstMUSIC->setListIndex(row + 1);
-        } else if (row > 0) {
-            c_.lstMUSIC->setListIndex(0);
-        }
+    const int row = c_.lstMUSIC->ListIndex();
+    if (row < c_.lstMUSIC->ListCount() - 1) {
+        c_.lstMUSIC->setListIndex(row + 1);
+    } else if (row > 0) {
+        c_.lstMUSIC->setListIndex(0);
     }
     openAndPlay();
     enableButtons({4, 3, 2}, true);
     startPolling();
-    showBar(true);
-    caption(c_.lblFile, currentRow());
+    c_.prgPLAY->setVisible(true);
+    c_.lblFile->setCaption(currentRow());
 }
 
 void AudioEngine::lstMUSIC_DblClick() {
@@ -237,9 +199,7 @@ void AudioEngine::cbtnAUDIO_Click(int Index) {
             break;
         case 5:
             AudioStop();
-            if (c_.lstMUSIC) {
-                c_.lstMUSIC->Clear();
-            }
+            c_.lstMUSIC->Clear();
             break;
         default:
             break;

@@ -13,10 +13,9 @@ namespace velorama {
 class AudioEngine : public QObject {
     Q_OBJECT
 public:
-    /// Brings the controls into the stopped state and connects their events. `device` must outlive
-    /// this.
-    AudioEngine(const MusicControls& controls, MediaCommands& device,
-                MusicFileChooser chooseFiles = {}, QObject* parent = nullptr);
+    /// Brings the controls into the stopped state and connects their events. All three must
+    /// outlive this object.
+    AudioEngine(const MusicControls& controls, MediaCommands& device, CommonDialog& cdlDIALOG);
 
     MusicList list;
 
@@ -44,10 +43,9 @@ private:
     void startPolling();
     void enableButtons(std::initializer_list<int> indexes, bool enabled);
     void enableList(bool enabled);
-    void showBar(bool visible);
     class Focus;
 
-    MusicControls c_;
+    const MusicControls& c_;
     MediaCommands& device_;
 };
 

@@ -2,42 +2,31 @@
 
 #include "controls/boxes/label.h"
 #include "controls/boxes/progress_bar.h"
+#include "controls/buttons/push_button.h"
 #include "controls/lists/list_box.h"
 
-#include <QAbstractButton>
-#include <QStringList>
 #include <QTimer>
 
 #include <array>
-#include <functional>
 
 namespace velorama {
 
-/// The controls of the main window that the music works on. They outlive whoever is given them; one
-/// that is null makes its steps do nothing.
+/// The controls that the music works on. They belong to the page they are made on.
 struct MusicControls {
-    ListBox* lstMUSIC = nullptr;
-    QTimer* tmrMUSIC = nullptr;
-    ProgressBar* prgPLAY = nullptr;
-    Label* lblM1 = nullptr;    // length in whole seconds
-    Label* lblM2 = nullptr;    // position in whole seconds
-    Label* lblFile = nullptr;  // path of the track
-    std::array<QAbstractButton*, 6> cbtnAUDIO = {};
-    QAbstractButton* Command1 = nullptr;
-    QAbstractButton* Command2 = nullptr;
-};
+    explicit MusicControls(QWidget& page);
 
-/// What the user is asked for when music is added.
-struct MusicFileRequest {
-    QString InitDir;
-    QString Filter;  // description and patterns by turns, "|" between them, patterns joined by ";"
-    int FilterIndex = 1;
-    QString DialogTitle;
-    int Flags = 0;
-    QString FileName;
+    ListBox* lstMUSIC;
+    QTimer* tmrMUSIC;
+    ProgressBar* prgPLAY;
+    // Stores that the show reads too.
+    Label* lblM1;    // length in whole seconds
+    Label* lblM2;    // position in whole seconds
+    Label* lblFile;  // path of the track
+    /// 0 add, 1 remove, 2 play, 3 pause, 4 stop, 5 remove all.
+    std::array<cbtn*, 6> cbtnAUDIO{};
+    /// The selected row up and down.
+    cbtn* Command1;
+    cbtn* Command2;
 };
-
-/// Asks for files. Full paths in the dialog's order, none if it was cancelled.
-using MusicFileChooser = std::function<QStringList(const MusicFileRequest&)>;
 
 }  // namespace velorama

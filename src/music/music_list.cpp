@@ -58,36 +58,40 @@ QString storedRow(const ListBox& list, const QString& name, int row) {
 
 }  // namespace
 
-MusicList::MusicList(const MusicControls& controls, MusicFileChooser chooseFiles)
-    : c_(controls), chooseFiles_(std::move(chooseFiles)) {}
+MusicList::MusicList(const MusicControls& controls, CommonDialog& cdlDIALOG)
+    : c_(controls), cdlDIALOG_(cdlDIALOG) {}
 
 void MusicList::enableRestart(bool enabled) const {
-    if (c_.cbtnAUDIO[2]) {
-        c_.cbtnAUDIO[2]->setEnabled(enabled);
-    }
+    c_.cbtnAUDIO[2]->setEnabled(enabled);
+}
+
+/// Full paths in the dialog's order, none if it was cancelled.
+QStringList MusicList::chooseFiles() {
+    cdlDIALOG_.InitDir = loadSetting(folderKey, folderName, applicationFolder());
+    cdlDIALOG_.Filter = musicFilter;
+    cdlDIALOG_.FilterIndex = 1;
+    cdlDIALOG_.DialogTitle = QStringLiteral("Browse for music files");
+    cdlDIALOG_.Flags = SeveralFiles;
+    cdlDIALOG_.FileName.clear();
+    gDlgHook->subCMNDLGHOOKOPEN();
+    cdlDIALOG_.ShowOpen();
+    gDlgHook->subCMNDLGHOOKCLOSE();
+    return cdlDIALOG_.FileNames();
 }
 
 void MusicList::MusicBrowse() {
-    if (!c_.lstMUSIC || !chooseFiles_) {
-        return;
-    }
-    const QStringList chosen =
-        chooseFiles_({loadSetting(folderKey, folderName, applicationFolder()), musicFilter, 1,
-                      QStringLiteral("Browse for music files"), SeveralFiles, QString()});
-    for (const QString& path : chosen) {
+    for (const QString& path : chooseFiles()) {
         saveSetting(folderKey, folderName, gFileFoldr->FolderPathFromFilename(path));
         c_.lstMUSIC->AddItem(path);
         enableRestart(true);
     }
-    if (c_.lblFile) {
-        c_.lblFile->setCaption(c_.lstMUSIC->List(0));
-    }
+    c_.lblFile->setCaption(c_.lstMUSIC->List(0));
 }
 
 void MusicList::MusicDrop(const QStringList& paths) {
     for (const QString& path : paths) {
         const QString lower = path.toLower();
-        if (c_.lstMUSIC && isMusic(lower)) {
+        if (isMusic(lower)) {
             c_.lstMUSIC->AddItem(lower);
             enableRestart(true);
             c_.lstMUSIC->setListIndex(c_.lstMUSIC->ListCount() - 1);
@@ -96,9 +100,6 @@ void MusicList::MusicDrop(const QStringList& paths) {
 }
 
 void MusicList::removeRow() {
-    if (!c_.lstMUSIC) {
-        return;
-    }
     if (c_.lstMUSIC->ListCount() > 0 && c_.lstMUSIC->ListIndex() < 0) {
         c_.lstMUSIC->setListIndex(c_.lstMUSIC->ListCount() - 1);
     }
@@ -119,13 +120,13 @@ void MusicList::exchangeWith(int offset) {
 }
 
 void MusicList::Command1_Click() {
-    if (c_.lstMUSIC && c_.lstMUSIC->ListIndex() > 0) {
+    if (c_.lstMUSIC->ListIndex() > 0) {
         exchangeWith(-1);
     }
 }
 
 void MusicList::Command2_Click() {
-    if (c_.lstMUSIC && c_.lstMUSIC->ListIndex() < c_.lstMUSIC->ListCount() - 1) {
+    if (c_.lstMUSIC->ListIndex() < c_.lstMUSIC->ListCount() - 1) {
         exchangeWith(1);
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/dialogs/common_dialog.h"
 #include "music/music_controls.h"
 
 namespace velorama {
@@ -8,7 +9,8 @@ namespace velorama {
 /// here touches the device.
 class MusicList {
 public:
-    MusicList(const MusicControls& controls, MusicFileChooser chooseFiles);
+    /// Both must outlive this object.
+    MusicList(const MusicControls& controls, CommonDialog& cdlDIALOG);
 
     void MusicBrowse();
     /// Takes the files with the ending of a music file; their paths become lower case.
@@ -22,11 +24,12 @@ public:
     void ListboxLoad(ListBox& list, const QString& name) const;
 
 private:
+    QStringList chooseFiles();
     void exchangeWith(int offset);
     void enableRestart(bool enabled) const;
 
-    MusicControls c_;
-    MusicFileChooser chooseFiles_;
+    const MusicControls& c_;
+    CommonDialog& cdlDIALOG_;
 };
 
 }  // namespace velorama

@@ -1,8 +1,8 @@
 #include "ui/main_controls.h"
 
+#include "controls/buttons/control_making.h"
 #include "controls/buttons/icon.h"
 #include "controls/geometry/twips.h"
-#include "ui/parts/control_making.h"
 
 #include <QCoreApplication>
 
@@ -55,23 +55,6 @@ constexpr std::array<CaptionedButton, 2> browseButtons = {{
     {"wallpaper", "Wallpaper", "Set the selected photo as your wallpaper"},
 }};
 
-struct MusicButton {
-    const char* symbol;
-    const char* tooltip;
-    float left;
-    float top;
-};
-
-// Those that work on the list stand in a column beside it, those that play in a row below.
-constexpr std::array<MusicButton, 6> musicButtons = {{
-    {"plus", "Add music files", 105, columnTop},
-    {"minus", "Remove the selected track", 105, columnTop + columnPitch},
-    {"play", "Play", 9150, 2950},
-    {"pause", "Pause or go on", 9660, 2950},
-    {"stop", "Stop", 10170, 2950},
-    {"clear", "Remove all tracks", 105, columnTop + 2 * columnPitch},
-}};
-
 void scaleFont(QWidget& widget, qreal factor, bool bold) {
     QFont font = widget.font();
     font.setPointSizeF(font.pointSizeF() * factor);
@@ -81,12 +64,15 @@ void scaleFont(QWidget& widget, qreal factor, bool bold) {
 
 }  // namespace
 
-MainControls::MainControls(QWidget& form) : surface(form), tabPAGES(make<tab>("tabPAGES", &form)) {
+MainControls::MainControls(QWidget& form)
+    : surface(form),
+      tabPAGES(make<tab>("tabPAGES", &form)),
+      picframMUSICLIST(makePage("picframMUSICLIST")),
+      music(*picframMUSICLIST) {
     place(*tabPAGES, 60, 75, 10920, 3800);
     tabPAGES->setActiveTabs(QStringLiteral("Slideshows,Pictures,Music,WebAlbum,Help"));
     makeSlideshowsPage();
     makePicturesPage();
-    makeMusicPage();
     picframWEBALBM = makePage("picframWEBALBM");
     makeHelpPage();
     makeBand();
@@ -149,31 +135,6 @@ void MainControls::makePicturesPage() {
             makeButton(picframPICTURES, QStringLiteral("cbtnBROWSEBTNS%1").arg(index),
                        design.symbol, design.tooltip, design.caption);
         place(*cbtnBROWSEBTNS.at(index), 0, 2950, 1440, rowHeight);
-    }
-}
-
-void MainControls::makeMusicPage() {
-    picframMUSICLIST = makePage("picframMUSICLIST");
-    for (std::size_t index = 0; index < musicButtons.size(); ++index) {
-        const MusicButton& design = musicButtons.at(index);
-        cbtnAUDIO.at(index) = makeButton(picframMUSICLIST, QStringLiteral("cbtnAUDIO%1").arg(index),
-                                         design.symbol, design.tooltip);
-        place(*cbtnAUDIO.at(index), design.left, design.top, 450, rowHeight);
-    }
-    Command1 = makeButton(picframMUSICLIST, QStringLiteral("Command1"), "up", "Move up");
-    place(*Command1, 105, columnTop + 3 * columnPitch, 450, rowHeight);
-    Command2 = makeButton(picframMUSICLIST, QStringLiteral("Command2"), "down", "Move down");
-    place(*Command2, 105, columnTop + 4 * columnPitch, 450, rowHeight);
-    lstMUSIC = make<ListBox>("lstMUSIC", picframMUSICLIST);
-    place(*lstMUSIC, 645, 90, 10170, 2760);
-    prgPLAY = make<ProgressBar>("prgPLAY", picframMUSICLIST);
-    place(*prgPLAY, 645, 3040, 8200, 150);
-    prgPLAY->hide();
-    lblM1 = make<Label>("lblM1", picframMUSICLIST);
-    lblM2 = make<Label>("lblM2", picframMUSICLIST);
-    lblFile = make<Label>("lblFile", picframMUSICLIST);
-    for (QWidget* store : {lblM1, lblM2, lblFile}) {
-        store->hide();
     }
 }
 
@@ -264,12 +225,9 @@ void MainControls::describe() {
     lvwFOUND->setEmptyText(
         text("No pictures in this folder.\nChoose a folder of photographs on the left."));
     lvwSLIDEBAR->setEmptyText(text("Add pictures from above to make a show."));
-    lstMUSIC->setEmptyText(text("Add MP3, WAV or MIDI files, or drop them here."));
     const std::pair<QWidget*, const char*> names[] = {
         {tabPAGES, "Pages"},
         {lvwALBUMS, "Slideshow Albums"},
-        {lstMUSIC, "Music"},
-        {prgPLAY, "Progress of the track"},
         {ftvFOLDER, "Folders"},
         {lvwFOUND, "Pictures Found"},
         {lvwSLIDEBAR, "Slideshow List"},

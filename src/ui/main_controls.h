@@ -8,9 +8,9 @@
 #include "controls/lists/file_list.h"
 #include "controls/lists/folder_tree.h"
 #include "controls/lists/image_list.h"
-#include "controls/lists/list_box.h"
 #include "controls/lists/list_view.h"
 #include "controls/lists/report_view.h"
+#include "music/music_controls.h"
 #include "ui/parts/slide_bar_shape.h"
 #include "ui/parts/splitter_bar.h"
 
@@ -49,16 +49,7 @@ struct MainControls {
 
     // Page Music.
     QWidget* picframMUSICLIST;
-    ListBox* lstMUSIC;
-    /// 0 add, 1 remove, 2 play, 3 pause, 4 stop, 5 remove all.
-    std::array<cbtn*, 6> cbtnAUDIO{};
-    cbtn* Command1;
-    cbtn* Command2;
-    ProgressBar* prgPLAY;
-    // Stores that the show reads too: length and position in seconds, and the track.
-    Label* lblM1;
-    Label* lblM2;
-    Label* lblFile;
+    MusicControls music;
 
     QWidget* picframWEBALBM;
 
@@ -98,7 +89,6 @@ private:
     QWidget* makePage(const char* name);
     void makeSlideshowsPage();
     void makePicturesPage();
-    void makeMusicPage();
     void makeHelpPage();
     void makeBand();
     void makeToolbar();

@@ -83,11 +83,12 @@ void MainLayout::layOutSlideshows() {
 void MainLayout::layOutMusic() {
     const float width = Width(*c_.picframMUSICLIST);
     const float height = Height(*c_.picframMUSICLIST);
-    setWidth(*c_.lstMUSIC, width - Left(*c_.lstMUSIC) - 75);
-    setHeight(*c_.lstMUSIC, height - Top(*c_.lstMUSIC) - 500);
-    placeRow({c_.cbtnAUDIO[4], c_.cbtnAUDIO[3], c_.cbtnAUDIO[2]}, width, height - 400);
-    setWidth(*c_.prgPLAY, Left(*c_.cbtnAUDIO[2]) - Left(*c_.prgPLAY) - 240);
-    setTop(*c_.prgPLAY, Top(*c_.cbtnAUDIO[2]) + 90);
+    setWidth(*c_.music.lstMUSIC, width - Left(*c_.music.lstMUSIC) - 75);
+    setHeight(*c_.music.lstMUSIC, height - Top(*c_.music.lstMUSIC) - 500);
+    placeRow({c_.music.cbtnAUDIO[4], c_.music.cbtnAUDIO[3], c_.music.cbtnAUDIO[2]}, width,
+             height - 400);
+    setWidth(*c_.music.prgPLAY, Left(*c_.music.cbtnAUDIO[2]) - Left(*c_.music.prgPLAY) - 240);
+    setTop(*c_.music.prgPLAY, Top(*c_.music.cbtnAUDIO[2]) + 90);
 }
 
 void MainLayout::layOutPictures() {

@@ -22,8 +22,6 @@ constexpr float designHeight = 7200;
 constexpr int smallestWidth = 500;
 constexpr int smallestHeight = 400;
 
-constexpr int pollInterval = 1000;
-
 }  // namespace
 
 /// The window's client area: all controls stand on it.
@@ -66,8 +64,7 @@ mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
              thumbnails_, foundListCalls()),
       albums_(albumListControls(), albumListCalls()),
       album_(albumControls(), slides_, thumbnails_, albums_),
-      audio_(musicControls(), services_.device,
-             [this](const MusicFileRequest& request) { return chooseMusic(request); }),
+      audio_(controls_.music, services_.device, cdlDIALOG_),
       webAlbum_(webAlbumControls(), webAlbumPage_.values(), webAlbumScreen()),
       preview_({controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER},
                [this] { return previewWindow(); }),
@@ -139,35 +136,6 @@ AlbumListCalls mfrmPRGMAIN::albumListCalls() {
     calls.mnuFILESAVE_Click = [this] { album_.mnuFILESAVE_Click(); };
     calls.openAlbum = [this](const QString& path) { album_.openFromList(path); };
     return calls;
-}
-
-MusicControls mfrmPRGMAIN::musicControls() {
-    tmrMUSIC_.setObjectName(QStringLiteral("tmrMUSIC"));
-    tmrMUSIC_.setInterval(pollInterval);
-    MusicControls given;
-    given.lstMUSIC = controls_.lstMUSIC;
-    given.tmrMUSIC = &tmrMUSIC_;
-    given.prgPLAY = controls_.prgPLAY;
-    given.lblM1 = controls_.lblM1;
-    given.lblM2 = controls_.lblM2;
-    given.lblFile = controls_.lblFile;
-    std::copy(controls_.cbtnAUDIO.begin(), controls_.cbtnAUDIO.end(), given.cbtnAUDIO.begin());
-    given.Command1 = controls_.Command1;
-    given.Command2 = controls_.Command2;
-    return given;
-}
-
-QStringList mfrmPRGMAIN::chooseMusic(const MusicFileRequest& request) {
-    cdlDIALOG_.InitDir = request.InitDir;
-    cdlDIALOG_.Filter = request.Filter;
-    cdlDIALOG_.FilterIndex = request.FilterIndex;
-    cdlDIALOG_.DialogTitle = request.DialogTitle;
-    cdlDIALOG_.Flags = request.Flags;
-    cdlDIALOG_.FileName = request.FileName;
-    gDlgHook->subCMNDLGHOOKOPEN();
-    cdlDIALOG_.ShowOpen();
-    gDlgHook->subCMNDLGHOOKCLOSE();
-    return cdlDIALOG_.FileNames();
 }
 
 FoundListCalls mfrmPRGMAIN::foundListCalls() {

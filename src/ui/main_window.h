@@ -89,16 +89,15 @@ private:
     /// A window closed while it loads does not come back at the end of that.
     void setVisible(bool visible) override;
     QString track() const override {
-        return controls_.lstMUSIC->List(controls_.lstMUSIC->ListIndex());
+        return controls_.music.lstMUSIC->List(controls_.music.lstMUSIC->ListIndex());
     }
-    QString trackLength() const override { return controls_.lblM1->Caption(); }
-    QString trackPosition() const override { return controls_.lblM2->Caption(); }
+    QString trackLength() const override { return controls_.music.lblM1->Caption(); }
+    QString trackPosition() const override { return controls_.music.lblM2->Caption(); }
     Colour background() override { return settings().background(); }
     Colour gradient() override { return settings().gradient(); }
 
     // -- what the classes are given --
     SlideListControls slideListControls();
-    MusicControls musicControls();
     AlbumFile::Controls albumControls();
     AlbumList::Controls albumListControls();
     AlbumListCalls albumListCalls();
@@ -107,7 +106,6 @@ private:
     WebAlbumScreen webAlbumScreen();
     /// The preview window, loaded at its first use; it unloads when it is closed.
     PreviewWindow previewWindow();
-    QStringList chooseMusic(const MusicFileRequest& request);
 
     // -- main_window_commands.cpp --
     void connectCommands();
@@ -149,7 +147,6 @@ private:
     Thumbnails thumbnails_;
     SlideList slides_;
     FoundList found_;
-    QTimer tmrMUSIC_;
     AlbumList albums_;
     AlbumFile album_;
     AudioEngine audio_;

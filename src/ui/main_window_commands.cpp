@@ -135,21 +135,48 @@ void mfrmPRGMAIN::connectSplitter() {
 void mfrmPRGMAIN::setTabOrders() {
     MainControls& c = controls_;
     const QList<QWidget*> order = {
-        c.tabPAGES,          c.cbtnSLIDES[0],     c.cbtnSLIDES[1],   c.cbtnSLIDES[2],
-        c.cbtnSLIDES[3],     c.lvwALBUMS,         c.btnADD,          c.btnREMOVE,
-        c.btnView,           c.ftvFOLDER,         c.picVBAR,         c.lvwFOUND,
-        c.cbtnBROWSEBTNS[0], c.cbtnBROWSEBTNS[1], c.cbtnAUDIO[0],    c.cbtnAUDIO[1],
-        c.cbtnAUDIO[5],      c.Command1,          c.Command2,        c.lstMUSIC,
-        c.cbtnAUDIO[2],      c.cbtnAUDIO[3],      c.cbtnAUDIO[4],    c.cbtnHELP,
-        c.cbtnUPDATES,       c.cbtnWEBSITE,       c.cbtnSUPPORT,     c.cbtnABOUT,
-        c.cbtnCONTROLS[0],   c.cbtnCONTROLS[1],   c.cbtnCONTROLS[2], c.cbtnCONTROLS[3],
-        c.cbtnCONTROLS[4],   c.cbtnCONTROLS[5],   c.cbtnCONTROLS[8], c.cbtnCONTROLS[6],
+        c.tabPAGES,
+        c.cbtnSLIDES[0],
+        c.cbtnSLIDES[1],
+        c.cbtnSLIDES[2],
+        c.cbtnSLIDES[3],
+        c.lvwALBUMS,
+        c.btnADD,
+        c.btnREMOVE,
+        c.btnView,
+        c.ftvFOLDER,
+        c.picVBAR,
+        c.lvwFOUND,
+        c.cbtnBROWSEBTNS[0],
+        c.cbtnBROWSEBTNS[1],
+        c.music.cbtnAUDIO[0],
+        c.music.cbtnAUDIO[1],
+        c.music.cbtnAUDIO[5],
+        c.music.Command1,
+        c.music.Command2,
+        c.music.lstMUSIC,
+        c.music.cbtnAUDIO[2],
+        c.music.cbtnAUDIO[3],
+        c.music.cbtnAUDIO[4],
+        c.cbtnHELP,
+        c.cbtnUPDATES,
+        c.cbtnWEBSITE,
+        c.cbtnSUPPORT,
+        c.cbtnABOUT,
+        c.cbtnCONTROLS[0],
+        c.cbtnCONTROLS[1],
+        c.cbtnCONTROLS[2],
+        c.cbtnCONTROLS[3],
+        c.cbtnCONTROLS[4],
+        c.cbtnCONTROLS[5],
+        c.cbtnCONTROLS[8],
+        c.cbtnCONTROLS[6],
         c.lvwSLIDEBAR,
     };
     for (qsizetype i = 1; i < order.size(); ++i) {
         QWidget::setTabOrder(order.at(i - 1), order.at(i));
     }
-    webAlbumPage_.setTabOrders(c.cbtnAUDIO[4], c.cbtnHELP);
+    webAlbumPage_.setTabOrders(c.music.cbtnAUDIO[4], c.cbtnHELP);
 }
 
 void mfrmPRGMAIN::popup(const PopupRequest& request, const QWidget& page) {
@@ -175,7 +202,7 @@ void mfrmPRGMAIN::tabPAGES_Click(const QString& caption) {
     const std::array<Page, 5> pages = {
         {{"Pictures", controls_.picframPICTURES, controls_.ftvFOLDER},
          {"Slideshows", controls_.picframSLIDEHSOW, controls_.lvwALBUMS},
-         {"Music", controls_.picframMUSICLIST, controls_.lstMUSIC},
+         {"Music", controls_.picframMUSICLIST, controls_.music.lstMUSIC},
          {"WebAlbum", controls_.picframWEBALBM, webAlbumPage_.txtTITLE},
          {"Help", controls_.picframHELP, controls_.cbtnHELP}}};
     const auto chosen = std::find_if(pages.begin(), pages.end(), [&caption](const Page& page) {

@@ -126,7 +126,7 @@ void mfrmPRGMAIN::appear() {
 
 void mfrmPRGMAIN::loadLists(const QString& albumPath) {
     albums_.SlideshowListLoad(*controls_.lvwALBUMS, albumListName);
-    audio_.list.ListboxLoad(*controls_.lstMUSIC, musicListName);
+    audio_.list.ListboxLoad(*controls_.music.lstMUSIC, musicListName);
     listsLoaded_ = true;
     albums_.AlbumListSelect(albumPath);
     album_.openAtStart(albumPath);
@@ -153,14 +153,14 @@ void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
     if (!listsLoaded_) {
         return;  // Closed while it comes up: empty lists would take the place of those stored.
     }
-    audio_.list.ListboxSave(*controls_.lstMUSIC, musicListName);
+    audio_.list.ListboxSave(*controls_.music.lstMUSIC, musicListName);
     albums_.SlideshowListSave(*controls_.lvwALBUMS, albumListName);
 }
 
 void mfrmPRGMAIN::Form_Unload() {
     unloaded_ = true;
     audio_.closeDevice();
-    tmrMUSIC_.stop();
+    controls_.music.tmrMUSIC->stop();
     found_.stop();
     slides_.stop();
     album_.stop();

@@ -22,7 +22,7 @@ TEST_F(AudioEngineTest, BeginsStoppedAndSendsNothing) {
 
 TEST_F(AudioEngineTest, PlayOpensAndPlaysTheSelectedRow) {
     fill({a, b}, 1);
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     lstMUSIC.setEnabled(false);
     engine->AudioPlay();
     EXPECT_EQ(device.taken(), QStringList({openCommand(b), playCommand}));
@@ -54,13 +54,13 @@ TEST_F(AudioEngineTest, PausePressedTwicePausesAndResumes) {
     fill({a}, 0);
     engine->AudioPlay();
     device.taken();
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     press(3);
     EXPECT_EQ(device.taken(), QStringList({pauseCommand}));
     EXPECT_FALSE(lstMUSIC.Enabled());
     EXPECT_TRUE(enabled(2));
     EXPECT_TRUE(tmrMUSIC.isActive());
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     press(3);
     EXPECT_EQ(device.taken(), QStringList({resumeCommand}));
     EXPECT_TRUE(lstMUSIC.Enabled());
@@ -81,14 +81,11 @@ TEST_F(AudioEngineTest, APauseIsEndedByPlay) {
 
 // The pause is the list's own state; a hidden or disabled window is none.
 TEST_F(AudioEngineTest, ADisabledWindowIsNoPause) {
-    QWidget window;
-    lstMUSIC.setParent(&window);
-    window.setEnabled(false);
+    page.setEnabled(false);
     engine->AudioPause();
     EXPECT_EQ(device.taken(), QStringList({pauseCommand}));
     engine->AudioPause();
     EXPECT_EQ(device.taken(), QStringList({resumeCommand}));
-    lstMUSIC.setParent(nullptr);
 }
 
 TEST_F(AudioEngineTest, StopEndsAnyState) {
@@ -99,7 +96,7 @@ TEST_F(AudioEngineTest, StopEndsAnyState) {
             engine->AudioPause();
         }
         device.taken();
-        cbtnAUDIO[2].setEnabled(false);
+        cbtnAUDIO[2]->setEnabled(false);
         press(4);
         EXPECT_EQ(device.taken(), QStringList({closeCommand}));
         expectStopped();
@@ -123,8 +120,8 @@ TEST_F(AudioEngineTest, APollShowsWholeSeconds) {
     prgPLAY.hide();
     poll(QStringLiteral("7250"), QStringLiteral("3999"));
     EXPECT_EQ(device.taken(), pollCommands);
-    EXPECT_EQ(lblM1.Caption(), QStringLiteral("7"));
-    EXPECT_EQ(lblM2.Caption(), QStringLiteral("3"));
+    EXPECT_EQ(controls.lblM1->Caption(), QStringLiteral("7"));
+    EXPECT_EQ(controls.lblM2->Caption(), QStringLiteral("3"));
     EXPECT_FALSE(prgPLAY.isHidden());
     EXPECT_EQ(prgPLAY.Max(), 7);
     EXPECT_EQ(prgPLAY.Value(), 3);
@@ -133,8 +130,8 @@ TEST_F(AudioEngineTest, APollShowsWholeSeconds) {
 
 TEST_F(AudioEngineTest, AnswersAreRoundedBeforeTheyAreCut) {
     poll(QStringLiteral("5999.5"), QStringLiteral("2999.4"));
-    EXPECT_EQ(lblM1.Caption(), QStringLiteral("6"));
-    EXPECT_EQ(lblM2.Caption(), QStringLiteral("2"));
+    EXPECT_EQ(controls.lblM1->Caption(), QStringLiteral("6"));
+    EXPECT_EQ(controls.lblM2->Caption(), QStringLiteral("2"));
 }
 
 TEST_F(AudioEngineTest, ALengthOfZeroLeavesTheBarsMaximum) {
@@ -142,8 +139,8 @@ TEST_F(AudioEngineTest, ALengthOfZeroLeavesTheBarsMaximum) {
     engine->AudioPlay();
     poll(QStringLiteral("9000"), QStringLiteral("4000"));
     poll(QStringLiteral("999"), QStringLiteral("1000"));
-    EXPECT_EQ(lblM1.Caption(), QStringLiteral("0"));
-    EXPECT_EQ(lblM2.Caption(), QStringLiteral("1"));
+    EXPECT_EQ(controls.lblM1->Caption(), QStringLiteral("0"));
+    EXPECT_EQ(controls.lblM2->Caption(), QStringLiteral("1"));
     EXPECT_EQ(prgPLAY.Max(), 9);
     EXPECT_EQ(prgPLAY.Value(), 1);
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
@@ -159,7 +156,7 @@ TEST_F(AudioEngineTest, TheEndIsSeenInTheLastSecond) {
     EXPECT_EQ(device.taken(),
               pollCommands + QStringList({closeCommand, openCommand(b), playCommand}));
     EXPECT_EQ(lstMUSIC.ListIndex(), 1);
-    EXPECT_EQ(lblFile.Caption(), b);
+    EXPECT_EQ(controls.lblFile->Caption(), b);
     expectPlaying();
 }
 
@@ -169,7 +166,7 @@ TEST_F(AudioEngineTest, APositionBehindTheLengthIsNoEnd) {
     engine->AudioPlay();
     poll(QStringLiteral("7250"), QStringLiteral("8000"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
-    EXPECT_EQ(lblM2.Caption(), QStringLiteral("8"));
+    EXPECT_EQ(controls.lblM2->Caption(), QStringLiteral("8"));
 }
 
 TEST_F(AudioEngineTest, AfterTheLastRowComesTheFirst) {
@@ -180,7 +177,7 @@ TEST_F(AudioEngineTest, AfterTheLastRowComesTheFirst) {
     EXPECT_EQ(device.taken(),
               pollCommands + QStringList({closeCommand, openCommand(a), playCommand}));
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
-    EXPECT_EQ(lblFile.Caption(), a);
+    EXPECT_EQ(controls.lblFile->Caption(), a);
 }
 
 TEST_F(AudioEngineTest, OneRowRepeatsForEver) {
@@ -211,7 +208,7 @@ TEST_F(AudioEngineTest, UnopenableFilesAreWalkedARowAPollEndlessly) {
         EXPECT_EQ(lstMUSIC.ListIndex(), row);
         EXPECT_EQ(device.commands.at(device.commands.size() - 2), openCommand(lstMUSIC.List(row)));
         EXPECT_TRUE(tmrMUSIC.isActive());
-        EXPECT_EQ(lblM1.Caption(), QStringLiteral("0"));
+        EXPECT_EQ(controls.lblM1->Caption(), QStringLiteral("0"));
     }
 }
 
@@ -237,7 +234,7 @@ TEST_F(AudioEngineTest, APauseInTheLastSecondHoldsUntilItIsEnded) {
     EXPECT_EQ(device.taken(), pollCommands + pollCommands);
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
     EXPECT_FALSE(lstMUSIC.Enabled());
-    EXPECT_EQ(lblM2.Caption(), QStringLiteral("7"));
+    EXPECT_EQ(controls.lblM2->Caption(), QStringLiteral("7"));
     press(3);
     poll(QStringLiteral("7250"), QStringLiteral("7100"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 1);
@@ -297,80 +294,52 @@ TEST_F(AudioEngineTest, TheTimerPolls) {
     EXPECT_EQ(device.taken(), pollCommands);
 }
 
-/// The controls in a window, in the order of the page.
 class MusicFocus : public MusicWorld {
 protected:
     MusicFocus() {
-        for (QWidget* control :
-             std::initializer_list<QWidget*>{&cbtnAUDIO[0], &cbtnAUDIO[1], &lstMUSIC, &cbtnAUDIO[2],
-                                             &cbtnAUDIO[3], &cbtnAUDIO[4], &elsewhere}) {
-            control->setParent(&window);
-        }
-        window.show();
+        page.show();
         fill({a, b}, 0);
         engine->AudioPlay();
     }
-    // The controls are members and not the window's own.
-    ~MusicFocus() override {
-        for (QObject* child : QObjectList(window.children())) {
-            static_cast<QWidget*>(child)->setParent(nullptr);
-        }
-    }
 
-    QWidget window;
-    QPushButton elsewhere;
+    QPushButton elsewhere{&page};
 };
 
 TEST_F(MusicFocus, APauseTakesItFromTheListToThePauseButton) {
     lstMUSIC.setFocus();
     engine->AudioPause();
     EXPECT_FALSE(lstMUSIC.isEnabled());
-    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[3]);
+    EXPECT_EQ(page.focusWidget(), cbtnAUDIO[3]);
     engine->AudioPause();
     EXPECT_TRUE(lstMUSIC.isEnabled());
-    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[3]);
+    EXPECT_EQ(page.focusWidget(), cbtnAUDIO[3]);
 }
 
 TEST_F(MusicFocus, StaysOnAButtonThatStaysEnabled) {
-    cbtnAUDIO[3].setFocus();
+    cbtnAUDIO[3]->setFocus();
     engine->AudioPause();
-    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[3]);
+    EXPECT_EQ(page.focusWidget(), cbtnAUDIO[3]);
     elsewhere.setFocus();
     engine->AudioPause();
     engine->AudioStop();
-    EXPECT_EQ(window.focusWidget(), &elsewhere);
+    EXPECT_EQ(page.focusWidget(), &elsewhere);
 }
 
 TEST_F(MusicFocus, AStopTakesItToTheButtonThatStartsAgain) {
     for (const size_t pressed : {3U, 4U}) {
         engine->AudioPlay();
-        cbtnAUDIO.at(pressed).setFocus();
+        cbtnAUDIO.at(pressed)->setFocus();
         engine->AudioStop();
-        EXPECT_FALSE(cbtnAUDIO.at(pressed).isEnabled());
-        EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[2]);
+        EXPECT_FALSE(cbtnAUDIO.at(pressed)->isEnabled());
+        EXPECT_EQ(page.focusWidget(), cbtnAUDIO[2]);
     }
 }
 
 TEST_F(MusicFocus, ATrackChangeLeavesItWhereItIs) {
-    cbtnAUDIO[4].setFocus();
+    cbtnAUDIO[4]->setFocus();
     engine->tmrMUSIC_Timer();
     EXPECT_EQ(lstMUSIC.ListIndex(), 1);
-    EXPECT_EQ(window.focusWidget(), &cbtnAUDIO[4]);
-}
-
-TEST_F(AudioEngineTest, WithoutControlsEveryStepDoesNothing) {
-    AudioEngine bare({}, device);
-    bare.AudioPlay();
-    bare.AudioPause();
-    bare.tmrMUSIC_Timer();
-    bare.lstMUSIC_DblClick();
-    for (int i = -1; i <= 6; ++i) {
-        bare.cbtnAUDIO_Click(i);
-    }
-    bare.list.Command1_Click();
-    bare.list.Command2_Click();
-    bare.list.MusicDrop({a});
-    EXPECT_EQ(device.taken().first(), openCommand(QString()));
+    EXPECT_EQ(page.focusWidget(), cbtnAUDIO[4]);
 }
 
 }  // namespace

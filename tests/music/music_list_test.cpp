@@ -43,11 +43,11 @@ TEST_F(MusicListTest, Button1WithoutASelectionRemovesTheLast) {
 
 TEST_F(MusicListTest, Command1MovesTheRowUp) {
     fill(texts("abc"), 2);
-    Command1.click();
+    controls.Command1->click();
     EXPECT_EQ(rows(), texts("acb"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 1);
-    Command1.click();
-    Command1.click();
+    controls.Command1->click();
+    controls.Command1->click();
     EXPECT_EQ(rows(), texts("cab"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
     EXPECT_EQ(device.taken(), QStringList());
@@ -55,11 +55,11 @@ TEST_F(MusicListTest, Command1MovesTheRowUp) {
 
 TEST_F(MusicListTest, Command2MovesTheRowDown) {
     fill(texts("abc"), 0);
-    Command2.click();
+    controls.Command2->click();
     EXPECT_EQ(rows(), texts("bac"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 1);
-    Command2.click();
-    Command2.click();
+    controls.Command2->click();
+    controls.Command2->click();
     EXPECT_EQ(rows(), texts("bca"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 2);
     EXPECT_EQ(device.taken(), QStringList());
@@ -67,47 +67,48 @@ TEST_F(MusicListTest, Command2MovesTheRowDown) {
 
 TEST_F(MusicListTest, WithoutASelectionNoRowMoves) {
     fill(texts("ab"), -1);
-    Command1.click();
+    controls.Command1->click();
     EXPECT_EQ(lstMUSIC.ListIndex(), -1);
-    Command2.click();
+    controls.Command2->click();
     EXPECT_EQ(rows(), texts("ab"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
     lstMUSIC.Clear();
-    Command1.click();
-    Command2.click();
+    controls.Command1->click();
+    controls.Command2->click();
     EXPECT_EQ(rows(), QStringList());
 }
 
 TEST_F(MusicListTest, BrowseAsksForMusicFiles) {
     press(0);
     ASSERT_EQ(requests.size(), 1U);
-    const MusicFileRequest& request = requests.front();
-    EXPECT_EQ(request.InitDir, applicationFolder());
-    EXPECT_EQ(request.Filter, QStringLiteral("All Files (*.mp3; *.mid; *.wav)|*.mp3; *.mid; *.wav|"
-                                             "mp3 Files|*.mp3|Wav Files|*.wav|Midi Files|*.mid"));
-    EXPECT_EQ(request.FilterIndex, 1);
-    EXPECT_EQ(request.DialogTitle, QStringLiteral("Browse for music files"));
-    EXPECT_EQ(request.Flags, 524806);
-    EXPECT_EQ(request.FileName, QString());
+    EXPECT_EQ(cdlDIALOG.InitDir, applicationFolder());
+    EXPECT_EQ(cdlDIALOG.Filter,
+              QStringLiteral("All Files (*.mp3; *.mid; *.wav)|*.mp3; *.mid; *.wav|"
+                             "mp3 Files|*.mp3|Wav Files|*.wav|Midi Files|*.mid"));
+    EXPECT_EQ(requests.front().filterIndex, 1);
+    EXPECT_EQ(requests.front().title, QStringLiteral("Browse for music files"));
+    EXPECT_EQ(cdlDIALOG.Flags, 524806);
+    EXPECT_TRUE(requests.front().several);
+    EXPECT_EQ(requests.front().fileName, QString());
 }
 
 TEST_F(MusicListTest, BrowseAddsTheFilesInTheDialogsOrder) {
     fill(texts("x"), 0);
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     chosen = {QStringLiteral("/m/Z.MP3"), QStringLiteral("/n/a.wav")};
     press(0);
     EXPECT_EQ(rows(), texts("x") + chosen);
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
     EXPECT_TRUE(enabled(2));
     EXPECT_EQ(loadSetting(folderKey, folderName, QString()), QStringLiteral("/n/"));
-    EXPECT_EQ(lblFile.Caption(), QStringLiteral("x"));
+    EXPECT_EQ(controls.lblFile->Caption(), QStringLiteral("x"));
     press(0);
-    EXPECT_EQ(requests.back().InitDir, QStringLiteral("/n/"));
+    EXPECT_EQ(cdlDIALOG.InitDir, QStringLiteral("/n/"));
     EXPECT_EQ(device.taken(), QStringList());
 }
 
 TEST_F(MusicListTest, ACancelledBrowseAddsNothing) {
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     press(0);
     EXPECT_EQ(rows(), QStringList());
     EXPECT_FALSE(enabled(2));
@@ -116,7 +117,7 @@ TEST_F(MusicListTest, ACancelledBrowseAddsNothing) {
 
 TEST_F(MusicListTest, DroppedMusicIsAddedInLowerCase) {
     fill(texts("x"), 0);
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     emit lstMUSIC.FilesDropped({QStringLiteral("/My Music/Song.MP3"), QStringLiteral("/a/b.Wav"),
                                 QStringLiteral("/a/B.mid")});
     EXPECT_EQ(rows(),
@@ -128,7 +129,7 @@ TEST_F(MusicListTest, DroppedMusicIsAddedInLowerCase) {
 }
 
 TEST_F(MusicListTest, OtherDroppedFilesArePassedOver) {
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     engine->list.MusicDrop({QStringLiteral("/a/b.midi"), QStringLiteral("/a/b.ogg"),
                             QStringLiteral("/a/mp3"), QStringLiteral("/a/b.mp3/"),
                             QStringLiteral("/a/b.mp3 "), QString()});
@@ -152,7 +153,7 @@ TEST_F(MusicListTest, LoadBringsTheSavedRowsBack) {
     fill(texts("abc"), 1);
     engine->list.ListboxSave(lstMUSIC, name);
     fill(texts("d"), 3);
-    cbtnAUDIO[2].setEnabled(false);
+    cbtnAUDIO[2]->setEnabled(false);
     engine->list.ListboxLoad(lstMUSIC, name);
     EXPECT_EQ(rows(), texts("abc"));
     EXPECT_EQ(lstMUSIC.ListIndex(), -1);

@@ -7,8 +7,6 @@
 #include "platform/store/memory_registry_store.h"
 #include "support/test_world.h"
 
-#include <QPushButton>
-
 #include <gtest/gtest.h>
 
 namespace velorama::test {
@@ -56,20 +54,15 @@ protected:
     MusicWorld() {
         fillTextConstants(2026, QStringLiteral("http://velorama.invalid/"));
         makeServices(store, shell);
-        lstMUSIC.setObjectName(QStringLiteral("lstMUSIC"));
-        MusicControls controls = {&lstMUSIC, &tmrMUSIC, &prgPLAY, &lblM1, &lblM2, &lblFile};
-        for (size_t i = 0; i < cbtnAUDIO.size(); ++i) {
-            controls.cbtnAUDIO.at(i) = &cbtnAUDIO.at(i);
-        }
-        controls.Command1 = &Command1;
-        controls.Command2 = &Command2;
-        engine = std::make_unique<AudioEngine>(controls, device,
-                                               [this](const MusicFileRequest& request) {
-                                                   requests.push_back(request);
-                                                   return chosen;
-                                               });
+        CommonDialog::answerWith([this](const FileDialogRequest& request) {
+            requests.push_back(request);
+            return FileDialogAnswer{chosen, 1};
+        });
     }
-    ~MusicWorld() override { releaseServices(); }
+    ~MusicWorld() override {
+        CommonDialog::answerWith({});
+        releaseServices();
+    }
 
     void fill(const QStringList& rows, int selected) {
         for (const QString& row : rows) {
@@ -84,8 +77,8 @@ protected:
         }
         return texts;
     }
-    void press(size_t index) { cbtnAUDIO.at(index).click(); }
-    bool enabled(size_t index) const { return cbtnAUDIO.at(index).isEnabled(); }
+    void press(size_t index) { cbtnAUDIO.at(index)->click(); }
+    bool enabled(size_t index) const { return cbtnAUDIO.at(index)->isEnabled(); }
     void poll(const QString& length, const QString& position) {
         device.length = length;
         device.position = position;
@@ -110,18 +103,17 @@ protected:
     MemoryRegistryStore store;
     NoShell shell;
     FakeDevice device;
-    ListBox lstMUSIC;
-    QTimer tmrMUSIC;
-    ProgressBar prgPLAY;
-    Label lblM1;
-    Label lblM2;
-    Label lblFile;
-    std::array<QPushButton, 6> cbtnAUDIO;
-    QPushButton Command1;
-    QPushButton Command2;
-    std::vector<MusicFileRequest> requests;
+    QWidget page;
+    const MusicControls controls{page};
+    ListBox& lstMUSIC = *controls.lstMUSIC;
+    QTimer& tmrMUSIC = *controls.tmrMUSIC;
+    ProgressBar& prgPLAY = *controls.prgPLAY;
+    const std::array<cbtn*, 6>& cbtnAUDIO = controls.cbtnAUDIO;
+    CommonDialog cdlDIALOG{&page};
+    std::vector<FileDialogRequest> requests;
     QStringList chosen;
-    std::unique_ptr<AudioEngine> engine;
+    std::unique_ptr<AudioEngine> engine =
+        std::make_unique<AudioEngine>(controls, device, cdlDIALOG);
 };
 
 }  // namespace velorama::test

@@ -40,15 +40,16 @@ TEST_F(SoundTest, EachKindIsHeardAsLongAsHighAndAsLoudAsItIs) {
 class EngineSoundTest : public SoundTest {
 protected:
     EngineSoundTest() {
-        lstMUSIC.AddItem(saved(folder, QStringLiteral("a.wav"), wavFile(5500, 440)));
-        lstMUSIC.setListIndex(0);
+        controls.lstMUSIC->AddItem(saved(folder, QStringLiteral("a.wav"), wavFile(5500, 440)));
+        controls.lstMUSIC->setListIndex(0);
         // The end would begin the track anew.
-        tmrMUSIC.disconnect(&engine);
+        controls.tmrMUSIC->disconnect(&engine);
     }
 
-    ListBox lstMUSIC;
-    QTimer tmrMUSIC;
-    AudioEngine engine = AudioEngine(MusicControls{&lstMUSIC, &tmrMUSIC}, *player);
+    QWidget page;
+    const MusicControls controls{page};
+    CommonDialog cdlDIALOG;
+    AudioEngine engine{controls, *player, cdlDIALOG};
 };
 
 TEST_F(EngineSoundTest, APauseIsASilenceOfItsLength) {

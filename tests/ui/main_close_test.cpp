@@ -25,7 +25,7 @@ protected:
         EXPECT_TRUE(menus().mnuFILESAVE->isEnabled());
     }
     void addToLists() {
-        controls().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
+        music().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
         controls().lvwALBUMS->Add(QStringLiteral("/albums/z.vlr"), QStringLiteral("z"));
     }
     void expectListsSaved() {

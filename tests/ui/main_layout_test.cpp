@@ -110,20 +110,19 @@ TEST_P(LayoutRules, SlideshowsPage) {
 }
 
 TEST_P(LayoutRules, MusicPage) {
-    MainControls& c = controls();
-    EXPECT_EQ(Width(*c.lstMUSIC), pageWidth - Left(*c.lstMUSIC) - 75);
-    EXPECT_EQ(Height(*c.lstMUSIC), pageHeight - Top(*c.lstMUSIC) - 500);
-    const cbtn& stop = *c.cbtnAUDIO[4];
-    const cbtn& pause = *c.cbtnAUDIO[3];
-    const cbtn& play = *c.cbtnAUDIO[2];
+    EXPECT_EQ(Width(*music().lstMUSIC), pageWidth - Left(*music().lstMUSIC) - 75);
+    EXPECT_EQ(Height(*music().lstMUSIC), pageHeight - Top(*music().lstMUSIC) - 500);
+    const cbtn& stop = *music().cbtnAUDIO[4];
+    const cbtn& pause = *music().cbtnAUDIO[3];
+    const cbtn& play = *music().cbtnAUDIO[2];
     EXPECT_EQ(Left(stop), pageWidth - 90 - Width(stop));
     EXPECT_EQ(Left(pause), Left(stop) - 90 - Width(pause));
     EXPECT_EQ(Left(play), Left(pause) - 90 - Width(play));
     for (const cbtn* button : {&stop, &pause, &play}) {
         EXPECT_EQ(Top(*button), pageHeight - 400) << button->objectName().toStdString();
     }
-    EXPECT_EQ(Width(*c.prgPLAY), Left(play) - Left(*c.prgPLAY) - 240);
-    EXPECT_EQ(Top(*c.prgPLAY), Top(play) + 90);
+    EXPECT_EQ(Width(*music().prgPLAY), Left(play) - Left(*music().prgPLAY) - 240);
+    EXPECT_EQ(Top(*music().prgPLAY), Top(play) + 90);
 }
 
 TEST_P(LayoutRules, WebAlbumPage) {

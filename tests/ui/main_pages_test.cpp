@@ -49,7 +49,7 @@ TEST_F(PagesTest, EachCaptionShowsItsFrameAloneAndGivesItTheKeyboard) {
     const Case cases[] = {
         {"Pictures", c.picframPICTURES, c.ftvFOLDER},
         {"Slideshows", c.picframSLIDEHSOW, c.lvwALBUMS},
-        {"Music", c.picframMUSICLIST, c.lstMUSIC},
+        {"Music", c.picframMUSICLIST, music().lstMUSIC},
         {"WebAlbum", c.picframWEBALBM, window->webAlbumPage().txtTITLE},
         {"Help", c.picframHELP, c.cbtnHELP},
     };
@@ -68,7 +68,7 @@ TEST_F(PagesTest, AnUnknownCaptionChangesNothing) {
     for (const char* caption : {"", "3", "music", "MUSIC", "Pictures ", "Audio"}) {
         emit controls().tabPAGES->Click(QLatin1String(caption));
         EXPECT_EQ(shown(), 3) << caption;
-        EXPECT_EQ(QApplication::focusWidget(), controls().lstMUSIC) << caption;
+        EXPECT_EQ(QApplication::focusWidget(), music().lstMUSIC) << caption;
     }
 }
 

@@ -8,11 +8,11 @@ class ShowOverWindow : public test::WithWindow {
 protected:
     ShowOverWindow() {
         start(album(2));
-        controls().lstMUSIC->AddItem(QStringLiteral("/music/first.mp3"));
-        controls().lstMUSIC->AddItem(QStringLiteral("/music/Second Song.wav"));
-        controls().lstMUSIC->setListIndex(1);
-        controls().lblM1->setCaption(QStringLiteral("200"));
-        controls().lblM2->setCaption(QStringLiteral("50"));
+        music().lstMUSIC->AddItem(QStringLiteral("/music/first.mp3"));
+        music().lstMUSIC->AddItem(QStringLiteral("/music/Second Song.wav"));
+        music().lstMUSIC->setListIndex(1);
+        music().lblM1->setCaption(QStringLiteral("200"));
+        music().lblM2->setCaption(QStringLiteral("50"));
     }
     ~ShowOverWindow() override {
         if (show) {
@@ -36,9 +36,9 @@ TEST_F(ShowOverWindow, ItsBarTellsTheTrackOfThePageMusicAndHowFarItIs) {
     EXPECT_EQ(bar.prgPLAY.Value(), 50);
     EXPECT_FALSE(bar.prgPLAY.isHidden());
 
-    controls().lstMUSIC->setListIndex(0);
-    controls().lblM1->setCaption(QStringLiteral("90"));
-    controls().lblM2->setCaption(QStringLiteral("1"));
+    music().lstMUSIC->setListIndex(0);
+    music().lblM1->setCaption(QStringLiteral("90"));
+    music().lblM2->setCaption(QStringLiteral("1"));
     show->tmrMUSIC_Timer();
     EXPECT_EQ(bar.lblPLAYING.Caption(), QStringLiteral("first.mp3"));
     EXPECT_EQ(bar.prgPLAY.Max(), 90);
@@ -46,7 +46,7 @@ TEST_F(ShowOverWindow, ItsBarTellsTheTrackOfThePageMusicAndHowFarItIs) {
 }
 
 TEST_F(ShowOverWindow, WithoutMusicItsBarTellsNothing) {
-    controls().lstMUSIC->Clear();
+    music().lstMUSIC->Clear();
     ControlBar& bar = begin();
     EXPECT_EQ(bar.lblPLAYING.Caption(), QString());
     EXPECT_TRUE(bar.prgPLAY.isHidden());
@@ -61,11 +61,11 @@ TEST_F(ShowOverWindow, ItPlaysPausesAndGoesOnOnTheWindowsDevice) {
     device.commands.clear();
     show->Form_MouseUp();
     EXPECT_EQ(device.commands, QStringList(QStringLiteral("pause CURRFILE")));
-    EXPECT_FALSE(controls().lstMUSIC->Enabled());
+    EXPECT_FALSE(music().lstMUSIC->Enabled());
     device.commands.clear();
     show->Form_MouseUp();
     EXPECT_EQ(device.commands, QStringList({opened, played}));
-    EXPECT_TRUE(controls().lstMUSIC->Enabled());
+    EXPECT_TRUE(music().lstMUSIC->Enabled());
 }
 
 TEST_F(ShowOverWindow, LeftWhilePausedItLeavesThePauseToTheWindow) {
@@ -75,10 +75,10 @@ TEST_F(ShowOverWindow, LeftWhilePausedItLeavesThePauseToTheWindow) {
     show->Form_KeyDown(KeyEscape, 0);
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(device.commands, QStringList());
-    EXPECT_FALSE(controls().lstMUSIC->Enabled());
-    controls().cbtnAUDIO[3]->click();
+    EXPECT_FALSE(music().lstMUSIC->Enabled());
+    music().cbtnAUDIO[3]->click();
     EXPECT_EQ(device.commands, QStringList(QStringLiteral("Resume CURRFILE")));
-    EXPECT_TRUE(controls().lstMUSIC->Enabled());
+    EXPECT_TRUE(music().lstMUSIC->Enabled());
 }
 
 }  // namespace

@@ -280,15 +280,15 @@ TEST_F(StartTest, TheFolderTreeIsSilentWhileTheWindowLoads) {
 
 TEST_F(StartTest, TheMusicListComesBack) {
     start();
-    controls().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
-    controls().lstMUSIC->AddItem(QStringLiteral("/music/b.wav"));
+    music().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
+    music().lstMUSIC->AddItem(QStringLiteral("/music/b.wav"));
     window->close();
     start();
-    ASSERT_EQ(controls().lstMUSIC->ListCount(), 2);
-    EXPECT_EQ(controls().lstMUSIC->List(1), QStringLiteral("/music/b.wav"));
-    EXPECT_TRUE(controls().cbtnAUDIO[2]->isEnabled());
-    EXPECT_FALSE(controls().cbtnAUDIO[3]->isEnabled());
-    EXPECT_FALSE(controls().cbtnAUDIO[4]->isEnabled());
+    ASSERT_EQ(music().lstMUSIC->ListCount(), 2);
+    EXPECT_EQ(music().lstMUSIC->List(1), QStringLiteral("/music/b.wav"));
+    EXPECT_TRUE(music().cbtnAUDIO[2]->isEnabled());
+    EXPECT_FALSE(music().cbtnAUDIO[3]->isEnabled());
+    EXPECT_FALSE(music().cbtnAUDIO[4]->isEnabled());
 }
 
 TEST_F(StartTest, TheSlidesInTheStoreAreNotReadBack) {
@@ -314,13 +314,13 @@ TEST_F(StartTest, MusicIsChosenByTheDialogOfThePage) {
         asked.push_back(request);
         return FileDialogAnswer{{QStringLiteral("/m/one.mp3"), QStringLiteral("/m/two.mid")}, 1};
     });
-    controls().cbtnAUDIO[0]->click();
+    music().cbtnAUDIO[0]->click();
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked.front().title, QStringLiteral("Browse for music files"));
     EXPECT_TRUE(asked.front().several);
     EXPECT_EQ(asked.front().filterIndex, 1);
-    EXPECT_EQ(controls().lstMUSIC->ListCount(), 2);
-    EXPECT_EQ(controls().lblFile->Caption(), QStringLiteral("/m/one.mp3"));
+    EXPECT_EQ(music().lstMUSIC->ListCount(), 2);
+    EXPECT_EQ(music().lblFile->Caption(), QStringLiteral("/m/one.mp3"));
     EXPECT_EQ(stored("mfrmPRGMAIN\\Details", "CMD Open FolderMP3"), QStringLiteral("/m/"));
 }
 

@@ -103,6 +103,7 @@ protected:
         return *window;
     }
     MainControls& controls() { return window->controls(); }
+    const MusicControls& music() { return controls().music; }
     MainMenus& menus() { return window->menus(); }
 
     static QString savePicture(const QString& folder, const QString& name) {

@@ -1,10 +1,10 @@
 #include "ui/dialogs/frm_picturepreview.h"
 
+#include "controls/buttons/control_making.h"
 #include "controls/geometry/twips.h"
 #include "controls/geometry/window_place.h"
 #include "controls/input/keys.h"
 #include "core/globals.h"
-#include "ui/parts/control_making.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,12 +1,12 @@
 #include "ui/pages/web_album_page.h"
 
 #include "controls/buttons/colour_button.h"
+#include "controls/buttons/control_making.h"
 #include "controls/geometry/twips.h"
 #include "controls/input/one_line.h"
 #include "controls/input/wheel_guard.h"
 #include "core/globals.h"
 #include "platform/numbers.h"
-#include "ui/parts/control_making.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "ui/pages/web_album_samples.h"
 
+#include "controls/buttons/control_making.h"
 #include "controls/buttons/icon.h"
-#include "ui/parts/control_making.h"
 
 #include <QPainter>
 

@@ -12,8 +12,8 @@ Control* make(const char* name, QWidget* parent) {
     return control;
 }
 
-/// A button of the main window. The mouse leaves the keyboard where it is: in the list that the
-/// button works on.
+/// A button of a page, for assistive tools its caption or else its tooltip. The mouse leaves the
+/// keyboard where it is: in the list that the button works on.
 cbtn* makeButton(QWidget* parent, const QString& name, const char* symbol, const char* tooltip,
                  const char* caption = "");
 

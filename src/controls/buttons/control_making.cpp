@@ -1,4 +1,4 @@
-#include "ui/parts/control_making.h"
+#include "controls/buttons/control_making.h"
 
 namespace velorama {
 
@@ -9,7 +9,6 @@ cbtn* makeButton(QWidget* parent, const QString& name, const char* symbol, const
     button->setText(QLatin1String(caption));
     button->setSymbol(QLatin1String(symbol));
     button->setToolTip(QLatin1String(tooltip));
-    button->setAccessibleName(QLatin1String(*caption ? caption : tooltip));
     button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
