@@ -21,7 +21,7 @@ AlbumWindow::AlbumWindow()
                .flbFOUND = &flbFOUND_,
                .imlTHUMBNAILS = &imlTHUMBNAILS_,
                .prgBARSLIDES = &prgBARSLIDES_},
-              thumbnails_, {}),
+              commands_, thumbnails_, {}),
       albums_({.lvwALBUMS = &lvwALBUMS_, .cdlDIALOG = &cdlDIALOG_}, calls()),
       album_({.form = &form_,
               .lvwSLIDEBAR = &lvwSLIDEBAR_,
@@ -29,7 +29,7 @@ AlbumWindow::AlbumWindow()
               .imlTHUMBNAILS = &imlTHUMBNAILS_,
               .prgBARSLIDES = &prgBARSLIDES_,
               .cdlDIALOG = &cdlDIALOG_},
-             slides_, thumbnails_, albums_) {
+             commands_, slides_, thumbnails_, albums_) {
     form_.resize(formSize);
     lvwALBUMS_.setObjectName(QStringLiteral("lvwALBUMS"));
     lvwALBUMS_.setColumns({QStringLiteral("Slideshow"), QStringLiteral("Description")});

@@ -36,6 +36,7 @@ private:
     CommonDialog cdlDIALOG_{&form_};
     LookAhead pictures_;
     Thumbnails thumbnails_{imlFOUNDICONS_, imlTHUMBNAILS_, pictures_};
+    Commands commands_;
     SlideList slides_;
     AlbumList albums_;
     AlbumFile album_;

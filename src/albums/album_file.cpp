@@ -24,22 +24,25 @@ const QString lineEnd = QStringLiteral("\r\n");
 
 }  // namespace
 
-AlbumFile::AlbumFile(const Controls& controls, SlideList& slides, Thumbnails& thumbnails,
-                     AlbumList& albums, QObject* parent)
-    : QObject(parent), c_(controls), slides_(slides), thumbnails_(thumbnails), albums_(albums) {}
-
-bool AlbumFile::isModified() const {
-    const QAbstractButton* save = c_.cbtnSLIDES[2];
-    return c_.mnuFILESAVE ? c_.mnuFILESAVE->isEnabled() : save && save->isEnabled();
+AlbumFile::AlbumFile(const Controls& controls, Commands& commands, SlideList& slides,
+                     Thumbnails& thumbnails, AlbumList& albums, QObject* parent)
+    : QObject(parent),
+      c_(controls),
+      commands_(commands),
+      slides_(slides),
+      thumbnails_(thumbnails),
+      albums_(albums) {
+    connectCommands();
 }
 
-void AlbumFile::setUnmodified() {
-    if (c_.mnuFILESAVE) {
-        c_.mnuFILESAVE->setEnabled(false);
-    }
-    if (c_.cbtnSLIDES[2]) {
-        c_.cbtnSLIDES[2]->setEnabled(false);
-    }
+void AlbumFile::connectCommands() {
+    const auto on = [this](const Command& command, void (AlbumFile::*handler)()) {
+        connect(&command, &Command::triggered, this, handler);
+    };
+    on(commands_.newAlbum, &AlbumFile::mnuFILENEW_Click);
+    on(commands_.open, &AlbumFile::mnuFILEOPEN_Click);
+    on(commands_.save, &AlbumFile::mnuFILESAVE_Click);
+    on(commands_.saveAs, &AlbumFile::mnuFILESAVEAS_Click);
 }
 
 QString AlbumFile::captionOf(const QString& path) const {

@@ -11,9 +11,7 @@
 
 namespace velorama {
 
-/// The album that is open, and the commands that make, read and write it. The lists are all
-/// needed; a button or menu entry that is null is a step that does nothing. The window connects
-/// menu entries and buttons to the commands.
+/// The album that is open, and the commands that make, read and write it.
 class AlbumFile : public QObject {
     Q_OBJECT
 public:
@@ -25,21 +23,18 @@ public:
         ImageList* imlTHUMBNAILS = nullptr;
         ProgressBar* prgBARSLIDES = nullptr;
         CommonDialog* cdlDIALOG = nullptr;
-        QAction* mnuFILESAVE = nullptr;
-        /// New, Open, Save, Save As.
-        std::array<QAbstractButton*, 4> cbtnSLIDES{};
     };
-    AlbumFile(const Controls& controls, SlideList& slides, Thumbnails& thumbnails,
-              AlbumList& albums, QObject* parent = nullptr);
+    /// What it is given must outlive this object. New, Open, Save and Save As are taken over here.
+    AlbumFile(const Controls& controls, Commands& commands, SlideList& slides,
+              Thumbnails& thumbnails, AlbumList& albums, QObject* parent = nullptr);
 
     /// Path of the open album, the main form's Tag; empty for none.
     QString Tag() const { return tag_; }
     void setTag(const QString& path) { tag_ = path; }
     /// The note of the open album, the Tag of lvwALBUMS.
     QString note() const { return note_; }
-    bool isModified() const;
-    /// Ends the modified flag: menu entry and button off.
-    void setUnmodified();
+    bool isModified() const { return commands_.save.isEnabled(); }
+    void setUnmodified() { commands_.save.setEnabled(false); }
 
     /// Reads an album into the slide list, one thumbnail a slide; events run after each. The last
     /// field read; empty if there is no such file. New, Open or an album of the list, chosen
@@ -59,6 +54,7 @@ public:
 private:
     class Fields;
 
+    void connectCommands();
     QString captionOf(const QString& path) const;
     void showCaption(const QString& caption);
     bool choose(bool save);
@@ -82,6 +78,7 @@ private:
     void showProgress(const QString& count);
 
     Controls c_;
+    Commands& commands_;
     SlideList& slides_;
     Thumbnails& thumbnails_;
     AlbumList& albums_;

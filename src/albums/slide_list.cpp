@@ -17,24 +17,17 @@ namespace {
 // paths than this are blanked.
 constexpr int mostBlanked = 100'000;
 
-void enable(QAbstractButton* button, bool on) {
-    if (button) {
-        button->setEnabled(on);
-    }
-}
-
-void enable(QAction* action, bool on) {
-    if (action) {
-        action->setEnabled(on);
-    }
-}
-
 }  // namespace
 
-SlideList::SlideList(const SlideListControls& controls, Thumbnails& thumbnails, PopupHandler popup,
-                     QObject* parent)
-    : QObject(parent), c_(controls), thumbnails_(thumbnails), popup_(std::move(popup)) {
+SlideList::SlideList(const SlideListControls& controls, Commands& commands, Thumbnails& thumbnails,
+                     PopupHandler popup, QObject* parent)
+    : QObject(parent),
+      c_(controls),
+      commands_(commands),
+      thumbnails_(thumbnails),
+      popup_(std::move(popup)) {
     connectEvents();
+    connectCommands();
 }
 
 // The list view is hidden while it changes. Whoever works it from the keyboard stays in it.
@@ -86,13 +79,11 @@ void SlideList::ClearAll() {
     const int most = std::max(c_.lvwSLIDEBAR->Count(), mostBlanked);
     const QString stored = loadSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
     c_.lvwSLIDEBAR->Clear();
-    for (const int i : {6, 3, 2, 4, 5}) {
-        enable(c_.cbtnCONTROLS.at(i), false);
+    for (Command* command :
+         {&commands_.start, &commands_.removeAll, &commands_.remove, &commands_.moveBack,
+          &commands_.moveForward, &commands_.createWebAlbum}) {
+        command->setEnabled(false);
     }
-    for (QAction* entry : {c_.mnuFILESTART, c_.mnuEDITCLEARALL, c_.mnuEDITCLEAR}) {
-        enable(entry, false);
-    }
-    enable(c_.cbtnWEBALBUM, false);
     blankSelection(std::min(wholeNumber(stored).value_or(0), most));
     FoundButtonsCheck();
     SelectChk();
@@ -145,16 +136,13 @@ void SlideList::SelectChk() {
     const ListItem* current = c_.lvwSLIDEBAR->SelectedItem();
     const int index = current ? current->Index() : 0;
     const bool holds = count > 0;
-    for (const int i : {2, 3, 6}) {
-        enable(c_.cbtnCONTROLS.at(i), holds);
+    for (Command* command :
+         {&commands_.remove, &commands_.removeAll, &commands_.start, &commands_.createWebAlbum}) {
+        command->setEnabled(holds);
     }
-    for (QAction* entry : {c_.mnuEDITCLEAR, c_.mnuEDITCLEARALL, c_.mnuFILESTART}) {
-        enable(entry, holds);
-    }
-    enable(c_.cbtnWEBALBUM, holds);
-    enable(c_.cbtnCONTROLS[4], holds && index != 1);
+    commands_.moveBack.setEnabled(holds && index != 1);
     // A single slide counts as the first and not as the last.
-    enable(c_.cbtnCONTROLS[5], holds && (index == 1 || index != count));
+    commands_.moveForward.setEnabled(holds && (index == 1 || index != count));
     nudgeWidth();
 }
 
@@ -170,24 +158,19 @@ void SlideList::nudgeWidth() {
 }
 
 void SlideList::enableStart() {
-    const bool holds = c_.lvwSLIDEBAR->Count() > 0;
-    enable(c_.cbtnCONTROLS[6], holds);
-    enable(c_.mnuFILESTART, holds);
+    commands_.start.setEnabled(c_.lvwSLIDEBAR->Count() > 0);
 }
 
 void SlideList::FoundButtonsCheck() {
     const bool found = c_.flbFOUND->ListCount() != 0;
-    enable(c_.cbtnCONTROLS[0], found);
-    enable(c_.mnuEDITADD, found);
-    enable(c_.cbtnCONTROLS[1], found);
-    enable(c_.mnuEDITADDALL, found);
+    commands_.add.setEnabled(found);
+    commands_.addAll.setEnabled(found);
     enableStart();
 }
 
 void SlideList::markModified() {
-    enable(c_.mnuFILESAVE, true);
-    enable(c_.cbtnSLIDES[2], true);
-    enable(c_.cbtnSLIDES[3], true);
+    commands_.save.setEnabled(true);
+    commands_.saveAs.setEnabled(true);
 }
 
 }  // namespace velorama

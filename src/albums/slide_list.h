@@ -5,18 +5,15 @@
 #include "controls/boxes/progress_bar.h"
 #include "controls/lists/file_list.h"
 #include "controls/lists/list_view.h"
+#include "core/commands.h"
 #include "platform/process/command_turn.h"
 
-#include <QAbstractButton>
-#include <QAction>
 #include <QObject>
 
-#include <array>
 #include <functional>
 
 namespace velorama {
 
-/// The lists are all needed; a button or menu entry that is null is a step that does nothing.
 struct SlideListControls {
     /// The main form, whose inner width lvwSLIDEBAR follows.
     QWidget* form = nullptr;
@@ -25,19 +22,6 @@ struct SlideListControls {
     FileList* flbFOUND = nullptr;
     ImageList* imlTHUMBNAILS = nullptr;
     ProgressBar* prgBARSLIDES = nullptr;
-
-    /// 0 add, 1 add all, 2 remove, 3 remove all, 4 towards the start, 5 towards the end, 6 start,
-    /// 8 settings; 7 is always null.
-    std::array<QAbstractButton*, 9> cbtnCONTROLS{};
-    /// New, Open, Save, Save As.
-    std::array<QAbstractButton*, 4> cbtnSLIDES{};
-    QAbstractButton* cbtnWEBALBUM = nullptr;
-    QAction* mnuEDITADD = nullptr;
-    QAction* mnuEDITADDALL = nullptr;
-    QAction* mnuEDITCLEAR = nullptr;
-    QAction* mnuEDITCLEARALL = nullptr;
-    QAction* mnuFILESTART = nullptr;
-    QAction* mnuFILESAVE = nullptr;
 };
 
 /// The ordered set of pictures picked for the show. Its only store in memory are the items of
@@ -49,10 +33,10 @@ struct SlideListControls {
 class SlideList : public QObject {
     Q_OBJECT
 public:
-    /// The controls and the thumbnails must outlive this object; the events of lvwSLIDEBAR are
-    /// taken over here. The window connects menu entries and buttons to the operations.
-    SlideList(const SlideListControls& controls, Thumbnails& thumbnails, PopupHandler popup,
-              QObject* parent = nullptr);
+    /// What it is given must outlive this object. The events of lvwSLIDEBAR and the commands on the
+    /// slides are taken over here.
+    SlideList(const SlideListControls& controls, Commands& commands, Thumbnails& thumbnails,
+              PopupHandler popup, QObject* parent = nullptr);
 
     /// Adds the selected files of lvwFOUND.
     void Add();
@@ -61,7 +45,7 @@ public:
     /// Removes the selected slides, or the last one if none is selected.
     void Clear();
     void ClearAll();
-    /// The current slide one place towards the start or the end (cbtnCONTROLS 4 and 5).
+    /// The current slide one place towards the start or the end.
     void MoveBack() { move(-1); }
     void MoveForward() { move(1); }
 
@@ -72,11 +56,11 @@ public:
     void SlideListReload();
     /// Writes count and paths to the settings.
     void SELECTIONSAVE();
-    /// The part of mnuFILESTART that comes before the show.
-    void StartSave() { SELECTIONSAVE(); }
 
-    /// Sets the toolbar from the list.
+    /// Switches the commands on the slides on or off by the list; the one place where that is
+    /// decided.
     void SelectChk();
+    /// The same for what the folder on show decides, and for the start of the show.
     void FoundButtonsCheck();
     /// Ctrl+Del removes, Ins adds. Codes and masks of controls/keys.h.
     void ListKeysCheck(int KeyCode, int Shift);
@@ -90,6 +74,7 @@ public:
 
 private:
     void connectEvents();
+    void connectCommands();
     void lvwSLIDEBAR_KeyDown(int KeyCode, int Shift);
     void lvwSLIDEBAR_MouseUp(int Button, float X, float Y);
 
@@ -146,6 +131,7 @@ private:
     void nudgeWidth();
 
     SlideListControls c_;
+    Commands& commands_;
     Thumbnails& thumbnails_;
     PopupHandler popup_;
     bool stopped_ = false;

@@ -4,16 +4,6 @@
 #include "core/globals.h"
 
 namespace velorama {
-namespace {
-
-void trigger(QAction* entry) {
-    if (entry && entry->isEnabled()) {
-        entry->trigger();
-    }
-}
-
-}  // namespace
-
 void SlideList::connectEvents() {
     const ListView* list = c_.lvwSLIDEBAR;
     connect(list, &ListView::GotFocus, this, [] { ActiveList = QStringLiteral("SELECTED"); });
@@ -24,6 +14,21 @@ void SlideList::connectEvents() {
     connect(list, &ListView::MouseUp, this,
             [this](int button, int, float x, float y) { lvwSLIDEBAR_MouseUp(button, x, y); });
     connect(list, &ListView::AfterLabelEdit, this, &SlideList::lvwSLIDEBAR_AfterLabelEdit);
+}
+
+void SlideList::connectCommands() {
+    const auto on = [this](const Command& command, auto handler) {
+        connect(&command, &Command::triggered, this, handler);
+    };
+    on(commands_.add, &SlideList::Add);
+    on(commands_.addAll, &SlideList::AddAll);
+    on(commands_.remove, [this] {
+        Clear();
+        SelectChk();
+    });
+    on(commands_.removeAll, &SlideList::ClearAll);
+    on(commands_.moveBack, &SlideList::MoveBack);
+    on(commands_.moveForward, &SlideList::MoveForward);
 }
 
 void SlideList::lvwSLIDEBAR_Click() {
@@ -78,20 +83,15 @@ void SlideList::lvwSLIDEBAR_AfterLabelEdit(const QString& NewString) {
     if (item && NewString.contains(QLatin1Char(','))) {
         item->setText(QString(NewString).remove(QLatin1Char(',')));
     }
-    if (c_.mnuFILESAVE) {
-        c_.mnuFILESAVE->setEnabled(true);
-    }
-    if (c_.cbtnSLIDES[2]) {
-        c_.cbtnSLIDES[2]->setEnabled(true);
-    }
+    commands_.save.setEnabled(true);
 }
 
 void SlideList::ListKeysCheck(int KeyCode, int Shift) {
     if (Shift == CtrlDown && KeyCode == KeyDelete) {
-        trigger(c_.mnuEDITCLEAR);
+        commands_.remove.trigger();
     }
     if (Shift != CtrlDown && KeyCode == KeyInsert) {
-        trigger(c_.mnuEDITADD);
+        commands_.add.trigger();
     }
 }
 

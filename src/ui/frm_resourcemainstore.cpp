@@ -4,25 +4,22 @@
 
 namespace velorama {
 
-frmRESOURCEMAINSTORE::frmRESOURCEMAINSTORE(QWidget* parent)
+frmRESOURCEMAINSTORE::frmRESOURCEMAINSTORE(QWidget* parent, Commands& commands)
     : QWidget(parent),
       mnuFOUNDTOP(makeMenu(this, "mnuFOUNDTOP", "&Found Files Pop up")),
-      mnuFOUNDADD(makeEntry(mnuFOUNDTOP, "mnuFOUNDADD", "&Add", "add")),
-      mnuFOUNDADDALL(makeEntry(mnuFOUNDTOP, "mnuFOUNDADDALL", "A&dd All", "add-all")),
-      mnuFOUNDDESTOP(
-          makeEntry(mnuFOUNDTOP, "mnuFOUNDDESTOP", "Set As Desktop &Wallpaper", "wallpaper")),
-      mnuFOUNDPREVIEW(makeEntry(mnuFOUNDTOP, "mnuFOUNDPREVIEW", "&Preview", "preview")),
-      mnuSELECTEDTOP(makeMenu(this, "mnuSELECTEDTOP", "&Selected Files Pop up")),
-      mnuSELECTEDCLEAR(makeEntry(mnuSELECTEDTOP, "mnuSELECTEDCLEAR", "&Remove", "remove")),
-      mnuSELECTEDCLEARALL(
-          makeEntry(mnuSELECTEDTOP, "mnuSELECTEDCLEARALL", "Remo&ve All", "remove-all")),
-      mnuSELECTEDDESKTOP(makeEntry(mnuSELECTEDTOP, "mnuSELECTEDDESKTOP",
-                                   "Set As Desktop &Wallpaper", "wallpaper")),
-      mnuSELECTEDPREVIEW(makeEntry(mnuSELECTEDTOP, "mnuSELECTEDPREVIEW", "&Preview", "preview")) {
+      mnuSELECTEDTOP(makeMenu(this, "mnuSELECTEDTOP", "&Selected Files Pop up")) {
     setObjectName(QStringLiteral("frmRESOURCEMAINSTORE"));
     setWindowTitle(QStringLiteral("Menus"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/velorama.svg")));
     hide();
+    commands.add.addTo(*mnuFOUNDTOP, "mnuFOUNDADD", "&Add");
+    commands.addAll.addTo(*mnuFOUNDTOP, "mnuFOUNDADDALL", "A&dd All");
+    commands.wallpaper.addTo(*mnuFOUNDTOP, "mnuFOUNDDESTOP", "Set As Desktop &Wallpaper");
+    commands.preview.addTo(*mnuFOUNDTOP, "mnuFOUNDPREVIEW", "&Preview");
+    commands.remove.addTo(*mnuSELECTEDTOP, "mnuSELECTEDCLEAR", "&Remove");
+    commands.removeAll.addTo(*mnuSELECTEDTOP, "mnuSELECTEDCLEARALL", "Remo&ve All");
+    commands.wallpaper.addTo(*mnuSELECTEDTOP, "mnuSELECTEDDESKTOP", "Set As Desktop &Wallpaper");
+    commands.preview.addTo(*mnuSELECTEDTOP, "mnuSELECTEDPREVIEW", "&Preview");
 }
 
 }  // namespace velorama

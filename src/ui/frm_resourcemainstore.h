@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QAction>
+#include "core/commands.h"
+
 #include <QIcon>
 #include <QMenu>
 #include <QWidget>
@@ -11,21 +12,12 @@ namespace velorama {
 class frmRESOURCEMAINSTORE : public QWidget {
     Q_OBJECT
 public:
-    explicit frmRESOURCEMAINSTORE(QWidget* parent);
+    frmRESOURCEMAINSTORE(QWidget* parent, Commands& commands);
 
     QIcon Icon() const { return windowIcon(); }
 
     QMenu* mnuFOUNDTOP;
-    QAction* mnuFOUNDADD;
-    QAction* mnuFOUNDADDALL;
-    QAction* mnuFOUNDDESTOP;
-    QAction* mnuFOUNDPREVIEW;
-
     QMenu* mnuSELECTEDTOP;
-    QAction* mnuSELECTEDCLEAR;
-    QAction* mnuSELECTEDCLEARALL;
-    QAction* mnuSELECTEDDESKTOP;
-    QAction* mnuSELECTEDPREVIEW;
 };
 
 }  // namespace velorama

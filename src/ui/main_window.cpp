@@ -6,6 +6,7 @@
 #include "controls/input/keys.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
+#include "ui/main_menus.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -53,19 +54,18 @@ mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
       controls_(*surface_),
       cdlDIALOG_(this),
       webAlbumPage_(*controls_.picframWEBALBM, cdlDIALOG_),
-      menus_(*menuBar()),
-      popups_(this),
+      popups_(this, commands_),
       layout_(controls_, webAlbumPage_),
       thumbnails_(controls_.imlFOUNDICONS, controls_.imlTHUMBNAILS, pictures_, devicePixelRatioF()),
-      slides_(slideListControls(), thumbnails_,
+      slides_(slideListControls(), commands_, thumbnails_,
               [this](const PopupRequest& r) { popup(r, *surface_); }),
       found_({controls_.ftvFOLDER, &controls_.flbFOUND, controls_.lvwFOUND,
               &controls_.imlFOUNDICONS, controls_.prgBARSLIDES},
              thumbnails_, foundListCalls()),
       albums_(albumListControls(), albumListCalls()),
-      album_(albumControls(), slides_, thumbnails_, albums_),
+      album_(albumControls(), commands_, slides_, thumbnails_, albums_),
       audio_(controls_.music, services_.device, cdlDIALOG_),
-      webAlbum_(webAlbumControls(), webAlbumPage_.values(), webAlbumScreen()),
+      webAlbum_(webAlbumControls(), commands_, webAlbumPage_.values(), webAlbumScreen()),
       preview_({controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER},
                [this] { return previewWindow(); }),
       wallpaper_(
@@ -75,6 +75,7 @@ mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
           services_.desktop != nullptr ? *services_.desktop : noDesktop_) {
     setObjectName(QStringLiteral("mfrmPRGMAIN"));
     setWindowTitle(libTxt.ProductName);
+    fillMenuBar(*menuBar(), commands_);
     setCentralWidget(surface_);
     setContextMenuPolicy(Qt::NoContextMenu);
     setMinimumSize(smallestWidth, smallestHeight);
@@ -98,16 +99,6 @@ SlideListControls mfrmPRGMAIN::slideListControls() {
     given.flbFOUND = &controls_.flbFOUND;
     given.imlTHUMBNAILS = &controls_.imlTHUMBNAILS;
     given.prgBARSLIDES = controls_.prgBARSLIDES;
-    std::copy(controls_.cbtnCONTROLS.begin(), controls_.cbtnCONTROLS.end(),
-              given.cbtnCONTROLS.begin());
-    std::copy(controls_.cbtnSLIDES.begin(), controls_.cbtnSLIDES.end(), given.cbtnSLIDES.begin());
-    given.cbtnWEBALBUM = webAlbumPage_.cbtnWEBALBUM;
-    given.mnuEDITADD = menus_.mnuEDITADD;
-    given.mnuEDITADDALL = menus_.mnuEDITADDALL;
-    given.mnuEDITCLEAR = menus_.mnuEDITCLEAR;
-    given.mnuEDITCLEARALL = menus_.mnuEDITCLEARALL;
-    given.mnuFILESTART = menus_.mnuFILESTART;
-    given.mnuFILESAVE = menus_.mnuFILESAVE;
     return given;
 }
 
@@ -119,8 +110,6 @@ AlbumFile::Controls mfrmPRGMAIN::albumControls() {
     given.imlTHUMBNAILS = &controls_.imlTHUMBNAILS;
     given.prgBARSLIDES = controls_.prgBARSLIDES;
     given.cdlDIALOG = &cdlDIALOG_;
-    given.mnuFILESAVE = menus_.mnuFILESAVE;
-    std::copy(controls_.cbtnSLIDES.begin(), controls_.cbtnSLIDES.end(), given.cbtnSLIDES.begin());
     return given;
 }
 
@@ -155,7 +144,7 @@ FoundListCalls mfrmPRGMAIN::foundListCalls() {
 }
 
 WebAlbumControls mfrmPRGMAIN::webAlbumControls() {
-    return {controls_.lvwSLIDEBAR, controls_.prgBARSLIDES, webAlbumPage_.cbtnVIEWWEBALB};
+    return {controls_.lvwSLIDEBAR, controls_.prgBARSLIDES};
 }
 
 WebAlbumScreen mfrmPRGMAIN::webAlbumScreen() {

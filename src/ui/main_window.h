@@ -16,7 +16,6 @@
 #include "ui/dialogs/frm_toolssettings.h"
 #include "ui/frm_resourcemainstore.h"
 #include "ui/main_layout.h"
-#include "ui/main_menus.h"
 #include "webalbum/web_album.h"
 
 #include <QMainWindow>
@@ -68,7 +67,7 @@ public:
 
     MainControls& controls() { return controls_; }
     WebAlbumPage& webAlbumPage() { return webAlbumPage_; }
-    MainMenus& menus() { return menus_; }
+    Commands& commands() { return commands_; }
     frmRESOURCEMAINSTORE& popups() { return popups_; }
     SlideList& slides() { return slides_; }
     AlbumFile& album() { return album_; }
@@ -109,9 +108,8 @@ private:
 
     // -- main_window_commands.cpp --
     void connectCommands();
-    void connectSlideshowMenu();
-    void connectSlidesMenu();
     void connectHelp();
+    void connectToolbar();
     void connectButtons();
     void connectSplitter();
     void setTabOrders();
@@ -135,11 +133,11 @@ private:
     void Form_Unload();
 
     MainServices services_;
+    Commands commands_;
     Surface* surface_;
     MainControls controls_;
     CommonDialog cdlDIALOG_;
     WebAlbumPage webAlbumPage_;
-    MainMenus menus_;
     frmRESOURCEMAINSTORE popups_;
     mnutxt mnutxt1_{this};
     MainLayout layout_;

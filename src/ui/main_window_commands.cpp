@@ -15,10 +15,21 @@ constexpr float splitterKeyStep = 150;
 
 }  // namespace
 
+// Those of slides and albums are connected by who carries them out.
 void mfrmPRGMAIN::connectCommands() {
-    connectSlideshowMenu();
-    connectSlidesMenu();
+    const auto on = [this](const Command& command, auto handler) {
+        connect(&command, &Command::triggered, this, handler);
+    };
+    on(commands_.start, &mfrmPRGMAIN::mnuFILESTART_Click);
+    on(commands_.settings, &mfrmPRGMAIN::mnuTOOLSOPTIONS_Click);
+    on(commands_.exit, &mfrmPRGMAIN::close);
+    on(commands_.preview, &mfrmPRGMAIN::PicturePreview);
+    on(commands_.wallpaper, &mfrmPRGMAIN::DESKTOPWALLPAPER);
+    on(commands_.createWebAlbum, [this] { webAlbum_.cbtnWEBALBUM_Click(); });
+    on(commands_.viewWebAlbum,
+       [this] { webAlbum_.cbtnVIEWWEBALB_Click(QString::number(winId())); });
     connectHelp();
+    connectToolbar();
     connectButtons();
     mnutxt1_.setObjectName(QStringLiteral("mnutxt1"));
     connect(&mnutxt1_, &mnutxt::MenuHover, this,
@@ -28,94 +39,50 @@ void mfrmPRGMAIN::connectCommands() {
     connect(controls_.tabPAGES, &tab::Click, this, &mfrmPRGMAIN::tabPAGES_Click);
 }
 
-void mfrmPRGMAIN::connectSlideshowMenu() {
-    const auto on = [this](QAction* entry, auto handler) {
-        connect(entry, &QAction::triggered, this, handler);
-    };
-    on(menus_.mnuFILENEW, [this] { album_.mnuFILENEW_Click(); });
-    on(menus_.mnuFILEOPEN, [this] { album_.mnuFILEOPEN_Click(); });
-    on(menus_.mnuFILESAVE, [this] { album_.mnuFILESAVE_Click(); });
-    on(menus_.mnuFILESAVEAS, [this] { album_.mnuFILESAVEAS_Click(); });
-    on(menus_.mnuFILESTART, [this] { mnuFILESTART_Click(); });
-    on(menus_.mnuTOOLSOPTIONS, [this] { mnuTOOLSOPTIONS_Click(); });
-    on(menus_.mnuFILEEXIT, [this] { close(); });
-}
-
-void mfrmPRGMAIN::connectSlidesMenu() {
-    const auto on = [this](QAction* entry, auto handler) {
-        connect(entry, &QAction::triggered, this, handler);
-    };
-    on(menus_.mnuEDITADD, [this] { slides_.Add(); });
-    on(menus_.mnuEDITADDALL, [this] { slides_.AddAll(); });
-    on(menus_.mnuEDITCLEAR, [this] {
-        slides_.Clear();
-        slides_.SelectChk();
-    });
-    on(menus_.mnuEDITCLEARALL, [this] { slides_.ClearAll(); });
-    on(menus_.mnuEDITPREVIEW, [this] { PicturePreview(); });
-    on(menus_.mnuTOOLSWALLPAPER, [this] { DESKTOPWALLPAPER(); });
-    on(popups_.mnuFOUNDADD, [this] { slides_.Add(); });
-    on(popups_.mnuFOUNDADDALL, [this] { slides_.AddAll(); });
-    on(popups_.mnuSELECTEDCLEAR, [this] { slides_.Clear(); });
-    on(popups_.mnuSELECTEDCLEARALL, [this] { slides_.ClearAll(); });
-    for (QAction* entry : {popups_.mnuFOUNDPREVIEW, popups_.mnuSELECTEDPREVIEW}) {
-        on(entry, [this] { PicturePreview(); });
-    }
-    for (QAction* entry : {popups_.mnuFOUNDDESTOP, popups_.mnuSELECTEDDESKTOP}) {
-        on(entry, [this] { DESKTOPWALLPAPER(); });
-    }
-}
-
 void mfrmPRGMAIN::connectHelp() {
-    const auto browse = [this](QAction* entry, const QString& link) {
-        connect(entry, &QAction::triggered, this, [this, link] {
+    const auto browse = [this](const Command& command, const QString& link) {
+        connect(&command, &Command::triggered, this, [this, link] {
             gRegistry->InternetLinkRun(QString::number(winId()), libTxt.ProtocolHttp, link);
         });
     };
-    connect(menus_.mnuHELPCONTENTS, &QAction::triggered, this,
-            [] { gLibrary->subHELPCENTERPAGEINDEX(); });
-    connect(menus_.mnuHELPUPDATECHECK, &QAction::triggered, this,
+    connect(&commands_.help, &Command::triggered, this, [] { gLibrary->subHELPCENTERPAGEINDEX(); });
+    connect(&commands_.updateCheck, &Command::triggered, this,
             &mfrmPRGMAIN::mnuHELPUPDATECHECK_Click);
-    connect(menus_.mnuHELPABOUT, &QAction::triggered, this, &mfrmPRGMAIN::mnuHELPABOUT_Click);
-    browse(menus_.mnuHELPONLINE, libTxt.WebsiteUrl);
-    browse(menus_.mnuHELPEMAILSUPPORT, libTxt.SupportUrl);
+    connect(&commands_.about, &Command::triggered, this, &mfrmPRGMAIN::mnuHELPABOUT_Click);
+    browse(commands_.website, libTxt.WebsiteUrl);
+    browse(commands_.support, libTxt.SupportUrl);
 }
 
-// Every button only forwards to the handler of a menu entry.
-void mfrmPRGMAIN::connectButtons() {
-    const auto forward = [this](cbtn* button, QAction* entry) {
-        connect(button, &cbtn::Click, entry, &QAction::trigger);
+void mfrmPRGMAIN::connectToolbar() {
+    const auto press = [this](std::size_t index, Command& command) {
+        cbtn& button = *controls_.cbtnCONTROLS.at(index);
+        command.addButton(button);
+        connect(&button, &cbtn::clicked, &slides_, &SlideList::SelectChk);
     };
-    const auto press = [this](std::size_t index, auto action) {
-        connect(controls_.cbtnCONTROLS.at(index), &cbtn::Click, this, [this, action] {
-            action();
-            slides_.SelectChk();
-        });
-    };
-    press(0, [this] { menus_.mnuEDITADD->trigger(); });
-    press(1, [this] { menus_.mnuEDITADDALL->trigger(); });
-    press(2, [this] { menus_.mnuEDITCLEAR->trigger(); });
-    press(3, [this] { menus_.mnuEDITCLEARALL->trigger(); });
-    press(4, [this] { slides_.MoveBack(); });
-    press(5, [this] { slides_.MoveForward(); });
-    press(6, [this] { menus_.mnuFILESTART->trigger(); });
-    press(8, [this] { menus_.mnuTOOLSOPTIONS->trigger(); });
+    press(0, commands_.add);
+    press(1, commands_.addAll);
+    press(2, commands_.remove);
+    press(3, commands_.removeAll);
+    press(4, commands_.moveBack);
+    press(5, commands_.moveForward);
+    press(6, commands_.start);
+    press(8, commands_.settings);
+}
 
-    forward(controls_.cbtnSLIDES[0], menus_.mnuFILENEW);
-    forward(controls_.cbtnSLIDES[1], menus_.mnuFILEOPEN);
-    forward(controls_.cbtnSLIDES[2], menus_.mnuFILESAVE);
-    forward(controls_.cbtnSLIDES[3], menus_.mnuFILESAVEAS);
-    forward(controls_.cbtnBROWSEBTNS[0], menus_.mnuEDITPREVIEW);
-    forward(controls_.cbtnBROWSEBTNS[1], menus_.mnuTOOLSWALLPAPER);
-    connect(webAlbumPage_.cbtnWEBALBUM, &cbtn::Click, this,
-            [this] { webAlbum_.cbtnWEBALBUM_Click(); });
-    connect(webAlbumPage_.cbtnVIEWWEBALB, &cbtn::Click, this,
-            [this] { webAlbum_.cbtnVIEWWEBALB_Click(QString::number(winId())); });
-    forward(controls_.cbtnHELP, menus_.mnuHELPCONTENTS);
-    forward(controls_.cbtnUPDATES, menus_.mnuHELPUPDATECHECK);
-    forward(controls_.cbtnWEBSITE, menus_.mnuHELPONLINE);
-    forward(controls_.cbtnSUPPORT, menus_.mnuHELPEMAILSUPPORT);
-    forward(controls_.cbtnABOUT, menus_.mnuHELPABOUT);
+void mfrmPRGMAIN::connectButtons() {
+    commands_.newAlbum.addButton(*controls_.cbtnSLIDES[0]);
+    commands_.open.addButton(*controls_.cbtnSLIDES[1]);
+    commands_.save.addButton(*controls_.cbtnSLIDES[2]);
+    commands_.saveAs.addButton(*controls_.cbtnSLIDES[3]);
+    commands_.preview.addButton(*controls_.cbtnBROWSEBTNS[0]);
+    commands_.wallpaper.addButton(*controls_.cbtnBROWSEBTNS[1]);
+    commands_.createWebAlbum.addButton(*webAlbumPage_.cbtnWEBALBUM);
+    commands_.viewWebAlbum.addButton(*webAlbumPage_.cbtnVIEWWEBALB);
+    commands_.help.addButton(*controls_.cbtnHELP);
+    commands_.updateCheck.addButton(*controls_.cbtnUPDATES);
+    commands_.website.addButton(*controls_.cbtnWEBSITE);
+    commands_.support.addButton(*controls_.cbtnSUPPORT);
+    commands_.about.addButton(*controls_.cbtnABOUT);
 }
 
 void mfrmPRGMAIN::connectSplitter() {
@@ -238,7 +205,7 @@ void mfrmPRGMAIN::Form_KeyDown(int& KeyCode, int& Shift) {
 }
 
 void mfrmPRGMAIN::mnuFILESTART_Click() {
-    slides_.StartSave();
+    slides_.SELECTIONSAVE();
     if (show_ && !show_->isUnloaded()) {
         return;
     }

@@ -8,6 +8,7 @@
 #include "platform/numbers.h"
 #include "platform/process/events.h"
 #include "platform/session/shell.h"
+#include "ui/main_menus.h"
 
 #include <QApplication>
 #include <QLayout>
@@ -47,7 +48,7 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     ActiveList = QStringLiteral("SELECTED");
     controls_.lvwSLIDEBAR->hide();
     layout_.applyPageColour();
-    menus_.setKeyHints();
+    setKeyHints(commands_);
     restoreFrame();
     restorePage();
     disableCommands();
@@ -104,14 +105,11 @@ void mfrmPRGMAIN::restorePage() {
 }
 
 void mfrmPRGMAIN::disableCommands() {
-    for (const std::size_t index : {3, 6, 2, 4, 5, 0, 1}) {
-        controls_.cbtnCONTROLS.at(index)->setEnabled(false);
+    for (Command* command :
+         {&commands_.removeAll, &commands_.start, &commands_.remove, &commands_.moveBack,
+          &commands_.moveForward, &commands_.add, &commands_.addAll, &commands_.createWebAlbum}) {
+        command->setEnabled(false);
     }
-    for (QAction* entry :
-         {menus_.mnuEDITCLEAR, menus_.mnuEDITCLEARALL, menus_.mnuEDITADD, menus_.mnuEDITADDALL}) {
-        entry->setEnabled(false);
-    }
-    webAlbumPage_.cbtnWEBALBUM->setEnabled(false);
 }
 
 void mfrmPRGMAIN::appear() {
@@ -141,7 +139,7 @@ void mfrmPRGMAIN::showFirst() {
 void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
     SaveCancelled = false;
     Cancel = false;
-    if (menus_.mnuFILESAVE->isEnabled()) {
+    if (commands_.save.isEnabled()) {
         const int answer = gStatus->MessageBoxQuestionOpen(6, album_.Tag());
         if (answer == AnswerCancel) {
             Cancel = true;

@@ -33,8 +33,10 @@ void call(const Function& function, const Values&... values) {
 
 }  // namespace
 
-WebAlbum::WebAlbum(const WebAlbumControls& controls, WebAlbumValues values, WebAlbumScreen screen)
+WebAlbum::WebAlbum(const WebAlbumControls& controls, Commands& commands, WebAlbumValues values,
+                   WebAlbumScreen screen)
     : controls_(controls),
+      commands_(commands),
       values_(std::move(values)),
       screen_(std::move(screen)),
       writer_(values_, controls.prgBARSLIDES) {}
@@ -56,12 +58,12 @@ void WebAlbum::buildAndTell() {
     if (chosen.isEmpty()) {
         call(screen_.critical, QStringLiteral("You must choose a title for your WebAlbum"),
              QStringLiteral("Folder Error"));
-        enableView(false);
+        commands_.viewWebAlbum.setEnabled(false);
         return;
     }
     call(screen_.hourglass, true);
     build(chosen);
-    enableView(true);
+    commands_.viewWebAlbum.setEnabled(true);
     call(screen_.hourglass, false);
     if (!writer_.isStopped()) {
         call(screen_.information, QStringLiteral("Your WebAlbum is now complete"),
@@ -72,12 +74,6 @@ void WebAlbum::buildAndTell() {
 void WebAlbum::cbtnVIEWWEBALB_Click(const QString& hWnd) const {
     if (gRegistry) {
         gRegistry->InternetLinkRun(hWnd, QString(), albumPaths(documents(), title()).view);
-    }
-}
-
-void WebAlbum::enableView(bool enabled) const {
-    if (controls_.cbtnVIEWWEBALB != nullptr) {
-        controls_.cbtnVIEWWEBALB->setEnabled(enabled);
     }
 }
 

@@ -2,21 +2,19 @@
 
 #include "controls/boxes/progress_bar.h"
 #include "controls/lists/list_view.h"
+#include "core/commands.h"
 #include "platform/process/command_turn.h"
 #include "webalbum/mod_webalbum.h"
 #include "webalbum/web_album_values.h"
-
-#include <QAbstractButton>
 
 #include <functional>
 
 namespace velorama {
 
-/// The list must be there; a bar or a button that is null is a step that does nothing.
+/// The list must be there; a bar that is null is a step that does nothing.
 struct WebAlbumControls {
     const ListView* lvwSLIDEBAR = nullptr;
     ProgressBar* prgBARSLIDES = nullptr;
-    QAbstractButton* cbtnVIEWWEBALB = nullptr;
 };
 
 /// What a build asks of the screen. One that is not set does nothing.
@@ -37,9 +35,10 @@ struct WebAlbumScreen {
 /// sheet in the application's own.
 class WebAlbum {
 public:
-    /// The controls must outlive this object. Documents folder and link handler are the registry
-    /// service's.
-    WebAlbum(const WebAlbumControls& controls, WebAlbumValues values, WebAlbumScreen screen);
+    /// Controls and commands must outlive this object. Documents folder and link handler are the
+    /// registry service's.
+    WebAlbum(const WebAlbumControls& controls, Commands& commands, WebAlbumValues values,
+             WebAlbumScreen screen);
 
     void cbtnWEBALBUM_Click();
     /// `hWnd` is the main window's handle as decimal text.
@@ -54,12 +53,12 @@ public:
 private:
     void buildAndTell();
     void build(const QString& chosen);
-    void enableView(bool enabled) const;
     void makeFolders(const QString& parent, const QString& album) const;
     void copyProgramImages(const QString& album) const;
     QString title() const { return valueOf(values_.txtTITLE); }
 
     WebAlbumControls controls_;
+    Commands& commands_;
     WebAlbumValues values_;
     WebAlbumScreen screen_;
     modWEBALBUM writer_;

@@ -60,10 +60,9 @@ TEST_F(AlbumOpen, leavesTheAlbumOpen) {
     EXPECT_EQ(current(), 1);
     EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
     EXPECT_TRUE(isUnmodified());
-    EXPECT_TRUE(cbtnCONTROLS[6]->isEnabled());
-    EXPECT_TRUE(mnuFILESTART.isEnabled());
-    EXPECT_FALSE(cbtnCONTROLS[4]->isEnabled());
-    EXPECT_TRUE(cbtnCONTROLS[5]->isEnabled());
+    EXPECT_TRUE(commands.start.isEnabled());
+    EXPECT_FALSE(commands.moveBack.isEnabled());
+    EXPECT_TRUE(commands.moveForward.isEnabled());
 }
 
 TEST_F(AlbumOpen, cancelChangesNothing) {
@@ -115,10 +114,10 @@ TEST_F(AlbumOpen, newEmptiesEverything) {
     EXPECT_EQ(storedCount(), QStringLiteral("0"));
     EXPECT_EQ(storedSlides(3), QStringList({"", "", ""}));
     EXPECT_TRUE(isUnmodified());
-    EXPECT_TRUE(cbtnSLIDES[3]->isEnabled());
+    EXPECT_TRUE(commands.saveAs.isEnabled());
     EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
-    EXPECT_FALSE(mnuFILESTART.isEnabled());
-    EXPECT_FALSE(mnuEDITCLEAR.isEnabled());
+    EXPECT_FALSE(commands.start.isEnabled());
+    EXPECT_FALSE(commands.remove.isEnabled());
     EXPECT_FALSE(lvwSLIDEBAR->isHidden());
     // The album list and the images stay.
     EXPECT_EQ(albumKeys(), QStringList(path));
@@ -180,7 +179,7 @@ TEST_F(AlbumOpen, anAlbumThatHasGoneLeavesAnEmptyList) {
     EXPECT_EQ(form.windowTitle(), captionOf(gone));
     EXPECT_EQ(storedSlideshow(), gone);
     EXPECT_FALSE(prgBARSLIDES->isHidden());
-    EXPECT_FALSE(mnuFILESTART.isEnabled());
+    EXPECT_FALSE(commands.start.isEnabled());
 }
 
 TEST_F(AlbumOpen, fromTheListDoesNotAskNorRememberTheFolder) {
@@ -195,7 +194,7 @@ TEST_F(AlbumOpen, fromTheListDoesNotAskNorRememberTheFolder) {
     EXPECT_TRUE(albumKeys().isEmpty());
     EXPECT_EQ(selected(), std::vector<int>({1}));
     EXPECT_TRUE(isUnmodified());
-    EXPECT_TRUE(mnuFILESTART.isEnabled());
+    EXPECT_TRUE(commands.start.isEnabled());
 }
 
 TEST_F(AlbumOpen, atStartTheCaptionBeginsWithTheProduct) {
@@ -223,7 +222,7 @@ TEST_F(AlbumOpen, theModifiedFlagIsBothOrNothing) {
     file->setUnmodified();
     EXPECT_FALSE(file->isModified());
     EXPECT_TRUE(isUnmodified());
-    EXPECT_TRUE(cbtnSLIDES[3]->isEnabled());
+    EXPECT_TRUE(commands.saveAs.isEnabled());
 }
 
 TEST_F(AlbumOpen, changesOfTheListSetTheFlag) {

@@ -131,7 +131,7 @@ TEST_F(AlbumPage, threeWaysOpen) {
         EXPECT_EQ(keys(), p) << name;
         EXPECT_EQ(selected(), std::vector<int>({1})) << name;
         EXPECT_TRUE(isUnmodified()) << name;
-        EXPECT_TRUE(mnuFILESTART.isEnabled()) << name;
+        EXPECT_TRUE(commands.start.isEnabled()) << name;
         EXPECT_EQ(albumKeys(), QStringList({one, two})) << name;
     }
     EXPECT_EQ(storedFolder(), std::nullopt);
@@ -252,7 +252,7 @@ TEST_F(AlbumPage, anEmptyAlbumOpensToAnEmptyList) {
     btnView->click();
     EXPECT_TRUE(isOpen(empty));
     EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
-    EXPECT_FALSE(mnuFILESTART.isEnabled());
+    EXPECT_FALSE(commands.start.isEnabled());
 }
 
 }  // namespace

@@ -95,7 +95,7 @@ TEST_F(AlbumSave, saveAsLeavesTheAlbumOpen) {
     EXPECT_EQ(storedFolder(), std::nullopt);
     EXPECT_EQ(albumKeys(), QStringList(path));
     EXPECT_TRUE(isUnmodified());
-    EXPECT_TRUE(cbtnSLIDES[3]->isEnabled());
+    EXPECT_TRUE(commands.saveAs.isEnabled());
     EXPECT_FALSE(SaveCancelled);
 }
 
@@ -178,7 +178,7 @@ TEST_F(AlbumSave, saveAsksNothingWhereAnAlbumIsOpen) {
     EXPECT_TRUE(asked.empty());
     EXPECT_EQ(form.windowTitle(), path + QStringLiteral(" - Velorama"));
     EXPECT_TRUE(isUnmodified());
-    EXPECT_TRUE(cbtnSLIDES[3]->isEnabled());
+    EXPECT_TRUE(commands.saveAs.isEnabled());
     EXPECT_EQ(storedSlideshow(), std::nullopt);
 }
 

@@ -5,6 +5,8 @@
 #include "controls/boxes/label.h"
 #include "support/sound_files.h"
 
+#include <QPushButton>
+
 namespace velorama::test {
 
 /// Answers every message that comes up while it lives, and remembers what was said.
@@ -103,8 +105,8 @@ protected:
             AlbumList::Controls{lvwALBUMS, btnADD, btnREMOVE, btnView, &cdlDIALOG}, calls);
         file = std::make_unique<AlbumFile>(
             AlbumFile::Controls{&form, lvwSLIDEBAR, lvwALBUMS, &imlTHUMBNAILS, prgBARSLIDES,
-                                &cdlDIALOG, &mnuFILESAVE, cbtnSLIDES},
-            *list, thumbnails, *albums);
+                                &cdlDIALOG},
+            commands, *list, thumbnails, *albums);
     }
 
     /// An album file of these bytes in a folder of its own; its path.
@@ -132,11 +134,10 @@ protected:
     }
     /// As a change of the list marks it.
     void modify() {
-        mnuFILESAVE.setEnabled(true);
-        cbtnSLIDES[2]->setEnabled(true);
-        cbtnSLIDES[3]->setEnabled(true);
+        commands.save.setEnabled(true);
+        commands.saveAs.setEnabled(true);
     }
-    bool isUnmodified() const { return !mnuFILESAVE.isEnabled() && !cbtnSLIDES[2]->isEnabled(); }
+    bool isUnmodified() const { return !commands.save.isEnabled(); }
 
     /// Runs `action` once the list holds `count` slides, at a place where events are let run: after
     /// a slide, or while the next thumbnail is made.

@@ -281,7 +281,7 @@ TEST_F(SlideBatchTest, settingsAreWholeWhenTheShowStartsInside) {
         if (imlTHUMBNAILS.Count() == 2) {
             test::atNextYield([&] {
                 ++started;
-                list->StartSave();
+                list->SELECTIONSAVE();
                 EXPECT_EQ(storedCount(), QStringLiteral("2"));
                 EXPECT_EQ(storedSlides(2), keys());
             });

@@ -29,8 +29,7 @@ TEST_F(SlideInsertTest, firstSlideGoesToPositionOne) {
     EXPECT_EQ(imlTHUMBNAILS.Key(1), folder + QStringLiteral("/a.bmp"));
     EXPECT_EQ(storedCount(), QStringLiteral("1"));
     EXPECT_EQ(storedSlides(1), names(folder, {a}));
-    EXPECT_TRUE(cbtnCONTROLS[6]->isEnabled());
-    EXPECT_TRUE(mnuFILESTART.isEnabled());
+    EXPECT_TRUE(commands.start.isEnabled());
 }
 
 TEST_F(SlideInsertTest, furtherSlidesGoInAtTheCurrentItem) {
@@ -55,7 +54,7 @@ TEST_F(SlideInsertTest, addPutsEachFurtherFileFirst) {
     EXPECT_EQ(storedSlides(2), names(folder, {c, a}));
     EXPECT_EQ(storedCount(), QStringLiteral("2"));
     EXPECT_TRUE(isModified());
-    EXPECT_TRUE(cbtnSLIDES[3]->isEnabled());
+    EXPECT_TRUE(commands.saveAs.isEnabled());
     EXPECT_TRUE(lvwFOUND->isVisible());
     EXPECT_TRUE(lvwSLIDEBAR->isVisible());
 }
@@ -88,8 +87,8 @@ TEST_F(SlideInsertTest, addAllOfAnEmptyFolderAddsNothing) {
     browse({});
     list->AddAll();
     EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
-    EXPECT_FALSE(cbtnCONTROLS[0]->isEnabled());
-    EXPECT_FALSE(cbtnCONTROLS[1]->isEnabled());
+    EXPECT_FALSE(commands.add.isEnabled());
+    EXPECT_FALSE(commands.addAll.isEnabled());
     EXPECT_TRUE(isModified());
     EXPECT_EQ(storedCount(), std::nullopt);
 }

@@ -5,8 +5,6 @@
 #include "controls/geometry/twips.h"
 #include "controls/input/keys.h"
 
-#include <QPushButton>
-
 namespace velorama::test {
 
 /// A slide list with all its controls on a form, in an empty store.
@@ -19,10 +17,8 @@ protected:
         lvwSLIDEBAR->setIcons(&imlTHUMBNAILS);
         flbFOUND.setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
         list = std::make_unique<SlideList>(
-            controls(), thumbnails,
+            controls(), commands, thumbnails,
             [this](const PopupRequest& request) { popups.push_back(request); });
-        QObject::connect(&mnuEDITCLEAR, &QAction::triggered, list.get(), &SlideList::Clear);
-        QObject::connect(&mnuEDITADD, &QAction::triggered, list.get(), &SlideList::Add);
         form.show();
     }
 
@@ -34,19 +30,6 @@ protected:
         c.flbFOUND = &flbFOUND;
         c.imlTHUMBNAILS = &imlTHUMBNAILS;
         c.prgBARSLIDES = prgBARSLIDES;
-        for (std::size_t i = 0; i < cbtnCONTROLS.size(); ++i) {
-            cbtnCONTROLS[i] = c.cbtnCONTROLS[i] = i == 7 ? nullptr : new QPushButton(&form);
-        }
-        for (std::size_t i = 0; i < cbtnSLIDES.size(); ++i) {
-            cbtnSLIDES[i] = c.cbtnSLIDES[i] = new QPushButton(&form);
-        }
-        c.cbtnWEBALBUM = cbtnWEBALBUM;
-        c.mnuEDITADD = &mnuEDITADD;
-        c.mnuEDITADDALL = &mnuEDITADDALL;
-        c.mnuEDITCLEAR = &mnuEDITCLEAR;
-        c.mnuEDITCLEARALL = &mnuEDITCLEARALL;
-        c.mnuFILESTART = &mnuFILESTART;
-        c.mnuFILESAVE = &mnuFILESAVE;
         return c;
     }
 
@@ -80,11 +63,10 @@ protected:
     }
     /// Clears the modified flag and Save As.
     void unmodify() {
-        mnuFILESAVE.setEnabled(false);
-        cbtnSLIDES[2]->setEnabled(false);
-        cbtnSLIDES[3]->setEnabled(false);
+        commands.save.setEnabled(false);
+        commands.saveAs.setEnabled(false);
     }
-    bool isModified() const { return mnuFILESAVE.isEnabled() && cbtnSLIDES[2]->isEnabled(); }
+    bool isModified() const { return commands.save.isEnabled(); }
 
     QStringList keys() const {
         QStringList all;
@@ -140,15 +122,7 @@ protected:
     ImageList imlFOUNDICONS;
     ImageList imlTHUMBNAILS;
     ProgressBar* prgBARSLIDES = new ProgressBar(&form);
-    std::array<QAbstractButton*, 9> cbtnCONTROLS{};
-    std::array<QAbstractButton*, 4> cbtnSLIDES{};
-    QAbstractButton* cbtnWEBALBUM = new QPushButton(&form);
-    QAction mnuEDITADD;
-    QAction mnuEDITADDALL;
-    QAction mnuEDITCLEAR;
-    QAction mnuEDITCLEARALL;
-    QAction mnuFILESTART;
-    QAction mnuFILESAVE;
+    Commands commands;
     LookAhead pictures{1};
     Thumbnails thumbnails{imlFOUNDICONS, imlTHUMBNAILS, pictures};
     std::vector<PopupRequest> popups;

@@ -28,15 +28,14 @@ protected:
     }
     /// Sets what SelectChk decides the wrong way round, and clicks.
     void clickInDisorder(cbtn& button) {
-        item(3).setEnabled(slides().isEmpty());
-        menus().mnuEDITCLEARALL->setEnabled(slides().isEmpty());
-        window->webAlbumPage().cbtnWEBALBUM->setEnabled(slides().isEmpty());
+        commands().removeAll.setEnabled(slides().isEmpty());
+        commands().createWebAlbum.setEnabled(slides().isEmpty());
         button.click();
     }
     void expectOrder(int index) {
         const bool holds = !slides().isEmpty();
         EXPECT_EQ(item(3).isEnabled(), holds) << index;
-        EXPECT_EQ(menus().mnuEDITCLEARALL->isEnabled(), holds) << index;
+        EXPECT_EQ(commands().removeAll.isEnabled(), holds) << index;
         EXPECT_EQ(window->webAlbumPage().cbtnWEBALBUM->isEnabled(), holds) << index;
     }
 };
@@ -58,18 +57,18 @@ TEST_F(ButtonsTest, ToolbarItemsHaveNamesAndTooltips) {
 TEST_F(ButtonsTest, AddAndAddAllTakePicturesOfTheFolder) {
     controls().lvwFOUND->clearSelection();
     controls().lvwFOUND->item(3)->setSelected(true);
-    EXPECT_EQ(forwards(item(0), *menus().mnuEDITADD), 1);
+    EXPECT_EQ(forwards(item(0), commands().add), 1);
     EXPECT_EQ(slides().size(), 1);
-    EXPECT_EQ(forwards(item(1), *menus().mnuEDITADDALL), 1);
+    EXPECT_EQ(forwards(item(1), commands().addAll), 1);
     EXPECT_EQ(slides().size(), 3);
 }
 
 TEST_F(ButtonsTest, RemoveAndRemoveAllTakeSlidesAway) {
     item(1).click();
     makeCurrent(2);
-    EXPECT_EQ(forwards(item(2), *menus().mnuEDITCLEAR), 1);
+    EXPECT_EQ(forwards(item(2), commands().remove), 1);
     EXPECT_EQ(slides().size(), 2);
-    EXPECT_EQ(forwards(item(3), *menus().mnuEDITCLEARALL), 1);
+    EXPECT_EQ(forwards(item(3), commands().removeAll), 1);
     EXPECT_EQ(slides().size(), 0);
 }
 
@@ -89,7 +88,7 @@ TEST_F(ButtonsTest, MovesTheCurrentSlide) {
 TEST_F(ButtonsTest, TheEndsOfTheListStopAMove) {
     chosen = test::temporaryFolder() + QStringLiteral("/a.vlr");
     item(1).click();
-    menus().mnuFILESAVEAS->trigger();
+    commands().saveAs.trigger();
     const QStringList before = slides();
     makeCurrent(1);
     EXPECT_FALSE(item(4).isEnabled());
@@ -98,7 +97,7 @@ TEST_F(ButtonsTest, TheEndsOfTheListStopAMove) {
     EXPECT_FALSE(item(5).isEnabled());
     window->slides().MoveForward();
     EXPECT_EQ(slides(), before);
-    EXPECT_FALSE(menus().mnuFILESAVE->isEnabled());
+    EXPECT_FALSE(commands().save.isEnabled());
 }
 
 TEST_F(ButtonsTest, WithASingleSlideForwardsIsOnAndDoesNothing) {
@@ -121,7 +120,7 @@ TEST_F(ButtonsTest, SelectChkRunsAfterEveryItem) {
             makeCurrent(2);
         }
         if (index == 3) {
-            item(3).setEnabled(true);
+            commands().removeAll.setEnabled(true);
             item(3).click();
         } else {
             clickInDisorder(item(index));
@@ -133,13 +132,12 @@ TEST_F(ButtonsTest, SelectChkRunsAfterEveryItem) {
 
 TEST_F(ButtonsTest, AlbumButtonsForwardToTheirEntries) {
     const auto& buttons = controls().cbtnSLIDES;
-    QAction* entries[] = {menus().mnuFILENEW, menus().mnuFILEOPEN, menus().mnuFILESAVE,
-                          menus().mnuFILESAVEAS};
+    QAction* entries[] = {&commands().newAlbum, &commands().open, &commands().save,
+                          &commands().saveAs};
     const char* tooltips[] = {"Create a new Slideshow Album", "Open Existing Slideshow Album",
                               "Save Slideshow Album", "Save Slideshow Album with new name"};
     for (std::size_t i = 0; i < buttons.size(); ++i) {
-        menus().mnuFILESAVE->setEnabled(true);
-        buttons.at(2)->setEnabled(true);
+        commands().save.setEnabled(true);
         EXPECT_EQ(buttons.at(i)->toolTip(), QLatin1String(tooltips[i]));
         EXPECT_EQ(buttons.at(i)->objectName(), QStringLiteral("cbtnSLIDES%1").arg(i));
         EXPECT_EQ(forwards(*buttons.at(i), *entries[i]), 1) << i;
@@ -150,23 +148,23 @@ TEST_F(ButtonsTest, BrowseButtonsForwardToTheirEntries) {
     const auto& buttons = controls().cbtnBROWSEBTNS;
     EXPECT_EQ(buttons[0]->toolTip(), QStringLiteral("Preview selected photo"));
     EXPECT_EQ(buttons[1]->toolTip(), QStringLiteral("Set the selected photo as your wallpaper"));
-    menus().mnuEDITPREVIEW->disconnect(window.get());
-    menus().mnuTOOLSWALLPAPER->disconnect(window.get());
-    EXPECT_EQ(forwards(*buttons[0], *menus().mnuEDITPREVIEW), 1);
-    EXPECT_EQ(forwards(*buttons[1], *menus().mnuTOOLSWALLPAPER), 1);
+    commands().preview.disconnect(window.get());
+    commands().wallpaper.disconnect(window.get());
+    EXPECT_EQ(forwards(*buttons[0], commands().preview), 1);
+    EXPECT_EQ(forwards(*buttons[1], commands().wallpaper), 1);
 }
 
 TEST_F(ButtonsTest, HelpButtonsForwardToTheirEntries) {
     MainControls& c = controls();
     // What the entries do is another matter.
-    for (QAction* entry : menus().mnuHELPTOP->actions()) {
+    for (QAction* entry : menu("mnuHELPTOP")->actions()) {
         entry->disconnect(window.get());
     }
-    EXPECT_EQ(forwards(*c.cbtnHELP, *menus().mnuHELPCONTENTS), 1);
-    EXPECT_EQ(forwards(*c.cbtnUPDATES, *menus().mnuHELPUPDATECHECK), 1);
-    EXPECT_EQ(forwards(*c.cbtnWEBSITE, *menus().mnuHELPONLINE), 1);
-    EXPECT_EQ(forwards(*c.cbtnSUPPORT, *menus().mnuHELPEMAILSUPPORT), 1);
-    EXPECT_EQ(forwards(*c.cbtnABOUT, *menus().mnuHELPABOUT), 1);
+    EXPECT_EQ(forwards(*c.cbtnHELP, commands().help), 1);
+    EXPECT_EQ(forwards(*c.cbtnUPDATES, commands().updateCheck), 1);
+    EXPECT_EQ(forwards(*c.cbtnWEBSITE, commands().website), 1);
+    EXPECT_EQ(forwards(*c.cbtnSUPPORT, commands().support), 1);
+    EXPECT_EQ(forwards(*c.cbtnABOUT, commands().about), 1);
 }
 
 TEST_F(ButtonsTest, EnterPressesTheButtonWithTheKeyboard) {

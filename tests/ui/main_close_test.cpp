@@ -13,16 +13,16 @@ protected:
     QByteArray modifyAlbum() {
         path = album(2);
         start(path);
-        menus().mnuEDITCLEAR->trigger();
-        EXPECT_TRUE(menus().mnuFILESAVE->isEnabled());
+        commands().remove.trigger();
+        EXPECT_TRUE(commands().save.isEnabled());
         return contentOf(path);
     }
     /// The same in a list that belongs to no album.
     void modifyUnnamed() {
         browse({QStringLiteral("a.bmp")});
         start();
-        menus().mnuEDITADDALL->trigger();
-        EXPECT_TRUE(menus().mnuFILESAVE->isEnabled());
+        commands().addAll.trigger();
+        EXPECT_TRUE(commands().save.isEnabled());
     }
     void addToLists() {
         music().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
@@ -64,7 +64,7 @@ TEST_F(CloseTest, CancelKeepsTheWindowButTheListsAreSaved) {
     EXPECT_FALSE(window->isUnloaded());
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(contentOf(path), before);
-    EXPECT_TRUE(menus().mnuFILESAVE->isEnabled());
+    EXPECT_TRUE(commands().save.isEnabled());
     expectListsSaved();
     EXPECT_EQ(stored("mfrmPRGMAIN\\View", "TABIDX"), QStringLiteral("absent"));
     EXPECT_EQ(closeWith("btnNO"), oneQuestion) << "it asks again the next time";
@@ -140,7 +140,7 @@ TEST_F(CloseTest, SlidesAreWrittenAndOlderOnesBeyondThemStay) {
     const QString folder = browse({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
     setStored("frmSLIDESHOW\\Selection", "3", QStringLiteral("old"));
     start();
-    menus().mnuEDITADDALL->trigger();
+    commands().addAll.trigger();
     closeWith("btnNO");
     EXPECT_EQ(stored("frmSLIDESHOW\\Items", "Items"), QStringLiteral("2"));
     EXPECT_EQ(stored("frmSLIDESHOW\\Selection", "1"), folder + QStringLiteral("/a.jpg"));
@@ -191,7 +191,7 @@ TEST_F(CloseTest, TheDeviceIsClosed) {
 TEST_F(CloseTest, TheSettingsDialogAndTheShowGoAlong) {
     start(album(2));
     const QPointer<frmTOOLSSETTINGS> settings = &window->settings();
-    menus().mnuFILESTART->trigger();
+    commands().start.trigger();
     const QPointer<frmSLIDESHOW> show = window->slideShow();
     ASSERT_TRUE(show);
     window->close();
@@ -224,7 +224,7 @@ TEST_F(CloseTest, UnderTheColourDialogOfTheSettingsAllGo) {
     QTimer::singleShot(0, window.get(), [this] {
         emit window->settings().findChild<cbtnddp*>(QStringLiteral("cddGRAD"))->Custom();
     });
-    menus().mnuTOOLSOPTIONS->trigger();
+    commands().settings.trigger();
     CommonDialog::answerColourWith({});
     EXPECT_TRUE(window->isUnloaded());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);

@@ -1,3 +1,4 @@
+#include "ui/main_menus.h"
 #include "ui/window_world.h"
 
 #include <QMenuBar>
@@ -85,15 +86,13 @@ class MenusTest : public test::WithWindow {};
 
 TEST_F(MenusTest, HaveTheirEntriesInOrder) {
     QMenuBar bar;
-    const MainMenus made(bar);
+    Commands made;
+    fillMenuBar(bar, made);
     const QList<QAction*> tops = bar.actions();
     ASSERT_EQ(tops.size(), 3);
-    EXPECT_EQ(tops.at(0)->menu(), made.mnuFILETOP);
-    EXPECT_EQ(tops.at(1)->menu(), made.mnuEDITTOP);
-    EXPECT_EQ(tops.at(2)->menu(), made.mnuHELPTOP);
-    expectMenu(*made.mnuFILETOP, "mnuFILETOP", "&Slideshow", slideshowMenu);
-    expectMenu(*made.mnuEDITTOP, "mnuEDITTOP", "Sli&des", slidesMenu);
-    expectMenu(*made.mnuHELPTOP, "mnuHELPTOP", "&Help", helpMenu);
+    expectMenu(*tops.at(0)->menu(), "mnuFILETOP", "&Slideshow", slideshowMenu);
+    expectMenu(*tops.at(1)->menu(), "mnuEDITTOP", "Sli&des", slidesMenu);
+    expectMenu(*tops.at(2)->menu(), "mnuHELPTOP", "&Help", helpMenu);
 }
 
 TEST_F(MenusTest, LoadingReplacesThreeCaptionsOnly) {
@@ -103,9 +102,9 @@ TEST_F(MenusTest, LoadingReplacesThreeCaptionsOnly) {
     std::vector<Entry> edit = slidesMenu;
     edit.at(0).caption = "&Add Selected\tIns";
     edit.at(3).caption = "&Clear Selected\tCtrl+Del";
-    expectMenu(*menus().mnuFILETOP, "mnuFILETOP", "&Slideshow", file);
-    expectMenu(*menus().mnuEDITTOP, "mnuEDITTOP", "Sli&des", edit);
-    expectMenu(*menus().mnuHELPTOP, "mnuHELPTOP", "&Help", helpMenu);
+    expectMenu(*menu("mnuFILETOP"), "mnuFILETOP", "&Slideshow", file);
+    expectMenu(*menu("mnuEDITTOP"), "mnuEDITTOP", "Sli&des", edit);
+    expectMenu(*menu("mnuHELPTOP"), "mnuHELPTOP", "&Help", helpMenu);
 }
 
 TEST_F(MenusTest, PopupsLiveOnTheHiddenFormCalledMenus) {
@@ -122,7 +121,7 @@ TEST_F(MenusTest, NewEmptiesTheListAndForgetsTheAlbum) {
     const QString path = album(2);
     start(path);
     setStored("mfrmPRGMAIN\\View", "Slideshow", path);
-    menus().mnuFILENEW->trigger();
+    commands().newAlbum.trigger();
     EXPECT_TRUE(slides().isEmpty());
     EXPECT_EQ(window->album().Tag(), QString());
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama"));
@@ -132,7 +131,7 @@ TEST_F(MenusTest, NewEmptiesTheListAndForgetsTheAlbum) {
 TEST_F(MenusTest, OpenAsksForAnAlbumAndReadsIt) {
     chosen = album(2);
     start();
-    menus().mnuFILEOPEN->trigger();
+    commands().open.trigger();
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked.front().title, QStringLiteral("Open"));
     EXPECT_FALSE(asked.front().save);
@@ -143,17 +142,17 @@ TEST_F(MenusTest, OpenAsksForAnAlbumAndReadsIt) {
 TEST_F(MenusTest, SaveAsAsksForAFileAndSaveWritesIt) {
     browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
     start();
-    menus().mnuEDITADDALL->trigger();
-    ASSERT_TRUE(menus().mnuFILESAVE->isEnabled());
+    commands().addAll.trigger();
+    ASSERT_TRUE(commands().save.isEnabled());
     chosen = test::temporaryFolder() + QStringLiteral("/new.vlr");
-    menus().mnuFILESAVEAS->trigger();
+    commands().saveAs.trigger();
     EXPECT_EQ(asked.back().title, QStringLiteral("Save"));
     EXPECT_TRUE(asked.back().save);
     EXPECT_TRUE(contentOf(chosen).startsWith("2\r\n"));
-    EXPECT_FALSE(menus().mnuFILESAVE->isEnabled());
-    menus().mnuEDITCLEAR->trigger();
-    ASSERT_TRUE(menus().mnuFILESAVE->isEnabled());
-    menus().mnuFILESAVE->trigger();
+    EXPECT_FALSE(commands().save.isEnabled());
+    commands().remove.trigger();
+    ASSERT_TRUE(commands().save.isEnabled());
+    commands().save.trigger();
     EXPECT_EQ(asked.size(), 1U);
     EXPECT_TRUE(contentOf(chosen).startsWith("1| \r\n"));
     EXPECT_EQ(window->windowTitle(), chosen + QStringLiteral(" - Velorama"));
@@ -161,7 +160,7 @@ TEST_F(MenusTest, SaveAsAsksForAFileAndSaveWritesIt) {
 
 TEST_F(MenusTest, ExitUnloadsTheWindow) {
     start();
-    menus().mnuFILEEXIT->trigger();
+    commands().exit.trigger();
     EXPECT_TRUE(window->isUnloaded());
     EXPECT_FALSE(window->isVisible());
 }
@@ -172,28 +171,27 @@ TEST_F(MenusTest, SlidesAreAddedAndRemoved) {
     start();
     controls().lvwFOUND->clearSelection();
     controls().lvwFOUND->item(2)->setSelected(true);
-    menus().mnuEDITADD->trigger();
+    commands().add.trigger();
     EXPECT_EQ(slides(), QStringList(folder + QStringLiteral("/b.bmp")));
-    menus().mnuEDITADDALL->trigger();
+    commands().addAll.trigger();
     EXPECT_EQ(slides().size(), 3);
-    menus().mnuEDITCLEAR->trigger();
+    commands().remove.trigger();
     EXPECT_EQ(slides().size(), 2);
-    menus().mnuEDITCLEARALL->trigger();
+    commands().removeAll.trigger();
     EXPECT_EQ(slides().size(), 0);
-    EXPECT_FALSE(menus().mnuEDITCLEAR->isEnabled());
+    EXPECT_FALSE(commands().remove.isEnabled());
 }
 
 TEST_F(MenusTest, PopupEntriesDoTheSame) {
     const QString folder = browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
     start();
-    frmRESOURCEMAINSTORE& popups = window->popups();
-    popups.mnuFOUNDADD->trigger();
+    entry("mnuFOUNDADD")->trigger();
     EXPECT_EQ(slides(), QStringList(folder + QStringLiteral("/a.bmp")));
-    popups.mnuFOUNDADDALL->trigger();
+    entry("mnuFOUNDADDALL")->trigger();
     EXPECT_EQ(slides().size(), 2);
-    popups.mnuSELECTEDCLEAR->trigger();
+    entry("mnuSELECTEDCLEAR")->trigger();
     EXPECT_EQ(slides().size(), 1);
-    popups.mnuSELECTEDCLEARALL->trigger();
+    entry("mnuSELECTEDCLEARALL")->trigger();
     EXPECT_EQ(slides().size(), 0);
 }
 
@@ -213,9 +211,9 @@ TEST_F(MenusTest, ThePreviewComesUpByMenuByPopupsAndByButton) {
         action();
         return form == QStringLiteral("frmPICTUREPREVIEW");
     };
-    EXPECT_TRUE(shown([this] { menus().mnuEDITPREVIEW->trigger(); }));
-    EXPECT_TRUE(shown([this] { window->popups().mnuFOUNDPREVIEW->trigger(); }));
-    EXPECT_TRUE(shown([this] { window->popups().mnuSELECTEDPREVIEW->trigger(); }));
+    EXPECT_TRUE(shown([this] { commands().preview.trigger(); }));
+    EXPECT_TRUE(shown([this] { entry("mnuFOUNDPREVIEW")->trigger(); }));
+    EXPECT_TRUE(shown([this] { entry("mnuSELECTEDPREVIEW")->trigger(); }));
     EXPECT_TRUE(shown([this] { controls().cbtnBROWSEBTNS[0]->click(); }));
 }
 
@@ -223,14 +221,14 @@ TEST_F(MenusTest, TheHelpCentreOpensAtItsFirstPage) {
     QStringList shown;
     start();
     clsLIBRARY::showHelpWith([&shown](const QString& address) { shown.append(address); });
-    menus().mnuHELPCONTENTS->trigger();
+    commands().help.trigger();
     EXPECT_EQ(shown, QStringList(QStringLiteral("http://localhost/help/vrhelp/index.html")));
 }
 
 TEST_F(MenusTest, WebsiteAndSupportOpenInTheBrowser) {
     start();
-    menus().mnuHELPONLINE->trigger();
-    menus().mnuHELPEMAILSUPPORT->trigger();
+    commands().website.trigger();
+    commands().support.trigger();
     EXPECT_EQ(shell.opened, QStringList({QStringLiteral("http://localhost/Velorama/index.html"),
                                          QStringLiteral("http://localhost/support/index.html")}));
 }

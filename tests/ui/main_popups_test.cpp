@@ -24,7 +24,7 @@ TEST_F(PopupsTest, TheRightButtonOnASlideHasRemoveAsDefault) {
     EXPECT_TRUE(selected().isVisible());
     EXPECT_FALSE(found().isVisible());
     EXPECT_EQ(selected().pos(), at(*controls().lvwSLIDEBAR, 300, 150));
-    EXPECT_EQ(selected().defaultAction(), window->popups().mnuSELECTEDCLEAR);
+    EXPECT_EQ(selected().defaultAction(), entry("mnuSELECTEDCLEAR"));
 }
 
 TEST_F(PopupsTest, TheRightButtonOnAFoundPictureHasAddAsDefault) {
@@ -32,7 +32,7 @@ TEST_F(PopupsTest, TheRightButtonOnAFoundPictureHasAddAsDefault) {
     EXPECT_TRUE(found().isVisible());
     EXPECT_FALSE(selected().isVisible());
     EXPECT_EQ(found().pos(), at(*controls().lvwFOUND, 600, 300));
-    EXPECT_EQ(found().defaultAction(), window->popups().mnuFOUNDADD);
+    EXPECT_EQ(found().defaultAction(), entry("mnuFOUNDADD"));
 }
 
 TEST_F(PopupsTest, OtherButtonsBringNoneUp) {
@@ -120,8 +120,8 @@ TEST_F(ListKeys, DelAloneAndCtrlInsDoNothing) {
 }
 
 TEST_F(ListKeys, EntriesThatAreOffTurnTheKeysOff) {
-    menus().mnuEDITADD->setEnabled(false);
-    menus().mnuEDITCLEAR->setEnabled(false);
+    commands().add.setEnabled(false);
+    commands().remove.setEnabled(false);
     QTest::keyClick(controls().picVBAR, Qt::Key_Insert);
     QTest::keyClick(controls().picVBAR, Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_EQ(slides().size(), 2);

@@ -33,7 +33,7 @@ protected:
         return interval;
     }
     QString shownByMenu(const char* button = "btnCANCEL") {
-        return shown(button, [this] { menus().mnuTOOLSOPTIONS->trigger(); });
+        return shown(button, [this] { commands().settings.trigger(); });
     }
 };
 
@@ -61,7 +61,7 @@ TEST_F(MainSettingsTest, StaysLoadedOnceTheShowHasAskedForItsColours) {
     setInterval(7);
     start(album(1));
     EXPECT_EQ(window->findChild<frmTOOLSSETTINGS*>(), nullptr);
-    menus().mnuFILESTART->trigger();
+    commands().start.trigger();
     ASSERT_TRUE(window->slideShow());
     window->slideShow()->Unload();
     const auto* dialog = window->findChild<frmTOOLSSETTINGS*>();
@@ -94,7 +94,7 @@ TEST_F(MainSettingsTest, AfterAShowItDescribesTheAlbumThatIsOpenNow) {
     setStored("mfrmPRGMAIN\\Details", "lvwALBUMS1", one);
     setStored("mfrmPRGMAIN\\Details", "lvwALBUMS2", two);
     start(one);
-    menus().mnuFILESTART->trigger();
+    commands().start.trigger();
     ASSERT_TRUE(window->slideShow());
     window->slideShow()->Unload();
     window->album().openFromList(two);
@@ -104,7 +104,7 @@ TEST_F(MainSettingsTest, AfterAShowItDescribesTheAlbumThatIsOpenNow) {
     presser.look = [&](const QWidget& form) {
         description = form.findChild<QLineEdit*>(QStringLiteral("txtDESC"))->text();
     };
-    menus().mnuTOOLSOPTIONS->trigger();
+    commands().settings.trigger();
     EXPECT_EQ(description, QStringLiteral("Two days"));
 }
 
@@ -122,7 +122,7 @@ TEST_F(MainSettingsTest, ItIsGivenTheOpenAlbum) {
     };
     EXPECT_EQ(description(), QStringLiteral("A day out"));
     shownByMenu();
-    menus().mnuFILENEW->trigger();
+    commands().newAlbum.trigger();
     EXPECT_EQ(description(), QString());
 }
 
@@ -131,7 +131,7 @@ TEST_F(MainSettingsTest, ItIsGivenTheOpenAlbum) {
 TEST_F(MainSettingsTest, StartSavesTheSlidesAndShowsThem) {
     start(album(2));
     setStored("frmSLIDESHOW\\Items", "Items", QStringLiteral("9"));
-    menus().mnuFILESTART->trigger();
+    commands().start.trigger();
     const QPointer<frmSLIDESHOW> show = window->slideShow();
     ASSERT_TRUE(show);
     EXPECT_TRUE(show->isVisible());

@@ -21,7 +21,7 @@ protected:
     }
     ControlBar& begin() {
         device.commands.clear();
-        menus().mnuFILESTART->trigger();
+        commands().start.trigger();
         show = window->slideShow();
         return show->picCONTROLBAR;
     }

@@ -127,9 +127,8 @@ TEST_F(StartTest, EveryCommandIsOffInAnEmptyFolder) {
     EXPECT_TRUE(c.cbtnCONTROLS[8]->isEnabled());
     EXPECT_FALSE(c.cbtnSLIDES[2]->isEnabled());
     EXPECT_FALSE(window->webAlbumPage().cbtnWEBALBUM->isEnabled());
-    for (const QAction* entry :
-         {menus().mnuEDITADD, menus().mnuEDITADDALL, menus().mnuEDITCLEAR, menus().mnuEDITCLEARALL,
-          menus().mnuFILESTART, menus().mnuFILESAVE}) {
+    for (const QAction* entry : {&commands().add, &commands().addAll, &commands().remove,
+                                 &commands().removeAll, &commands().start, &commands().save}) {
         EXPECT_FALSE(entry->isEnabled()) << entry->objectName().toStdString();
     }
     EXPECT_FALSE(c.prgBARSLIDES->isVisible());
@@ -143,9 +142,9 @@ TEST_F(StartTest, TheAlbumOfTheLastSessionOpens) {
     start();
     expectOpen(path);
     EXPECT_EQ(slides().size(), 3);
-    EXPECT_FALSE(menus().mnuFILESAVE->isEnabled());
+    EXPECT_FALSE(commands().save.isEnabled());
     EXPECT_FALSE(controls().cbtnSLIDES[2]->isEnabled());
-    EXPECT_TRUE(menus().mnuFILESTART->isEnabled());
+    EXPECT_TRUE(commands().start.isEnabled());
     EXPECT_TRUE(window->webAlbumPage().cbtnWEBALBUM->isEnabled());
 }
 
@@ -205,8 +204,8 @@ TEST_F(StartTest, TheCaptionHasTheNameFirstUntilAnAlbumIsOpenedOrSaved) {
     const QString path = album(1);
     start(path);
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama - ") + path);
-    menus().mnuFILESAVE->setEnabled(true);
-    menus().mnuFILESAVE->trigger();
+    commands().save.setEnabled(true);
+    commands().save.trigger();
     EXPECT_EQ(window->windowTitle(), path + QStringLiteral(" - Velorama"));
 }
 
@@ -263,7 +262,7 @@ TEST_F(StartTest, TheStoredFolderIsListedWithTheWindowUp) {
     start();
     ASSERT_EQ(controls().lvwFOUND->Count(), 2);
     EXPECT_TRUE(controls().lvwFOUND->item(1)->Selected());
-    EXPECT_TRUE(menus().mnuEDITADD->isEnabled());
+    EXPECT_TRUE(commands().add.isEnabled());
     EXPECT_EQ(controls().lblFOUNDCOUNT->Caption(), QStringLiteral("2 pictures"));
 }
 

@@ -1,6 +1,8 @@
 #include "controls/input/menu_text.h"
 #include "ui/window_world.h"
 
+#include <QMenuBar>
+
 namespace velorama {
 namespace {
 
@@ -37,7 +39,7 @@ protected:
 
 TEST_F(MenuHelpText, EveryEntryOfABarsMenuTellsItsText) {
     for (const auto& [top, index] :
-         {std::pair(menus().mnuFILETOP, 0), {menus().mnuEDITTOP, 1}, {menus().mnuHELPTOP, 2}}) {
+         {std::pair(menu("mnuFILETOP"), 0), {menu("mnuEDITTOP"), 1}, {menu("mnuHELPTOP"), 2}}) {
         for (QAction* entry : top->actions()) {
             entry->setEnabled(true);
         }

@@ -32,7 +32,7 @@ protected:
         return place;
     }
     QRect preview() {
-        return placeOf([this] { menus().mnuEDITPREVIEW->trigger(); }, "cbtnBROWSEBTNS0");
+        return placeOf([this] { commands().preview.trigger(); }, "cbtnBROWSEBTNS0");
     }
     static QRect message() {
         return placeOf([] { gStatus->MessageBoxOpen(8, QStringLiteral("/a.vlr")); }, "btnOK");
@@ -48,9 +48,8 @@ TEST_F(TwoScreens, DialogsOpenOnTheirOwnersScreen) {
     test::expectMessage(QStringLiteral("propagateSizeHints"));
     EXPECT_TRUE(right().contains(preview()));
     EXPECT_TRUE(right().contains(message()));
-    EXPECT_TRUE(right().contains(placeOf([this] { menus().mnuHELPABOUT->trigger(); }, "btnCLOSE")));
-    EXPECT_TRUE(
-        right().contains(placeOf([this] { menus().mnuTOOLSOPTIONS->trigger(); }, "btnCANCEL")));
+    EXPECT_TRUE(right().contains(placeOf([this] { commands().about.trigger(); }, "btnCLOSE")));
+    EXPECT_TRUE(right().contains(placeOf([this] { commands().settings.trigger(); }, "btnCANCEL")));
 }
 
 TEST_F(TwoScreens, AMessageLeftOnTheOtherScreenComesToItsOwners) {

@@ -104,7 +104,10 @@ protected:
     }
     MainControls& controls() { return window->controls(); }
     const MusicControls& music() { return controls().music; }
-    MainMenus& menus() { return window->menus(); }
+    Commands& commands() { return window->commands(); }
+    QMenu* menu(const char* name) { return window->findChild<QMenu*>(QLatin1String(name)); }
+    /// An entry of a popup menu.
+    QAction* entry(const char* name) { return window->findChild<QAction*>(QLatin1String(name)); }
 
     static QString savePicture(const QString& folder, const QString& name) {
         QImage picture(40, 30, QImage::Format_RGB32);

@@ -93,7 +93,7 @@ QStringList entriesBelow(const QString& folder) {
 AlbumWorld::AlbumWorld()
     : sources(temporaryFolder()),
       album(
-          {&lvwSLIDEBAR, &prgBARSLIDES, &cbtnVIEWWEBALB}, values(),
+          {&lvwSLIDEBAR, &prgBARSLIDES}, commands, values(),
           {[this](const QString& text, const QString& caption) {
                shown.append(u"critical|" + text + u'|' + caption);
            },
@@ -106,7 +106,7 @@ AlbumWorld::AlbumWorld()
     shell.documents = temporaryFolder() + u'/';
     fillTextConstants(2026, QStringLiteral("http://server.invalid/"));
     makeServices(store, shell);
-    cbtnVIEWWEBALB.setEnabled(false);
+    commands.viewWebAlbum.setEnabled(false);
     prgBARSLIDES.hide();
 }
 

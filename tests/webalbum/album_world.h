@@ -7,8 +7,6 @@
 #include "webalbum/second_writer.h"
 #include "webalbum/web_album.h"
 
-#include <QPushButton>
-
 #include <gtest/gtest.h>
 
 namespace velorama::test {
@@ -81,7 +79,7 @@ protected:
 
     ListView lvwSLIDEBAR;
     ProgressBar prgBARSLIDES;
-    QPushButton cbtnVIEWWEBALB;
+    Commands commands;
     /// "critical|text|caption" and the like, and "hourglass on" or "off", in order.
     QStringList shown;
     std::vector<ToldSlide> told;

@@ -124,7 +124,7 @@ TEST_F(Albums, OfNoPictureHaveNoPage) {
                              "images/arrowright.gif images/arrowrightdis.gif images/end.gif "
                              "images/mainwa.css pictures"));
     EXPECT_TRUE(prgBARSLIDES.isHidden());
-    EXPECT_TRUE(cbtnVIEWWEBALB.isEnabled());
+    EXPECT_TRUE(commands.viewWebAlbum.isEnabled());
 }
 
 TEST_F(Albums, KeepWhatHasLeftTheList) {

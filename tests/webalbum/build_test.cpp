@@ -38,11 +38,11 @@ protected:
 TEST_F(Build, WithoutATitleLeavesTheDiskUntouched) {
     addSlides(1);
     title.clear();
-    cbtnVIEWWEBALB.setEnabled(true);
+    commands.viewWebAlbum.setEnabled(true);
     const QStringList before = everything();
     build();
     EXPECT_EQ(everything(), before);
-    EXPECT_FALSE(cbtnVIEWWEBALB.isEnabled());
+    EXPECT_FALSE(commands.viewWebAlbum.isEnabled());
     EXPECT_EQ(shown, QStringList(QStringLiteral(
                          "critical|You must choose a title for your WebAlbum|Folder Error")));
 }
@@ -52,7 +52,7 @@ TEST_F(Build, EndsWithThePointerBackAndAMessage) {
     build();
     EXPECT_EQ(shown, QStringList({QStringLiteral("hourglass on"), QStringLiteral("hourglass off"),
                                   complete}));
-    EXPECT_TRUE(cbtnVIEWWEBALB.isEnabled());
+    EXPECT_TRUE(commands.viewWebAlbum.isEnabled());
     EXPECT_TRUE(prgBARSLIDES.isHidden());
     EXPECT_EQ(prgBARSLIDES.Max(), 2);
 }
@@ -146,7 +146,7 @@ TEST_F(Build, OfATitleThatNoFolderCanHaveWritesNothing) {
         build();
         EXPECT_EQ(everything(), before) << hazard.toStdString();
         EXPECT_EQ(shown.last(), complete);
-        EXPECT_TRUE(cbtnVIEWWEBALB.isEnabled());
+        EXPECT_TRUE(commands.viewWebAlbum.isEnabled());
     }
 }
 
@@ -378,7 +378,7 @@ TEST_F(Build, APageWithNothingSetIsWrittenAllTheSame) {
     addSlides(1);
     WebAlbumValues bare;
     bare.txtTITLE = [] { return QStringLiteral("Bare"); };
-    WebAlbum quiet({&lvwSLIDEBAR, nullptr, nullptr}, bare, {});
+    WebAlbum quiet({&lvwSLIDEBAR, nullptr}, commands, bare, {});
     quiet.cbtnWEBALBUM_Click();
     title = QStringLiteral("Bare");
     EXPECT_TRUE(page(QStringLiteral("a01.jpg.html")).contains("WIDTH: 0px; HEIGHT: 0px "));
@@ -387,7 +387,7 @@ TEST_F(Build, APageWithNothingSetIsWrittenAllTheSame) {
             .startsWith(
                 "Body {\r\n        font-family: ;\r\n        background-COLOR:#000000;\r\n"));
     bare.txtTITLE = nullptr;
-    WebAlbum untitled({&lvwSLIDEBAR, nullptr, nullptr}, bare, {});
+    WebAlbum untitled({&lvwSLIDEBAR, nullptr}, commands, bare, {});
     untitled.cbtnWEBALBUM_Click();
 }
 

@@ -45,7 +45,7 @@ protected:
             }
         });
         timer.start(0);
-        menus().mnuEDITPREVIEW->trigger();
+        commands().preview.trigger();
         EXPECT_EQ(looked, 1);
     }
     static cbtn& button(QWidget& form, const char* name) {

@@ -1,0 +1,27 @@
+#include "controls/input/command.h"
+
+#include <QMenu>
+
+namespace velorama {
+
+Command::Command(const char* name, const char* caption, const QIcon& icon, const QKeySequence& key)
+    : QAction(icon, QLatin1String(caption)) {
+    setObjectName(QLatin1String(name));
+    setShortcut(key);
+    setAutoRepeat(false);
+}
+
+void Command::addButton(QAbstractButton& button) {
+    button.setEnabled(isEnabled());
+    connect(this, &QAction::enabledChanged, &button, &QWidget::setEnabled);
+    connect(&button, &QAbstractButton::clicked, this, &QAction::trigger);
+}
+
+void Command::addTo(QMenu& popup, const char* name, const char* caption) {
+    QAction* entry = popup.addAction(icon(), QLatin1String(caption));
+    entry->setObjectName(QLatin1String(name));
+    entry->setAutoRepeat(false);
+    connect(entry, &QAction::triggered, this, &QAction::triggered);
+}
+
+}  // namespace velorama
