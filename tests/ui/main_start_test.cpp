@@ -22,6 +22,8 @@ protected:
     void forgetFolder() {
         store.removeValue(Hive::CurrentUser, keyPath(QStringLiteral("frmTOOLSSETTINGS\\Items")),
                           QStringLiteral("Files Location"));
+        // Where tests before this one have set a wallpaper, it lies there.
+        QDir(applicationFolder()).removeRecursively();
     }
     void expectOpen(const QString& path) {
         EXPECT_EQ(window->album().Tag(), path);
