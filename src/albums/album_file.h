@@ -11,6 +11,8 @@
 
 namespace velorama {
 
+class AlbumFields;
+
 /// The album that is open, and the commands that make, read and write it.
 class AlbumFile : public QObject {
     Q_OBJECT
@@ -52,8 +54,6 @@ public:
     void stop() { stopped_ = true; }
 
 private:
-    class Fields;
-
     void connectCommands();
     QString captionOf(const QString& path) const;
     void showCaption(const QString& caption);
@@ -72,9 +72,9 @@ private:
     // album_reading.cpp
     void beginReading();
     void endReading();
-    QString readSlides(Fields& fields, const QString& count);
+    QString readSlides(AlbumFields& fields, const QString& count);
     void addSlide(const QString& path, const QString& picture);
-    void expect(const Fields& fields);
+    void expect(const AlbumFields& fields);
     void showProgress(const QString& count);
 
     Controls c_;
@@ -90,8 +90,6 @@ private:
     /// read.
     bool isRead_ = true;
     bool stopped_ = false;
-    /// The keyboard was in lvwSLIDEBAR when it was hidden.
-    bool hadFocus_ = false;
 };
 
 }  // namespace velorama

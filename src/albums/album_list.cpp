@@ -1,17 +1,12 @@
 #include "albums/album_list.h"
 
+#include "albums/album_fields.h"
 #include "controls/input/keys.h"
-#include "core/documents.h"
 #include "core/globals.h"
-#include "core/long_text.h"
-#include "platform/files/paths.h"
-#include "platform/numbers.h"
+#include "core/stored_list.h"
 #include "platform/session/shell.h"
 
-#include <QFile>
 #include <QPointer>
-
-#include <algorithm>
 
 namespace velorama {
 namespace {
@@ -20,37 +15,16 @@ const QString folderKey = QStringLiteral("mfrmPRGMAIN\\Details");
 const QString folderName = QStringLiteral("CMD Open Folder");
 constexpr qint32 saveQuestion = 6;
 constexpr qint32 cannotOpen = 8;
-// A damaged count must not keep the start waiting. No list comes near this.
-constexpr int MostAlbums = 1000000;
-// An album may be of any size, and a file named in the list need not be an album.
-constexpr qint64 MostHeaderBytes = 64LL * 1024;
-
-QString totalKey(const QString& name) {
-    return name + QStringLiteral("\\Items Total");
-}
-QString totalName(const ReportView& list) {
-    return list.Name() + QStringLiteral("List Total");
-}
-QString detailsKey(const QString& name) {
-    return name + QStringLiteral("\\Details");
-}
-QString albumName(const ReportView& list, int index) {
-    return list.Name() + decimalText(index);
+StoredList stored(const ReportView& list, const QString& key) {
+    return {.key = key, .name = list.Name(), .first = 1};
 }
 
-QString storedAlbum(const ReportView& list, const QString& key, int index) {
-    return withoutOuterBlanks(loadSetting(detailsKey(key), albumName(list, index), QString()));
-}
-
-/// What stands behind the bar in the album's first field.
-QString albumNote(const QString& path) {
-    const QString bar = QStringLiteral("|");
-    QFile file(hostFile(path));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return QString();
+QStringList paths(const ReportView& list) {
+    QStringList all;
+    for (int i = 1; i <= list.Count(); ++i) {
+        all.append(list.item(i)->Key());
     }
-    const QString header = FieldReader(file.read(MostHeaderBytes)).Input();
-    return header.contains(bar) ? StringPieceArr(header, bar, 1) : QString();
+    return all;
 }
 
 }  // namespace
@@ -75,32 +49,20 @@ void AlbumList::connectButton(QAbstractButton* button, void (AlbumList::*handler
 }
 
 void AlbumList::SlideshowListSave(const ReportView& List, const QString& KeyName) const {
-    const int count = List.Count();
-    saveSetting(totalKey(KeyName), totalName(List), decimalText(count));
-    for (int i = 1; i <= count; ++i) {
-        saveSetting(detailsKey(KeyName), albumName(List, i), List.item(i)->Key());
-    }
+    stored(List, KeyName).save(paths(List));
 }
 
 void AlbumList::SlideshowListLoad(ReportView& List, const QString& KeyName) {
-    const QHash<int, QString> kept = pathsOnlyInList(
-        detailsKey(KeyName), 1, List.Count(), [&List](int i) { return albumName(List, i); },
-        [&List](int i) { return List.item(i)->Key(); });
+    const QStringList albums = stored(List, KeyName).load(paths(List));
     List.Clear();
-    const QString total = loadSetting(totalKey(KeyName), totalName(List), QStringLiteral("0"));
-    const int count = std::min(wholeNumber(total).value_or(0), MostAlbums);
-    for (int i = 1; i <= count; ++i) {
-        const QString path = kept.contains(i) ? kept.value(i) : storedAlbum(List, KeyName, i);
-        if (path.isEmpty()) {
-            continue;
-        }
+    for (const QString& path : albums) {
         ReportItem* item = addAlbum(path);
         // The albums behind one that has gone are not read, and the next save forgets them.
         if (!gFileFoldr->FileExists(path)) {
             return;
         }
         if (item != nullptr) {
-            item->setSubItems(1, albumNote(path));
+            item->setSubItems(1, albumHeader(path).note);
         }
     }
 }

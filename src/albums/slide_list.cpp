@@ -30,7 +30,6 @@ SlideList::SlideList(const SlideListControls& controls, Commands& commands, Thum
     connectCommands();
 }
 
-// The list view is hidden while it changes. Whoever works it from the keyboard stays in it.
 void SlideList::hideSlides() {
     hadFocus_ = hadFocus_ || c_.lvwSLIDEBAR->hasFocus();
     c_.lvwSLIDEBAR->setVisible(false);

@@ -67,6 +67,10 @@ public:
 
     void lvwSLIDEBAR_Click();
     void lvwSLIDEBAR_AfterLabelEdit(const QString& NewString);
+    /// lvwSLIDEBAR is out of sight while it changes. Whoever works it from the keyboard stays in
+    /// it.
+    void hideSlides();
+    void showSlides();
     /// If the list holds items: selects item 1, and only that, and runs the list's click handler.
     void selectFirstSlide();
     /// The window is closing: a running Add or AddAll ends at its next file.
@@ -120,8 +124,6 @@ private:
     void addFolder();
     void insertAll(const QList<FoundFile>& files);
 
-    void hideSlides();
-    void showSlides();
     bool removeSelected();
     void blankSelection(int count);
     void move(int step);

@@ -1,11 +1,8 @@
 #include "music/music_list.h"
 
 #include "core/globals.h"
-#include "core/long_text.h"
-#include "platform/numbers.h"
+#include "core/stored_list.h"
 #include "platform/session/shell.h"
-
-#include <algorithm>
 
 namespace velorama {
 namespace {
@@ -14,24 +11,9 @@ const QString folderKey = QStringLiteral("mfrmPRGMAIN\\Details");
 const QString folderName = QStringLiteral("CMD Open FolderMP3");
 // Several files, explorer style, no read-only box, prompt on overwrite.
 constexpr int SeveralFiles = 524806;
-// A damaged count must not keep the start waiting. No list comes near this.
-constexpr int MostRows = 1000000;
 const QString musicFilter = QStringLiteral(
     "All Files (*.mp3; *.mid; *.wav)|*.mp3; *.mid; *.wav|"
     "mp3 Files|*.mp3|Wav Files|*.wav|Midi Files|*.mid");
-
-QString totalKey(const QString& name) {
-    return name + QStringLiteral("\\Items Total");
-}
-QString totalName(const ListBox& list) {
-    return list.objectName() + QStringLiteral("List Total");
-}
-QString detailsKey(const QString& name) {
-    return name + QStringLiteral("\\Details");
-}
-QString rowName(const ListBox& list, int row) {
-    return list.objectName() + decimalText(row);
-}
 
 bool isMusic(const QString& path) {
     static const QStringList endings = {QStringLiteral(".mp3"), QStringLiteral(".wav"),
@@ -39,21 +21,16 @@ bool isMusic(const QString& path) {
     return endings.contains(path.right(4));
 }
 
-/// Without the blanks at its ends; tabs and line breaks are part of a path.
-QString withoutBlanks(const QString& text) {
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text[first] == u' ') {
-        ++first;
-    }
-    while (last > first && text[last - 1] == u' ') {
-        --last;
-    }
-    return text.mid(first, last - first);
+StoredList stored(const ListBox& list, const QString& key) {
+    return {.key = key, .name = list.objectName()};
 }
 
-QString storedRow(const ListBox& list, const QString& name, int row) {
-    return withoutBlanks(loadSetting(detailsKey(name), rowName(list, row), QString()));
+QStringList rows(const ListBox& list) {
+    QStringList all;
+    for (int row = 0; row < list.ListCount(); ++row) {
+        all.append(list.List(row));
+    }
+    return all;
 }
 
 }  // namespace
@@ -132,27 +109,16 @@ void MusicList::Command2_Click() {
 }
 
 void MusicList::ListboxSave(const ListBox& list, const QString& name) const {
-    saveSetting(totalKey(name), totalName(list), decimalText(list.ListCount()));
-    for (int row = 0; row < list.ListCount(); ++row) {
-        saveSetting(detailsKey(name), rowName(list, row), list.List(row));
-    }
+    stored(list, name).save(rows(list));
 }
 
 void MusicList::ListboxLoad(ListBox& list, const QString& name) const {
-    const QHash<int, QString> kept = pathsOnlyInList(
-        detailsKey(name), 0, list.ListCount() - 1, [&list](int row) { return rowName(list, row); },
-        [&list](int row) { return list.List(row); });
+    const QStringList paths = stored(list, name).load(rows(list));
     list.Clear();
-    enableRestart(false);
-    const QString total = loadSetting(totalKey(name), totalName(list), QStringLiteral("0"));
-    const int count = std::min(wholeNumber(total).value_or(0), MostRows);
-    for (int row = 0; row < count; ++row) {
-        const QString text = kept.contains(row) ? kept.value(row) : storedRow(list, name, row);
-        if (!text.isEmpty()) {
-            list.AddItem(text);
-            enableRestart(true);
-        }
+    for (const QString& path : paths) {
+        list.AddItem(path);
     }
+    enableRestart(!paths.isEmpty());
 }
 
 }  // namespace velorama

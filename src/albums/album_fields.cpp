@@ -1,0 +1,96 @@
+#include "albums/album_fields.h"
+
+#include "core/globals.h"
+#include "platform/files/paths.h"
+
+#include <QFile>
+#include <QThread>
+
+#include <algorithm>
+#include <utility>
+
+namespace velorama {
+namespace {
+
+// More bytes than any list of slides has; a larger file is none, and is not taken into memory.
+constexpr qint64 largestAlbum = 256LL * 1024 * 1024;
+
+// A file named in the list of albums may be of any size and need not be one.
+constexpr qint64 mostHeaderBytes = 64LL * 1024;
+
+/// Fields read ahead, so that their thumbnails can be announced.
+qsizetype fieldsAhead() {
+    return std::max(16, 2 * QThread::idealThreadCount());
+}
+
+AlbumHeader headerOf(const QString& field) {
+    const QString bar = QStringLiteral("|");
+    return {StringPieceArr(field, bar, 0),
+            field.contains(bar) ? StringPieceArr(field, bar, 1) : QString()};
+}
+
+}  // namespace
+
+AlbumHeader albumHeader(const QString& path) {
+    QFile file(hostFile(path));
+    return file.open(QIODevice::ReadOnly)
+               ? headerOf(FieldReader(file.read(mostHeaderBytes)).Input())
+               : AlbumHeader();
+}
+
+std::optional<QByteArray> albumBytes(const QString& path) {
+    QFile file(hostFile(path));
+    if (!file.open(QIODevice::ReadOnly) || file.size() > largestAlbum) {
+        return std::nullopt;
+    }
+    QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+AlbumFields::AlbumFields(QByteArray bytes) : reader_(std::move(bytes)) {
+    fill();
+}
+
+void AlbumFields::fill() {
+    while (std::ssize(next_) < fieldsAhead() && !reader_.EndOfFile()) {
+        next_.push_back(reader_.Input());
+    }
+}
+
+void AlbumFields::Input(QString& field) {
+    if (!next_.empty()) {
+        field = next_.front();
+        next_.pop_front();
+        fill();
+    }
+}
+
+AlbumHeader AlbumFields::readHeader() {
+    QString field;
+    Input(field);
+    return headerOf(field);
+}
+
+QString AlbumFields::nextSlide(QString& s) {
+    Input(s);
+    if (gFileFoldr->FileExists(s)) {
+        return s;
+    }
+    QString alt = s;
+    if (!s.isEmpty()) {
+        Input(s);
+    }
+    alt += QLatin1String(", ") + s;
+    if (gFileFoldr->FileExists(alt)) {
+        return alt;
+    }
+    alt += QLatin1Char(',') + s;
+    if (gFileFoldr->FileExists(alt)) {
+        return alt;
+    }
+    alt = withoutOuterBlanks(alt);
+    // The empty line at the end of an album gives three.
+    return alt.size() < 4 ? QString() : alt;
+}
+
+}  // namespace velorama
