@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
                                 }});
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
-        mainWindow.Form_Load(Command(QApplication::arguments()));
+        mainWindow.Form_Load(commandLine(QApplication::arguments()));
         if (!mainWindow.isUnloaded()) {
             result = QApplication::exec();
         }

@@ -7,7 +7,7 @@
 
 namespace velorama {
 
-QString Command(const QStringList& arguments) {
+QString commandLine(const QStringList& arguments) {
     return absoluteFile(arguments.mid(1).join(QLatin1Char(' ')));
 }
 

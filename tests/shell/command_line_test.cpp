@@ -27,7 +27,7 @@ protected:
         EXPECT_TRUE(QFile(top + u'/' + name).open(QIODevice::WriteOnly));
     }
     static QString command(const QStringList& words) {
-        return Command(QStringList(QStringLiteral("/usr/bin/velorama")) + words);
+        return commandLine(QStringList(QStringLiteral("/usr/bin/velorama")) + words);
     }
 
     const QString before = QDir::currentPath();
@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(CommandLine, IsEmptyWithoutWords) {
-    EXPECT_EQ(Command({}), QString());
+    EXPECT_EQ(commandLine({}), QString());
     EXPECT_EQ(command({}), QString());
 }
 
