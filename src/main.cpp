@@ -17,17 +17,27 @@
 #include <QDate>
 #include <QIcon>
 
+namespace velorama {
+namespace {
+
+void prepareApplication() {
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/velorama.svg")));
+    limitPictureReaders();
+    // The main window is hidden during a show, and no window is then the last one.
+    QApplication::setQuitOnLastWindowClosed(false);
+    fillTextConstants(QDate::currentDate().year(), ServerRoot());
+}
+
+}  // namespace
+}  // namespace velorama
+
 int main(int argc, char** argv) {
     using namespace velorama;
     QApplication::setApplicationName(QStringLiteral("velorama"));
     QApplication::setDesktopFileName(QStringLiteral("velorama"));
     QApplication app(argc, argv);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/velorama.svg")));
-    limitPictureReaders();
-    // The main window is hidden during a show, and no window is then the last one.
-    QApplication::setQuitOnLastWindowClosed(false);
+    prepareApplication();
 
-    fillTextConstants(QDate::currentDate().year(), ServerRoot());
     SqliteRegistryStore store(SqliteRegistryStore::standardFile());
     const auto shell = makeDesktopShell();
     const auto screenSaver = makeSessionScreenSaver();
