@@ -11,7 +11,6 @@ namespace {
 
 // The picture area of a show on a screen of 1920 x 1080.
 constexpr QSize area(1743, 947);
-constexpr Colour white = 0xFFFFFF;
 constexpr double goalAgainstQt = 0.45;
 constexpr double goalAgainstVips = 0.6;
 

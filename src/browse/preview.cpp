@@ -76,7 +76,6 @@ void sharpen(ImageBox& image, const Picture& picture) {
     if (picture.isNull() || picture.bitmap.size() == pixels) {
         return;
     }
-    constexpr Colour white = 0xFFFFFF;
     const bool seeThrough = picture.bitmap.hasAlphaChannel();
     image.setPicture(
         seeThrough ? picture.bitmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)

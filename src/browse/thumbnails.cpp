@@ -1,5 +1,6 @@
 #include "browse/thumbnails.h"
 
+#include "controls/geometry/twips.h"
 #include "imaging/scale/scaling.h"
 #include "platform/numbers.h"
 #include "platform/process/events.h"
@@ -11,8 +12,7 @@
 namespace velorama {
 namespace {
 
-constexpr Colour white = 16777215;
-constexpr double twipsPerPixel = 15;
+constexpr double twipsPerPixel = twipsPerLogicalPixel;
 
 // Twips. The slide thumbnail sits this far off the centre and loses a rim of its picture.
 constexpr double slideShift = 45;

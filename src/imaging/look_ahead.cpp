@@ -18,8 +18,6 @@
 namespace velorama {
 namespace {
 
-constexpr Colour white = 0xFFFFFF;
-
 /// Finished pictures waiting for their use may take this much before the workers rest; two are
 /// always allowed, however large.
 constexpr qint64 finishedMemory = 192LL * 1024 * 1024;

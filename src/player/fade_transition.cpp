@@ -9,7 +9,6 @@ namespace velorama {
 namespace {
 
 constexpr qint32 lastStep = 240;
-constexpr Colour white = 0xFFFFFF;
 
 }  // namespace
 

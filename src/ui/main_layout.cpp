@@ -8,7 +8,6 @@
 namespace velorama {
 namespace {
 
-constexpr Colour white = 0xFFFFFF;
 constexpr Colour buttonFace = systemColour(15);
 constexpr Colour highlight = systemColour(13);
 constexpr Colour highlight3D = systemColour(20);

@@ -20,11 +20,6 @@ QStringList wildcards(const QString& pattern) {
     return list;
 }
 
-bool sortsBefore(const QString& a, const QString& b) {
-    const int order = QString::compare(a, b, Qt::CaseInsensitive);
-    return order != 0 ? order < 0 : a < b;
-}
-
 }  // namespace
 
 void FileList::setPath(const QString& path) {

@@ -1,6 +1,7 @@
 #include "controls/lists/folder_model.h"
 
 #include "controls/buttons/icon.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -12,11 +13,6 @@
 
 namespace velorama {
 namespace {
-
-bool sortsBefore(const QString& a, const QString& b) {
-    const int order = QString::compare(a, b, Qt::CaseInsensitive);
-    return order != 0 ? order < 0 : a < b;
-}
 
 QString below(const QString& folder, const QString& name) {
     const QString open = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');

@@ -10,8 +10,6 @@
 namespace velorama {
 namespace {
 
-constexpr Colour white = 0xFFFFFF;
-
 int rounded(double value) {
     return static_cast<int>(roundHalfEven(value));
 }

@@ -8,6 +8,8 @@ namespace velorama {
 /// the system's colour table.
 using Colour = qint32;
 
+constexpr Colour white = 0xFFFFFF;
+
 constexpr Colour systemColour(int index) {
     return static_cast<Colour>(0x80000000U + static_cast<quint32>(index));
 }
