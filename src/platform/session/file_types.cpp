@@ -1,18 +1,16 @@
 #include "platform/session/file_types.h"
 
+#include "platform/files/file_write.h"
 #include "platform/session/file_type_texts.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
-#include <QSaveFile>
 #include <QStandardPaths>
+#include <QThreadPool>
 
 #include <algorithm>
-#include <system_error>
-#include <thread>
 #include <utility>
-#include <vector>
 
 namespace velorama {
 namespace {
@@ -65,11 +63,7 @@ QString madeEntry(const QString& file) {
 
 void write(const QString& path, const QByteArray& bytes) {
     QDir().mkpath(QFileInfo(path).path());
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(bytes);
-        file.commit();
-    }
+    writeFileWhole(path, bytes, Lasting::Yes);
 }
 
 /// Nobody waits for it, and it outlives the program if it must. Absent commands are passed over.
@@ -129,10 +123,14 @@ DataFolders dataFolders() {
     return {own, folders};
 }
 
+/// Writes or removes four small files and starts the commands. The program's end waits for it.
+template <typename Work>
+void start(Work work) {
+    QThreadPool::globalInstance()->start(std::move(work));
+}
+
 class DesktopFileTypes : public FileTypes {
 public:
-    ~DesktopFileTypes() override { finish(); }
-
     void link(const FileType& type) override {
         const DataFolders folders = dataFolders();
         if (!folders.areKnown() || !isLinkable(type.program) || folders.systemKnows(type)) {
@@ -153,25 +151,6 @@ public:
             start([type, own = folders.own] { takeLinkAway(type, own); });
         }
     }
-
-private:
-    template <typename Work>
-    void start(Work work) {
-        finish();
-        try {
-            thread_ = std::thread(std::move(work));
-        } catch (const std::system_error&) {
-            // The machine is out of threads: no link this time.
-        }
-    }
-
-    void finish() {
-        if (thread_.joinable()) {
-            thread_.join();
-        }
-    }
-
-    std::thread thread_;  // writes or removes four small files and starts the commands
 };
 
 }  // namespace

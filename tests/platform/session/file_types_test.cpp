@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QThreadPool>
 
 #include <gtest/gtest.h>
 
@@ -74,9 +75,15 @@ protected:
         return made;
     }
     /// Links and waits until the files are written and the commands are started.
-    void link() const { makeDesktopFileTypes()->link(type); }
+    void link() const {
+        makeDesktopFileTypes()->link(type);
+        QThreadPool::globalInstance()->waitForDone();
+    }
     /// The same of the look at a later start.
-    void tidy() const { makeDesktopFileTypes()->tidy(type); }
+    void tidy() const {
+        makeDesktopFileTypes()->tidy(type);
+        QThreadPool::globalInstance()->waitForDone();
+    }
 
     void makeProgram(const QString& path, const QByteArray& lines = "#!/bin/sh\n") {
         type.program = path;
