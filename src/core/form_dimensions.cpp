@@ -63,12 +63,10 @@ Span down(const QRect& area) {
     return inTwips(area.y(), area.height());
 }
 
-/// Position that puts a length in the middle of the screen. Only the order of the arithmetic is
-/// odd.
+/// Where a form of this length begins in the middle of the screen: in whole twips, halves to even.
 float centred(const Span& screen, float form) {
-    return screen.from + static_cast<float>(roundHalfEven(
-                             (static_cast<double>(screen.length) + static_cast<double>(form)) / 2 -
-                             static_cast<double>(form)));
+    const double free = static_cast<double>(screen.length) - static_cast<double>(form);
+    return screen.from + static_cast<float>(roundHalfEven(free / 2));
 }
 
 /// One form and the stored values under its name.
@@ -93,9 +91,9 @@ public:
         }
     }
 
-    /// Places are measured against all screens together, and what has none there comes to the
-    /// middle of its own. `stopAtEdge`: a form larger than the screen then starts at the screen's
-    /// edge instead of left of or above it, where nobody could take hold of it.
+    /// A form whose stored place lies outside the desktop, which is all screens together, comes to
+    /// the middle of the nearest screen. `stopAtEdge`: one larger than that screen begins at its
+    /// edge then and not left of or above it, where nobody could take hold of it.
     void restorePosition(bool stopAtEdge) {
         if (const auto left = number(leftName, Left(form_))) {
             setLeft(form_, *left);

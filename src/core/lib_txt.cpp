@@ -26,11 +26,11 @@ QString legalLine(int currentYear) {
 QString legalBlock(int currentYear) {
     return legalLine(currentYear) +
            QStringLiteral(
-               ".\n\nThis program is protected by copyright law and by international treaties. It "
-               "is "
-               "provided as it is, without warranty of any kind: its makers answer for no damage "
-               "that comes from its use.\n\nAll pictures and icons of this program were drawn for "
-               "it.");
+               ".\n\n"
+               "This program is protected by copyright law and by international "
+               "treaties. It is provided as it is, without warranty of any kind: its "
+               "makers answer for no damage that comes from its use.\n\n"
+               "All pictures and icons of this program were drawn for it.");
 }
 
 }  // namespace

@@ -9,14 +9,14 @@ namespace velorama {
 /// The one music device, driven by command texts. One track can be open at a time; it is named by
 /// the alias it was opened under.
 ///
-/// | Command | Succeeds |
-/// |---|---|
-/// | `open "PATH" type MPEGVideo alias NAME` | if no track is open and the file plays; it then
-/// stands at 0 | | `play NAME` | starts, or goes on after a pause, from where the track stands | |
-/// `pause NAME`, `resume NAME` | stops the position and lets it run again; `resume` starts no
-/// stopped track | | `close NAME` | silences and forgets the track | | `set NAME time format s` |
-/// changes nothing: answers stay in milliseconds | | `status NAME length`, `status NAME position` |
-/// answers whole milliseconds as decimal text |
+/// - `open "PATH" type MPEGVideo alias NAME` succeeds if no track is open and the file plays, which
+///   then stands at 0.
+/// - `play NAME` starts, or goes on after a pause, from where the track stands.
+/// - `pause NAME` and `resume NAME` stop the position and let it run again; `resume` starts no
+///   stopped track.
+/// - `close NAME` silences and forgets the track.
+/// - `set NAME time format s` changes nothing: answers stay in milliseconds.
+/// - `status NAME length` and `status NAME position` answer whole milliseconds as decimal text.
 ///
 /// Letter case of words and alias does not matter, nor do blanks around the text. Any other text
 /// fails. The file's content decides whether it is MP3, WAV or MIDI; its path goes through
