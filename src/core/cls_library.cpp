@@ -1,20 +1,12 @@
 #include "core/cls_library.h"
 
-#include "core/cls_filefoldr.h"
+#include "core/globals.h"
 #include "core/lib_txt.h"
 
 namespace velorama {
-namespace {
-
-clsLIBRARY::HelpCenter& helpCenter() {
-    static clsLIBRARY::HelpCenter shown;
-    return shown;
-}
-
-}  // namespace
 
 bool clsLIBRARY::FileExists(const QString& Path) const {
-    return clsFILEFOLDR().FileExists(Path);
+    return gFileFoldr->FileExists(Path);
 }
 
 void clsLIBRARY::subHELPCENTERPAGEINDEX() const {
@@ -22,13 +14,7 @@ void clsLIBRARY::subHELPCENTERPAGEINDEX() const {
 }
 
 void clsLIBRARY::subHELPCENTERPAGEOPEN(const QString& Page) const {
-    if (helpCenter()) {
-        helpCenter()(libTxt.HelpUrl + Page);
-    }
-}
-
-void clsLIBRARY::showHelpWith(HelpCenter shown) {
-    helpCenter() = std::move(shown);
+    emit helpPageWanted(libTxt.HelpUrl + Page);
 }
 
 }  // namespace velorama

@@ -1,23 +1,22 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
+#include <QObject>
 
 namespace velorama {
 
 /// The file test of the thumbnail and slide code, and the way to the pages of the help centre.
-class clsLIBRARY {
+class clsLIBRARY : public QObject {
+    Q_OBJECT
 public:
     bool FileExists(const QString& Path) const;
 
     void subHELPCENTERPAGEINDEX() const;
-    /// Hands the page's full address to the help centre; without one nothing happens.
+    /// Asks for a page by its full address; without a help centre nothing happens.
     void subHELPCENTERPAGEOPEN(const QString& Page) const;
 
-    /// Who shows help pages: navigates to an address, and shows its window if that is not up.
-    using HelpCenter = std::function<void(const QString& address)>;
-    static void showHelpWith(HelpCenter helpCenter);
+signals:
+    /// Whoever shows help pages navigates there, and shows its window if that is not up.
+    void helpPageWanted(const QString& address) const;
 };
 
 }  // namespace velorama

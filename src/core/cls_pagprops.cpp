@@ -1,6 +1,6 @@
 #include "core/cls_pagprops.h"
 
-#include "core/cls_filefoldr.h"
+#include "core/globals.h"
 #include "platform/files/paths.h"
 
 #include <QFile>
@@ -110,7 +110,7 @@ int findFrameHeader(FileHead& head, int at) {
 
 void clsPAGPROPS::PictureFileInformation(const QString& Path) {
     *this = clsPAGPROPS();
-    if (Path.isEmpty() || !clsFILEFOLDR().FileExists(Path)) {
+    if (Path.isEmpty() || !gFileFoldr->FileExists(Path)) {
         return;
     }
     FileHead head(hostFile(Path));

@@ -34,9 +34,6 @@ clsREGISTRY::clsREGISTRY(RegistryStore& store, Shell& shell) : store_(store), sh
 QString clsREGISTRY::StringLoad(qint32 Hive, const QString& KeyPath, const QString& ValueName,
                                 const QString& Default) const {
     const auto hive = static_cast<velorama::Hive>(Hive);
-    if (!store_.isWritable(hive)) {
-        return Default;
-    }
     const std::optional<RegistryValue> stored = store_.value(hive, KeyPath, ValueName);
     if (!stored || !isText(stored->type)) {
         return Default;

@@ -166,9 +166,7 @@ void frmHELPMESSAGEBOX::showModal() {
     setAccessibleDescription(lblDESCRIPTION->text());
     layout()->activate();
     placeOverOwner();
-    if (gRegistry) {
-        gRegistry->FormDimensionsSetup(*this, false);
-    }
+    gRegistry->FormDimensionsSetup(*this, false);
     // Its place of last time may be on a screen that nobody looks at now.
     if (nearestScreen(*this) != screenPlace(*this)) {
         placeOverOwner();
@@ -202,9 +200,7 @@ void frmHELPMESSAGEBOX::unload() {
         return;
     }
     loaded_ = false;
-    if (gRegistry) {
-        gRegistry->FormDimensionsSave(*this, false);
-    }
+    gRegistry->FormDimensionsSave(*this, false);
     if (status_.MessageBoxClick() == 0) {
         status_.setMessageBoxClick(AnswerCancel);
     }
@@ -216,8 +212,8 @@ void frmHELPMESSAGEBOX::done(int result) {
 }
 
 void frmHELPMESSAGEBOX::keyPressEvent(QKeyEvent* event) {
-    if (keyCode(*event) == KeyF1 && gLibrary) {
-        gLibrary->subHELPCENTERPAGEOPEN(QStringLiteral("index.html"));
+    if (keyCode(*event) == KeyF1) {
+        gLibrary->subHELPCENTERPAGEINDEX();
     }
     const int character = characterCode(*event);
     // Escape is an answer of the bars and no way round them.

@@ -48,12 +48,11 @@ bool isModernSystem() {
 }
 
 QString loadSetting(const QString& segment, const QString& name, const QString& fallback) {
-    return gRegistry ? gRegistry->StringLoad(HKEY_CURRENT_USER, keyPath(segment), name, fallback)
-                     : fallback;
+    return gRegistry->StringLoad(HKEY_CURRENT_USER, keyPath(segment), name, fallback);
 }
 
 bool saveSetting(const QString& segment, const QString& name, const QString& value) {
-    return gRegistry && gRegistry->StringSave(hiveCurrentUser, keyPath(segment), name, value);
+    return gRegistry->StringSave(hiveCurrentUser, keyPath(segment), name, value);
 }
 
 }  // namespace velorama

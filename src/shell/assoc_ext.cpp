@@ -60,8 +60,7 @@ bool FileAssociation::AssociationMake() {
     const QString program = ShortPath(programPath(app_));
     const QString description = albumDescription();
     FileTypeCreate(program, description, albumIcon, albumClass, QString());
-    FileTypeLink(albumExtension, albumClass);
-    if (store_.isWritable(Hive::ClassesRoot)) {
+    if (FileTypeLink(albumExtension, albumClass)) {
         fileTypes_.link(albumType(program, description));
     }
     return true;
@@ -93,12 +92,12 @@ void FileAssociation::FileTypeCreate(const QString& command, const QString& desc
     setDefault(QString(), description);
 }
 
-void FileAssociation::FileTypeLink(const QString& extension, const QString& className) {
-    setDefault(extension, className);
+bool FileAssociation::FileTypeLink(const QString& extension, const QString& className) {
+    return setDefault(extension, className);
 }
 
-void FileAssociation::setDefault(const QString& classKey, const QString& text) {
-    RegStringSet(store_, Hive::ClassesRoot, classKey, defaultValue, text);
+bool FileAssociation::setDefault(const QString& classKey, const QString& text) {
+    return RegStringSet(store_, Hive::ClassesRoot, classKey, defaultValue, text);
 }
 
 }  // namespace velorama

@@ -25,10 +25,11 @@ public:
     /// nothing else; nobody asks for that, and nothing is written then.
     void FileTypeCreate(const QString& command, const QString& description, int iconIndex,
                         const QString& className, const QString& extraVerb);
-    void FileTypeLink(const QString& extension, const QString& className);
+    /// False where the classes may not be written.
+    bool FileTypeLink(const QString& extension, const QString& className);
 
 private:
-    void setDefault(const QString& classKey, const QString& text);
+    bool setDefault(const QString& classKey, const QString& text);
 
     RegistryStore& store_;
     FileTypes& fileTypes_;

@@ -29,17 +29,14 @@ QString RegStringGet(const RegistryStore& store, Hive root, const QString& key,
     return QString::fromUtf8(end < 0 ? stored->data : stored->data.left(end));
 }
 
-void RegStringSet(RegistryStore& store, Hive root, const QString& key, const QString& name,
+bool RegStringSet(RegistryStore& store, Hive root, const QString& key, const QString& name,
                   const QString& text) {
-    if (text.isEmpty()) {
-        RegValueDelete(store, root, key, name);
-        return;
-    }
-    store.setValue(root, key, name, {ValueType::Text, text.toUtf8()});
+    return text.isEmpty() ? RegValueDelete(store, root, key, name)
+                          : store.setValue(root, key, name, {ValueType::Text, text.toUtf8()});
 }
 
-void RegValueDelete(RegistryStore& store, Hive root, const QString& key, const QString& name) {
-    store.removeValue(root, key, name);
+bool RegValueDelete(RegistryStore& store, Hive root, const QString& key, const QString& name) {
+    return store.removeValue(root, key, name);
 }
 
 }  // namespace velorama

@@ -19,10 +19,11 @@ void RegDwordSet(RegistryStore& store, Hive root, const QString& key, const QStr
 /// A plain text up to its first NUL; empty for every other kind of value and for none.
 QString RegStringGet(const RegistryStore& store, Hive root, const QString& key,
                      const QString& name);
-/// An empty text deletes the value.
-void RegStringSet(RegistryStore& store, Hive root, const QString& key, const QString& name,
+/// An empty text deletes the value. True if the store has changed.
+bool RegStringSet(RegistryStore& store, Hive root, const QString& key, const QString& name,
                   const QString& text);
 
-void RegValueDelete(RegistryStore& store, Hive root, const QString& key, const QString& name);
+/// True if there was such a value and it is gone.
+bool RegValueDelete(RegistryStore& store, Hive root, const QString& key, const QString& name);
 
 }  // namespace velorama

@@ -156,18 +156,17 @@ void frmHELPCENTER::closeEvent(QCloseEvent* event) {
 }
 
 void frmHELPCENTER::unload() {
-    if (loaded_ && gRegistry) {
+    if (loaded_) {
         gRegistry->FormDimensionsSave(*this, true);
     }
     loaded_ = false;
 }
 
 HelpCenter::HelpCenter(QWidget* main) : main_(main) {
-    clsLIBRARY::showHelpWith([this](const QString& address) { open(address); });
+    connect(gLibrary.get(), &clsLIBRARY::helpPageWanted, this, &HelpCenter::open);
 }
 
 HelpCenter::~HelpCenter() {
-    clsLIBRARY::showHelpWith(nullptr);
     unload();
 }
 

@@ -43,14 +43,12 @@ private:
 };
 
 /// Shows the help pages that are asked for through clsLIBRARY, in one window. While it lives.
-class HelpCenter {
+class HelpCenter : public QObject {
 public:
     /// A dialog that asks for help does not shut the help window out; otherwise it belongs to
     /// `main`.
     explicit HelpCenter(QWidget* main);
-    ~HelpCenter();
-    HelpCenter(const HelpCenter&) = delete;
-    HelpCenter& operator=(const HelpCenter&) = delete;
+    ~HelpCenter() override;
 
     /// Navigates, and then shows the window if it is not up, or brings it to the front.
     void open(const QString& address);

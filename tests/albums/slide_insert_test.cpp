@@ -248,11 +248,11 @@ TEST_F(SlideInsertTest, damagedCountsNeitherHangNorCrash) {
 
 TEST_F(SlideInsertTest, storeThatTakesNoWritesLosesTheListAtTheRebuild) {
     browse({a, b});
-    store.setReadOnly(Hive::CurrentUser, true);
+    store.takeWriteRights(Hive::CurrentUser);
     list->AddAll();
     EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
     EXPECT_EQ(imlTHUMBNAILS.Count(), 2);
-    store.setReadOnly(Hive::CurrentUser, false);
+    store.giveWriteRights(Hive::CurrentUser);
 }
 
 TEST_F(SlideInsertTest, batchOfManyWritesInProportion) {

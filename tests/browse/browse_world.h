@@ -3,8 +3,8 @@
 #include "browse/thumbnails.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/session/shell.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 #include "support/test_world.h"
 
 #include <QApplication>
@@ -19,12 +19,6 @@
 
 namespace velorama::test {
 
-class NoShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return {}; }
-};
-
 /// The services over a store in memory, made before and released after each test.
 class WithServices : public testing::Test {
 protected:
@@ -37,7 +31,7 @@ protected:
     ~WithServices() override { releaseServices(); }
 
     MemoryRegistryStore store;
-    NoShell shell;
+    RecordingShell shell;
 };
 
 inline QImage plainImage(QSize size, QColor colour = Qt::red) {

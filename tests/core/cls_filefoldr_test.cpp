@@ -1,6 +1,6 @@
 #include "core/cls_filefoldr.h"
 
-#include "core/cls_library.h"
+#include "support/services.h"
 #include "support/test_world.h"
 
 #include <QDateTime>
@@ -29,6 +29,7 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
     }
 
+    test::Services services;
     clsFILEFOLDR files;
     QString folder;
 };

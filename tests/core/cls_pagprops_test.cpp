@@ -1,5 +1,6 @@
 #include "core/cls_pagprops.h"
 
+#include "support/services.h"
 #include "support/test_world.h"
 
 #include <QFile>
@@ -36,6 +37,7 @@ Found look(const QByteArray& content) {
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
     file.close();
+    const test::Services services;
     clsPAGPROPS picture;
     picture.PictureFileInformation(file.fileName());
     return {picture.kind(), picture.depth(), picture.PictureAttribWidth(),
@@ -164,6 +166,7 @@ TEST(ClsPagProps, AMissingFileClearsWhatWasFound) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("GIF89a" + bytes({44, 1, 88, 2, 0xF7}));
     file.close();
+    const test::Services services;
     clsPAGPROPS picture;
     for (const QString& gone : {QString(), QString(path + u'x'), test::temporaryFolder()}) {
         picture.PictureFileInformation(path);

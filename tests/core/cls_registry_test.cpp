@@ -2,28 +2,19 @@
 
 #include "core/lib_txt.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 
 #include <gtest/gtest.h>
 
 namespace velorama {
 namespace {
 
-/// Writes down what it is asked to open.
-class RecordingShell : public Shell {
-public:
-    bool open(const QString& target) override {
-        opened.append(target);
-        return true;
-    }
-    QString specialFolder(int folderId) const override {
-        return folderId == 5 ? QStringLiteral("/home/ann/Documents/") : QString();
-    }
-    QStringList opened;
-};
-
 class ClsRegistry : public testing::Test {
 protected:
-    void SetUp() override { fillTextConstants(2026, QStringLiteral("http://server.invalid/")); }
+    void SetUp() override {
+        fillTextConstants(2026, QStringLiteral("http://server.invalid/"));
+        shell.documents = QStringLiteral("/home/ann/Documents/");
+    }
 
     void put(const QByteArray& data, ValueType type = ValueType::Text) {
         store.setValue(Hive::CurrentUser, key, name, {type, data});
@@ -38,13 +29,13 @@ protected:
     const QString key = QStringLiteral("SOFTWARE\\Brightquay\\Velorama\\mfrmPRGMAIN\\View");
     const QString name = QStringLiteral("Slideshow");
     MemoryRegistryStore store;
-    RecordingShell shell;
+    test::RecordingShell shell;
     clsREGISTRY registry{store, shell};
 };
 
 TEST_F(ClsRegistry, AnAbsentKeyGivesTheDefaultAndIsNotMade) {
     EXPECT_EQ(load(), QStringLiteral("default"));
-    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+    EXPECT_EQ(store.value(Hive::CurrentUser, key, name), std::nullopt);
 }
 
 TEST_F(ClsRegistry, WhatIsSavedReadsBack) {
@@ -97,10 +88,10 @@ TEST_F(ClsRegistry, ExpandableTextIsTextAndANumberIsNot) {
 
 TEST_F(ClsRegistry, AHiveWithoutWriteRightsGivesTheDefault) {
     put("there");
-    store.setReadOnly(Hive::CurrentUser, true);
+    store.takeWriteRights(Hive::CurrentUser);
     EXPECT_EQ(load(), QStringLiteral("default"));
     EXPECT_FALSE(save(QStringLiteral("new")));
-    store.setReadOnly(Hive::CurrentUser, false);
+    store.giveWriteRights(Hive::CurrentUser);
     EXPECT_EQ(load(), QStringLiteral("there"));
 }
 
@@ -128,7 +119,7 @@ TEST_F(ClsRegistry, TheVersionHasTwoPlaces) {
     store.setValue(Hive::LocalMachine, newer, QStringLiteral("CurrentVersion"),
                    {ValueType::Text, "5.1"});
     EXPECT_EQ(registry.WindowsVersion(), QStringLiteral("5.1"));
-    store.setReadOnly(Hive::LocalMachine, true);
+    store.takeWriteRights(Hive::LocalMachine);
     EXPECT_EQ(registry.WindowsVersion(), QString());
 }
 

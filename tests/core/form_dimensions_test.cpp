@@ -3,6 +3,7 @@
 #include "controls/geometry/twips.h"
 #include "core/lib_txt.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 
 #include <QScreen>
 #include <QWidget>
@@ -13,12 +14,6 @@
 
 namespace velorama {
 namespace {
-
-class SilentShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return QString(); }
-};
 
 class FormDimensions : public testing::Test {
 protected:
@@ -44,6 +39,11 @@ protected:
         const auto value = store.value(Hive::CurrentUser, key, QString::fromUtf8(name));
         return value ? value->data : QByteArray("(none)");
     }
+    void expectNothingStored() const {
+        for (const char* name : {"Window State", "Left", "Top", "Width", "Height"}) {
+            EXPECT_EQ(stored(name), "(none)") << name;
+        }
+    }
     void expectGeometry(float left, float top, float width, float height) const {
         EXPECT_EQ(Left(form), left);
         EXPECT_EQ(Top(form), top);
@@ -54,7 +54,7 @@ protected:
     float middleTop() const { return (screenHeight(form) - Height(form)) / 2; }
 
     MemoryRegistryStore store;
-    SilentShell shell;
+    test::RecordingShell shell;
     clsREGISTRY registry{store, shell};
     QWidget form;
 };
@@ -80,7 +80,7 @@ TEST_F(FormDimensions, AMaximisedFormSavesItsStateOnly) {
 TEST_F(FormDimensions, AMinimisedFormSavesNothing) {
     form.setWindowState(Qt::WindowMinimized | Qt::WindowMaximized);
     registry.FormDimensionsSave(form, true);
-    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+    expectNothingStored();
 }
 
 TEST_F(FormDimensions, HalfSavesThePositionOnly) {
@@ -103,7 +103,7 @@ TEST_F(FormDimensions, AnEmptyStoreChangesNothing) {
     registry.FormDimensionsSetup(form, true);
     expectGeometry(1500, 3000, 4500, 6000);
     EXPECT_EQ(form.windowState(), Qt::WindowNoState);
-    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+    expectNothingStored();
 }
 
 TEST_F(FormDimensions, FullRestoresAll) {

@@ -1,23 +1,18 @@
 #include "core/globals.h"
 
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 
 #include <gtest/gtest.h>
 
 namespace velorama {
 namespace {
 
-class SilentShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return QString(); }
-};
-
 const QString versionKey = QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION");
 
 TEST(Globals, ServicesAreMadeOverTheStore) {
     MemoryRegistryStore store;
-    SilentShell shell;
+    test::RecordingShell shell;
     store.setValue(Hive::LocalMachine, versionKey, QStringLiteral("CurrentVersion"),
                    {ValueType::Text, "6.0"});
     makeServices(store, shell);
@@ -34,12 +29,6 @@ TEST(Globals, ServicesAreMadeOverTheStore) {
     releaseServices();
     EXPECT_FALSE(gPagProps || gLibrary || gRegistry || gGradient || gDlgHook || gColrStyle ||
                  gFileFoldr);
-}
-
-TEST(Globals, WithoutServicesSettingsAreTheirDefaults) {
-    EXPECT_EQ(loadSetting(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")),
-              QStringLiteral("c"));
-    EXPECT_FALSE(saveSetting(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")));
 }
 
 TEST(Globals, TheModernSystemBeginsAbove499) {

@@ -3,9 +3,7 @@
 #include "controls/boxes/label.h"
 #include "controls/buttons/symbol_picture.h"
 #include "controls/geometry/twips.h"
-#include "core/globals.h"
-#include "core/lib_txt.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/services.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -22,12 +20,6 @@
 namespace velorama {
 namespace {
 
-class SilentShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return QString(); }
-};
-
 const QString windowKey =
     QStringLiteral("SOFTWARE\\Brightquay\\Velorama\\frmHELPMESSAGEBOX\\Window");
 const QString album = QStringLiteral("/home/ann/Summer.vlr");
@@ -35,15 +27,6 @@ const QString album = QStringLiteral("/home/ann/Summer.vlr");
 class MessageBox : public testing::Test {
 protected:
     using Look = std::function<void(frmHELPMESSAGEBOX& form)>;
-
-    void SetUp() override {
-        fillTextConstants(2026, QStringLiteral("http://server.invalid/"));
-        makeServices(store, shell);
-    }
-    void TearDown() override {
-        clsLIBRARY::showHelpWith(nullptr);
-        releaseServices();
-    }
 
     /// Runs `look` once the next form is up, and closes by the title bar what it leaves up.
     void whenUp(const Look& look) {
@@ -79,8 +62,8 @@ protected:
                        {ValueType::Text, data});
     }
 
-    MemoryRegistryStore store;
-    SilentShell shell;
+    test::Services services;
+    MemoryRegistryStore& store = services.store;
     int looks = 0;
 };
 
@@ -317,7 +300,8 @@ TEST_F(MessageBox, ANumberInNeitherTableShowsTheFormAsItWasMade) {
 
 TEST_F(MessageBox, F1OpensTheHelpCentreAndTheFormStays) {
     QStringList opened;
-    clsLIBRARY::showHelpWith([&opened](const QString& address) { opened << address; });
+    QObject::connect(gLibrary.get(), &clsLIBRARY::helpPageWanted,
+                     [&opened](const QString& address) { opened << address; });
     bool stayed = false;
     ask([&stayed](frmHELPMESSAGEBOX& form) {
         QTest::keyClick(form.focusWidget(), Qt::Key_F1);
@@ -430,16 +414,6 @@ TEST_F(MessageBox, AMessageMayComeUpOverAQuestion) {
               }),
               7);
     EXPECT_EQ(looks, 2);
-}
-
-TEST_F(MessageBox, WithoutTheOtherServicesItStillAnswers) {
-    releaseServices();
-    clsSTATUS status;
-    whenUp([](frmHELPMESSAGEBOX& form) {
-        QTest::keyClick(&form, Qt::Key_F1);
-        QTest::keyClick(&form, 'Y');
-    });
-    EXPECT_EQ(status.MessageBoxQuestionOpen(6, album), 6);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "core/cls_registry.h"
 #include "core/lib_txt.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 
 #include <QDialog>
 #include <QTest>
@@ -12,12 +13,6 @@
 
 namespace velorama {
 namespace {
-
-class SilentShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return QString(); }
-};
 
 class TwoScreens : public test::OnTwoScreens<testing::Test> {
 protected:
@@ -39,7 +34,7 @@ protected:
     }
 
     MemoryRegistryStore store;
-    SilentShell shell;
+    test::RecordingShell shell;
     clsREGISTRY registry{store, shell};
 };
 

@@ -3,19 +3,13 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "music/audio_engine.h"
-#include "platform/session/shell.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 #include "support/test_world.h"
 
 #include <gtest/gtest.h>
 
 namespace velorama::test {
-
-class NoShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return {}; }
-};
 
 /// Writes down the commands and answers what it is told to.
 class FakeDevice : public MediaCommands {
@@ -101,7 +95,7 @@ protected:
     }
 
     MemoryRegistryStore store;
-    NoShell shell;
+    RecordingShell shell;
     FakeDevice device;
     QWidget page;
     const MusicControls controls{page};

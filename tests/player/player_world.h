@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/show_colours.h"
-#include "platform/session/shell.h"
 #include "platform/store/memory_registry_store.h"
 #include "player/frm_slideshow.h"
+#include "support/recording_shell.h"
 
 #include <QList>
 #include <QPointer>
@@ -25,12 +25,6 @@ public:
     mutable int slideReads = 0;
     /// Called before each read of a slide's path with the number of the read, from 1.
     std::function<void(int)> onSlideRead;
-};
-
-class QuietShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return {}; }
 };
 
 class RecordingHost : public ShowHost {
@@ -109,7 +103,7 @@ protected:
     }
 
     WatchedStore store;
-    QuietShell shell;
+    RecordingShell shell;
     RecordingHost host;
     CountingScreenSaver screenSaver;
     QPointer<frmSLIDESHOW> form;

@@ -134,12 +134,12 @@ TEST_F(Association, FormerValueIsKeptAsARecord) {
 }
 
 TEST_F(Association, WithoutTheRightToWriteClassesTheMarkStandsAlone) {
-    store.setReadOnly(Hive::ClassesRoot, true);
+    store.takeWriteRights(Hive::ClassesRoot);
     EXPECT_TRUE(association.AssociationMake());
     EXPECT_EQ(detail(QStringLiteral("Stored")), one);
-    EXPECT_FALSE(store.hasKey(Hive::ClassesRoot, QStringLiteral("VLRFile")));
     EXPECT_TRUE(fileTypes.linked.empty());
-    store.setReadOnly(Hive::ClassesRoot, false);
+    store.giveWriteRights(Hive::ClassesRoot);
+    EXPECT_EQ(of(QStringLiteral("VLRFile")), std::nullopt);
     EXPECT_FALSE(association.AssociationMake());
     EXPECT_EQ(of(QStringLiteral(".vlr")), std::nullopt);
 }

@@ -80,10 +80,9 @@ TEST_P(AssocReg, OnlyPlainTextsAreTexts) {
 
 TEST_P(AssocReg, AnEmptyTextDeletes) {
     RegStringSet(store, Hive::CurrentUser, key, name, QStringLiteral("a"));
-    RegStringSet(store, Hive::CurrentUser, key, name, QString());
+    EXPECT_TRUE(RegStringSet(store, Hive::CurrentUser, key, name, QString()));
     EXPECT_EQ(store.value(Hive::CurrentUser, key, name), std::nullopt);
-    RegStringSet(store, Hive::CurrentUser, key, name, QString());
-    EXPECT_FALSE(store.hasKey(Hive::CurrentUser, key));
+    EXPECT_FALSE(RegStringSet(store, Hive::CurrentUser, key, name, QString()));
 }
 
 TEST_P(AssocReg, DeletesOneValue) {

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "core/globals.h"
-#include "core/lib_txt.h"
-#include "platform/store/memory_registry_store.h"
 #include "support/http_server.h"
+#include "support/services.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -13,30 +11,9 @@
 
 namespace velorama::test {
 
-/// Keeps what it is asked to open.
-class RecordingShell : public Shell {
-public:
-    bool open(const QString& target) override {
-        opened.append(target);
-        return true;
-    }
-    QString specialFolder(int) const override { return {}; }
-
-    QStringList opened;
-};
-
 /// The service objects over a store in memory, and a publisher's server on the loopback.
 class WithServer : public testing::Test {
 protected:
-    WithServer() {
-        fillTextConstants(2026, server.address());
-        makeServices(store, shell);
-    }
-    ~WithServer() override {
-        clsLIBRARY::showHelpWith(nullptr);
-        releaseServices();
-    }
-
     /// Runs `look` once the next modal form is up, and closes what it leaves up.
     template <typename Form>
     void whenUp(const std::function<void(Form& form)>& look) {
@@ -56,8 +33,9 @@ protected:
     }
 
     HttpServer server;
-    MemoryRegistryStore store;
-    RecordingShell shell;
+    Services services{server.address()};
+    MemoryRegistryStore& store = services.store;
+    RecordingShell& shell = services.shell;
     int looks = 0;
 
 private:

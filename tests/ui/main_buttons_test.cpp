@@ -10,7 +10,7 @@ protected:
     ButtonsTest() {
         browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
         start();
-        clsLIBRARY::showHelpWith([](const QString&) {});
+        gLibrary->disconnect();
     }
     cbtn& item(std::size_t index) { return *controls().cbtnCONTROLS.at(index); }
     /// Times that a click of the button ran the menu entry.

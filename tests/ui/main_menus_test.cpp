@@ -220,7 +220,9 @@ TEST_F(MenusTest, ThePreviewComesUpByMenuByPopupsAndByButton) {
 TEST_F(MenusTest, TheHelpCentreOpensAtItsFirstPage) {
     QStringList shown;
     start();
-    clsLIBRARY::showHelpWith([&shown](const QString& address) { shown.append(address); });
+    gLibrary->disconnect();
+    QObject::connect(gLibrary.get(), &clsLIBRARY::helpPageWanted,
+                     [&shown](const QString& address) { shown.append(address); });
     commands().help.trigger();
     EXPECT_EQ(shown, QStringList(QStringLiteral("http://localhost/help/vrhelp/index.html")));
 }

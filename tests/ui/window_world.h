@@ -3,8 +3,8 @@
 #include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/session/shell.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 #include "support/test_world.h"
 #include "ui/main_window.h"
 
@@ -17,16 +17,6 @@
 #include <gtest/gtest.h>
 
 namespace velorama::test {
-
-class RecordingShell : public Shell {
-public:
-    bool open(const QString& target) override {
-        opened.append(target);
-        return true;
-    }
-    QString specialFolder(int) const override { return {}; }
-    QStringList opened;
-};
 
 class SilentDevice : public MediaCommands {
 public:
@@ -91,7 +81,6 @@ protected:
         window.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         CommonDialog::answerWith({});
-        clsLIBRARY::showHelpWith({});
         releaseServices();
     }
 

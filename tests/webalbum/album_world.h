@@ -2,29 +2,14 @@
 
 #include "controls/boxes/progress_bar.h"
 #include "controls/lists/list_view.h"
-#include "platform/session/shell.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 #include "webalbum/second_writer.h"
 #include "webalbum/web_album.h"
 
 #include <gtest/gtest.h>
 
 namespace velorama::test {
-
-/// A documents folder of the test's own, and a record of what was opened.
-class AlbumShell : public Shell {
-public:
-    bool open(const QString& target) override {
-        opened.append(target);
-        return true;
-    }
-    QString specialFolder(int folderId) const override {
-        return folderId == 5 ? documents : QString();
-    }
-
-    QString documents;
-    QStringList opened;
-};
 
 /// Bytes of a small picture file of this size.
 QByteArray pictureBytes(QSize size);
@@ -61,7 +46,7 @@ protected:
     WebAlbumValues values();
 
     MemoryRegistryStore store;
-    AlbumShell shell;
+    RecordingShell shell;
     QString sources;
 
     QString title = QStringLiteral("Trip");

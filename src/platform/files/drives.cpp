@@ -8,8 +8,6 @@
 #include <QStandardPaths>
 #include <QStringList>
 
-#include <chrono>
-
 namespace velorama {
 namespace {
 
@@ -65,22 +63,11 @@ class DrivesFile {
 public:
     QString folder(int number) {
         const QMutexLocker locker(&mutex_);
-        const Clock::time_point now = Clock::now();
-        if (!looked_ || now - *looked_ >= std::chrono::seconds(1)) {
-            looked_ = now;
-            look();
-        }
+        look();
         return folders_[static_cast<size_t>(number)];
     }
 
-    void lookAgain() {
-        const QMutexLocker locker(&mutex_);
-        looked_.reset();
-    }
-
 private:
-    using Clock = std::chrono::steady_clock;
-
     void look() {
         const QFileInfo info(drivesFilePath());
         // A pipe would keep the program waiting for its other end.
@@ -98,7 +85,6 @@ private:
 
     QMutex mutex_;
     DriveFolders folders_;
-    std::optional<Clock::time_point> looked_;
     qint64 size_ = -1;
     QDateTime changed_;
 };
@@ -142,10 +128,6 @@ std::optional<DrivePath> onDrive(const QString& path) {
 QString drivesFilePath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/velorama/drives");
-}
-
-void lookAtDrivesAgain() {
-    drivesFile().lookAgain();
 }
 
 }  // namespace velorama

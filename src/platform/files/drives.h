@@ -25,13 +25,10 @@ struct DrivePath {
 
 /// Nothing for a path without a drive, one relative to a drive's current folder (`C:a.jpg`, `C:`),
 /// one of a drive that nobody gave a folder to, and one with a zero in it. Names and letter case
-/// are not looked at. Safe from every thread; the drives file is looked at once a second at most.
+/// are not looked at. Safe from every thread.
 std::optional<DrivePath> onDrive(const QString& path);
 
 /// `$XDG_CONFIG_HOME/velorama/drives`
 QString drivesFilePath();
-
-/// Makes the next question look at the drives file, however soon it comes.
-void lookAtDrivesAgain();
 
 }  // namespace velorama

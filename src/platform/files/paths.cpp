@@ -163,13 +163,6 @@ QChar otherSeparator(const QString& path) {
     return pathSeparator(path) == u'\\' ? u'/' : u'\\';
 }
 
-bool isDriveRoot(const QString& path) {
-    if (hasDrive(path)) {
-        return path.size() == 3 && path[2] == u'\\';
-    }
-    return path == u'/';
-}
-
 qsizetype driveRootLength(const QString& path) {
     return pathSeparator(path) == u'\\' ? 3 : 1;
 }

@@ -15,9 +15,6 @@ QChar pathSeparator(const QString& path);
 /// The one of the two separators that is not the path's own.
 QChar otherSeparator(const QString& path);
 
-/// True for the root of a drive: `C:\` or `/`.
-bool isDriveRoot(const QString& path);
-
 /// Number of characters up to which a path of this form is too short to get a separator added: the
 /// length of a drive root, 3 or 1.
 qsizetype driveRootLength(const QString& path);

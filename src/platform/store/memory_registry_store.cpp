@@ -2,23 +2,19 @@
 
 namespace velorama {
 
-bool MemoryRegistryStore::isWritable(Hive hive) const {
+bool MemoryRegistryStore::isOpen(Hive hive) const {
     return RegistryTable::isHive(hive) && !readOnly_.contains(static_cast<quint32>(hive));
-}
-
-bool MemoryRegistryStore::hasKey(Hive hive, const QString& key) const {
-    return table_.hasKey(hive, key);
 }
 
 std::optional<RegistryValue> MemoryRegistryStore::value(Hive hive, const QString& key,
                                                         const QString& name) const {
-    const RegistryValue* found = table_.find(hive, key, name);
+    const RegistryValue* found = isOpen(hive) ? table_.find(hive, key, name) : nullptr;
     return found != nullptr ? std::optional(*found) : std::nullopt;
 }
 
 bool MemoryRegistryStore::setValue(Hive hive, const QString& key, const QString& name,
                                    const RegistryValue& value) {
-    if (!isWritable(hive)) {
+    if (!isOpen(hive)) {
         return false;
     }
     table_.set(hive, key, name, value);
@@ -26,18 +22,18 @@ bool MemoryRegistryStore::setValue(Hive hive, const QString& key, const QString&
 }
 
 bool MemoryRegistryStore::removeValue(Hive hive, const QString& key, const QString& name) {
-    if (!isWritable(hive)) {
+    if (!isOpen(hive)) {
         return false;
     }
     return table_.set(hive, key, name, std::nullopt);
 }
 
-void MemoryRegistryStore::setReadOnly(Hive hive, bool readOnly) {
-    if (readOnly) {
-        readOnly_.insert(static_cast<quint32>(hive));
-    } else {
-        readOnly_.remove(static_cast<quint32>(hive));
-    }
+void MemoryRegistryStore::takeWriteRights(Hive hive) {
+    readOnly_.insert(static_cast<quint32>(hive));
+}
+
+void MemoryRegistryStore::giveWriteRights(Hive hive) {
+    readOnly_.remove(static_cast<quint32>(hive));
 }
 
 }  // namespace velorama

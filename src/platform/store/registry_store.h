@@ -32,10 +32,8 @@ public:
     RegistryStore& operator=(const RegistryStore&) = delete;
     virtual ~RegistryStore() = default;
 
-    /// False where the account may not write: a key of this hive cannot be opened with full access.
-    virtual bool isWritable(Hive) const { return true; }
-    /// True if the key holds a value or stands above one that does. Asking creates nothing.
-    virtual bool hasKey(Hive hive, const QString& key) const = 0;
+    /// Nothing in a hive that takes no writes, either: keys are opened for both at once. Asking
+    /// creates nothing.
     virtual std::optional<RegistryValue> value(Hive hive, const QString& key,
                                                const QString& name) const = 0;
     /// False if the store takes no writes in this hive.

@@ -30,11 +30,6 @@ char16_t folded(QChar c) {
     return c.toUpper().unicode();
 }
 
-bool isKeyOrBelow(QStringView candidate, QStringView key) {
-    return candidate.startsWith(key, Qt::CaseInsensitive) &&
-           (candidate.size() == key.size() || candidate[key.size()] == u'\\');
-}
-
 }  // namespace
 
 std::size_t RegistryTable::FoldedHash::operator()(QStringView text) const noexcept {
@@ -52,19 +47,6 @@ bool RegistryTable::FoldedEqual::operator()(QStringView left, QStringView right)
 
 bool RegistryTable::isHive(Hive hive) {
     return std::find(hiveOrder.begin(), hiveOrder.end(), hive) != hiveOrder.end();
-}
-
-bool RegistryTable::hasKey(Hive hive, const QString& key) const {
-    if (!isHive(hive)) {
-        return false;
-    }
-    const QString path = plainPath(key);
-    const Keys& keys = hives_[indexOf(hive)];
-    return path.isEmpty() || std::any_of(keys.begin(), keys.end(), [&path](const auto& entry) {
-               return isKeyOrBelow(entry.first, path) &&
-                      std::any_of(entry.second.begin(), entry.second.end(),
-                                  [](const auto& one) { return one.second.value.has_value(); });
-           });
 }
 
 const RegistryValue* RegistryTable::find(Hive hive, const QString& key, const QString& name) const {

@@ -22,7 +22,6 @@ class RegistryTable {
 public:
     static bool isHive(Hive hive);
 
-    bool hasKey(Hive hive, const QString& key) const;
     const RegistryValue* find(Hive hive, const QString& key, const QString& name) const;
     /// False if there is nothing to write. The value counts as changed until `takeChanges`.
     bool set(Hive hive, const QString& key, const QString& name,

@@ -49,11 +49,6 @@ public:
         thread_.join();
     }
 
-    bool hasKey(Hive hive, const QString& key) const {
-        const std::lock_guard lock(mutex_);
-        return table_.hasKey(hive, key);
-    }
-
     std::optional<RegistryValue> value(Hive hive, const QString& key, const QString& name) const {
         const std::lock_guard lock(mutex_);
         const RegistryValue* found = table_.find(hive, key, name);
@@ -212,10 +207,6 @@ SqliteRegistryStore::~SqliteRegistryStore() = default;
 QString SqliteRegistryStore::standardFile() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/velorama/registry.sqlite");
-}
-
-bool SqliteRegistryStore::hasKey(Hive hive, const QString& key) const {
-    return d->hasKey(hive, key);
 }
 
 std::optional<RegistryValue> SqliteRegistryStore::value(Hive hive, const QString& key,

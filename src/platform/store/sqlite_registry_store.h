@@ -15,9 +15,8 @@ namespace velorama {
 /// - A damaged file is moved aside (`registry.sqlite.damaged-<date>-<time>`), kept, and a new one
 ///   begun.
 /// - It lists the user's pictures, so nobody else gets in: 0600, its folder 0700.
-/// - The file comes into being with the first write. `CurrentVersion` under HKLM is in memory from
-/// the
-///   start where the file has none.
+/// - The file comes into being with the first write.
+/// - A file without the system's version gets one with that; until then it is in memory only.
 class SqliteRegistryStore : public RegistryStore {
 public:
     /// `file` is the full path of the database; its folder is made with the first write.
@@ -27,7 +26,6 @@ public:
     /// `$XDG_CONFIG_HOME/velorama/registry.sqlite`
     static QString standardFile();
 
-    bool hasKey(Hive hive, const QString& key) const override;
     std::optional<RegistryValue> value(Hive hive, const QString& key,
                                        const QString& name) const override;
     bool setValue(Hive hive, const QString& key, const QString& name,

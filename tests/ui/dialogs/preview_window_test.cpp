@@ -197,7 +197,9 @@ TEST_F(PreviewWindowTest, MadeAnewItHasItsDesignCaption) {
 
 TEST_F(PreviewWindowTest, F1IsSwallowedWhereverTheKeyboardIs) {
     QStringList help;
-    clsLIBRARY::showHelpWith([&help](const QString& address) { help.append(address); });
+    gLibrary->disconnect();
+    QObject::connect(gLibrary.get(), &clsLIBRARY::helpPageWanted,
+                     [&help](const QString& address) { help.append(address); });
     previewing([](QWidget& form) {
         QList<QWidget*> places = {&form};
         for (cbtn* each : form.findChildren<cbtn*>()) {

@@ -1,8 +1,8 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "core/show_colours.h"
-#include "platform/session/shell.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 #include "ui/dialogs/frm_toolssettings.h"
 
 #include <QApplication>
@@ -24,12 +24,6 @@ namespace {
 
 const QString absent = QStringLiteral("absent");
 
-class NoShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return {}; }
-};
-
 class SettingsDialog : public testing::Test {
 protected:
     SettingsDialog() {
@@ -39,7 +33,6 @@ protected:
     }
     ~SettingsDialog() override {
         CommonDialog::answerColourWith({});
-        clsLIBRARY::showHelpWith({});
         form_.reset();
         releaseServices();
     }
@@ -101,7 +94,7 @@ protected:
     }
 
     MemoryRegistryStore store_;
-    NoShell shell_;
+    test::RecordingShell shell_;
     ReportView albums_;
     std::unique_ptr<frmTOOLSSETTINGS> form_;
 };
@@ -493,7 +486,8 @@ TEST_F(SettingsDialog, TabWalksTheControlsInTheirOrder) {
 
 TEST_F(SettingsDialog, F1OpensItsPageOfTheHelpCenter) {
     QStringList pages;
-    clsLIBRARY::showHelpWith([&pages](const QString& address) { pages.append(address); });
+    QObject::connect(gLibrary.get(), &clsLIBRARY::helpPageWanted,
+                     [&pages](const QString& address) { pages.append(address); });
     load();
     show();
     for (const char* name : {"chkTBAR", "udnINTERVAL", "txtDESC"}) {

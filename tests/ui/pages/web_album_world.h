@@ -2,8 +2,8 @@
 
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "platform/session/shell.h"
 #include "platform/store/memory_registry_store.h"
+#include "support/recording_shell.h"
 #include "ui/pages/web_album_page.h"
 
 #include <QTest>
@@ -11,12 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace velorama::test {
-
-class NoShell : public Shell {
-public:
-    bool open(const QString&) override { return false; }
-    QString specialFolder(int) const override { return {}; }
-};
 
 /// The fonts offered; the two lists differ in one entry.
 inline QStringList fontsWith(const char* geneva) {
@@ -126,7 +120,7 @@ protected:
                                   QStringLiteral("95")};
 
     OrderedStore store;
-    NoShell shell;
+    RecordingShell shell;
     CommonDialog cdlDIALOG;
     QWidget frame;
     std::unique_ptr<WebAlbumPage> page;
