@@ -49,6 +49,9 @@ apt_get() {
 # without_removals PACKAGE...: those that take nothing away; of each other one it says so.
 without_removals() {
     local package removed
+    if (($# == 0)); then
+        return
+    fi
     if [[ -z $(removed_by "$@") ]]; then
         printf '%s\n' "$@"
         return
@@ -72,6 +75,8 @@ need() {
         return
     fi
     mapfile -t missing < <(missing_packages "$@")
+    # Once before the lists are fetched anew: what stays left out would have them fetched at every run.
+    mapfile -t missing < <(without_removals "${missing[@]}")
     if ((${#missing[@]} == 0)); then
         return
     fi
