@@ -60,6 +60,19 @@ qsizetype endOfHead(const QByteArray& bytes, qsizetype from) {
     return plain < 0 ? -1 : plain + 2;
 }
 
+int statusOf(const QByteArray& head) {
+    return head.left(head.indexOf('\n')).simplified().split(' ').value(1).toInt();
+}
+
+/// Comes before the answer, any number of times.
+bool isInterim(int status) {
+    return status >= 100 && status < 200;
+}
+
+bool hasNoBody(int status) {
+    return status == 204 || status == 304;
+}
+
 }  // namespace
 
 HttpExchange::HttpExchange(qint64 mostBytes, QObject* parent)
@@ -117,7 +130,7 @@ void HttpExchange::ask(const QUrl& address, const QByteArray& target, const QByt
 }
 
 void HttpExchange::read() {
-    if (!done_ && !headRead_) {
+    while (!done_ && !headRead_ && socket_->bytesAvailable() > 0) {
         readHead();
     }
     if (!done_ && headRead_) {
@@ -128,7 +141,11 @@ void HttpExchange::read() {
 void HttpExchange::readHead() {
     const qsizetype searched = qMax<qsizetype>(0, head_.size() - 2);
     head_ += socket_->read(mostHead - head_.size());
-    const qsizetype end = endOfHead(head_, searched);
+    qsizetype end = endOfHead(head_, searched);
+    while (end >= 0 && isInterim(statusOf(head_))) {
+        head_.remove(0, end);
+        end = endOfHead(head_, 0);
+    }
     if (end >= 0) {
         body_ = head_.mid(end);
         headRead_ = takeHead(head_.left(end));
@@ -143,7 +160,7 @@ bool HttpExchange::takeHead(const QByteArray& head) {
     if (!lines.first().startsWith("HTTP/1.")) {
         return false;
     }
-    status_ = lines.first().simplified().split(' ').value(1).toInt();
+    status_ = statusOf(head);
     for (qsizetype line = lines.size() - 1; line > 0; --line) {
         const qsizetype colon = lines.at(line).indexOf(':');
         if (colon > 0) {
@@ -152,7 +169,9 @@ bool HttpExchange::takeHead(const QByteArray& head) {
         }
     }
     bool understood = true;
-    if (headers_.contains("content-length")) {
+    if (hasNoBody(status_)) {
+        length_ = 0;
+    } else if (headers_.contains("content-length")) {
         length_ = header("content-length").toLongLong(&understood);
     }
     return understood && length_.value_or(0) >= 0 && !headers_.contains("transfer-encoding");

@@ -1,5 +1,6 @@
 #include "platform/web/http_fetch.h"
 
+#include "platform/web/http_exchange.h"
 #include "support/http_server.h"
 
 #include <QTest>
@@ -116,6 +117,40 @@ TEST_F(Fetch, AnErrorOfTheServerIsNoAnswer) {
     for (const char* status : {"400 Bad Request", "404 Not Found", "500 Oops", "503 Later"}) {
         server.answer(QStringLiteral("/v.txt"), "9.000000", "text/plain", status);
         EXPECT_EQ(get(QStringLiteral("/v.txt")), QString()) << status;
+    }
+}
+
+TEST_F(Fetch, InterimHeadsArePassedOver) {
+    server.behave(QStringLiteral("/v.txt"), [](QTcpSocket& socket) {
+        socket.write(
+            "HTTP/1.1 103 Early Hints\r\nLink: </a.css>\r\nContent-Length: 9\r\n\r\n"
+            "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 20");
+        socket.flush();
+        QTimer::singleShot(0, &socket,
+                           [&socket] { socket.write("0 OK\r\nContent-Length: 3\r\n\r\n1.5"); });
+    });
+    EXPECT_EQ(get(QStringLiteral("/v.txt")), QStringLiteral("1.5"));
+}
+
+TEST_F(Fetch, InterimHeadsWithoutAnEndAreNoAnswer) {
+    const FloodServer flood("HTTP/1.1 100 Continue\r\n\r\n", "HTTP/1.1 100 Continue\r\n\r\n");
+    NetworkFetch hurried(shortTime());
+    EXPECT_EQ(hurried.OpenURL(flood.address()), QString());
+    EXPECT_TRUE(QTest::qWaitFor([&flood] { return flood.hasEnded(); }, 20000));
+}
+
+/// The connection stays open, and the length may be that of what was asked about.
+TEST_F(Fetch, AnAnswerThatHasNoBodyEndsWithItsHead) {
+    for (const char* head : {"HTTP/1.1 204 No Content\r\n\r\n", "HTTP/1.1 304 Not Modified\r\n\r\n",
+                             "HTTP/1.1 304 Not Modified\r\nContent-Length: 12\r\n\r\n"}) {
+        server.behave(QStringLiteral("/v.txt"), [head](QTcpSocket& socket) { socket.write(head); });
+        HttpExchange exchange(1024);
+        std::optional<bool> whole;
+        QObject::connect(&exchange, &HttpExchange::finished, [&whole](bool is) { whole = is; });
+        exchange.start(QUrl(server.address(QStringLiteral("/v.txt"))));
+        EXPECT_TRUE(QTest::qWaitFor([&whole] { return whole.has_value(); }, 20000)) << head;
+        EXPECT_EQ(whole, true) << head;
+        EXPECT_EQ(exchange.body(), QByteArray());
     }
 }
 
