@@ -22,8 +22,9 @@ void makePrivateFolder(const QString& path) {
 void closeToOthers(const QString& path) {
     const QByteArray name = QFile::encodeName(path);
     struct stat state = {};
-    if (::stat(name.constData(), &state) == 0 && state.st_uid == ::geteuid() &&
-        (state.st_mode & S_ISVTX) == 0 && (state.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+    if (::lstat(name.constData(), &state) == 0 && !S_ISLNK(state.st_mode) &&
+        state.st_uid == ::geteuid() && (state.st_mode & S_ISVTX) == 0 &&
+        (state.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
         ::chmod(name.constData(), state.st_mode & S_IRWXU);
     }
 }

@@ -159,8 +159,8 @@ bool RegistryFile::open(bool create) {
         makeFile();
     }
     closeAllToOthers();
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
-    if (sqlite3_open_v2(path_.toUtf8().constData(), &database_, flags, nullptr) != SQLITE_OK) {
+    if (sqlite3_open_v2(path_.toUtf8().constData(), &database_, SQLITE_OPEN_READWRITE, nullptr) !=
+        SQLITE_OK) {
         close();
         return false;
     }
@@ -169,11 +169,11 @@ bool RegistryFile::open(bool create) {
     return true;
 }
 
-/// The library would make it with everybody's rights. What it makes itself, journals, has the
-/// file's.
+/// The library would make it with everybody's rights, and where a link to nowhere leads. What it
+/// makes itself, journals, has the file's.
 void RegistryFile::makeFile() const {
-    const int made =
-        ::open(QFile::encodeName(path_).constData(), O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    const int made = ::open(QFile::encodeName(path_).constData(), O_CREAT | O_NOFOLLOW | O_CLOEXEC,
+                            S_IRUSR | S_IWUSR);
     if (made >= 0) {
         ::close(made);
     }
