@@ -41,9 +41,6 @@ public:
                           const RegistryValue& value) = 0;
     /// True if there was such a value and it is gone.
     virtual bool removeValue(Hive hive, const QString& key, const QString& name) = 0;
-
-    /// Blocks until everything written so far is on disk, or writing it has failed once.
-    virtual void flush() {}
 };
 
 }  // namespace velorama

@@ -8,7 +8,7 @@ namespace velorama {
 
 /// The settings store on disk: table `registry(hive TEXT, key TEXT, name TEXT, type INTEGER, data)`
 /// of one SQLite file. All values are held in memory; a thread of its own writes changes a little
-/// later and takes over what other processes have written.
+/// later and takes over what other processes have written. There must be an application object.
 ///
 /// - A process killed at any moment leaves a file that opens, each value either old or new.
 /// - A full disk or a read-only folder: values live on in memory and are tried again later.
@@ -31,7 +31,9 @@ public:
     bool setValue(Hive hive, const QString& key, const QString& name,
                   const RegistryValue& value) override;
     bool removeValue(Hive hive, const QString& key, const QString& name) override;
-    void flush() override;
+
+    /// Blocks until everything written so far is on disk, or writing it has failed once.
+    void flush();
 
 private:
     class Private;

@@ -2,6 +2,7 @@
 
 #include "support/test_world.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -71,6 +72,8 @@ const QByteArray createTable =
 /// Writes value after value until it is killed, and tells on its standard output which generation
 /// is on disk.
 [[noreturn]] void writeUntilKilled(const QString& file) {
+    int argc = 0;
+    const QCoreApplication app(argc, nullptr);
     SqliteRegistryStore store(file);
     for (int generation = 1;; ++generation) {
         for (int i = 1; i <= 20; ++i) {
@@ -190,6 +193,35 @@ TEST_F(SqliteStore, LeavesACommonFolderAsItIs) {
     setMode(place, 01777);
     { const SqliteRegistryStore store(file); }
     EXPECT_EQ(modeOf(place), "777");
+}
+
+TEST_F(SqliteStore, WorksBehindLinksAndLeavesTheRightsThere) {
+    const QString elsewhere = test::temporaryFolder();
+    const QString place = QFileInfo(file).path();
+    ASSERT_TRUE(QFile::link(elsewhere, place));
+    sql(file, createTable);
+    ASSERT_TRUE(QFile::rename(file, folder + QStringLiteral("/kept.sqlite")));
+    ASSERT_TRUE(QFile::link(folder + QStringLiteral("/kept.sqlite"), file));
+    setMode(elsewhere, 0755);
+    setMode(file, 0644);
+    {
+        SqliteRegistryStore store(file);
+        save(store, number(1), "x");
+    }
+    EXPECT_EQ(sql(folder + QStringLiteral("/kept.sqlite"), "SELECT data FROM registry"), "x");
+    EXPECT_EQ(modeOf(elsewhere), "755");
+    EXPECT_EQ(modeOf(file), "644");
+}
+
+TEST_F(SqliteStore, ALinkToNowhereGetsNoFile) {
+    const QString nowhere = test::temporaryFolder() + QStringLiteral("/none.sqlite");
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+    ASSERT_TRUE(QFile::link(nowhere, file));
+    SqliteRegistryStore store(file);
+    save(store, number(1), "x");
+    store.flush();
+    EXPECT_FALSE(QFile::exists(nowhere));
+    EXPECT_EQ(load(store, number(1)), "x");
 }
 
 TEST_F(SqliteStore, HoldsEveryTypeOverTheEndOfTheProgram) {
