@@ -380,6 +380,46 @@ TEST_F(SqliteStore, TakesOverWhatOthersWrite) {
         patience));
 }
 
+TEST_F(SqliteStore, SeesWhatToolsWriteWithOtherJournals) {
+    runSql(createTable);
+    SqliteRegistryStore store(file);
+    // A write-ahead log stays once it is there, also for the next who writes.
+    for (const QByteArray mode :
+         {"delete", "truncate", "persist", "memory", "off", "wal", "wal -- again"}) {
+        sql(file, "PRAGMA journal_mode=" + mode + "\n; INSERT INTO registry VALUES('HKCU', '" +
+                      key.toUtf8() + "', '" + mode + "', 1, 'theirs')");
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return load(store, QString::fromLatin1(mode)) == "theirs"; }, patience))
+            << mode.toStdString();
+    }
+}
+
+TEST_F(SqliteStore, SeesWhatIsWrittenBehindALink) {
+    const QString real = test::temporaryFolder() + QStringLiteral("/real.sqlite");
+    sql(real, createTable);
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+    ASSERT_TRUE(QFile::link(real, file));
+    SqliteRegistryStore store(file);
+    for (const QByteArray& data : {QByteArray("one"), QByteArray("two")}) {
+        sql(real,
+            "INSERT INTO registry VALUES('HKCU', '" + key.toUtf8() + "', '1', 1, '" + data + "')");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return load(store, number(1)) == data; }, patience));
+    }
+}
+
+TEST_F(SqliteStore, TakesOverAFileInThePlaceOfTheOneBefore) {
+    SqliteRegistryStore store(file);
+    save(store, number(1), "ours");
+    store.flush();
+    for (const QByteArray& data : {QByteArray("one"), QByteArray("two")}) {
+        const QString fresh = folder + QStringLiteral("/fresh.sqlite");
+        sql(fresh, createTable + "INSERT INTO registry VALUES('HKCU', '" + key.toUtf8() +
+                       "', '1', 1, '" + data + "')");
+        ASSERT_EQ(::rename(fresh.toUtf8().constData(), file.toUtf8().constData()), 0);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return load(store, number(1)) == data; }, patience));
+    }
+}
+
 TEST_F(SqliteStore, TakesOverAFileThatComesLater) {
     SqliteRegistryStore store(file);
     SqliteRegistryStore other(file);
