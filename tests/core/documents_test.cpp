@@ -1,28 +1,14 @@
 #include "core/documents.h"
 
+#include "support/files.h"
 #include "support/full_disk.h"
 #include "support/test_world.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <gtest/gtest.h>
 
 namespace velorama {
 namespace {
 
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
-void writeBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(bytes);
-}
+using test::contentOf;
+using test::writeFile;
 
 QStringList everythingIn(const QString& folder) {
     return QDir(folder).entryList(
@@ -37,40 +23,40 @@ protected:
 
 TEST_F(DocumentSave, aClosingLineEndComesOnTop) {
     DocumentSaveText(QStringLiteral("2\r\n/p/a.jpg\r\n/p/b.jpg\r\n"), path);
-    EXPECT_EQ(bytesOf(path), QByteArray("2\r\n/p/a.jpg\r\n/p/b.jpg\r\n\r\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("2\r\n/p/a.jpg\r\n/p/b.jpg\r\n\r\n"));
 }
 
 TEST_F(DocumentSave, emptyContentIsOneLineEnd) {
     DocumentSaveText(QString(), path);
-    EXPECT_EQ(bytesOf(path), QByteArray("\r\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("\r\n"));
 }
 
 TEST_F(DocumentSave, nothingElseIsChangedOnTheWay) {
     DocumentSaveText(QStringLiteral("a\nb\rc\td\"e\" "), path);
-    EXPECT_EQ(bytesOf(path), QByteArray("a\nb\rc\td\"e\" \r\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("a\nb\rc\td\"e\" \r\n"));
 }
 
 TEST_F(DocumentSave, textIsUtf8WithoutAMark) {
     DocumentSaveText(QString::fromUtf8("/p/Z\u00fcrich \u6771\u4eac \U0001F3D4.jpg"), path);
-    EXPECT_EQ(bytesOf(path), QByteArray("/p/Z\xc3\xbcrich \xe6\x9d\xb1\xe4\xba\xac "
-                                        "\xf0\x9f\x8f\x94.jpg\r\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("/p/Z\xc3\xbcrich \xe6\x9d\xb1\xe4\xba\xac "
+                                          "\xf0\x9f\x8f\x94.jpg\r\n"));
 }
 
 TEST_F(DocumentSave, aFullDiskKeepsTheOldFile) {
-    writeBytes(path, "old");
+    writeFile(path, "old");
     for (const int room : {0, 1, 1000, 40000}) {
         const test::FullDisk full(static_cast<rlim_t>(room));
         DocumentSaveText(QString(50000, u'x'), path);
         DocumentSaveText(QString(room, u'x'), path);  // the line end finds no room
     }
-    EXPECT_EQ(bytesOf(path), QByteArray("old"));
+    EXPECT_EQ(contentOf(path), QByteArray("old"));
     EXPECT_EQ(everythingIn(folder), QStringList(QStringLiteral("a.vlr")));
 }
 
 TEST_F(DocumentSave, anOldFileIsReplacedWhole) {
-    writeBytes(path, QByteArray(100000, 'x'));
+    writeFile(path, QByteArray(100000, 'x'));
     DocumentSaveText(QStringLiteral("0"), path);
-    EXPECT_EQ(bytesOf(path), QByteArray("0\r\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("0\r\n"));
 }
 
 TEST_F(DocumentSave, nothingIsLeftBesideTheFile) {
@@ -78,7 +64,7 @@ TEST_F(DocumentSave, nothingIsLeftBesideTheFile) {
         DocumentSaveText(QString::number(i), path);
     }
     EXPECT_EQ(everythingIn(folder), QStringList("a.vlr"));
-    EXPECT_EQ(bytesOf(path), QByteArray("2\r\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("2\r\n"));
 }
 
 TEST_F(DocumentSave, aMissingFolderIsNotMade) {
@@ -89,32 +75,32 @@ TEST_F(DocumentSave, aMissingFolderIsNotMade) {
 // Permissions do not bind the user that the tests often run as; a file where the folder should be
 // refuses everybody.
 TEST_F(DocumentSave, aFileInTheFoldersPlaceStaysAsItIs) {
-    writeBytes(path, "old");
+    writeFile(path, "old");
     DocumentSaveText(QStringLiteral("0"), path + QStringLiteral("/b.vlr"));
-    EXPECT_EQ(bytesOf(path), QByteArray("old"));
+    EXPECT_EQ(contentOf(path), QByteArray("old"));
     EXPECT_EQ(everythingIn(folder), QStringList("a.vlr"));
 }
 
 TEST_F(DocumentSave, aFolderInTheFilesPlaceStaysAsItIs) {
     ASSERT_TRUE(QDir().mkpath(path));
-    writeBytes(path + QStringLiteral("/kept.jpg"), "kept");
+    writeFile(path + QStringLiteral("/kept.jpg"), "kept");
     DocumentSaveText(QStringLiteral("0"), path);
     EXPECT_EQ(everythingIn(folder), QStringList("a.vlr"));
-    EXPECT_EQ(bytesOf(path + QStringLiteral("/kept.jpg")), QByteArray("kept"));
+    EXPECT_EQ(contentOf(path + QStringLiteral("/kept.jpg")), QByteArray("kept"));
 }
 
 TEST_F(DocumentSave, aSymbolicLinkStaysOneAndItsFileIsReplaced) {
     const QString real = test::temporaryFolder() + QStringLiteral("/real.vlr");
-    writeBytes(real, "old");
+    writeFile(real, "old");
     ASSERT_TRUE(QFile::link(real, path));
     DocumentSaveText(QStringLiteral("0"), path);
     EXPECT_TRUE(QFileInfo(path).isSymLink());
-    EXPECT_EQ(bytesOf(real), QByteArray("0\r\n"));
-    EXPECT_EQ(bytesOf(path), QByteArray("0\r\n"));
+    EXPECT_EQ(contentOf(real), QByteArray("0\r\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("0\r\n"));
 }
 
 TEST_F(DocumentSave, theFilesPermissionsStay) {
-    writeBytes(path, "old");
+    writeFile(path, "old");
     const QFile::Permissions shared = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
                                       QFile::WriteGroup | QFile::ReadOther;
     ASSERT_TRUE(QFile::setPermissions(path, shared));
@@ -127,21 +113,21 @@ TEST_F(DocumentSave, letterCaseAndSlashesFindTheFolder) {
     ASSERT_TRUE(QDir(folder).mkdir(QStringLiteral("Trips")));
     DocumentSaveText(QStringLiteral("0"), folder + QStringLiteral("/tRIPS/a.vlr"));
     EXPECT_EQ(everythingIn(folder), QStringList("Trips"));
-    EXPECT_EQ(bytesOf(folder + QStringLiteral("/Trips/a.vlr")), QByteArray("0\r\n"));
+    EXPECT_EQ(contentOf(folder + QStringLiteral("/Trips/a.vlr")), QByteArray("0\r\n"));
 }
 
 TEST_F(DocumentSave, aFileOfAnotherNameIsNotReplaced) {
     const QString other = folder + QStringLiteral("/A.vlr");
-    writeBytes(other, "old");
+    writeFile(other, "old");
     DocumentSaveText(QStringLiteral("0"), path);
-    EXPECT_EQ(bytesOf(other), QByteArray("old"));
-    EXPECT_EQ(bytesOf(path), QByteArray("0\r\n"));
+    EXPECT_EQ(contentOf(other), QByteArray("old"));
+    EXPECT_EQ(contentOf(path), QByteArray("0\r\n"));
     const QString typed = folder + QStringLiteral("/trips\\a.vlr");
     ASSERT_TRUE(QDir(folder).mkdir(QStringLiteral("trips")));
-    writeBytes(folder + QStringLiteral("/trips/a.vlr"), "old");
+    writeFile(folder + QStringLiteral("/trips/a.vlr"), "old");
     DocumentSaveText(QStringLiteral("1"), typed);
-    EXPECT_EQ(bytesOf(folder + QStringLiteral("/trips/a.vlr")), QByteArray("old"));
-    EXPECT_EQ(bytesOf(typed), QByteArray("1\r\n"));
+    EXPECT_EQ(contentOf(folder + QStringLiteral("/trips/a.vlr")), QByteArray("old"));
+    EXPECT_EQ(contentOf(typed), QByteArray("1\r\n"));
 }
 
 TEST_F(DocumentSave, pathsThatThisMachineCannotHaveMakeNoFile) {
@@ -160,7 +146,7 @@ TEST_F(DocumentSave, namesMayBeAsLongAsTheFileSystemLets) {
     for (const Lasting lasting : {Lasting::Yes, Lasting::No}) {
         const QString last = lasting == Lasting::Yes ? QStringLiteral("1") : QStringLiteral("2");
         DocumentSaveText(last, folder + u'/' + name, lasting);
-        EXPECT_EQ(bytesOf(folder + u'/' + name), last.toUtf8() + "\r\n");
+        EXPECT_EQ(contentOf(folder + u'/' + name), last.toUtf8() + "\r\n");
     }
     DocumentSaveText(QStringLiteral("3"), folder + u'/' + name + u'n');
     EXPECT_EQ(everythingIn(folder), QStringList(name));
@@ -169,7 +155,7 @@ TEST_F(DocumentSave, namesMayBeAsLongAsTheFileSystemLets) {
 TEST_F(DocumentSave, tenMegabytesGoOutInOne) {
     const QString content(10 * 1024 * 1024, u'x');
     DocumentSaveText(content, path);
-    EXPECT_EQ(bytesOf(path), content.toUtf8() + "\r\n");
+    EXPECT_EQ(contentOf(path), content.toUtf8() + "\r\n");
 }
 
 }  // namespace

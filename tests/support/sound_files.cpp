@@ -90,16 +90,8 @@ QByteArray riffWrapped(const QByteArray& midi) {
 
 QString saved(const QString& folder, const QString& name, const QByteArray& bytes) {
     const QString path = QDir(folder).filePath(name);
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(bytes);
+    writeFile(path, bytes);
     return path;
-}
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
 }
 
 void run(const QString& program, const QStringList& arguments) {

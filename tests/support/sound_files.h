@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/files.h"
+
 #include <QByteArray>
 #include <QStringList>
 
@@ -29,7 +31,6 @@ QByteArray riffWrapped(const QByteArray& midi);
 
 /// Writes a file; the path.
 QString saved(const QString& folder, const QString& name, const QByteArray& bytes);
-QByteArray contentOf(const QString& path);
 /// A WAV file turned into MP3 by lame with these switches; the path.
 QString mp3File(const QString& folder, const QString& name, const QByteArray& wav,
                 const QStringList& switches = {QStringLiteral("-b"), QStringLiteral("128")});

@@ -1,13 +1,8 @@
 #include "platform/files/drives.h"
 
 #include "platform/files/paths.h"
+#include "support/files.h"
 #include "support/test_world.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <thread>
@@ -15,18 +10,14 @@
 namespace velorama {
 namespace {
 
+using test::writeFile;
+
 QString folder(const QByteArray& text, char letter = 'C') {
     return driveFolders(text)[static_cast<size_t>(letter - 'A')];
 }
 
 QString S(const char* text) {
     return QString::fromUtf8(text);
-}
-
-void writeFile(const QString& path, const QByteArray& bytes = {}) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
 TEST(DrivesText, ALineGivesADriveItsFolder) {

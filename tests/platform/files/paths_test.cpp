@@ -1,19 +1,12 @@
 #include "platform/files/paths.h"
 
+#include "support/files.h"
 #include "support/test_world.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
 
 namespace velorama {
 namespace {
 
-void makeFile(const QString& path) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-}
+using test::writeFile;
 
 TEST(PathSeparator, IsTheOneOfThePathsOwnForm) {
     EXPECT_EQ(pathSeparator(QStringLiteral("C:\\pics\\beach.jpg")), u'\\');
@@ -58,21 +51,21 @@ protected:
     void SetUp() override {
         root = test::temporaryFolder();
         ASSERT_TRUE(QDir().mkpath(root + QStringLiteral("/Pictures/Summer 24")));
-        makeFile(root + QStringLiteral("/Pictures/Summer 24/Beach.JPG"));
+        writeFile(root + QStringLiteral("/Pictures/Summer 24/Beach.JPG"));
     }
     QString root;
 };
 
 TEST_F(HostFile, IsTheExactNameFirst) {
-    makeFile(root + QStringLiteral("/A.jpg"));
-    makeFile(root + QStringLiteral("/a.jpg"));
+    writeFile(root + QStringLiteral("/A.jpg"));
+    writeFile(root + QStringLiteral("/a.jpg"));
     EXPECT_EQ(hostFile(root + QStringLiteral("/a.jpg")), root + QStringLiteral("/a.jpg"));
     EXPECT_EQ(hostFile(root + QStringLiteral("/A.jpg")), root + QStringLiteral("/A.jpg"));
 }
 
 TEST_F(HostFile, IsTheFirstInNameOrderAmongSeveral) {
-    makeFile(root + QStringLiteral("/aB.jpg"));
-    makeFile(root + QStringLiteral("/Ab.jpg"));
+    writeFile(root + QStringLiteral("/aB.jpg"));
+    writeFile(root + QStringLiteral("/Ab.jpg"));
     EXPECT_EQ(hostFile(root + QStringLiteral("/ab.JPG")), root + QStringLiteral("/Ab.jpg"));
 }
 
@@ -89,7 +82,7 @@ TEST_F(HostFile, IgnoresTheKindOfSlash) {
 }
 
 TEST_F(HostFile, KeepsABackslashThatIsPartOfAName) {
-    makeFile(root + QStringLiteral("/a\\b.jpg"));
+    writeFile(root + QStringLiteral("/a\\b.jpg"));
     EXPECT_EQ(hostFile(root + QStringLiteral("/a\\b.jpg")), root + QStringLiteral("/a\\b.jpg"));
 }
 
@@ -110,7 +103,7 @@ TEST_F(HostFile, ANameWithAZeroInItIsNone) {
 TEST_F(HostFile, SeesAFileThatCameBetweenTwoQuestions) {
     const QString asked = root + QStringLiteral("/Pictures/NEW.jpg");
     EXPECT_EQ(hostFile(asked), asked);
-    makeFile(root + QStringLiteral("/Pictures/new.jpg"));
+    writeFile(root + QStringLiteral("/Pictures/new.jpg"));
     EXPECT_EQ(hostFile(asked), root + QStringLiteral("/Pictures/new.jpg"));
 }
 

@@ -1,30 +1,17 @@
 #include "platform/session/file_types.h"
+#include "support/files.h"
 #include "support/test_world.h"
 #include "support/waiting.h"
 
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 #include <QThreadPool>
-
-#include <gtest/gtest.h>
 
 namespace velorama {
 namespace {
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& bytes) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(bytes);
-}
+using test::contentOf;
+using test::writeFile;
 
 QStringList filesBelow(const QString& folder) {
     QStringList files;
@@ -87,12 +74,12 @@ protected:
 
     void makeProgram(const QString& path, const QByteArray& lines = "#!/bin/sh\n") {
         type.program = path;
-        write(path, lines);
+        writeFile(path, lines);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
     }
     void makeSystemsOwn() const {
-        write(system + u'/' + written[0], "[Desktop Entry]\n");
-        write(system + u'/' + written[3], "<mime-info/>\n");
+        writeFile(system + u'/' + written[0], "[Desktop Entry]\n");
+        writeFile(system + u'/' + written[3], "<mime-info/>\n");
     }
 
     QString entry() const {
@@ -119,7 +106,7 @@ protected:
         for (const char* command :
              {"update-mime-database", "update-desktop-database", "xdg-mime"}) {
             const QString path = fakes + QLatin1String(command);
-            write(path, note);
+            writeFile(path, note);
             QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
         }
         qputenv("PATH", fakes.toUtf8() + ":/usr/bin:/bin");
@@ -154,14 +141,14 @@ TEST_F(FakeCommands, WhatTheSystemKnowsIsLeftToIt) {
 }
 
 TEST_F(FakeCommands, HalfKnownIsNotKnown) {
-    write(system + u'/' + written[0], "[Desktop Entry]\n");
+    writeFile(system + u'/' + written[0], "[Desktop Entry]\n");
     link();
     EXPECT_EQ(filesBelow(data), written);
 }
 
 TEST_F(FakeCommands, TheUsersOwnEntryStays) {
     const QByteArray own = "[Desktop Entry]\nName=Mine\nX-MadeAtFirstRun=truely\n";
-    write(data + u'/' + written[0], own);
+    writeFile(data + u'/' + written[0], own);
     link();
     EXPECT_EQ(filesBelow(data), QStringList(written[0]));
     EXPECT_EQ(entry().toUtf8(), own);
@@ -186,7 +173,7 @@ TEST_F(FakeCommands, WhatIsNoProgramIsNotLinked) {
 }
 
 TEST_F(FakeCommands, ABuildTreeIsNotLinked) {
-    write(place + QStringLiteral("/bin/CMakeCache.txt"), "");
+    writeFile(place + QStringLiteral("/bin/CMakeCache.txt"), "");
     link();
     EXPECT_EQ(filesBelow(data), QStringList());
     EXPECT_EQ(notes(), QStringList());
@@ -232,7 +219,7 @@ TEST_F(MadeEntry, GoesWhenTheSystemHasOneAtTheFirstRunOfThePackage) {
 }
 
 TEST_F(MadeEntry, StaysWhereTheSystemHasTheEntryWithoutTheType) {
-    write(system + u'/' + written[0], "[Desktop Entry]\n");
+    writeFile(system + u'/' + written[0], "[Desktop Entry]\n");
     tidy();
     EXPECT_EQ(filesBelow(data), written);
 }
@@ -245,7 +232,7 @@ TEST_F(MadeEntry, GoesWithItsProgram) {
 }
 
 TEST_F(MadeEntry, GoesWhenItsProgramIsABuildTrees) {
-    write(QFileInfo(type.program).path() + QStringLiteral("/CMakeCache.txt"), "");
+    writeFile(QFileInfo(type.program).path() + QStringLiteral("/CMakeCache.txt"), "");
     tidy();
     expectGone();
 }
@@ -253,14 +240,14 @@ TEST_F(MadeEntry, GoesWhenItsProgramIsABuildTrees) {
 TEST_F(MadeEntry, GoesAtTheFirstRunOfABuildTreeWhenItsProgramIsGone) {
     QFile::remove(type.program);
     makeProgram(place + QStringLiteral("/tree/velorama"));
-    write(place + QStringLiteral("/tree/CMakeCache.txt"), "");
+    writeFile(place + QStringLiteral("/tree/CMakeCache.txt"), "");
     link();
     expectGone();
 }
 
 TEST_F(MadeEntry, StaysOnceTheUserHasMadeItHisOwn) {
     const QByteArray own = "[Desktop Entry]\nTryExec=/none\nX-MadeAtFirstRun=false\n";
-    write(data + u'/' + written[0], own);
+    writeFile(data + u'/' + written[0], own);
     makeSystemsOwn();
     tidy();
     EXPECT_EQ(filesBelow(data), written);
@@ -269,14 +256,14 @@ TEST_F(MadeEntry, StaysOnceTheUserHasMadeItHisOwn) {
 
 TEST_F(FakeCommands, NothingIsTidiedWhereNothingWasMade) {
     makeSystemsOwn();
-    write(data + u'/' + written[3], "<mime-info/>\n");
+    writeFile(data + u'/' + written[3], "<mime-info/>\n");
     tidy();
     EXPECT_EQ(filesBelow(data), QStringList(written[3]));
     EXPECT_EQ(notes(), QStringList());
 }
 
 TEST_F(FakeCommands, AFolderThatTakesNoFilesIsPassedOver) {
-    write(data, "a file stands in the way");
+    writeFile(data, "a file stands in the way");
     link();
     EXPECT_EQ(contentOf(data), "a file stands in the way");
 }
@@ -329,7 +316,7 @@ TEST_F(RealCommands, EntryAndPackageAreValid) {
 TEST_F(RealCommands, TheDesktopKnowsTypeAndProgram) {
     linkAndWait();
     const QString album = place + QStringLiteral("/my trip.VLR");
-    write(album, "1\r\n/a.jpg\r\n");
+    writeFile(album, "1\r\n/a.jpg\r\n");
     const QString mime = QStringLiteral("application/x-velorama-album");
     EXPECT_EQ(output(QStringLiteral("xdg-mime"),
                      {QStringLiteral("query"), QStringLiteral("filetype"), album}),
@@ -361,7 +348,7 @@ protected:
     }
     QString makeAlbum() const {
         const QString album = place + QStringLiteral("/albums ü/") + QString::fromUtf8(GetParam());
-        write(album, "0\r\n");
+        writeFile(album, "0\r\n");
         return album;
     }
     const QStringList xdgOpen = {QStringLiteral("env"), QStringLiteral("DISPLAY=:77"),
