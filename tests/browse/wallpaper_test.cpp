@@ -199,6 +199,18 @@ TEST_F(WallpaperTest, fileAndFolderAreTheUsersAlone) {
     }
 }
 
+TEST_F(WallpaperTest, linkInPlaceOfTheFileGoesAndNotWhatItLeadsTo) {
+    const QString other = otherFolder + QStringLiteral("/x.bmp");
+    const QFile::Permissions rights = QFile::permissions(other);
+    ASSERT_TRUE(QDir().mkpath(applicationFolder()));
+    ASSERT_TRUE(QFile::link(other, wallpaperFile()));
+    wallpaper.SetDesktopWallpaper(folder + QStringLiteral("/a.bmp"));
+    EXPECT_FALSE(QFileInfo(wallpaperFile()).isSymLink());
+    EXPECT_EQ(QImage(wallpaperFile()).size(), QSize(7, 5));
+    EXPECT_EQ(QImage(other).size(), QSize(3, 9));
+    EXPECT_EQ(QFile::permissions(other), rights);
+}
+
 TEST_F(WallpaperTest, everyKindComesOutAsABitmap) {
     const QString jpeg = savePicture(folder, QStringLiteral("p.jpg"), QSize(31, 17));
     const QString gif = folder + QStringLiteral("/p.gif");
