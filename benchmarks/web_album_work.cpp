@@ -55,10 +55,11 @@ std::optional<double> timeOfPages(int pictures) {
     }
     const QString folder = place.path() + u'/';
     const ExactNames exactNames(place.path());
-    modWEBALBUM writer(sizes(), nullptr);
+    ProgressBar prgBARSLIDES;
+    AlbumBuild build{sizes(), prgBARSLIDES, {}};
     const double begin = processorTime();
-    writer.WebAlbumMainPagesWrite(folder, QStringLiteral("Bench"), slides);
-    writer.WebAlbumSlidePagesWrite(folder, QStringLiteral("Bench"), slides);
+    modWEBALBUM::WebAlbumMainPagesWrite(build, folder, QStringLiteral("Bench"), slides);
+    modWEBALBUM::WebAlbumSlidePagesWrite(build, folder, QStringLiteral("Bench"), slides);
     const double time = processorTime() - begin;
     return QDir(folder).entryList({QStringLiteral("picture*.html")}).size() == pictures
                ? std::optional(time)

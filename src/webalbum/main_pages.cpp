@@ -89,6 +89,106 @@ QString pageNumbers(int pages) {
     return numbers;
 }
 
+class MainPages {
+public:
+    MainPages(AlbumBuild& build, const QString& folder, const QString& title, const ListView& list)
+        : build_(build), folder_(folder), title_(title), list_(list) {}
+
+    void write();
+
+private:
+    QString pictureRows(int page);
+    QString pictureCells(int first);
+    QString captionCells(int first);
+    bool isStopped() const { return build_.stop.stop_requested(); }
+    void tellProgress() { build_.prgBARSLIDES.setValue(static_cast<float>(i_)); }
+
+    AlbumBuild& build_;
+    const QString& folder_;
+    const QString& title_;
+    const ListView& list_;
+    /// Number of the picture reached. It lives from page to page, and the test for the last row
+    /// sees what the row before left in it: a last row filled exactly is followed by an empty one,
+    /// and what comes behind the last picture begins a row that nothing closes.
+    int i_ = 0;
+};
+
+void MainPages::write() {
+    const auto count = static_cast<float>(list_.Count());
+    build_.prgBARSLIDES.setVisible(true);
+    build_.prgBARSLIDES.setMax(count);
+    const int pages = modWEBALBUM::WebAlbumRoundUp(count / picturesPerPage);
+    const QString numbers = pageNumbers(pages);
+    for (int p = firstPage; p <= pages && !isStopped(); ++p) {
+        // In one piece: the numbers of a large album are longer than all the rest.
+        const QString page = upToTitle % title_ % upToHeading % title_ % upToLeftArrow %
+                             leftArrow(p) % upToNumbers % numbers % upToRightArrow %
+                             rightArrow(p, pages) % upToPictures % pictureRows(p) % upToEnd;
+        if (!isStopped()) {
+            DocumentSaveText(page, fileIn(folder_, pageName(p)), Lasting::No);
+        }
+    }
+    build_.prgBARSLIDES.setVisible(false);
+}
+
+QString MainPages::pictureRows(int page) {
+    QString rows;
+    for (int r = 0; r < rowsPerPage && !isStopped(); ++r) {
+        const int first = (page - 1) * picturesPerPage + 1 + r * columnsPerRow;
+        rows += u"<TR vAlign=top align=left>";
+        if (i_ > list_.Count()) {
+            break;
+        }
+        tellProgress();
+        rows += pictureCells(first);
+        tellProgress();
+        rows += u"</TR><TR>";
+        rows += captionCells(first);
+        tellProgress();
+        rows += u"</TR>";
+    }
+    return rows;
+}
+
+QString MainPages::pictureCells(int first) {
+    QString cells;
+    for (int c = 0; c < columnsPerRow && !isStopped(); ++c) {
+        i_ = first + c;
+        if (i_ == list_.Count() + 1) {
+            break;
+        }
+        // Gone, if the list has become shorter in the meantime.
+        const ListItem* item = list_.item(i_);
+        if (item != nullptr) {
+            const QString name = item->Text();
+            cells += u"<TD vAlign=top align=left width=25%><P align=center><A HREF=\"" % name %
+                     u".html\"><IMG" %
+                     build_.measure.styleOf(folder_, QStringLiteral("pictures"), name,
+                                            valueOf(build_.values.udnTHUMBNAIL)) %
+                     u"\" height=71 alt=\"Click to view page\" src=\"pictures/" % name %
+                     u"\" width=90 border=0></A></P></TD>";
+        }
+        tellProgress();
+    }
+    return cells;
+}
+
+QString MainPages::captionCells(int first) {
+    QString cells;
+    for (int c = 0; c < columnsPerRow; ++c) {
+        i_ = first + c;
+        if (i_ == list_.Count() + 1) {
+            break;
+        }
+        const ListItem* item = list_.item(i_);
+        if (item != nullptr) {
+            cells += u"<TD vAlign=top align=left><P align=center>" % item->Text() % u"</P></TD>";
+        }
+        tellProgress();
+    }
+    return cells;
+}
+
 }  // namespace
 
 int modWEBALBUM::WebAlbumRoundUp(float value) {
@@ -96,83 +196,9 @@ int modWEBALBUM::WebAlbumRoundUp(float value) {
     return static_cast<int>(nearest) + (value > nearest ? 1 : 0);
 }
 
-void modWEBALBUM::WebAlbumMainPagesWrite(const QString& folder, const QString& title,
-                                         const ListView& list) {
-    showProgress(list.Count());
-    const int pages = WebAlbumRoundUp(static_cast<float>(list.Count()) / picturesPerPage);
-    const QString numbers = pageNumbers(pages);
-    int i = 0;
-    for (int p = firstPage; p <= pages && !stopped_; ++p) {
-        // In one piece: the numbers of a large album are longer than all the rest.
-        const QString page = upToTitle % title % upToHeading % title % upToLeftArrow %
-                             leftArrow(p) % upToNumbers % numbers % upToRightArrow %
-                             rightArrow(p, pages) % upToPictures % pictureRows(folder, list, p, i) %
-                             upToEnd;
-        if (!stopped_) {
-            DocumentSaveText(page, fileIn(folder, pageName(p)), Lasting::No);
-        }
-    }
-    hideProgress();
-}
-
-/// `i`, the number of the picture reached, lives from page to page, and the test for the last row
-/// sees what the row before left in it: a last row filled exactly is followed by an empty one, and
-/// what comes behind the last picture begins a row that nothing closes.
-QString modWEBALBUM::pictureRows(const QString& folder, const ListView& list, int page, int& i) {
-    QString rows;
-    for (int r = 0; r < rowsPerPage && !stopped_; ++r) {
-        const int first = (page - 1) * picturesPerPage + 1 + r * columnsPerRow;
-        rows += u"<TR vAlign=top align=left>";
-        if (i > list.Count()) {
-            break;
-        }
-        setProgress(i);
-        rows += pictureCells(folder, list, first, i);
-        setProgress(i);
-        rows += u"</TR><TR>";
-        rows += captionCells(list, first, i);
-        setProgress(i);
-        rows += u"</TR>";
-    }
-    return rows;
-}
-
-QString modWEBALBUM::pictureCells(const QString& folder, const ListView& list, int first, int& i) {
-    QString cells;
-    for (int c = 0; c < columnsPerRow && !stopped_; ++c) {
-        i = first + c;
-        if (i == list.Count() + 1) {
-            break;
-        }
-        // Gone, if the list has become shorter in the meantime.
-        const ListItem* item = list.item(i);
-        if (item != nullptr) {
-            const QString name = item->Text();
-            cells += u"<TD vAlign=top align=left width=25%><P align=center><A HREF=\"" % name %
-                     u".html\"><IMG" %
-                     style(folder, QStringLiteral("pictures"), name, thumbnailSize()) %
-                     u"\" height=71 alt=\"Click to view page\" src=\"pictures/" % name %
-                     u"\" width=90 border=0></A></P></TD>";
-        }
-        setProgress(i);
-    }
-    return cells;
-}
-
-QString modWEBALBUM::captionCells(const ListView& list, int first, int& i) {
-    QString cells;
-    for (int c = 0; c < columnsPerRow; ++c) {
-        i = first + c;
-        if (i == list.Count() + 1) {
-            break;
-        }
-        const ListItem* item = list.item(i);
-        if (item != nullptr) {
-            cells += u"<TD vAlign=top align=left><P align=center>" % item->Text() % u"</P></TD>";
-        }
-        setProgress(i);
-    }
-    return cells;
+void modWEBALBUM::WebAlbumMainPagesWrite(AlbumBuild& build, const QString& folder,
+                                         const QString& title, const ListView& list) {
+    MainPages(build, folder, title, list).write();
 }
 
 }  // namespace velorama

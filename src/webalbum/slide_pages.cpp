@@ -4,15 +4,14 @@
 #include "webalbum/mod_webalbum.h"
 
 namespace velorama {
+namespace {
 
 /// File names of a slide and of its neighbours; empty where there is none.
-struct modWEBALBUM::Slide {
+struct Slide {
     QString prev;
     QString cur;
     QString next;
 };
-
-namespace {
 
 const QString pictures = QStringLiteral("pictures");
 const QString viewPrevious = QStringLiteral("View Previous");
@@ -74,60 +73,93 @@ QString nameOf(const ListView& list, int index) {
     return item != nullptr ? item->Text() : QString();
 }
 
-}  // namespace
+class SlidePages {
+public:
+    SlidePages(AlbumBuild& build, const QString& folder, const QString& title, const ListView& list)
+        : build_(build), folder_(folder), title_(title), list_(list) {}
 
-void modWEBALBUM::WebAlbumSlidePagesWrite(const QString& folder, const QString& title,
-                                          const ListView& list) {
-    const int n = list.Count();
-    showProgress(n);
-    for (int i = 1; i <= n && !stopped_; ++i) {
+    void write();
+
+private:
+    Slide slide(int i, int n) const;
+    QString page(const Slide& slide);
+    QString preview(const QString& neighbour, const QString& alt);
+    QString thumbnailStyle(const QString& subfolder, const QString& name);
+    bool isStopped() const { return build_.stop.stop_requested(); }
+
+    AlbumBuild& build_;
+    const QString& folder_;
+    const QString& title_;
+    const ListView& list_;
+};
+
+void SlidePages::write() {
+    const int n = list_.Count();
+    build_.prgBARSLIDES.setVisible(true);
+    build_.prgBARSLIDES.setMax(static_cast<float>(n));
+    for (int i = 1; i <= n && !isStopped(); ++i) {
         DoEvents();
-        setProgress(i);
+        build_.prgBARSLIDES.setValue(static_cast<float>(i));
         DoEvents();
         // Gone, if the list has become shorter in the meantime.
-        if (list.item(i) == nullptr) {
+        if (list_.item(i) == nullptr) {
             continue;
         }
-        const Slide slide = {i > 1 ? nameOf(list, i - 1) : QString(), nameOf(list, i),
-                             i < n ? nameOf(list, i + 1) : QString()};
-        const QString page = slidePage(folder, title, slide);
-        if (!stopped_) {
-            DocumentSaveText(page, fileIn(folder, slide.cur + QStringLiteral(".html")),
+        const Slide shown = slide(i, n);
+        const QString text = page(shown);
+        if (!isStopped()) {
+            DocumentSaveText(text, fileIn(folder_, shown.cur + QStringLiteral(".html")),
                              Lasting::No);
         }
     }
-    hideProgress();
+    build_.prgBARSLIDES.setVisible(false);
+}
+
+Slide SlidePages::slide(int i, int n) const {
+    return {i > 1 ? nameOf(list_, i - 1) : QString(), nameOf(list_, i),
+            i < n ? nameOf(list_, i + 1) : QString()};
 }
 
 /// Pictures are measured in the order in which they stand on the page: one that cannot be read
 /// takes the shape of the one before it.
-QString modWEBALBUM::slidePage(const QString& folder, const QString& title, const Slide& slide) {
-    QString page = upToTitle % title % upToLeftPreview;
-    page += preview(folder, slide.prev, viewPrevious);
+QString SlidePages::page(const Slide& slide) {
+    QString page = upToTitle % title_ % upToLeftPreview;
+    page += preview(slide.prev, viewPrevious);
     page += upToLeftArrow % arrow(slide.prev, viewPrevious, QLatin1String("arrowleft")) %
             upToRightArrow % arrow(slide.next, viewNext, QLatin1String("arrowright")) % endOfCell %
             upToRightPreview;
-    page += preview(folder, slide.next, viewNext);
+    page += preview(slide.next, viewNext);
     page += endOfCell;
     page += upToPicture;
-    page += u"<IMG " % style(folder, pictures, slide.cur, photoSize()) % u"\"src=\"pictures/" %
-            slide.cur % u"\"></P>";
+    page += u"<IMG " %
+            build_.measure.styleOf(folder_, pictures, slide.cur, valueOf(build_.values.udnPHOTO)) %
+            u"\"src=\"pictures/" % slide.cur % u"\"></P>";
     return page % upToCaption % slide.cur % upToEnd;
 }
 
-QString modWEBALBUM::preview(const QString& folder, const QString& neighbour, const QString& alt) {
+QString SlidePages::preview(const QString& neighbour, const QString& alt) {
     const auto shown = [&alt](const QString& openStyle, const QString& source) {
         return QString(u"<IMG " % openStyle % u"\"height=47 alt=\"" % alt % u"\" src=\"" % source %
                        u"\" width=60 border=0>");
     };
     if (neighbour.isEmpty()) {
-        const QString end =
-            style(folder, QStringLiteral("images"), QStringLiteral("end.gif"), thumbnailSize());
-        return shown(end, QStringLiteral("images/end.gif")) % u"</P>";
+        return shown(thumbnailStyle(QStringLiteral("images"), QStringLiteral("end.gif")),
+                     QStringLiteral("images/end.gif")) %
+               u"</P>";
     }
     return u"<A HREF=\"" % neighbour % u".html\">" %
-           shown(style(folder, pictures, neighbour, thumbnailSize()), u"pictures/" % neighbour) %
-           u"</A></P>";
+           shown(thumbnailStyle(pictures, neighbour), u"pictures/" % neighbour) % u"</A></P>";
+}
+
+QString SlidePages::thumbnailStyle(const QString& subfolder, const QString& name) {
+    return build_.measure.styleOf(folder_, subfolder, name, valueOf(build_.values.udnTHUMBNAIL));
+}
+
+}  // namespace
+
+void modWEBALBUM::WebAlbumSlidePagesWrite(AlbumBuild& build, const QString& folder,
+                                          const QString& title, const ListView& list) {
+    SlidePages(build, folder, title, list).write();
 }
 
 }  // namespace velorama

@@ -75,11 +75,11 @@ QString styleSheet(const WebAlbumValues& values) {
 
 }  // namespace
 
-void modWEBALBUM::WebAlbumStyleSheetWrite() const {
+void modWEBALBUM::WebAlbumStyleSheetWrite(const WebAlbumValues& values) {
     const QString images = applicationFolder() + QStringLiteral("/images");
     makePrivateFolder(applicationFolder());
     QDir().mkpath(images);
-    DocumentSaveText(styleSheet(values_), images + QStringLiteral("/mainwa.css"), Lasting::No);
+    DocumentSaveText(styleSheet(values), images + QStringLiteral("/mainwa.css"), Lasting::No);
 }
 
 }  // namespace velorama

@@ -38,16 +38,11 @@ WebAlbum::WebAlbum(const WebAlbumControls& controls, Commands& commands, WebAlbu
     : controls_(controls),
       commands_(commands),
       values_(std::move(values)),
-      screen_(std::move(screen)),
-      writer_(values_, controls.prgBARSLIDES) {}
-
-void WebAlbum::stop() {
-    writer_.stop();
-}
+      screen_(std::move(screen)) {}
 
 void WebAlbum::cbtnWEBALBUM_Click() {
     turn_.runLast([this] {
-        if (!writer_.isStopped()) {
+        if (!stop_.stop_requested()) {
             buildAndTell();
         }
     });
@@ -65,7 +60,7 @@ void WebAlbum::buildAndTell() {
     build(chosen);
     commands_.viewWebAlbum.setEnabled(true);
     call(screen_.hourglass, false);
-    if (!writer_.isStopped()) {
+    if (!stop_.stop_requested()) {
         call(screen_.information, QStringLiteral("Your WebAlbum is now complete"),
              QStringLiteral("WebAlbum"));
     }
@@ -81,13 +76,13 @@ void WebAlbum::build(const QString& chosen) {
     const AlbumPaths paths = albumPaths(documents(), chosen);
     // Pages name their files letter by letter, and browsers ask for them so.
     const ExactNames exactNames(paths.parent.left(paths.parent.size() - 1));
-    writer_.begin();
+    AlbumBuild work{values_, *controls_.prgBARSLIDES, stop_.get_token()};
     makeFolders(paths.parent, paths.album);
     WebAlbumPicturesCopy(*controls_.lvwSLIDEBAR, folderIn(paths.album, pictures));
-    writer_.WebAlbumStyleSheetWrite();
+    modWEBALBUM::WebAlbumStyleSheetWrite(values_);
     copyProgramImages(paths.album);
-    writer_.WebAlbumMainPagesWrite(paths.album, title(), *controls_.lvwSLIDEBAR);
-    writer_.WebAlbumSlidePagesWrite(paths.album, title(), *controls_.lvwSLIDEBAR);
+    modWEBALBUM::WebAlbumMainPagesWrite(work, paths.album, title(), *controls_.lvwSLIDEBAR);
+    modWEBALBUM::WebAlbumSlidePagesWrite(work, paths.album, title(), *controls_.lvwSLIDEBAR);
 }
 
 void WebAlbum::makeFolders(const QString& parent, const QString& album) const {
@@ -104,7 +99,7 @@ void WebAlbum::WebAlbumFolderCreate(const QString& path) const {
 void WebAlbum::WebAlbumPicturesCopy(const ListView& list, const QString& destination) const {
     const clsFILEFOLDR files;
     const int count = list.Count();
-    for (int i = 1; i <= count && !writer_.isStopped(); ++i) {
+    for (int i = 1; i <= count && !stop_.stop_requested(); ++i) {
         const ListItem* item = list.item(i);
         if (item != nullptr) {
             const QString key = item->Key();

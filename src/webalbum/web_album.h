@@ -1,7 +1,5 @@
 #pragma once
 
-#include "controls/boxes/progress_bar.h"
-#include "controls/lists/list_view.h"
 #include "core/commands.h"
 #include "platform/process/command_turn.h"
 #include "webalbum/mod_webalbum.h"
@@ -11,7 +9,7 @@
 
 namespace velorama {
 
-/// The list must be there; a bar that is null is a step that does nothing.
+/// Both must be there.
 struct WebAlbumControls {
     const ListView* lvwSLIDEBAR = nullptr;
     ProgressBar* prgBARSLIDES = nullptr;
@@ -44,7 +42,7 @@ public:
     /// `hWnd` is the main window's handle as decimal text.
     void cbtnVIEWWEBALB_Click(const QString& hWnd) const;
     /// The window is closing: running builds end at their next picture and say nothing.
-    void stop();
+    void stop() { stop_.request_stop(); }
 
     void WebAlbumFolderCreate(const QString& path) const;
     /// `destination` ends in its separator.
@@ -61,7 +59,7 @@ private:
     Commands& commands_;
     WebAlbumValues values_;
     WebAlbumScreen screen_;
-    modWEBALBUM writer_;
+    std::stop_source stop_;
     CommandTurn turn_;
 };
 

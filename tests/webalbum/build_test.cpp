@@ -378,7 +378,7 @@ TEST_F(Build, APageWithNothingSetIsWrittenAllTheSame) {
     addSlides(1);
     WebAlbumValues bare;
     bare.txtTITLE = [] { return QStringLiteral("Bare"); };
-    WebAlbum quiet({&lvwSLIDEBAR, nullptr}, commands, bare, {});
+    WebAlbum quiet({&lvwSLIDEBAR, &prgBARSLIDES}, commands, bare, {});
     quiet.cbtnWEBALBUM_Click();
     title = QStringLiteral("Bare");
     EXPECT_TRUE(page(QStringLiteral("a01.jpg.html")).contains("WIDTH: 0px; HEIGHT: 0px "));
@@ -387,7 +387,7 @@ TEST_F(Build, APageWithNothingSetIsWrittenAllTheSame) {
             .startsWith(
                 "Body {\r\n        font-family: ;\r\n        background-COLOR:#000000;\r\n"));
     bare.txtTITLE = nullptr;
-    WebAlbum untitled({&lvwSLIDEBAR, nullptr}, commands, bare, {});
+    WebAlbum untitled({&lvwSLIDEBAR, &prgBARSLIDES}, commands, bare, {});
     untitled.cbtnWEBALBUM_Click();
 }
 

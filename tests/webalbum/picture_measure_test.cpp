@@ -22,7 +22,7 @@ protected:
         return QStringLiteral(" style=\"WIDTH: %1px; HEIGHT: %2px ").arg(w).arg(h);
     }
 
-    modWEBALBUM writer{values(), nullptr};
+    PictureMeasure measure;
 };
 
 TEST_F(ImageStyle, FollowsTheShapeOfThePicture) {
@@ -47,7 +47,7 @@ TEST_F(ImageStyle, FollowsTheShapeOfThePicture) {
         {{4000, 3000}, 1000000, 1000000, 750000},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(writer.WebAlbumImageStyle(picture(row.picture), row.size),
+        EXPECT_EQ(measure.WebAlbumImageStyle(picture(row.picture), row.size),
                   style(row.width, row.height))
             << row.picture.width() << " x " << row.picture.height() << " at " << row.size;
     }
@@ -55,23 +55,22 @@ TEST_F(ImageStyle, FollowsTheShapeOfThePicture) {
 
 TEST_F(ImageStyle, OfWhatIsNoPictureIsTheShapeBefore) {
     const QString none = sources + QStringLiteral("/none.jpg");
-    EXPECT_EQ(writer.WebAlbumImageStyle(none, 95), style(71, 71));  // a thumbnail's cell
-    EXPECT_EQ(writer.WebAlbumImageStyle(picture({800, 600}), 95), style(95, 71));
-    EXPECT_EQ(writer.WebAlbumImageStyle(none, 500), style(500, 375));
-    EXPECT_EQ(writer.WebAlbumImageStyle(picture({600, 800}), 95), style(53, 71));
+    EXPECT_EQ(measure.WebAlbumImageStyle(none, 95), style(71, 71));  // a thumbnail's cell
+    EXPECT_EQ(measure.WebAlbumImageStyle(picture({800, 600}), 95), style(95, 71));
+    EXPECT_EQ(measure.WebAlbumImageStyle(none, 500), style(500, 375));
+    EXPECT_EQ(measure.WebAlbumImageStyle(picture({600, 800}), 95), style(53, 71));
     for (const QString& path : {file(QStringLiteral("text.jpg"), "no picture"),
                                 file(QStringLiteral("empty.jpg"), ""), sources, QString()}) {
-        EXPECT_EQ(writer.WebAlbumImageStyle(path, 500), style(357, 476)) << path.toStdString();
+        EXPECT_EQ(measure.WebAlbumImageStyle(path, 500), style(357, 476)) << path.toStdString();
     }
-    writer.begin();
-    EXPECT_EQ(writer.WebAlbumImageStyle(none, 95), style(71, 71));
+    EXPECT_EQ(PictureMeasure().WebAlbumImageStyle(none, 95), style(71, 71));
 }
 
 TEST_F(ImageStyle, OfNothingAtAllStaysNothing) {
     const QString none = sources + QStringLiteral("/none.jpg");
-    EXPECT_EQ(writer.WebAlbumImageStyle(picture({600, 800}), 24), style(0, 0));
-    EXPECT_EQ(writer.WebAlbumImageStyle(none, 500), style(0, 476));
-    EXPECT_EQ(writer.WebAlbumImageStyle(picture({800, 600}), 500), style(500, 375));
+    EXPECT_EQ(measure.WebAlbumImageStyle(picture({600, 800}), 24), style(0, 0));
+    EXPECT_EQ(measure.WebAlbumImageStyle(none, 500), style(0, 476));
+    EXPECT_EQ(measure.WebAlbumImageStyle(picture({800, 600}), 500), style(500, 375));
 }
 
 TEST_F(ImageStyle, IsAPhotographsAsItIsShown) {
@@ -89,13 +88,13 @@ TEST_F(ImageStyle, IsAPhotographsAsItIsShown) {
                                "\0\0\0\0",
                                36));
     writeFile(path, bytes);
-    EXPECT_EQ(writer.WebAlbumImageStyle(path, 500), style(357, 476));
+    EXPECT_EQ(measure.WebAlbumImageStyle(path, 500), style(357, 476));
 }
 
 TEST_F(ImageStyle, LetsEventsRun) {
     bool ran = false;
     QTimer::singleShot(0, [&ran] { ran = true; });
-    writer.WebAlbumImageStyle(QString(), 95);
+    measure.WebAlbumImageStyle(QString(), 95);
     EXPECT_TRUE(ran);
 }
 

@@ -1,8 +1,9 @@
+#include "webalbum/picture_measure.h"
+
 #include "imaging/decode/picture_size.h"
 #include "platform/numbers.h"
 #include "platform/process/events.h"
 #include "webalbum/album_folder.h"
-#include "webalbum/mod_webalbum.h"
 
 namespace velorama {
 namespace {
@@ -32,31 +33,19 @@ QSizeF displaySize(QSizeF picture, qint32 size) {
 
 }  // namespace
 
-void modWEBALBUM::begin() {
-    // As the making of a thumbnail leaves the holder.
-    constexpr double cell = 90;
-    picSLIDETMPLT_ = {cell, cell};
-}
-
-void modWEBALBUM::load(const QString& path) {
-    const QSize size = PictureFileSize(path);
-    if (!size.isEmpty()) {
-        picSLIDETMPLT_ = size;
-    }
-}
-
-QString modWEBALBUM::WebAlbumImageStyle(const QString& path, qint32 size) {
-    load(path);
-    picSLIDETMPLT_ = displaySize(picSLIDETMPLT_, size);
-    const QString height = decimalText(roundHalfEven(picSLIDETMPLT_.height()));
-    const QString width = decimalText(roundHalfEven(picSLIDETMPLT_.width()));
+QString PictureMeasure::WebAlbumImageStyle(const QString& path, qint32 size) {
+    const QSize picture = PictureFileSize(path);
+    shown_ = displaySize(picture.isEmpty() ? shown_ : QSizeF(picture), size);
+    const QString height = decimalText(roundHalfEven(shown_.height()));
+    const QString width = decimalText(roundHalfEven(shown_.width()));
     DoEvents();
     return u" style=\"WIDTH: " % width % u"px; HEIGHT: " % height % u"px ";
 }
 
-QString modWEBALBUM::style(const QString& folder, const QString& subfolder, const QString& name,
-                           qint32 size) {
-    return WebAlbumImageStyle(fileIn(folderIn(folder, subfolder), name), size);
+QString PictureMeasure::styleOf(const QString& album, const QString& subfolder, const QString& name,
+                                const QString& size) {
+    return WebAlbumImageStyle(fileIn(folderIn(album, subfolder), name),
+                              wholeNumber(size).value_or(0));
 }
 
 }  // namespace velorama
