@@ -2,31 +2,18 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QPainter>
 
 namespace velorama {
 namespace {
 
 constexpr int Margin = 6;
-constexpr float OutlineStrength = 0.45F;
 
 }  // namespace
 
-QColor shownColour(Colour colour) {
-    const Colour plain = qMax(0, OleTranslateColor(colour));
-    return {plain & 255, (plain >> 8) & 255, (plain >> 16) & 255};
-}
-
-QString colourName(Colour colour) {
-    return shownColour(colour).name().toUpper();
-}
-
 ColourButton::ColourButton(QWidget* parent)
-    : QPushButton(parent), swatch_(new PictureBox(this)), arrow_(new downarrow(this)) {
+    : QPushButton(parent), swatch_(new Swatch(this)), arrow_(new downarrow(this)) {
     setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
-    swatch_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    swatch_->setMinimumWidth(fontMetrics().averageCharWidth() * 8);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(Margin, Margin, Margin, Margin);
     row->setSpacing(Margin);
@@ -52,16 +39,6 @@ void ColourButton::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QPushButton::keyPressEvent(event);
-}
-
-void ColourButton::paintEvent(QPaintEvent* event) {
-    QPushButton::paintEvent(event);
-    // A swatch in the colour of the button needs an edge to be seen.
-    QColor outline = palette().color(QPalette::ButtonText);
-    outline.setAlphaF(OutlineStrength);
-    QPainter painter(this);
-    painter.setPen(QPen(outline, 1));
-    painter.drawRect(QRectF(swatch_->geometry()).adjusted(-0.5, -0.5, 0.5, 0.5));
 }
 
 }  // namespace velorama

@@ -1,18 +1,11 @@
 #pragma once
 
-#include "controls/boxes/picture_box.h"
 #include "controls/buttons/downarrow.h"
-#include "platform/session/system_colours.h"
+#include "controls/buttons/swatch.h"
 
 #include <QPushButton>
 
 namespace velorama {
-
-/// The colour that 0x00BBGGRR or a system colour looks like. Black for a system colour that there
-/// is not.
-QColor shownColour(Colour colour);
-/// "#RRGGBB" of it, upper case.
-QString colourName(Colour colour);
 
 /// A push button that carries a swatch and the arrow of a drop-down. Enter goes to the dialog's
 /// own button; the space bar and the arrow down press this one.
@@ -21,7 +14,7 @@ class ColourButton : public QPushButton {
 public:
     explicit ColourButton(QWidget* parent = nullptr);
 
-    PictureBox* swatch() const { return swatch_; }
+    Swatch* swatch() const { return swatch_; }
     downarrow* arrow() const { return arrow_; }
     /// Shown by the swatch and told by the tooltip.
     void showColour(Colour colour);
@@ -31,10 +24,9 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
-    PictureBox* swatch_;
+    Swatch* swatch_;
     downarrow* arrow_;
 };
 

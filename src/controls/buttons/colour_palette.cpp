@@ -1,6 +1,6 @@
 #include "controls/buttons/colour_palette.h"
 
-#include "controls/buttons/colour_button.h"
+#include "controls/buttons/swatch.h"
 
 #include <QAbstractButton>
 #include <QGridLayout>
@@ -63,10 +63,8 @@ protected:
         if (hasFocus()) {
             paintCurrent(painter);
         }
-        const QRectF cell(0, 0, height(), height());
         if (colour_) {
-            paintSwatch(painter, cell.adjusted(Inset, Inset, -Inset, -Inset),
-                        shownColour(*colour_));
+            paintColour(painter, shownColour(*colour_));
         }
         if (!text().isEmpty()) {
             painter.setPen(palette().color(QPalette::WindowText));
@@ -83,10 +81,10 @@ private:
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75), Radius + 1,
                                 Radius + 1);
     }
-    void paintSwatch(QPainter& painter, const QRectF& place, const QColor& colour) const {
-        painter.setPen(QPen(tinted(palette().color(QPalette::WindowText), OutlineStrength), 1));
-        painter.setBrush(colour);
-        painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
+    void paintColour(QPainter& painter, const QColor& colour) const {
+        const QRectF place =
+            QRectF(0, 0, height(), height()).adjusted(Inset, Inset, -Inset, -Inset);
+        paintSwatch(painter, place, colour, palette().color(QPalette::WindowText));
         if (isChecked()) {
             paintMark(painter, place, qGray(colour.rgb()) < 140 ? Qt::white : Qt::black);
         }
@@ -136,8 +134,7 @@ const std::vector<Colour>& ColourPalette::colours() {
     return all;
 }
 
-ColourPalette::ColourPalette(Colour held, bool custom, QWidget* parent)
-    : QWidget(parent, Qt::Popup) {
+ColourPalette::ColourPalette(Colour held, QWidget* parent) : QWidget(parent, Qt::Popup) {
     setAttribute(Qt::WA_DeleteOnClose);
     // A click beside it closes it and does no more: a click on its button would open it anew.
     setAttribute(Qt::WA_NoMouseReplay);
@@ -147,9 +144,7 @@ ColourPalette::ColourPalette(Colour held, bool custom, QWidget* parent)
     grid->setSpacing(1);
     grid->setSizeConstraint(QLayout::SetNoConstraint);
     addColours(OleTranslateColor(held));
-    if (custom) {
-        addCustom(OleTranslateColor(held));
-    }
+    addCustom(OleTranslateColor(held));
     const auto marked = std::find_if(entries_.begin(), entries_.end(),
                                      [](const auto* entry) { return entry->isChecked(); });
     (marked == entries_.end() ? entries_.front() : *marked)->setFocus();
@@ -196,24 +191,24 @@ int ColourPalette::current() const {
 
 // The entry that a key leads to; -1 for a key that leads nowhere.
 int ColourPalette::target(int key) const {
+    // "Custom..." is the one behind the cells.
     constexpr int cells = Columns * Rows;
-    const auto last = static_cast<int>(entries_.size()) - 1;
     const int from = current();
     switch (key) {
         case Qt::Key_Left:
             return qMax(from - 1, 0);
         case Qt::Key_Right:
-            return qMin(from + 1, last);
+            return qMin(from + 1, cells);
         case Qt::Key_Up:
             return from == cells    ? cells - Columns + column_
                    : from < Columns ? from
                                     : from - Columns;
         case Qt::Key_Down:
-            return from + Columns < cells ? from + Columns : last >= cells ? last : from;
+            return from + Columns < cells ? from + Columns : cells;
         case Qt::Key_Home:
             return 0;
         case Qt::Key_End:
-            return last;
+            return cells;
         default:
             return -1;
     }

@@ -14,8 +14,8 @@ namespace velorama {
 /// ends; moved sideways to stay on the screen. All in logical pixels.
 QPoint dropPlace(const QRect& anchor, const QSize& popup, const QRect& screen);
 
-/// The popup of a colour drop-down: a grid of colours and, where offered, "Custom..." below it. It
-/// closes, and is gone soon after, before it tells what was chosen.
+/// The popup of a colour drop-down: a grid of colours and "Custom..." below it. It closes, and is
+/// gone soon after, before it tells what was chosen.
 class ColourPalette : public QWidget {
     Q_OBJECT
 public:
@@ -25,7 +25,7 @@ public:
     static const std::vector<Colour>& colours();
 
     /// `held` is marked and is where the keyboard starts.
-    ColourPalette(Colour held, bool custom, QWidget* parent);
+    ColourPalette(Colour held, QWidget* parent);
 
 signals:
     void chosen(velorama::Colour colour, bool byKey);

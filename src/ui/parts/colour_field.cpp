@@ -9,22 +9,19 @@ ColourField::ColourField(const Names& names, CommonDialog& cdlDIALOG, QWidget* f
     : QObject(form),
       dialog_(cdlDIALOG),
       button_(new ColourButton(form)),
-      dropDown_(new cbtnddp(form)) {
+      dropDown_(new cbtnddp(*button_)) {
     button_->setObjectName(QLatin1String(names.button));
     button_->setAccessibleName(QLatin1String(names.title));
     button_->swatch()->setObjectName(QLatin1String(names.swatch));
     button_->arrow()->setObjectName(QLatin1String(names.arrow));
-    // Only its palette is seen; the button stands for it.
     dropDown_->setObjectName(QLatin1String(names.dropDown));
-    dropDown_->hide();
-    connect(button_, &ColourButton::clicked, this, [this] { dropDown_->Open(button_); });
+    connect(button_, &ColourButton::clicked, dropDown_, &cbtnddp::Open);
     connect(dropDown_, &cbtnddp::ColorClick, this, &ColourField::choose);
     connect(dropDown_, &cbtnddp::ColorKey, this, &ColourField::choose);
     connect(dropDown_, &cbtnddp::Custom, this, &ColourField::askForColour);
 }
 
 void ColourField::setBackColor(Colour colour) {
-    backColor_ = colour;
     button_->showColour(colour);
     dropDown_->setColor(colour);
 }
@@ -37,7 +34,7 @@ void ColourField::choose(const QString& colour) {
 }
 
 void ColourField::askForColour() {
-    dialog_.Color = backColor_;
+    dialog_.Color = BackColor();
     dialog_.DialogTitle = QStringLiteral("Custom Color");
     dialog_.Flags = FlagRgbInit | FlagFullOpen;
     gDlgHook->subCMNDLGHOOKOPEN();

@@ -27,7 +27,7 @@ public:
     ColourButton* button() const { return button_; }
     cbtnddp* dropDown() const { return dropDown_; }
     /// 0x00BBGGRR, or a system colour as it was set.
-    Colour BackColor() const { return backColor_; }
+    Colour BackColor() const { return dropDown_->Color(); }
     void setBackColor(Colour colour);
 
 signals:
@@ -42,7 +42,6 @@ private:
     CommonDialog& dialog_;
     ColourButton* button_;
     cbtnddp* dropDown_;
-    Colour backColor_ = 0;
 };
 
 }  // namespace velorama

@@ -78,7 +78,7 @@ protected:
     updown& udnTRANSITIONVAL() const { return control<updown>("udnTRANSITIONVAL"); }
     QLineEdit& txtDESC() const { return control<QLineEdit>("txtDESC"); }
     QImage sample() const { return control<PictureBox>("picSAMPLE").Image(); }
-    QColor swatch(const char* name) const { return control<PictureBox>(name).BackColor(); }
+    QColor swatch(const char* name) const { return control<Swatch>(name).BackColor(); }
     // Opens a palette by its button and chooses the colour named.
     void pick(const char* button, const QString& colour) {
         test::expectMessage(QStringLiteral("raise()"));
@@ -145,7 +145,7 @@ TEST_F(SettingsDialog, HasEveryControlByItsName) {
          {"chkTBAR", "udnINTERVAL", "udnTRANSITIONVAL", "picBACKGROUND", "cddGRADSHDW", "btnBACK",
           "darBACKGROUND", "picGRADCOLOR", "cddGRAD", "btnGRADCOLOR", "darGRAD", "txtDESC",
           "picSAMPLE", "Image1", "btnOK", "btnCANCEL"}) {
-        EXPECT_EQ(form_->findChildren<QWidget*>(QLatin1String(name)).size(), 1) << name;
+        EXPECT_EQ(form_->findChildren<QObject*>(QLatin1String(name)).size(), 1) << name;
     }
 }
 
