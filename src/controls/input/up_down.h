@@ -12,7 +12,7 @@ namespace velorama {
 class updown : public QAbstractSpinBox {
     Q_OBJECT
     // By these names assistive tools ask a field for its value and bounds.
-    Q_PROPERTY(int value READ Value WRITE setValue NOTIFY Change)
+    Q_PROPERTY(int value READ Value WRITE setValue)
     Q_PROPERTY(int minimum MEMBER min_)
     Q_PROPERTY(int maximum MEMBER max_)
     Q_PROPERTY(int singleStep MEMBER interval_)
@@ -37,9 +37,6 @@ public:
     void stepBy(int steps) override;
     QValidator::State validate(QString& input, int& position) const override;
     void fixup(QString& input) const override;
-
-signals:
-    void Change();
 
 protected:
     StepEnabled stepEnabled() const override;
