@@ -27,18 +27,28 @@ QString firstLine(const QString& text) {
 
 class OneLine : public QObject {
 public:
-    explicit OneLine(QLineEdit& field) : QObject(&field), field_(field), before_(field.text()) {
+    explicit OneLine(QLineEdit& field) : QObject(&field), field_(field) {
         connect(&field, &QLineEdit::textEdited, this, &OneLine::mend);
-        connect(&field, &QLineEdit::textChanged, this, [this] { before_ = field_.text(); });
+        // The field tells these after the text, so what is kept here is of before an edit.
+        connect(&field, &QLineEdit::textChanged, this, &OneLine::keep);
+        connect(&field, &QLineEdit::selectionChanged, this, &OneLine::keep);
+        connect(&field, &QLineEdit::cursorPositionChanged, this, &OneLine::keep);
+        keep();
     }
 
 private:
-    /// What has just come in stands between what is as before and the cursor.
+    void keep() {
+        before_ = field_.text();
+        place_ = field_.hasSelectedText() ? field_.selectionStart() : field_.cursorPosition();
+    }
+
+    /// What has just come in ends at the cursor. It begins where the cursor or the selection was;
+    /// after an undo earlier, where the texts cease to be the same.
     void mend(const QString& text) {
         const qsizetype end = field_.cursorPosition();
         const auto same =
             std::mismatch(text.begin(), text.begin() + end, before_.cbegin(), before_.cend());
-        const qsizetype start = same.first - text.begin();
+        const qsizetype start = qMin<qsizetype>(same.first - text.begin(), place_);
         const QString come = text.mid(start, end - start);
         if (lineEndOf(come) < 0) {
             return;
@@ -50,6 +60,7 @@ private:
 
     QLineEdit& field_;
     QString before_;
+    int place_ = 0;
 };
 
 }  // namespace
