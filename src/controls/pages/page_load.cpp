@@ -1,6 +1,6 @@
 #include "controls/pages/page_load.h"
 
-#include "controls/pages/web_page.h"
+#include "controls/pages/page_picture.h"
 
 namespace velorama {
 namespace {
@@ -11,10 +11,19 @@ constexpr int mostAtOnce = 6;
 }  // namespace
 
 PageLoad::PageLoad(const QUrl& address, const WebLimits& limits) : limits_(limits) {
-    auto* request = new HttpRequest(address, limits.page, this);
-    connect(request, &HttpRequest::finished, this, [this](const HttpAnswer& answer) {
-        emit arrived(answer);
-        countDown();
+    ask(address, limits.page, [this](const HttpAnswer& answer) { emit arrived(answer); });
+}
+
+void PageLoad::ask(const QUrl& address, const HttpLimits& limits, const Take& take) {
+    ++open_;
+    auto* request = new HttpRequest(address, limits, this);
+    connect(request, &HttpRequest::finished, this, [this, request, take](const HttpAnswer& answer) {
+        // A picture's bytes are not kept until the page is done.
+        request->deleteLater();
+        take(answer);
+        if (--open_ == 0) {
+            emit done();
+        }
     });
 }
 
@@ -26,10 +35,8 @@ void PageLoad::fetchPictures(const QList<QUrl>& pictures) {
 }
 
 void PageLoad::fetchNext() {
-    ++open_;
     const QUrl address = waiting_.takeFirst();
-    auto* request = new HttpRequest(address, limits_.picture, this);
-    connect(request, &HttpRequest::finished, this, [this, address](const HttpAnswer& answer) {
+    ask(address, limits_.picture, [this, address](const HttpAnswer& answer) {
         const QImage picture = answer.cut ? QImage() : pagePicture(answer.body);
         if (!picture.isNull()) {
             emit pictureArrived(address, picture);
@@ -37,14 +44,7 @@ void PageLoad::fetchNext() {
         if (!waiting_.isEmpty()) {
             fetchNext();
         }
-        countDown();
     });
-}
-
-void PageLoad::countDown() {
-    if (--open_ == 0) {
-        emit done();
-    }
 }
 
 }  // namespace velorama

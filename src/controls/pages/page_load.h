@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QList>
 
+#include <functional>
+
 namespace velorama {
 
 /// What fetching a page may cost, and each of its pictures. Neither comes from another server than
@@ -31,13 +33,15 @@ signals:
     void done();
 
 private:
+    using Take = std::function<void(const HttpAnswer& answer)>;
+
+    void ask(const QUrl& address, const HttpLimits& limits, const Take& take);
     void fetchNext();
-    void countDown();
 
     WebLimits limits_;
     QList<QUrl> waiting_;
     /// Requests that run, that of the page included.
-    int open_ = 1;
+    int open_ = 0;
 };
 
 }  // namespace velorama

@@ -1,5 +1,7 @@
 #include "controls/pages/web_window.h"
 
+#include "controls/pages/page_addresses.h"
+
 #include <QEvent>
 #include <QScrollBar>
 
