@@ -1,28 +1,14 @@
 #pragma once
 
-#include "platform/session/system_colours.h"
+#include "controls/dialogs/colour_dialog.h"
+#include "controls/dialogs/file_dialog.h"
 
 #include <QPointer>
-#include <QString>
-#include <QStringList>
 #include <QWidget>
 
 #include <functional>
-#include <optional>
 
 namespace velorama {
-
-/// One line of a file dialog's list of kinds.
-struct FileKind {
-    QString name;
-    /// Wildcards; "*" for all files.
-    QStringList patterns;
-    bool operator==(const FileKind&) const = default;
-};
-
-/// Reads "name|*.a; *.b|name|*.c". A name without patterns at the end is dropped. "*.*" stands for
-/// all files, also those without a dot.
-QList<FileKind> fileKinds(const QString& filter);
 
 /// The numbers mean one thing in a file dialog and another in a colour dialog.
 enum DialogFlag : int {
@@ -33,31 +19,6 @@ enum DialogFlag : int {
     FlagAllowMultiselect = 512,
     FlagExplorer = 524288,
     FlagLongNames = 2097152,
-};
-
-/// What a file dialog is asked, and what it answers. No file: it was cancelled.
-struct FileDialogRequest {
-    bool save = false;
-    QString title;
-    QList<FileKind> kinds;
-    /// From 1; 0 where there are no kinds.
-    int filterIndex = 0;
-    /// A folder that exists, in this machine's form.
-    QString folder;
-    QString fileName;
-    bool several = false;
-    bool overwritePrompt = false;
-};
-
-struct FileDialogAnswer {
-    QStringList files;
-    int filterIndex = 0;
-};
-
-/// What a colour dialog is asked: the plain colour (0x00BBGGRR) it starts from.
-struct ColourDialogRequest {
-    QString title;
-    Colour colour = 0;
 };
 
 /// The common dialog of the system, `cdlDIALOG`: its properties keep their values from one showing
