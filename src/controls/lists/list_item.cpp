@@ -11,18 +11,7 @@ QString ListItem::Key() const {
 }
 
 bool ListItem::setKey(const QString& key) {
-    if (key == key_) {
-        return true;
-    }
-    if (!key.isEmpty() && list_.keys_.contains(key)) {
-        return false;
-    }
-    list_.keys_.remove(key_);
-    if (!key.isEmpty()) {
-        list_.keys_.insert(key, this);
-    }
-    key_ = key;
-    return true;
+    return list_.items_.rename(*this, key);
 }
 
 QString ListItem::Text() const {
@@ -44,13 +33,13 @@ void ListItem::setIcon(int index) {
 }
 
 void ListItem::changed() {
-    if (list_.isPublished()) {
+    if (list_.model_->isPublished()) {
         list_.model_->rowChanged(Index() - 1);
     }
 }
 
 int ListItem::Index() const {
-    return list_.positionOf(*this);
+    return list_.items_.positionOf(*this);
 }
 
 bool ListItem::Selected() const {
@@ -62,7 +51,7 @@ void ListItem::setSelected(bool selected) {
     if (selected) {
         list_.current_ = this;
     }
-    if (!list_.isPublished()) {
+    if (!list_.model_->isPublished()) {
         return;
     }
     const QModelIndex row = list_.model_->index(Index() - 1);

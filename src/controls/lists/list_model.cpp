@@ -2,6 +2,8 @@
 
 #include "controls/lists/list_view.h"
 
+#include <QScrollBar>
+
 namespace velorama {
 namespace {
 
@@ -26,6 +28,62 @@ void ListModel::setPublished(bool published) {
     beginResetModel();
     published_ = published;
     endResetModel();
+}
+
+void ListModel::end() {
+    const QSignalBlocker quiet(this);
+    setPublished(false);
+}
+
+void ListModel::withdraw() {
+    if (!published_) {
+        return;
+    }
+    scroll_ = {list_.horizontalScrollBar()->value(), list_.verticalScrollBar()->value()};
+    setPublished(false);
+    list_.viewport()->update();
+    QMetaObject::invokeMethod(this, &ListModel::publishIfVisible, Qt::QueuedConnection);
+}
+
+void ListModel::publishIfVisible() {
+    if (list_.isVisible()) {
+        publish();
+    }
+}
+
+void ListModel::publish() {
+    if (published_ || publishing_) {
+        return;
+    }
+    publishing_ = true;
+    setPublished(true);
+    publishSelection();
+    list_.doItemsLayout();
+    list_.horizontalScrollBar()->setValue(scroll_.x());
+    list_.verticalScrollBar()->setValue(scroll_.y());
+    publishing_ = false;
+}
+
+void ListModel::publishSelection() {
+    QItemSelection selection;
+    int first = 0;
+    for (int at = 1; at <= list_.Count() + 1; ++at) {
+        const bool selected = at <= list_.Count() && list_.item(at)->Selected();
+        if (selected && first == 0) {
+            first = at;
+        } else if (!selected && first != 0) {
+            selection.select(index(first - 1), index(at - 2));
+            first = 0;
+        }
+    }
+    list_.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (const ListItem* current = list_.SelectedItem()) {
+        const bool follows = list_.hasAutoScroll();
+        list_.setAutoScroll(false);
+        list_.selectionModel()->setCurrentIndex(index(current->Index() - 1),
+                                                QItemSelectionModel::NoUpdate);
+        list_.setAutoScroll(follows);
+    }
 }
 
 void ListModel::rowChanged(int row) {

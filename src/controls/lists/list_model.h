@@ -1,13 +1,18 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QPoint>
 
 namespace velorama {
 
 class ListView;
 
 /// The items of a ListView as Qt's views read them: the text as display and edit role, the number
-/// of the image under IconRole. A withdrawn model has no rows.
+/// of the image under IconRole.
+///
+/// The items are the truth; the model is withdrawn at the first change of the rows, has none then,
+/// and is published again when something is to be seen or touched. So thousands of changes in one
+/// go cost what they cost in the list, and nothing in the view.
 class ListModel : public QAbstractListModel {
     Q_OBJECT
 public:
@@ -16,7 +21,14 @@ public:
     explicit ListModel(ListView& list);
 
     bool isPublished() const { return published_; }
-    void setPublished(bool published);
+    /// Selection and current item are being brought over: what the view tells of them is no news.
+    bool isPublishing() const { return publishing_; }
+    void withdraw();
+    void publish();
+    /// Published next, the list begins at its first item.
+    void forgetScroll() { scroll_ = {}; }
+    /// Withdraws for good, without a word.
+    void end();
     void rowChanged(int row);
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -25,8 +37,14 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    void setPublished(bool published);
+    void publishIfVisible();
+    void publishSelection();
+
     ListView& list_;
+    QPoint scroll_;
     bool published_ = true;
+    bool publishing_ = false;
 };
 
 }  // namespace velorama

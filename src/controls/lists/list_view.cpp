@@ -2,21 +2,15 @@
 
 #include "controls/geometry/twips.h"
 #include "controls/input/keys.h"
+#include "controls/lists/empty_text.h"
 #include "controls/lists/list_delegate.h"
 #include "controls/lists/list_model.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 namespace velorama {
-namespace {
-
-constexpr int EmptyTextMargin = 12;
-constexpr int LeastEmptyTextWidth = 90;
-
-}  // namespace
 
 ListView::ListView(QWidget* parent)
     : QListView(parent), model_(new ListModel(*this)), delegate_(new ListDelegate(this)) {
@@ -36,8 +30,7 @@ ListView::ListView(QWidget* parent)
 
 ListView::~ListView() {
     // The items outlive this destructor's body but not the widget: nothing may read them from here.
-    QSignalBlocker quiet(model_);
-    model_->setPublished(false);
+    model_->end();
 }
 
 void ListView::setArrangement(Arrangement arrangement) {
@@ -65,47 +58,27 @@ void ListView::setEmptyText(const QString& text) {
     viewport()->update();
 }
 
-int ListView::Count() const {
-    return static_cast<int>(items_.size());
-}
-
 ListItem* ListView::Add(int index, const QString& key, const QString& text, int icon) {
-    if (index < 1 || index > Count() + 1 || (!key.isEmpty() && keys_.contains(key))) {
+    if (!items_.hasRoomFor(index, key)) {
         return nullptr;
     }
-    withdraw();
-    std::unique_ptr<ListItem> made(new ListItem(*this, key, text, icon));
-    ListItem* const added = made.get();
-    added->position_ = index;
-    numbered_ = numbered_ && index == Count() + 1;
-    items_.insert(items_.begin() + (index - 1), std::move(made));
-    if (!key.isEmpty()) {
-        keys_.insert(key, added);
-    }
+    model_->withdraw();
+    ListItem* const added =
+        items_.insert(index, std::unique_ptr<ListItem>(new ListItem(*this, key, text, icon)));
     if (current_ == nullptr) {
         current_ = added;
     }
     return added;
 }
 
-ListItem* ListView::item(int index) const {
-    return holds(index) ? items_[static_cast<size_t>(index) - 1].get() : nullptr;
-}
-
-ListItem* ListView::item(const QString& key) const {
-    return keys_.value(key, nullptr);
-}
-
 bool ListView::Remove(int index) {
-    if (!holds(index)) {
+    const ListItem* gone = item(index);
+    if (gone == nullptr) {
         return false;
     }
-    withdraw();
-    const ListItem* gone = item(index);
+    model_->withdraw();
     const bool wasCurrent = gone == current_;
-    keys_.remove(gone->key_);
-    items_.erase(items_.begin() + (index - 1));
-    numbered_ = false;
+    items_.remove(index);
     if (wasCurrent) {
         current_ = item(qMin(index, Count()));
     }
@@ -113,15 +86,13 @@ bool ListView::Remove(int index) {
 }
 
 void ListView::Clear() {
-    if (items_.empty()) {
+    if (Count() == 0) {
         return;
     }
-    withdraw();
-    scroll_ = {};
+    model_->withdraw();
+    model_->forgetScroll();
     current_ = nullptr;
-    keys_.clear();
     items_.clear();
-    numbered_ = true;
 }
 
 ListItem* ListView::SelectedItem() const {
@@ -129,18 +100,19 @@ ListItem* ListView::SelectedItem() const {
 }
 
 void ListView::setSelectedItem(int index) {
-    if (!holds(index)) {
+    ListItem* const chosen = item(index);
+    if (chosen == nullptr) {
         return;
     }
-    current_ = item(index);
-    if (isPublished()) {
+    current_ = chosen;
+    if (model_->isPublished()) {
         selectionModel()->setCurrentIndex(model_->index(index - 1), QItemSelectionModel::NoUpdate);
     }
 }
 
 void ListView::clearSelection() {
-    for (const std::unique_ptr<ListItem>& each : items_) {
-        each->selected_ = false;
+    for (int index = 1; index <= Count(); ++index) {
+        item(index)->selected_ = false;
     }
     selectionModel()->clearSelection();
 }
@@ -176,74 +148,8 @@ void ListView::layOutCells() {
     }
 }
 
-int ListView::positionOf(const ListItem& item) const {
-    if (!numbered_) {
-        int position = 0;
-        for (const std::unique_ptr<ListItem>& each : items_) {
-            each->position_ = ++position;
-        }
-        numbered_ = true;
-    }
-    return item.position_;
-}
-
-bool ListView::isPublished() const {
-    return model_->isPublished();
-}
-
-void ListView::withdraw() {
-    if (!isPublished()) {
-        return;
-    }
-    scroll_ = {horizontalScrollBar()->value(), verticalScrollBar()->value()};
-    model_->setPublished(false);
-    viewport()->update();
-    QMetaObject::invokeMethod(this, &ListView::publishIfVisible, Qt::QueuedConnection);
-}
-
-void ListView::publishIfVisible() {
-    if (isVisible()) {
-        publish();
-    }
-}
-
-void ListView::publish() {
-    if (isPublished() || publishing_) {
-        return;
-    }
-    publishing_ = true;
-    model_->setPublished(true);
-    publishSelection();
-    doItemsLayout();
-    horizontalScrollBar()->setValue(scroll_.x());
-    verticalScrollBar()->setValue(scroll_.y());
-    publishing_ = false;
-}
-
-void ListView::publishSelection() {
-    QItemSelection selection;
-    int first = 0;
-    for (int index = 1; index <= Count() + 1; ++index) {
-        const bool selected = holds(index) && item(index)->selected_;
-        if (selected && first == 0) {
-            first = index;
-        } else if (!selected && first != 0) {
-            selection.select(model_->index(first - 1), model_->index(index - 2));
-            first = 0;
-        }
-    }
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (current_ != nullptr) {
-        const bool follows = hasAutoScroll();
-        setAutoScroll(false);
-        selectionModel()->setCurrentIndex(model_->index(positionOf(*current_) - 1),
-                                          QItemSelectionModel::NoUpdate);
-        setAutoScroll(follows);
-    }
-}
-
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    if (!publishing_ && current.isValid()) {
+    if (!model_->isPublishing() && current.isValid()) {
         current_ = item(current.row() + 1);
     }
     QListView::currentChanged(current, previous);
@@ -253,11 +159,11 @@ void ListView::selectionChanged(const QItemSelection& selected, const QItemSelec
     const auto mark = [this](const QItemSelection& ranges, bool on) {
         for (const QItemSelectionRange& range : ranges) {
             for (int row = range.top(); row <= range.bottom() && row < Count(); ++row) {
-                items_[static_cast<size_t>(row)]->selected_ = on;
+                item(row + 1)->selected_ = on;
             }
         }
     };
-    if (!publishing_ && isPublished()) {
+    if (!model_->isPublishing() && model_->isPublished()) {
         mark(deselected, false);
         mark(selected, true);
     }
@@ -280,7 +186,7 @@ bool ListView::event(QEvent* event) {
         case QEvent::InputMethod:
         // Here, not in paintEvent: the layout may show or hide scroll bars.
         case QEvent::Paint:
-            publish();
+            model_->publish();
             break;
         default:
             break;
@@ -296,7 +202,7 @@ bool ListView::viewportEvent(QEvent* event) {
         case QEvent::MouseMove:
         case QEvent::Wheel:
         case QEvent::ToolTip:
-            publish();
+            model_->publish();
             break;
         default:
             break;
@@ -314,7 +220,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     if (!alive) {
         return;
     }
-    publish();
+    model_->publish();
     const ListItem* const before = current_;
     QListView::keyPressEvent(event);
     if (alive && current_ != before) {
@@ -374,7 +280,7 @@ void ListView::wheelEvent(QWheelEvent* event) {
 }
 
 void ListView::focusInEvent(QFocusEvent* event) {
-    publish();
+    model_->publish();
     entered_ = event->reason() == Qt::MouseFocusReason;
     QListView::focusInEvent(event);
     emit GotFocus();
@@ -408,25 +314,8 @@ QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex
 
 void ListView::paintEvent(QPaintEvent* event) {
     QListView::paintEvent(event);
-    if (items_.empty() && !emptyText_.isEmpty()) {
-        paintEmptyText();
-    }
-}
-
-void ListView::paintEmptyText() {
-    QPainter painter(viewport());
-    QColor colour = palette().color(QPalette::Text);
-    colour.setAlphaF(0.75F);
-    const QRect place = viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin,
-                                                    -EmptyTextMargin, -EmptyTextMargin);
-    if (hasFocus()) {
-        painter.setPen(palette().color(QPalette::Active, QPalette::Highlight));
-        painter.drawRect(viewport()->rect().adjusted(1, 1, -2, -2));
-    }
-    // A text broken into letters tells nothing.
-    if (place.width() >= LeastEmptyTextWidth) {
-        painter.setPen(colour);
-        painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+    if (Count() == 0 && !emptyText_.isEmpty()) {
+        paintEmptyText(*this, emptyText_);
     }
 }
 

@@ -1,52 +1,15 @@
 #pragma once
 
 #include "controls/lists/image_list.h"
+#include "controls/lists/list_items.h"
 
-#include <QHash>
 #include <QListView>
 #include <QPointer>
-
-#include <deque>
-#include <memory>
 
 namespace velorama {
 
 class ListDelegate;
 class ListModel;
-class ListView;
-
-/// One item of a ListView. It belongs to its list and dies with Remove and Clear.
-class ListItem {
-public:
-    QString Key() const;
-    /// False, and nothing changes, if another item has this key. An empty key is allowed on any
-    /// number of items.
-    bool setKey(const QString& key);
-    QString Text() const;
-    void setText(const QString& text);
-    /// Number of the image in the list's Icons, 0 for none.
-    int Icon() const;
-    void setIcon(int index);
-    /// Position in the list, from 1.
-    int Index() const;
-    bool Selected() const;
-    /// An item that becomes selected becomes the current one too; the others stay selected.
-    void setSelected(bool selected);
-
-private:
-    friend class ListView;
-    ListItem(ListView& list, const QString& key, const QString& text, int icon);
-    void changed();
-
-    ListView& list_;
-    QString key_;
-    QString text_;
-    int icon_;
-    // Right only while the list has numbered its items.
-    int position_ = 0;
-    bool selected_ = false;
-};
-
 /// A list view of icons with captions: ordered items with unique keys, several of them selected,
 /// one of them current, captions edited in place.
 class ListView : public QListView {
@@ -65,15 +28,15 @@ public:
     void setEmptyText(const QString& text);
 
     // -- ListItems --
-    int Count() const;
+    int Count() const { return items_.count(); }
     /// Inserts so that the new item has position `index`, 1 to Count + 1. Null, and nothing
     /// changes, if the index is outside or another item has the key. The first item added becomes
     /// current.
     ListItem* Add(int index, const QString& key, const QString& text, int icon);
     /// Null outside 1 to Count.
-    ListItem* item(int index) const;
+    ListItem* item(int index) const { return items_.at(index); }
     /// Null if no item has the key.
-    ListItem* item(const QString& key) const;
+    ListItem* item(const QString& key) const { return items_.at(key); }
     /// False outside 1 to Count. When the current item goes, the one that takes its place becomes
     /// current, or the last.
     bool Remove(int index);
@@ -126,34 +89,18 @@ private:
     friend class ListItem;
     friend class ListModel;
 
-    // The items are the truth; the model that Qt works on is withdrawn at the first change of the
-    // rows and published again when something is to be seen or touched. So thousands of changes in
-    // one go cost what they cost here, and nothing in the view.
-    void withdraw();
-    void publish();
-    void publishIfVisible();
-    void publishSelection();
-    bool isPublished() const;
-
-    bool holds(int index) const { return index >= 1 && index <= Count(); }
-    int positionOf(const ListItem& item) const;
     void layOutCells();
     void iconsChanged();
     void textEdited(ListItem& item, const QString& text);
-    void paintEmptyText();
 
-    std::deque<std::unique_ptr<ListItem>> items_;
-    QHash<QString, ListItem*> keys_;
+    ListItems items_;
     ListItem* current_ = nullptr;
-    mutable bool numbered_ = true;
 
     ListModel* model_;
     ListDelegate* delegate_;
     QPointer<ImageList> icons_;
     QString emptyText_;
-    QPoint scroll_;
     Arrangement arrangement_ = Arrangement::Wrapped;
-    bool publishing_ = false;
     bool pressed_ = false;
     /// The press of the mouse that goes on has brought the keyboard here.
     bool entered_ = false;

@@ -1,6 +1,7 @@
 #include "controls/lists/report_view.h"
 
 #include "controls/geometry/twips.h"
+#include "controls/lists/empty_text.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -17,9 +18,6 @@
 namespace velorama {
 namespace {
 
-constexpr int KeyRole = Qt::UserRole;
-constexpr int EmptyTextMargin = 12;
-constexpr int LeastEmptyTextWidth = 90;
 constexpr int IconSide = 20;
 // A user who drags a column to nothing would not find it again.
 constexpr int LeastDraggedWidth = 24;
@@ -56,39 +54,6 @@ int widthInPixels(float twips) {
 }
 
 }  // namespace
-
-QString ReportItem::Key() const {
-    return row_.data(0, KeyRole).toString();
-}
-
-QString ReportItem::Text() const {
-    return row_.text(0);
-}
-
-QString ReportItem::SubItems(int column) const {
-    return column >= 1 ? row_.text(column) : QString();
-}
-
-void ReportItem::setSubItems(int column, const QString& text) {
-    if (column >= 1 && column < row_.treeWidget()->columnCount()) {
-        row_.setText(column, text);
-    }
-}
-
-int ReportItem::Index() const {
-    return row_.treeWidget()->indexOfTopLevelItem(&row_) + 1;
-}
-
-bool ReportItem::Selected() const {
-    return row_.isSelected();
-}
-
-void ReportItem::setSelected(bool selected) {
-    if (selected) {
-        row_.treeWidget()->setCurrentItem(&row_);
-    }
-    row_.setSelected(selected);
-}
 
 ReportView::ReportView(QWidget* parent) : QTreeWidget(parent) {
     setItemDelegate(new CellDelegate(this));
@@ -184,7 +149,7 @@ ReportItem* ReportView::Add(const QString& key, const QString& text) {
     }
     auto* row = new QTreeWidgetItem;
     row->setText(0, text);
-    row->setData(0, KeyRole, key);
+    row->setData(0, ReportItem::KeyRole, key);
     row->setIcon(0, icon_);
     row->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren);
     addTopLevelItem(row);
@@ -194,7 +159,7 @@ ReportItem* ReportView::Add(const QString& key, const QString& text) {
 
 ReportItem* ReportView::item(int index) const {
     const QTreeWidgetItem* row = topLevelItem(index - 1);
-    return row != nullptr ? item(row->data(0, KeyRole).toString()) : nullptr;
+    return row != nullptr ? item(row->data(0, ReportItem::KeyRole).toString()) : nullptr;
 }
 
 ReportItem* ReportView::item(const QString& key) const {
@@ -229,7 +194,7 @@ void ReportView::Clear() {
 ReportItem* ReportView::SelectedItem() const {
     // The current row is another thing: the focus gives the list one without selecting it.
     const QList<QTreeWidgetItem*> rows = selectedItems();
-    return rows.isEmpty() ? nullptr : item(rows.first()->data(0, KeyRole).toString());
+    return rows.isEmpty() ? nullptr : item(rows.first()->data(0, ReportItem::KeyRole).toString());
 }
 
 QModelIndex ReportView::indexAt(const QPoint& point) const {
@@ -277,24 +242,7 @@ bool ReportView::viewportEvent(QEvent* event) {
 void ReportView::paintEvent(QPaintEvent* event) {
     QTreeWidget::paintEvent(event);
     if (Count() == 0 && !emptyText_.isEmpty()) {
-        paintEmptyText();
-    }
-}
-
-void ReportView::paintEmptyText() {
-    QPainter painter(viewport());
-    if (hasFocus()) {
-        painter.setPen(palette().color(QPalette::Active, QPalette::Highlight));
-        painter.drawRect(viewport()->rect().adjusted(1, 1, -2, -2));
-    }
-    const QRect place = viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin,
-                                                    -EmptyTextMargin, -EmptyTextMargin);
-    // A text broken into letters tells nothing.
-    if (place.width() >= LeastEmptyTextWidth) {
-        QColor colour = palette().color(QPalette::Text);
-        colour.setAlphaF(0.6F);
-        painter.setPen(colour);
-        painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+        paintEmptyText(*this, emptyText_);
     }
 }
 

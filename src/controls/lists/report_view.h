@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/lists/report_item.h"
+
 #include <QIcon>
 #include <QTreeWidget>
 
@@ -8,28 +10,6 @@
 #include <vector>
 
 namespace velorama {
-
-class ReportView;
-
-/// One row of a ReportView. It belongs to its list and dies with Remove and Clear.
-class ReportItem {
-public:
-    QString Key() const;
-    QString Text() const;
-    /// Text of the further column `column`, from 1; empty outside.
-    QString SubItems(int column) const;
-    void setSubItems(int column, const QString& text);
-    /// Position in the list, from 1.
-    int Index() const;
-    bool Selected() const;
-    /// Selects the row and makes it the current one.
-    void setSelected(bool selected);
-
-private:
-    friend class ReportView;
-    explicit ReportItem(QTreeWidgetItem& row) : row_(row) {}
-    QTreeWidgetItem& row_;
-};
 
 /// A list view of rows with columns: ordered items with unique keys, at most one of them selected.
 /// Texts too long for their column are cut in the middle, and the tooltip has the whole of them.
@@ -97,7 +77,6 @@ protected:
 private:
     void paintHeaderToTheEnd();
     bool hasColumn(int column) const { return column >= 1 && column <= columnCount(); }
-    void paintEmptyText();
     void paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;
 
     std::unordered_map<QString, std::unique_ptr<ReportItem>> keys_;

@@ -1,0 +1,62 @@
+#include "controls/lists/list_items.h"
+
+namespace velorama {
+
+ListItem* ListItems::at(int index) const {
+    return index >= 1 && index <= count() ? items_[static_cast<size_t>(index) - 1].get() : nullptr;
+}
+
+bool ListItems::hasRoomFor(int index, const QString& key) const {
+    return index >= 1 && index <= count() + 1 && (key.isEmpty() || !keys_.contains(key));
+}
+
+ListItem* ListItems::insert(int index, std::unique_ptr<ListItem> made) {
+    ListItem* const added = made.get();
+    added->position_ = index;
+    numbered_ = numbered_ && index == count() + 1;
+    items_.insert(items_.begin() + (index - 1), std::move(made));
+    if (!added->key_.isEmpty()) {
+        keys_.insert(added->key_, added);
+    }
+    return added;
+}
+
+void ListItems::remove(int index) {
+    keys_.remove(at(index)->key_);
+    items_.erase(items_.begin() + (index - 1));
+    numbered_ = false;
+}
+
+void ListItems::clear() {
+    keys_.clear();
+    items_.clear();
+    numbered_ = true;
+}
+
+bool ListItems::rename(ListItem& item, const QString& key) {
+    if (key == item.key_) {
+        return true;
+    }
+    if (!key.isEmpty() && keys_.contains(key)) {
+        return false;
+    }
+    keys_.remove(item.key_);
+    if (!key.isEmpty()) {
+        keys_.insert(key, &item);
+    }
+    item.key_ = key;
+    return true;
+}
+
+int ListItems::positionOf(const ListItem& item) const {
+    if (!numbered_) {
+        int position = 0;
+        for (const std::unique_ptr<ListItem>& each : items_) {
+            each->position_ = ++position;
+        }
+        numbered_ = true;
+    }
+    return item.position_;
+}
+
+}  // namespace velorama

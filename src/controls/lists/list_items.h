@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <deque>
+#include <memory>
+
+namespace velorama {
+
+class ListView;
+
+/// One item of a ListView. It belongs to its list and dies with Remove and Clear.
+class ListItem {
+public:
+    QString Key() const;
+    /// False, and nothing changes, if another item has this key. An empty key is allowed on any
+    /// number of items.
+    bool setKey(const QString& key);
+    QString Text() const;
+    void setText(const QString& text);
+    /// Number of the image in the list's Icons, 0 for none.
+    int Icon() const;
+    void setIcon(int index);
+    /// Position in the list, from 1.
+    int Index() const;
+    bool Selected() const;
+    /// An item that becomes selected becomes the current one too; the others stay selected.
+    void setSelected(bool selected);
+
+private:
+    friend class ListItems;
+    friend class ListView;
+    ListItem(ListView& list, const QString& key, const QString& text, int icon);
+    void changed();
+
+    ListView& list_;
+    QString key_;
+    QString text_;
+    int icon_;
+    // Right only while the list has numbered its items.
+    int position_ = 0;
+    bool selected_ = false;
+};
+
+/// The items of a ListView by position, from 1, and by key.
+class ListItems {
+public:
+    int count() const { return static_cast<int>(items_.size()); }
+    /// Null where there is no such item.
+    ListItem* at(int index) const;
+    ListItem* at(const QString& key) const { return keys_.value(key, nullptr); }
+
+    /// Whether an item can be put at `index`, 1 to count + 1, under a key that no other has.
+    bool hasRoomFor(int index, const QString& key) const;
+    ListItem* insert(int index, std::unique_ptr<ListItem> made);
+    void remove(int index);
+    void clear();
+    /// False, and nothing changes, if another item has this key.
+    bool rename(ListItem& item, const QString& key);
+    int positionOf(const ListItem& item) const;
+
+private:
+    std::deque<std::unique_ptr<ListItem>> items_;
+    QHash<QString, ListItem*> keys_;
+    mutable bool numbered_ = true;
+};
+
+}  // namespace velorama
