@@ -1,37 +1,14 @@
 #include "controls/buttons/picbtn.h"
 
+#include "controls/buttons/picbtn_access.h"
 #include "controls/geometry/twips.h"
 #include "controls/input/keys.h"
 
-#include <QAccessibleWidget>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 
 namespace velorama {
-
-/// The button as assistive tools see and press it.
-class PictureButtonAccess : public QAccessibleWidget {
-public:
-    explicit PictureButtonAccess(picbtn& button)
-        : QAccessibleWidget(&button, QAccessible::Button), button_(button) {}
-
-    QStringList actionNames() const override {
-        return button_.isEnabled() ? QStringList(pressAction()) + QAccessibleWidget::actionNames()
-                                   : QStringList();
-    }
-    void doAction(const QString& name) override {
-        if (name != pressAction()) {
-            QAccessibleWidget::doAction(name);
-        } else if (button_.isEnabled()) {
-            button_.click();
-        }
-    }
-
-private:
-    picbtn& button_;
-};
-
 namespace {
 
 constexpr int leftButton = 1;
@@ -41,10 +18,6 @@ constexpr int pointerCustom = 99;
 
 const QString nameCaption = QStringLiteral("CAPTION");
 const QString nameEnabled = QStringLiteral("ENABLED");
-const QString nameNormal = QStringLiteral("PICTURENORMAL");
-const QString nameHLight = QStringLiteral("PICTUREHLIGHT");
-const QString namePressed = QStringLiteral("PICTUREPRESSED");
-const QString nameDisabled = QStringLiteral("PICTUREDISABLED");
 
 int heldButtons(Qt::MouseButtons buttons) {
     int held = 0;
@@ -58,16 +31,10 @@ float twips(qreal pixels) {
     return static_cast<float>(pixels) * twipsPerLogicalPixel;
 }
 
-QAccessibleInterface* makeAccess(const QString&, QObject* object) {
-    auto* button = qobject_cast<picbtn*>(object);
-    return button != nullptr ? new PictureButtonAccess(*button) : nullptr;
-}
-
 }  // namespace
 
 picbtn::picbtn(QWidget* parent) : QWidget(parent) {
-    static const bool once = (QAccessible::installFactory(makeAccess), true);
-    Q_UNUSED(once)
+    installPictureButtonAccess();
     // A click leaves the focus, and so the keys, with the form.
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
@@ -92,46 +59,40 @@ void picbtn::setEnabled(bool enabled) {
 }
 
 void picbtn::setPictureNormal(const ButtonPicture& picture) {
-    store(imgImage2, picture, nameNormal);
+    store(looks_.imgImage2, picture, ButtonLooks::Normal);
 }
 
 void picbtn::setPictureHLight(const ButtonPicture& picture) {
-    store(imgImage3, picture, nameHLight);
+    store(looks_.imgImage3, picture, ButtonLooks::HLight);
 }
 
 void picbtn::setPicturePressed(const ButtonPicture& picture) {
-    store(imgImage4, picture, namePressed);
+    store(looks_.imgImage4, picture, ButtonLooks::Pressed);
 }
 
 void picbtn::setPictureDisabled(const ButtonPicture& picture) {
-    store(imgImage5, picture, nameDisabled);
+    store(looks_.imgImage5, picture, ButtonLooks::Disabled);
 }
 
-void picbtn::store(ButtonPicture& place, const ButtonPicture& picture, const QString& name) {
+void picbtn::store(ButtonPicture& place, const ButtonPicture& picture, QLatin1String name) {
     place = picture;
     emit PropertyChanged(name);
     showLook(look_);
 }
 
 void picbtn::setDisabledLook(bool on) {
-    disabledLook_ = on;
+    looks_.disabledLook = on;
     redraw();
 }
 
 void picbtn::InitProperties() {
     QWidget::setEnabled(true);
-    disabledLook_ = false;
+    looks_.disabledLook = false;
     measure();
 }
 
 void picbtn::ReadProperties(const QVariantMap& bag) {
-    const auto picture = [&bag](const QString& name) {
-        return bag.value(name).value<ButtonPicture>();
-    };
-    imgImage2 = bag.contains(nameNormal) ? picture(nameNormal) : picImage1a;
-    imgImage3 = picture(nameHLight);
-    imgImage4 = picture(namePressed);
-    imgImage5 = picture(nameDisabled);
+    looks_.read(bag, picImage1a);
     QWidget::setEnabled(bag.value(nameEnabled, true).toBool());
     caption_ = bag.value(nameCaption).toString();
     nameForAssistance();
@@ -140,22 +101,20 @@ void picbtn::ReadProperties(const QVariantMap& bag) {
 }
 
 QVariantMap picbtn::WriteProperties() const {
-    return {{nameNormal, QVariant::fromValue(imgImage2)},
-            {nameHLight, QVariant::fromValue(imgImage3)},
-            {namePressed, QVariant::fromValue(imgImage4)},
-            {nameDisabled, QVariant::fromValue(imgImage5)},
-            {nameEnabled, Enabled()},
-            {nameCaption, caption_}};
+    QVariantMap bag = looks_.written();
+    bag.insert(nameEnabled, Enabled());
+    bag.insert(nameCaption, caption_);
+    return bag;
 }
 
 void picbtn::PICPNORMAL() {
-    showLook(Look::Normal);
+    showLook(ButtonLooks::Look::Normal);
 }
 
 void picbtn::PICDISABLED() {
-    if (disabledLook_ && picImage1a != imgImage5) {
-        look_ = Look::Normal;
-        showPicture(imgImage5);
+    if (looks_.disabledLook && picImage1a != looks_.imgImage5) {
+        look_ = ButtonLooks::Look::Normal;
+        showPicture(looks_.imgImage5);
     } else {
         PICPNORMAL();
     }
@@ -169,23 +128,9 @@ void picbtn::redraw() {
     }
 }
 
-const ButtonPicture& picbtn::pictureOf(Look look) const {
-    if (disabledLook_) {
-        return imgImage5;
-    }
-    switch (look) {
-        case Look::HLight:
-            return imgImage3;
-        case Look::Pressed:
-            return imgImage4;
-        default:
-            return imgImage2;
-    }
-}
-
-void picbtn::showLook(Look look) {
+void picbtn::showLook(ButtonLooks::Look look) {
     look_ = look;
-    showPicture(pictureOf(look));
+    showPicture(looks_.of(look));
 }
 
 void picbtn::showPicture(const ButtonPicture& picture) {
@@ -205,7 +150,7 @@ void picbtn::press(int Button, int Shift, float X, float Y) {
         PICPNORMAL();
         mouseDown_ = false;
     } else {
-        showLook(Look::Pressed);
+        showLook(ButtonLooks::Look::Pressed);
     }
     emit MouseDown(Button, Shift, X, Y);
 }
@@ -216,7 +161,7 @@ void picbtn::hover(int Button, int Shift, float X, float Y) {
         if (!isInside(X, Y)) {
             PICPNORMAL();
         } else if (Button == leftButton) {
-            showLook(Look::Pressed);
+            showLook(ButtonLooks::Look::Pressed);
         }
     }
     if (!mouseDown_) {
@@ -233,7 +178,7 @@ void picbtn::UserControlMouseOut(int Button, int Shift, float X, float Y) {
     // A handler may have hidden or disabled the button meanwhile: such a one never captures.
     if (isInside(X, Y) && mayCapture()) {
         SetCapture();
-        showLook(Look::HLight);
+        showLook(ButtonLooks::Look::HLight);
     } else {
         ReleaseCapture();
         PICPNORMAL();
@@ -253,7 +198,7 @@ void picbtn::release(int Button, int Shift, float X, float Y) {
 }
 
 void picbtn::click() {
-    showLook(Look::Pressed);
+    showLook(ButtonLooks::Look::Pressed);
     repaint();
     PICPNORMAL();
     emit Click();

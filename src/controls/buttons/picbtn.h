@@ -1,8 +1,7 @@
 #pragma once
 
-#include "controls/buttons/button_picture.h"
+#include "controls/buttons/button_looks.h"
 
-#include <QVariant>
 #include <QWidget>
 
 namespace velorama {
@@ -23,13 +22,13 @@ public:
     /// The button's own word; a disabled form disables it all the same.
     bool Enabled() const { return isEnabledTo(parentWidget()); }
     void setEnabled(bool enabled);
-    ButtonPicture PictureNormal() const { return imgImage2; }
+    ButtonPicture PictureNormal() const { return looks_.imgImage2; }
     void setPictureNormal(const ButtonPicture& picture);
-    ButtonPicture PictureHLight() const { return imgImage3; }
+    ButtonPicture PictureHLight() const { return looks_.imgImage3; }
     void setPictureHLight(const ButtonPicture& picture);
-    ButtonPicture PicturePressed() const { return imgImage4; }
+    ButtonPicture PicturePressed() const { return looks_.imgImage4; }
     void setPicturePressed(const ButtonPicture& picture);
-    ButtonPicture PictureDisabled() const { return imgImage5; }
+    ButtonPicture PictureDisabled() const { return looks_.imgImage5; }
     void setPictureDisabled(const ButtonPicture& picture);
 
     /// Shows the normal picture.
@@ -83,17 +82,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    enum class Look { Normal, HLight, Pressed };
-
     void press(int Button, int Shift, float X, float Y);
     void hover(int Button, int Shift, float X, float Y);
     void release(int Button, int Shift, float X, float Y);
     void click();
-    void showLook(Look look);
+    void showLook(ButtonLooks::Look look);
     void showPicture(const ButtonPicture& picture);
     void redraw();
-    const ButtonPicture& pictureOf(Look look) const;
-    void store(ButtonPicture& place, const ButtonPicture& picture, const QString& name);
+    void store(ButtonPicture& place, const ButtonPicture& picture, QLatin1String name);
     bool isInside(float X, float Y) const;
     bool mayCapture() const { return isVisible() && isEnabled(); }
     void measure();
@@ -107,17 +103,13 @@ private:
     friend class PictureButtonAccess;
 
     QString caption_;
-    bool disabledLook_ = false;
     bool mouseDown_ = false;
     bool mouseInside_ = false;
     int mousePointer_ = 0;
     float width_ = 0;
     float height_ = 0;
-    Look look_ = Look::Normal;
-    ButtonPicture imgImage2;
-    ButtonPicture imgImage3;
-    ButtonPicture imgImage4;
-    ButtonPicture imgImage5;
+    ButtonLooks looks_;
+    ButtonLooks::Look look_ = ButtonLooks::Look::Normal;
     ButtonPicture picImage1a;
 };
 
