@@ -1,6 +1,7 @@
 #include "core/frm_helpmessagebox.h"
 
 #include "controls/boxes/label.h"
+#include "controls/buttons/control_making.h"
 #include "controls/buttons/symbol_picture.h"
 #include "controls/geometry/window_place.h"
 #include "controls/input/keys.h"
@@ -18,7 +19,6 @@ namespace {
 constexpr int Margin = 18;
 constexpr int Gap = 8;
 constexpr int IconSize = 36;
-constexpr int ButtonWidth = 84;
 constexpr int TextColumns = 46;
 
 constexpr int DescriptionPoints = 12;
@@ -56,8 +56,7 @@ frmHELPMESSAGEBOX::frmHELPMESSAGEBOX(clsSTATUS& status, QWidget* owner)
     // The size follows the texts.
     rows->setSizeConstraint(QLayout::SetFixedSize);
     rows->addWidget(makeWindow());
-    sepbarFOOTER = new QFrame(this);
-    sepbarFOOTER->setObjectName(QStringLiteral("sepbarFOOTER"));
+    sepbarFOOTER = make<QFrame>("sepbarFOOTER", this);
     sepbarFOOTER->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     rows->addWidget(sepbarFOOTER);
     rows->addWidget(makeFooter());
@@ -69,23 +68,20 @@ frmHELPMESSAGEBOX::~frmHELPMESSAGEBOX() {
 }
 
 QWidget* frmHELPMESSAGEBOX::makeWindow() {
-    picframWINDOW = new QWidget(this);
-    picframWINDOW->setObjectName(QStringLiteral("picframWINDOW"));
+    picframWINDOW = make<QWidget>("picframWINDOW", this);
     picframWINDOW->setBackgroundRole(QPalette::Base);
     picframWINDOW->setForegroundRole(QPalette::Text);
     picframWINDOW->setAutoFillBackground(true);
 
-    imgINFOICON = new SymbolPicture(picframWINDOW);
-    imgINFOICON->setObjectName(QStringLiteral("imgINFOICON"));
+    imgINFOICON = make<SymbolPicture>("imgINFOICON", picframWINDOW);
     imgINFOICON->setFixedSize(IconSize, IconSize);
     imgINFOICON->setSymbol(QStringLiteral("information"));
-    lblDESCRIPTION = makeText("lblDESCRIPTION", DescriptionPoints);
-    lblFILENAME = new Label(picframWINDOW);
-    lblFILENAME->setObjectName(QStringLiteral("lblFILENAME"));
+    lblDESCRIPTION = makeLines("lblDESCRIPTION", DescriptionPoints);
+    lblFILENAME = make<Label>("lblFILENAME", picframWINDOW);
     lblFILENAME->setFont(sized(font(), FileNamePoints));
     lblFILENAME->setForegroundRole(QPalette::Text);
     lblFILENAME->setFixedHeight(lblFILENAME->fontMetrics().height());
-    lblHELPTEXT = makeText("lblHELPTEXT", HelpTextPoints);
+    lblHELPTEXT = makeLines("lblHELPTEXT", HelpTextPoints);
 
     auto* texts = new QVBoxLayout;
     texts->setSpacing(Gap);
@@ -105,12 +101,10 @@ QWidget* frmHELPMESSAGEBOX::makeWindow() {
     return picframWINDOW;
 }
 
-QLabel* frmHELPMESSAGEBOX::makeText(const char* name, int pointSize) {
-    auto* label = new QLabel(picframWINDOW);
-    label->setObjectName(QString::fromLatin1(name));
+QLabel* frmHELPMESSAGEBOX::makeLines(const char* name, int pointSize) {
+    QLabel* label = makeText(picframWINDOW, name);
     label->setFont(sized(font(), pointSize));
     label->setForegroundRole(QPalette::Text);
-    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
 }
@@ -140,8 +134,7 @@ QWidget* frmHELPMESSAGEBOX::makeFooter() {
 }
 
 QWidget* frmHELPMESSAGEBOX::makeBar(const char* name) {
-    auto* bar = new QWidget(this);
-    bar->setObjectName(QString::fromLatin1(name));
+    auto* bar = make<QWidget>(name, this);
     auto* buttons = new QHBoxLayout(bar);
     buttons->setContentsMargins(0, 0, 0, 0);
     buttons->setSpacing(Gap);
@@ -151,9 +144,7 @@ QWidget* frmHELPMESSAGEBOX::makeBar(const char* name) {
 
 void frmHELPMESSAGEBOX::addButton(QWidget* bar, const char* name, const QString& caption,
                                   Handler handler) {
-    auto* button = new QPushButton(caption, bar);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setMinimumWidth(ButtonWidth);
+    QPushButton* button = makeDialogButton(bar, name, caption);
     bar->layout()->addWidget(button);
     connect(button, &QPushButton::clicked, this, handler);
 }

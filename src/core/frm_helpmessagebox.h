@@ -50,7 +50,7 @@ private:
 
     QWidget* makeWindow();
     QWidget* makeFooter();
-    QLabel* makeText(const char* name, int pointSize);
+    QLabel* makeLines(const char* name, int pointSize);
     QWidget* makeBar(const char* name);
     void addButton(QWidget* bar, const char* name, const QString& caption, Handler handler);
     void placeOverOwner();

@@ -1,5 +1,6 @@
 #include "shell/frm_helpabout.h"
 
+#include "controls/buttons/control_making.h"
 #include "core/lib_txt.h"
 
 #include <QBoxLayout>
@@ -14,7 +15,6 @@ namespace {
 constexpr int Margin = 18;
 constexpr int Gap = 8;
 constexpr int IconSize = 64;
-constexpr int ButtonWidth = 84;
 constexpr int NoticeColumns = 60;
 constexpr int NoticeLines = 12;
 constexpr qreal TitleScale = 1.8;
@@ -36,44 +36,26 @@ frmHELPABOUT::frmHELPABOUT(QWidget* owner, const QIcon& icon, CheckForUpdates ch
     });
 }
 
-QLabel* frmHELPABOUT::makeLabel(const char* name, const QString& text) {
-    auto* label = new QLabel(text, this);
-    label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
-}
-
-QPushButton* frmHELPABOUT::makeButton(const char* name, const QString& caption,
-                                      const QString& tooltip) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tooltip);
-    button->setMinimumWidth(ButtonWidth);
-    return button;
-}
-
 void frmHELPABOUT::makeControls(const QIcon& icon) {
-    imgICON = makeLabel("imgICON", {});
+    imgICON = makeText(this, "imgICON");
     imgICON->setPixmap(icon.pixmap(QSize(IconSize, IconSize), devicePixelRatioF()));
-    lblMAINTITLE = makeLabel("lblMAINTITLE", libTxt.ProductName);
-    QFont title = lblMAINTITLE->font();
-    title.setPointSizeF(title.pointSizeF() * TitleScale);
-    title.setBold(true);
-    lblMAINTITLE->setFont(title);
-    lblVERSION = makeLabel("lblVERSION", libTxt.VersionText);
-    lblCOPYRIGHT = makeLabel("lblCOPYRIGHT", libTxt.LegalLine);
-    textCOPYRIGHT = new QPlainTextEdit(libTxt.AboutText, this);
-    textCOPYRIGHT->setObjectName(QStringLiteral("textCOPYRIGHT"));
+    lblMAINTITLE = makeTitle(this, "lblMAINTITLE", libTxt.ProductName, TitleScale);
+    lblVERSION = makeText(this, "lblVERSION", libTxt.VersionText);
+    lblCOPYRIGHT = makeText(this, "lblCOPYRIGHT", libTxt.LegalLine);
+    for (QLabel* label : {imgICON, lblMAINTITLE, lblVERSION, lblCOPYRIGHT}) {
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+    textCOPYRIGHT = make<QPlainTextEdit>("textCOPYRIGHT", this);
+    textCOPYRIGHT->setPlainText(libTxt.AboutText);
     textCOPYRIGHT->setReadOnly(true);
     textCOPYRIGHT->setTabChangesFocus(true);
     textCOPYRIGHT->setAccessibleName(QStringLiteral("Legal notice"));
     textCOPYRIGHT->setMinimumWidth(NoticeColumns * fontMetrics().averageCharWidth());
     textCOPYRIGHT->setMinimumHeight(NoticeLines * fontMetrics().lineSpacing());
-    btnUPDATES = makeButton("btnUPDATES", QStringLiteral("Check for &Updates"),
-                            QStringLiteral("See whether there is a newer version"));
-    btnCLOSE =
-        makeButton("btnCLOSE", QStringLiteral("&Close"), QStringLiteral("Close this window"));
+    btnUPDATES = makeDialogButton(this, "btnUPDATES", QStringLiteral("Check for &Updates"),
+                                  QStringLiteral("See whether there is a newer version"));
+    btnCLOSE = makeDialogButton(this, "btnCLOSE", QStringLiteral("&Close"),
+                                QStringLiteral("Close this window"));
     btnUPDATES->setAutoDefault(false);
     btnCLOSE->setDefault(true);
     btnCLOSE->setFocus();

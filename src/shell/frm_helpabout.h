@@ -28,8 +28,6 @@ public:
     QPushButton* btnCLOSE;
 
 private:
-    QLabel* makeLabel(const char* name, const QString& text);
-    QPushButton* makeButton(const char* name, const QString& caption, const QString& tooltip);
     void makeControls(const QIcon& icon);
     void layOut();
 };

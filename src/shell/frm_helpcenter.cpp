@@ -1,5 +1,6 @@
 #include "shell/frm_helpcenter.h"
 
+#include "controls/buttons/control_making.h"
 #include "controls/geometry/twips.h"
 #include "controls/geometry/window_place.h"
 #include "controls/input/keys.h"
@@ -26,17 +27,6 @@ QString homeAddress() {
     return QUrl(libTxt.HelpUrl).resolved(QUrl(QStringLiteral("../home/index.html"))).toString();
 }
 
-cbtn* makeButton(QWidget* form, const char* name, const char* symbol, const char* caption,
-                 const char* tooltip) {
-    auto* button = new cbtn(form);
-    button->setObjectName(QLatin1String(name));
-    button->setText(QLatin1String(caption));
-    button->setSymbol(QLatin1String(symbol));
-    button->setToolTip(QLatin1String(tooltip));
-    button->setAccessibleName(QLatin1String(caption));
-    return button;
-}
-
 }  // namespace
 
 frmHELPCENTER::frmHELPCENTER() : QWidget(nullptr, Qt::Window) {
@@ -57,23 +47,21 @@ frmHELPCENTER::~frmHELPCENTER() {
 }
 
 void frmHELPCENTER::makeControls() {
-    lblHEADERCAPTION = new QLabel(QStringLiteral("Help Center"), this);
-    lblHEADERCAPTION->setObjectName(QStringLiteral("lblHEADERCAPTION"));
-    QFont header = lblHEADERCAPTION->font();
-    header.setPointSizeF(header.pointSizeF() * HeaderScale);
-    header.setBold(true);
-    lblHEADERCAPTION->setFont(header);
-    cbtnSTARTED =
-        makeButton(this, "cbtnSTARTED", "play", "Getting Started", "Open the Getting Started page");
-    cbtnEMAIL = makeButton(this, "cbtnEMAIL", "support", "E-mail", "Send an Email");
-    cbtnHOME = makeButton(this, "cbtnHOME", "help", "Index", "Go to Home page");
-    cbtnCLOSE = makeButton(this, "cbtnCLOSE", "clear", "Close", "Close Help Center");
-    cbtnBACK = makeButton(this, "cbtnBACK", "move-back", "Back", "Go Back");
-    cbtnFORWARD = makeButton(this, "cbtnFORWARD", "move-forward", "Forward", "Go Forward");
+    lblHEADERCAPTION =
+        makeTitle(this, "lblHEADERCAPTION", QStringLiteral("Help Center"), HeaderScale);
+    const auto button = [this](const char* name, const char* symbol, const char* caption,
+                               const char* tooltip) {
+        return makeSymbolButton(this, QLatin1String(name), symbol, tooltip, caption);
+    };
+    cbtnSTARTED = button("cbtnSTARTED", "play", "Getting Started", "Open the Getting Started page");
+    cbtnEMAIL = button("cbtnEMAIL", "support", "E-mail", "Send an Email");
+    cbtnHOME = button("cbtnHOME", "help", "Index", "Go to Home page");
+    cbtnCLOSE = button("cbtnCLOSE", "clear", "Close", "Close Help Center");
+    cbtnBACK = button("cbtnBACK", "move-back", "Back", "Go Back");
+    cbtnFORWARD = button("cbtnFORWARD", "move-forward", "Forward", "Go Forward");
     cbtnBACK->setEnabled(false);
     cbtnFORWARD->setEnabled(false);
-    webWINDOW = new velorama::webWINDOW(this);
-    webWINDOW->setObjectName(QStringLiteral("webWINDOW"));
+    webWINDOW = make<velorama::webWINDOW>("webWINDOW", this);
     webWINDOW->setAccessibleName(QStringLiteral("Help page"));
     webWINDOW->setFocus();
 }

@@ -1,6 +1,7 @@
 #include "shell/frm_helpcheckupdate.h"
 
 #include "controls/boxes/label.h"
+#include "controls/buttons/control_making.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 
@@ -13,7 +14,6 @@ namespace {
 
 constexpr int Margin = 18;
 constexpr int Gap = 8;
-constexpr int ButtonWidth = 84;
 constexpr int TextColumns = 52;
 constexpr qreal TitleScale = 1.5;
 
@@ -47,43 +47,26 @@ frmHELPCHECKUPDATE::frmHELPCHECKUPDATE(QWidget* owner)
     setObjectName(QStringLiteral("frmHELPCHECKUPDATE"));
     setWindowTitle(QStringLiteral("Check for Updates"));
     setWindowModality(Qt::ApplicationModal);
-    lblTITLE = makeText("lblTITLE", libTxt.ProductName, TitleScale);
+    lblTITLE = makeTitle(this, "lblTITLE", libTxt.ProductName, TitleScale);
     lblDESCRIPTION =
-        makeText("lblDESCRIPTION", QStringLiteral("There is a newer version available."));
-    lblPROGNO = new Label(this);
-    lblPROGNO->setObjectName(QStringLiteral("lblPROGNO"));
+        makeText(this, "lblDESCRIPTION", QStringLiteral("There is a newer version available."));
+    lblPROGNO = make<Label>("lblPROGNO", this);
     lblPROGNO->setCaption(QStringLiteral("New Version:"));
     lblPROGNO->setFixedHeight(fontMetrics().height());
-    lblCURRENT = makeText("lblCURRENT", QStringLiteral("Version: ") + libTxt.VersionNumber);
-    lblHELPTEXT = makeText("lblHELPTEXT", QStringLiteral("Press Yes to Download new version or "
-                                                         "press No to return to the document."));
-    btnYES = makeButton("btnYES", QStringLiteral("&Yes"),
-                        QStringLiteral("Open the program's home page in the browser"));
-    btnNO = makeButton("btnNO", QStringLiteral("&No "), QStringLiteral("Close this window"));
+    lblCURRENT = makeText(this, "lblCURRENT", QStringLiteral("Version: ") + libTxt.VersionNumber);
+    lblHELPTEXT = makeText(this, "lblHELPTEXT",
+                           QStringLiteral("Press Yes to Download new version or "
+                                          "press No to return to the document."));
+    btnYES = makeDialogButton(this, "btnYES", QStringLiteral("&Yes"),
+                              QStringLiteral("Open the program's home page in the browser"));
+    btnNO = makeDialogButton(this, "btnNO", QStringLiteral("&No "),
+                             QStringLiteral("Close this window"));
+    for (QLabel* text : {lblTITLE, lblDESCRIPTION, lblCURRENT, lblHELPTEXT}) {
+        text->setWordWrap(true);
+    }
     connect(btnYES, &QPushButton::clicked, this, &frmHELPCHECKUPDATE::btnYES_Click);
     connect(btnNO, &QPushButton::clicked, this, &QDialog::reject);
     layOut();
-}
-
-QLabel* frmHELPCHECKUPDATE::makeText(const char* name, const QString& text, qreal scale) {
-    auto* label = new QLabel(text, this);
-    label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    QFont sized = label->font();
-    sized.setPointSizeF(sized.pointSizeF() * scale);
-    sized.setBold(scale > 1);
-    label->setFont(sized);
-    return label;
-}
-
-QPushButton* frmHELPCHECKUPDATE::makeButton(const char* name, const QString& caption,
-                                            const QString& tooltip) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tooltip);
-    button->setMinimumWidth(ButtonWidth);
-    return button;
 }
 
 void frmHELPCHECKUPDATE::layOut() {

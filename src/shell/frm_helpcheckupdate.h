@@ -30,8 +30,6 @@ public:
     QPushButton* btnNO;
 
 private:
-    QLabel* makeText(const char* name, const QString& text, qreal scale = 1);
-    QPushButton* makeButton(const char* name, const QString& caption, const QString& tooltip);
     void layOut();
     void btnYES_Click();
 };

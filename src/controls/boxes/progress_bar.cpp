@@ -18,7 +18,6 @@ ProgressBar::ProgressBar(QWidget* parent) : QProgressBar(parent) {
     setRange(0, Steps);
     QProgressBar::setValue(0);
     setTextVisible(false);
-    setAccessibleName(tr("Progress"));
 }
 
 bool ProgressBar::setMin(float min) {

@@ -69,8 +69,7 @@ frmPICTUREPREVIEW::~frmPICTUREPREVIEW() {
 
 cbtn* frmPICTUREPREVIEW::makeBarButton(const char* name, const char* symbol, const char* tooltip,
                                        float left) {
-    cbtn* button = makeButton(picBAR, QLatin1String(name), symbol, tooltip);
-    button->setFocusPolicy(Qt::StrongFocus);
+    cbtn* button = makeSymbolButton(picBAR, QLatin1String(name), symbol, tooltip);
     place(*button, left, 60, 540, 420);
     return button;
 }

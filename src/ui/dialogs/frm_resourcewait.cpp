@@ -1,6 +1,7 @@
 #include "ui/dialogs/frm_resourcewait.h"
 
 #include "controls/boxes/progress_bar.h"
+#include "controls/buttons/control_making.h"
 #include "core/lib_txt.h"
 
 #include <QKeyEvent>
@@ -22,15 +23,12 @@ frmRESOURCEWAIT::frmRESOURCEWAIT(QWidget* owner)
     setObjectName(QStringLiteral("frmRESOURCEWAIT"));
     setWindowTitle(libTxt.ProductName);
     setWindowModality(Qt::ApplicationModal);
-    lblPLEASEWAIT1 = makeLabel("lblPLEASEWAIT1");
-    QFont heading = lblPLEASEWAIT1->font();
-    heading.setBold(true);
-    lblPLEASEWAIT1->setFont(heading);
-    prgWAITING = new ProgressBar(this);
-    prgWAITING->setObjectName(QStringLiteral("prgWAITING"));
+    const QString patience = QStringLiteral("Please wait .....");
+    lblPLEASEWAIT1 = makeTitle(this, "lblPLEASEWAIT1", patience, 1);
+    prgWAITING = make<ProgressBar>("prgWAITING", this);
     prgWAITING->setAccessibleName(QStringLiteral("Waiting"));
     prgWAITING->setMinimumWidth(BarWidth);
-    lblPLEASEWAIT2 = makeLabel("lblPLEASEWAIT2");
+    lblPLEASEWAIT2 = makeText(this, "lblPLEASEWAIT2", patience);
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(Margin, Margin, Margin, Margin);
@@ -43,12 +41,6 @@ frmRESOURCEWAIT::frmRESOURCEWAIT(QWidget* owner)
     tmrWAITING.setObjectName(QStringLiteral("tmrWAITING"));
     tmrWAITING.setInterval(Interval);
     connect(&tmrWAITING, &QTimer::timeout, this, &frmRESOURCEWAIT::tmrWAITING_Timer);
-}
-
-QLabel* frmRESOURCEWAIT::makeLabel(const char* name) {
-    auto* label = new QLabel(QStringLiteral("Please wait ....."), this);
-    label->setObjectName(QString::fromLatin1(name));
-    return label;
 }
 
 void frmRESOURCEWAIT::wait() {

@@ -31,9 +31,6 @@ public slots:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    QLabel* makeLabel(const char* name);
 };
 
 }  // namespace velorama

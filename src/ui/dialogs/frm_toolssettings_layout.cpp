@@ -1,3 +1,4 @@
+#include "controls/buttons/control_making.h"
 #include "ui/dialogs/frm_toolssettings.h"
 #include "ui/parts/sample_slide.h"
 
@@ -29,8 +30,7 @@ QGroupBox* group(const QString& caption, QLayout* content, QWidget* form) {
 }
 
 updown* spinner(const char* name, const QString& designText, QWidget* form) {
-    auto* field = new updown(form);
-    field->setObjectName(QLatin1String(name));
+    auto* field = make<updown>(name, form);
     field->design(1, 1000, 1, designText);
     return field;
 }
@@ -39,8 +39,8 @@ updown* spinner(const char* name, const QString& designText, QWidget* form) {
 
 // In the order of the Tab key.
 void frmTOOLSSETTINGS::makeControls() {
-    chkTBAR = new QCheckBox(QStringLiteral("&Auto-hide slideshow toolbar"), this);
-    chkTBAR->setObjectName(QStringLiteral("chkTBAR"));
+    chkTBAR = make<QCheckBox>("chkTBAR", this);
+    chkTBAR->setText(QStringLiteral("&Auto-hide slideshow toolbar"));
     udnINTERVAL = spinner("udnINTERVAL", QStringLiteral("4"), this);
     udnTRANSITIONVAL = spinner("udnTRANSITIONVAL", QStringLiteral("15"), this);
     picBACKGROUND = new ColourField(
@@ -51,17 +51,13 @@ void frmTOOLSSETTINGS::makeControls() {
     for (const ColourField* field : {picBACKGROUND, picGRADCOLOR}) {
         connect(field, &ColourField::Chosen, this, &frmTOOLSSETTINGS::paintSample);
     }
-    picSAMPLE = new PictureBox(this);
-    picSAMPLE->setObjectName(QStringLiteral("picSAMPLE"));
+    picSAMPLE = make<PictureBox>("picSAMPLE", this);
     picSAMPLE->setAccessibleName(QStringLiteral("Sample of the background"));
     picSAMPLE->setFixedSize(SampleSize);
-    txtDESC = new DescriptionEdit(this);
-    txtDESC->setObjectName(QStringLiteral("txtDESC"));
-    btnOK = new QPushButton(QStringLiteral("OK "), this);
-    btnOK->setObjectName(QStringLiteral("btnOK"));
+    txtDESC = make<DescriptionEdit>("txtDESC", this);
+    btnOK = makeDialogButton(this, "btnOK", QStringLiteral("OK "));
     btnOK->setDefault(true);
-    btnCANCEL = new QPushButton(QStringLiteral("Cancel "), this);
-    btnCANCEL->setObjectName(QStringLiteral("btnCANCEL"));
+    btnCANCEL = makeDialogButton(this, "btnCANCEL", QStringLiteral("Cancel "));
     connect(btnOK, &QPushButton::clicked, this, &frmTOOLSSETTINGS::btnOK_Click);
     connect(btnCANCEL, &QPushButton::clicked, this, &frmTOOLSSETTINGS::btnCANCEL_Click);
 }
@@ -109,8 +105,7 @@ QWidget* frmTOOLSSETTINGS::colourGroup() {
     content->addWidget(picSAMPLE, 0, 3, 3, 1);
     content->setColumnMinimumWidth(2, Gap);
 
-    auto* slide = new SampleSlide(picSAMPLE);
-    slide->setObjectName(QStringLiteral("Image1"));
+    auto* slide = make<SampleSlide>("Image1", picSAMPLE);
     slide->move((SampleSize.width() - slide->width()) / 2,
                 (SampleSize.height() - slide->height()) / 2);
     return group(QStringLiteral(" Slideshow Background Colors "), content, this);
@@ -127,11 +122,8 @@ QBoxLayout* frmTOOLSSETTINGS::buttons() {
     auto* row = new QHBoxLayout;
     row->setSpacing(Gap);
     row->addStretch();
-    const int width = qMax(btnOK->sizeHint().width(), btnCANCEL->sizeHint().width());
-    for (QPushButton* button : {btnOK, btnCANCEL}) {
-        button->setMinimumWidth(width);
-        row->addWidget(button);
-    }
+    row->addWidget(btnOK);
+    row->addWidget(btnCANCEL);
     return row;
 }
 
