@@ -2,35 +2,41 @@
 
 #include "controls/input/one_line.h"
 
-#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QListView>
+#include <QTreeView>
 
 namespace velorama {
 namespace {
 
-// The kinds are shown by their names alone: these already tell the endings.
-QComboBox* kindBox(const QFileDialog& dialog) {
-    return dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+QString nameFilter(const FileKind& kind) {
+    return kind.name + QStringLiteral(" (") + kind.patterns.join(QLatin1Char(' ')) +
+           QLatin1Char(')');
+}
+
+/// Versions of the base differ in whether they tell the patterns too. From 1; 0 for none.
+int chosenKind(const QFileDialog& dialog, const QList<FileKind>& kinds) {
+    const QString chosen = dialog.selectedNameFilter();
+    for (int row = 0; row < kinds.size(); ++row) {
+        if (chosen == kinds.at(row).name || chosen == nameFilter(kinds.at(row))) {
+            return row + 1;
+        }
+    }
+    return 0;
 }
 
 void offerKinds(QFileDialog& dialog, const FileDialogRequest& request) {
-    QStringList filters;
-    for (const FileKind& kind : request.kinds) {
-        filters.append(kind.name + QStringLiteral(" (") + kind.patterns.join(QLatin1Char(' ')) +
-                       QLatin1Char(')'));
-    }
-    if (filters.isEmpty()) {
+    if (request.kinds.isEmpty()) {
         return;
     }
+    QStringList filters;
+    for (const FileKind& kind : request.kinds) {
+        filters.append(nameFilter(kind));
+    }
+    // The names alone already tell the endings.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(request.filterIndex - 1));
-    if (QComboBox* box = kindBox(dialog); box != nullptr && box->count() == filters.size()) {
-        for (int row = 0; row < box->count(); ++row) {
-            box->setItemText(row, request.kinds.at(row).name);
-        }
-    }
 }
 
 /// The base opens what is selected before what is typed, and selects on its own: the folders that a
@@ -43,32 +49,34 @@ public:
         // The program's own dialog, as a desktop's may come up in another process and cannot be
         // placed.
         setOption(QFileDialog::DontUseNativeDialog);
-        line_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        list_ = findChild<QListView*>(QStringLiteral("listView"));
-        if (!line_ || !list_) {
+        // The one line and the one list with columns that such a dialog has.
+        line_ = findChild<QLineEdit*>();
+        const auto* list = findChild<QTreeView*>();
+        if (!line_ || !list) {
             return;
         }
+        selection_ = list->selectionModel();
         keepOneLine(*line_);
         connect(line_, &QLineEdit::textEdited, this, [this] { typed_ = true; });
-        connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+        connect(selection_, &QItemSelectionModel::selectionChanged, this,
                 [this] { typed_ = typed_ && line_->hasFocus(); });
         connect(line_, &QLineEdit::textChanged, this, [this](const QString& text) {
             if (text.isEmpty()) {
-                list_->selectionModel()->clearSelection();
+                selection_->clearSelection();
             }
         });
     }
 
     void accept() override {
         if (typed_ && !line_->text().isEmpty()) {
-            list_->selectionModel()->clearSelection();
+            selection_->clearSelection();
         }
         QFileDialog::accept();
     }
 
 private:
     QLineEdit* line_ = nullptr;
-    QListView* list_ = nullptr;
+    QItemSelectionModel* selection_ = nullptr;
     bool typed_ = false;
 };
 
@@ -85,13 +93,10 @@ FileDialogAnswer askForFiles(const FileDialogRequest& request, QWidget* owner) {
     if (!request.fileName.isEmpty()) {
         dialog.selectFile(request.fileName);
     }
-    FileDialogAnswer answer;
-    if (dialog.exec() == QDialog::Accepted) {
-        answer.files = dialog.selectedFiles();
+    if (dialog.exec() != QDialog::Accepted) {
+        return {};
     }
-    const QComboBox* box = kindBox(dialog);
-    answer.filterIndex = box == nullptr ? request.filterIndex : box->currentIndex() + 1;
-    return answer;
+    return {dialog.selectedFiles(), chosenKind(dialog, request.kinds)};
 }
 
 }  // namespace velorama
