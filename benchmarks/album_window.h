@@ -1,7 +1,7 @@
 #pragma once
 
 #include "albums/album_file.h"
-#include "imaging/look_ahead.h"
+#include "imaging/ahead/look_ahead.h"
 
 namespace velorama::bench {
 

@@ -2,7 +2,7 @@
 
 #include "albums/slide_list.h"
 #include "browse/found_list.h"
-#include "imaging/look_ahead.h"
+#include "imaging/ahead/look_ahead.h"
 
 #include <QStringList>
 

@@ -1,3 +1,4 @@
+#include "imaging/decode/picture.h"
 #include "imaging/scale/scaling.h"
 #include "peers.h"
 #include "pictures.h"
@@ -29,7 +30,7 @@ private:
 std::optional<double> timeOfOurs(const QString& path) {
     const Stopwatch watch;
     const Picture picture = LoadPicture(path, Fit::area(area));
-    const QImage slide = fittedBitmap(picture, area, white, true);
+    const QImage slide = fittedBitmap(picture.bitmap, area, white, picture.extent);
     const double time = watch.milliseconds();
     return slide.size() == area ? std::optional(time) : std::nullopt;
 }

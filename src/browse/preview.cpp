@@ -79,7 +79,7 @@ void sharpen(ImageBox& image, const Picture& picture) {
     const bool seeThrough = picture.bitmap.hasAlphaChannel();
     image.setPicture(
         seeThrough ? picture.bitmap.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                   : fittedBitmap(picture, pixels, white, false),
+                   : resampled(picture.bitmap, pixels, picture.extent),
         picture.size);
 }
 

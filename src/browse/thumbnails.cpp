@@ -31,15 +31,8 @@ double centred(int outer, int inner, double shift) {
 
 /// The file scaled to a square cell of `cell` pixels; null if it cannot be loaded.
 QImage resampledFile(LookAhead& pictures, const QString& path, int cell) {
-    const Fit fit = Fit::cell(cell);
-    const Picture picture = pictures.load(path, fit);
-    if (picture.isNull()) {
-        return {};
-    }
-    const QSize target = fitTarget(picture.size, fit);
-    QImage scaled = PictureResize(picture, target.width(), target.height(), white, true).bitmap;
-    scaled.setDevicePixelRatio(1);
-    return scaled;
+    const QImage picture = pictures.load(path, Fit::cell(cell));
+    return picture.isNull() ? picture : PictureResize(picture, picture.size(), white);
 }
 
 // The cells are painted in device pixels and learn their ratio only when they are done.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/lists/image_list.h"
-#include "imaging/look_ahead.h"
+#include "imaging/ahead/look_ahead.h"
 
 #include <QPointer>
 

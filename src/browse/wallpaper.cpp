@@ -2,6 +2,7 @@
 
 #include "browse/screen_pointer.h"
 #include "core/globals.h"
+#include "imaging/decode/picture.h"
 #include "imaging/scale/scaling.h"
 #include "platform/files/private_files.h"
 #include "platform/session/shell.h"

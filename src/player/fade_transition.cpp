@@ -28,21 +28,19 @@ void FadeTransition::LoadFadeSource(const QString& SlidePath) {
     picPREVIEW_.keepImage();
     FadeAlpha = 0;
     picSLIDERESIZE_.Cls();
-    Picture source = pictures_.load(SlidePath, Fit::area(areaSize()));
+    QImage source = pictures_.load(SlidePath, Fit::area(areaSize()));
     if (source.isNull()) {
-        source = PictureFromBitmap(picSLIDERESIZE_.Picture());
+        source = picSLIDERESIZE_.Picture();
     }
-    const QSize size = areaSize();
-    picSLIDERESIZE_.setPicture(
-        PictureResize(source, size.width(), size.height(), white, true).bitmap);
+    picSLIDERESIZE_.setPicture(PictureResize(source, areaSize(), white));
     tmrFADETRANS_.start();
 }
 
 void FadeTransition::loadUnscaled(const QString& SlidePath) {
     picSLIDERESIZE_.Cls();
-    const Picture source = pictures_.load(SlidePath, Fit::whole());
+    const QImage source = pictures_.load(SlidePath, Fit::whole());
     if (!source.isNull()) {
-        picSLIDERESIZE_.setPicture(source.bitmap);
+        picSLIDERESIZE_.setPicture(source);
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/boxes/picture_box.h"
-#include "imaging/look_ahead.h"
+#include "imaging/ahead/look_ahead.h"
 
 #include <QTimer>
 

@@ -46,7 +46,6 @@ frmSLIDESHOW::frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver)
       picCONTROLBAR(this),
       host_(host),
       screenSaver_(screenSaver),
-      pictures_(1),
       fitting_(*this, picPREVIEW, picBORDERFRAME, imgPREVIEW98),
       fade_(picPREVIEW, picSLIDERESIZE, tmrFADETRANS, pictures_) {
     setObjectName(QStringLiteral("frmSLIDESHOW"));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/boxes/picture_box.h"
-#include "imaging/look_ahead.h"
+#include "imaging/ahead/look_ahead.h"
 #include "platform/session/screen_saver.h"
 #include "platform/session/system_colours.h"
 #include "player/control_bar.h"

@@ -42,8 +42,8 @@ void SlideFitting::ResizePic() {
         imgPREVIEW98_.hide();
         const int width = toPixels(Width(picPREVIEW_), TwipsPerPixelX(picPREVIEW_));
         const int height = toPixels(Height(picPREVIEW_), TwipsPerPixelY(picPREVIEW_));
-        const Picture shown = PictureFromBitmap(picPREVIEW_.Picture());
-        picPREVIEW_.setPicture(PictureResize(shown, width, height, black, true).bitmap);
+        const QImage shown = picPREVIEW_.Picture();
+        picPREVIEW_.setPicture(PictureResize(shown, {width, height}, black));
     } else {
         picPREVIEW_.hide();
     }

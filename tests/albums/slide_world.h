@@ -123,7 +123,7 @@ protected:
     ImageList imlTHUMBNAILS;
     ProgressBar* prgBARSLIDES = new ProgressBar(&form);
     Commands commands;
-    LookAhead pictures{1};
+    LookAhead pictures;
     Thumbnails thumbnails{imlFOUNDICONS, imlTHUMBNAILS, pictures};
     std::vector<PopupRequest> popups;
     std::unique_ptr<SlideList> list;

@@ -74,7 +74,7 @@ protected:
     ImageList imlFOUNDICONS;
     ImageList imlTHUMBNAILS;
     ProgressBar* prgBARSLIDES = new ProgressBar(&form);
-    LookAhead pictures{1};
+    LookAhead pictures;
     Thumbnails thumbnails{imlFOUNDICONS, imlTHUMBNAILS, pictures};
     QStringList log;
     std::vector<PopupRequest> popups;

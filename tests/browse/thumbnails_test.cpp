@@ -23,7 +23,7 @@ protected:
     QString folder = test::temporaryFolder();
     ImageList found_;
     ImageList slides_;
-    LookAhead pictures{1};
+    LookAhead pictures;
     Thumbnails thumbnails{found_, slides_, pictures};
 };
 
@@ -237,7 +237,7 @@ TEST_F(ThumbnailsTest, workAheadIsTakenOver) {
     thumbnails.expectFound({path});
     const QImage ahead = found(path);
     ImageList plainList;
-    LookAhead noneAhead(1);
+    LookAhead noneAhead;
     Thumbnails plain(plainList, slides_, noneAhead);
     plain.FoundThumbnailAdd(path);
     EXPECT_EQ(ahead, plainList.image(1));

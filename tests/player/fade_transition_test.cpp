@@ -29,7 +29,7 @@ protected:
     PictureBox area{&window};
     PictureBox coming{&window};
     QTimer timer;
-    LookAhead pictures{1};
+    LookAhead pictures;
     FadeTransition fade{area, coming, timer, pictures};
 };
 

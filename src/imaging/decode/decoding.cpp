@@ -133,7 +133,7 @@ Picture readWithToolkit(QByteArrayView bytes, const char* format) {
         fillLowBits(image, bytes);
     }
     convertToSrgb(image, space);
-    return PictureFromBitmap(image);
+    return {image.size(), image};
 }
 
 Picture read(QByteArrayView bytes, const Kind& kind) {

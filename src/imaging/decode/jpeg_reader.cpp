@@ -1,5 +1,4 @@
 #include "imaging/decode/decoding.h"
-#include "imaging/scale/scaling.h"
 
 #include <QtGlobal>
 
@@ -319,8 +318,7 @@ Picture readJpeg(QByteArrayView bytes, const Fit& fit) {
     if (bitmap.isNull()) {
         return {};
     }
-    const QRectF extent = exactExtent(bitmap.size(), exact, orientation);
-    return {PictureType::Bitmap, shown, bitmap, {}, extent};
+    return {shown, bitmap, exactExtent(bitmap.size(), exact, orientation)};
 }
 
 }  // namespace velorama

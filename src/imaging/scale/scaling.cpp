@@ -1,18 +1,14 @@
 #include "imaging/scale/scaling.h"
 
 #include "imaging/pixels/colours.h"
+#include "imaging/pixels/fit.h"
 #include "imaging/scale/resampling.h"
-#include "platform/numbers.h"
 #include "platform/process/events.h"
 
 #include <algorithm>
 
 namespace velorama {
 namespace {
-
-int rounded(double value) {
-    return static_cast<int>(roundHalfEven(value));
-}
 
 /// Rounded, exact for products of two channels.
 int dividedBy255(int value) {
@@ -49,75 +45,53 @@ void fillAround(QImage& target, QRect hole, QRgb colour) {
 
 /// False if there was not enough memory.
 bool drawInto(QImage& target, QRect place, const QImage& bitmap, const QRectF& extent) {
-    if (bitmap.hasAlphaChannel()) {
-        const QImage over = resampled(bitmap, place.size());
-        if (over.isNull()) {
-            return false;
-        }
-        layOver(target, place, over);
-    } else if (!bitmap.isNull()) {
+    if (!bitmap.hasAlphaChannel()) {
         uchar* corner = target.scanLine(place.y()) + 4 * qsizetype(place.x());
         resampleInto(corner, target.bytesPerLine(), place.size(), bitmap, extent);
+        return true;
     }
-    return !bitmap.isNull();
+    const QImage over = resampled(bitmap, place.size());
+    if (!over.isNull()) {
+        layOver(target, place, over);
+    }
+    return !over.isNull();
 }
 
 }  // namespace
 
-QImage resampled(const QImage& source, QSize size) {
+QImage resampled(const QImage& source, QSize size, const QRectF& extent) {
     if (source.isNull() || size.isEmpty() || source.size() == size) {
         return size.isEmpty() ? QImage() : source;
     }
-    const QImage pixels = PictureFromBitmap(source).bitmap;
-    QImage result(size, pixels.format());
+    QImage result(size, source.format());
     if (!result.isNull()) {
-        resampleInto(result.bits(), result.bytesPerLine(), size, pixels);
+        resampleInto(result.bits(), result.bytesPerLine(), size, source, extent);
     }
     return result;
 }
 
-QRect fittedRect(QSize picture, QSize target) {
-    if (picture.isEmpty() || target.isEmpty()) {
-        return {};
-    }
-    const double ratio = double(picture.width()) / picture.height();
-    const bool fillsWidth = double(target.width()) / target.height() < ratio;
-    const int width = fillsWidth ? target.width() : rounded(target.height() * ratio);
-    const int height = fillsWidth ? rounded(target.width() / ratio) : target.height();
-    return {rounded((target.width() - width) * 0.5), rounded((target.height() - height) * 0.5),
-            width, height};
-}
-
-QImage fittedBitmap(const Picture& picture, QSize size, Colour fill, bool keepAspect) {
-    if (picture.isNull() || picture.bitmap.isNull() || size.isEmpty()) {
-        return {};
-    }
+QImage fittedBitmap(const QImage& bitmap, QSize size, Colour fill, const QRectF& extent) {
+    const QRectF part = extent.isNull() ? QRectF(bitmap.rect()) : extent;
     // Nothing to scale, to fill or to lay over: as it is.
-    if (picture.size == size && picture.bitmap.size() == size &&
-        picture.bitmap.format() == QImage::Format_RGB32) {
-        return picture.bitmap;
+    if (bitmap.size() == size && part == bitmap.rect() && bitmap.format() == QImage::Format_RGB32) {
+        return bitmap;
     }
-    QImage result(size, QImage::Format_RGB32);
+    QImage result = bitmap.isNull() ? QImage() : QImage(size, QImage::Format_RGB32);
     if (result.isNull()) {
         return {};
     }
-    const QRect all(QPoint(0, 0), size);
-    const QRect place = keepAspect ? fittedRect(picture.size, size) & all : all;
+    const QRect place = fittedRect(part.size(), size) & result.rect();
     // Where an opaque picture comes to lie the fill would be written for nothing.
-    fillAround(result, picture.bitmap.hasAlphaChannel() ? QRect() : place, toRgb(fill));
-    const QImage bitmap = PictureFromBitmap(picture.bitmap).bitmap;
-    const bool done = place.isEmpty() || drawInto(result, place, bitmap, picture.extent);
+    fillAround(result, bitmap.hasAlphaChannel() ? QRect() : place, toRgb(fill));
+    const bool done = place.isEmpty() || drawInto(result, place, bitmap, part);
     return done ? result : QImage();
 }
 
-Picture PictureResize(const Picture& picture, int width, int height, Colour fill, bool keepAspect) {
+QImage PictureResize(const QImage& bitmap, QSize size, Colour fill) {
     DoEvents();
-    const QSize size(width, height);
-    Picture result;
-    if (!picture.isNull()) {
-        const bool prepared = keepAspect && fill == white && picture.fitted.size() == size;
-        result = PictureFromBitmap(prepared ? picture.fitted
-                                            : fittedBitmap(picture, size, fill, keepAspect));
+    QImage result;
+    if (!bitmap.isNull()) {
+        result = fittedBitmap(bitmap, size, fill);
         DoEvents();
     }
     DoEvents();

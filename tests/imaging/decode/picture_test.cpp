@@ -329,42 +329,10 @@ TEST(DamagedPicture, cut_off_anywhere_or_with_a_wrong_byte_is_survived) {
             wrong[i] = static_cast<char>(~wrong[i]);
             for (const QByteArray& bytes : {whole.first(i), wrong}) {
                 const Picture picture = decodePicture(bytes);
-                EXPECT_EQ(picture.isNull(), picture.bitmap.isNull()) << i;
                 EXPECT_TRUE(picture.isNull() || picture.size == picture.bitmap.size()) << i;
             }
         }
     }
-}
-
-TEST(PictureFromBitmap, keeps_one_of_two_formats) {
-    EXPECT_TRUE(PictureFromBitmap(QImage()).isNull());
-    const QImage image = landscape(5, 4);
-    EXPECT_EQ(PictureFromBitmap(image).bitmap.constBits(), image.constBits());
-    EXPECT_EQ(PictureFromBitmap(image.convertToFormat(QImage::Format_RGB888)).bitmap, image);
-    EXPECT_EQ(PictureFromBitmap(image.convertToFormat(QImage::Format_ARGB32)).bitmap.format(),
-              QImage::Format_ARGB32_Premultiplied);
-    EXPECT_EQ(PictureFromBitmap(image).size, QSize(5, 4));
-}
-
-TEST(CellSize, makes_the_longer_side_fill_the_cell) {
-    EXPECT_EQ(cellSize({640, 480}, 64), QSizeF(64, 48));
-    EXPECT_EQ(cellSize({640, 480}, 90), QSizeF(90, 67.5));
-    EXPECT_EQ(cellSize({480, 640}, 64), QSizeF(48, 64));
-    EXPECT_EQ(cellSize({480, 640}, 90), QSizeF(67.5, 90));
-    EXPECT_EQ(cellSize({300, 300}, 90), QSizeF(90, 90));
-    EXPECT_EQ(cellSize({10, 10}, 64), QSizeF(64, 64));
-    EXPECT_TRUE(cellSize({0, 10}, 64).isEmpty());
-}
-
-TEST(FitTarget, rounds_halves_to_even_and_keeps_a_pixel) {
-    EXPECT_EQ(fitTarget({640, 480}, Fit::cell(64)), QSize(64, 48));
-    EXPECT_EQ(fitTarget({640, 480}, Fit::cell(90)), QSize(90, 68));
-    EXPECT_EQ(fitTarget({640, 468}, Fit::cell(10)), QSize(10, 7));
-    EXPECT_EQ(fitTarget({20, 13}, Fit::cell(10)), QSize(10, 6));
-    EXPECT_EQ(fitTarget({10000, 1}, Fit::cell(64)), QSize(64, 1));
-    EXPECT_EQ(fitTarget({640, 480}, Fit::area({1743, 947})), QSize(1743, 947));
-    EXPECT_EQ(fitTarget({640, 480}, Fit::whole()), QSize(640, 480));
-    EXPECT_TRUE(fitTarget({0, 0}, Fit::cell(64)).isEmpty());
 }
 
 }  // namespace

@@ -139,94 +139,64 @@ TEST(Resampled, never_lifts_a_colour_above_its_alpha) {
     }
 }
 
-TEST(FittedRect, gives_bars_where_the_ratio_differs) {
-    EXPECT_EQ(fittedRect({640, 480}, {64, 64}), QRect(0, 8, 64, 48));
-    EXPECT_EQ(fittedRect({480, 640}, {64, 64}), QRect(8, 0, 48, 64));
-    EXPECT_EQ(fittedRect({10, 10}, {64, 64}), QRect(0, 0, 64, 64));
-    EXPECT_EQ(fittedRect({640, 480}, {640, 480}), QRect(0, 0, 640, 480));
-    EXPECT_EQ(fittedRect({6000, 4000}, {1743, 947}), QRect(162, 0, 1420, 947));  // 1420.5, 161.5
-}
-
-TEST(FittedRect, rounds_halves_to_even) {
-    EXPECT_EQ(fittedRect({2, 1}, {5, 5}), QRect(0, 2, 5, 2));   // height 2.5, top 1.5
-    EXPECT_EQ(fittedRect({2, 1}, {7, 7}), QRect(0, 2, 7, 4));   // height 3.5, top 1.5
-    EXPECT_EQ(fittedRect({1, 1}, {8, 7}), QRect(0, 0, 7, 7));   // left 0.5
-    EXPECT_EQ(fittedRect({1, 1}, {10, 7}), QRect(2, 0, 7, 7));  // left 1.5
-}
-
-TEST(FittedRect, of_an_empty_size_is_empty) {
-    EXPECT_TRUE(fittedRect({0, 5}, {5, 5}).isEmpty());
-    EXPECT_TRUE(fittedRect({5, 5}, {5, 0}).isEmpty());
-}
-
-Picture plainPicture(int width, int height, QRgb colour) {
+QImage plainBitmap(int width, int height, QRgb colour) {
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
     image.fill(0);
     image.fill(QColor::fromRgba(colour));
-    return PictureFromBitmap(image);
+    return qAlpha(colour) == 255 ? image.convertToFormat(QImage::Format_RGB32) : image;
 }
 
 TEST(FittedBitmap, fills_what_the_picture_leaves_free) {
-    const QImage wide = fittedBitmap(plainPicture(20, 10, 0xFF0000FF), {8, 8}, 0x0000FF, true);
+    const QImage wide = fittedBitmap(plainBitmap(20, 10, 0xFF0000FF), {8, 8}, 0x0000FF);
     EXPECT_EQ(wide.pixel(4, 1), qRgb(255, 0, 0));
     EXPECT_EQ(wide.pixel(0, 2), qRgb(0, 0, 255));
     EXPECT_EQ(wide.pixel(7, 5), qRgb(0, 0, 255));
     EXPECT_EQ(wide.pixel(4, 6), qRgb(255, 0, 0));
-    const QImage tall = fittedBitmap(plainPicture(10, 20, 0xFF0000FF), {8, 8}, 0x00FF00, true);
+    const QImage tall = fittedBitmap(plainBitmap(10, 20, 0xFF0000FF), {8, 8}, 0x00FF00);
     EXPECT_EQ(tall.pixel(1, 4), qRgb(0, 255, 0));
     EXPECT_EQ(tall.pixel(2, 4), qRgb(0, 0, 255));
     EXPECT_EQ(tall.pixel(6, 4), qRgb(0, 255, 0));
 }
 
-TEST(FittedBitmap, stretches_without_the_aspect) {
-    const QImage image = fittedBitmap(plainPicture(20, 10, 0xFF0000FF), {8, 8}, 0xFFFFFF, false);
-    QImage plain(8, 8, QImage::Format_RGB32);
-    plain.fill(qRgb(0, 0, 255));
-    EXPECT_EQ(image, plain);
-}
-
 TEST(FittedBitmap, lays_see_through_pictures_over_the_fill) {
-    const QImage image = fittedBitmap(plainPicture(4, 4, 0x80FF0000), {6, 6}, 0xFFFFFF, true);
+    const QImage image = fittedBitmap(plainBitmap(4, 4, 0x80FF0000), {6, 6}, 0xFFFFFF);
     EXPECT_EQ(image.format(), QImage::Format_RGB32);
     EXPECT_EQ(image.pixel(3, 3), qRgb(255, 127, 127));
-    const QImage clear = fittedBitmap(plainPicture(4, 4, 0), {4, 4}, 0x102030, true);
+    const QImage clear = fittedBitmap(plainBitmap(4, 4, 0), {4, 4}, 0x102030);
     EXPECT_EQ(clear.pixel(0, 3), qRgb(0x30, 0x20, 0x10));
 }
 
-TEST(FittedBitmap, uses_the_picture_size_and_not_that_of_a_reduced_bitmap) {
-    Picture picture = plainPicture(40, 30, 0xFF0000FF);
-    picture.size = QSize(4000, 1500);
-    EXPECT_EQ(fittedBitmap(picture, {8, 8}, 0, true).pixel(0, 1), qRgb(0, 0, 0));
-    EXPECT_EQ(fittedBitmap(picture, {8, 8}, 0, true).pixel(0, 3), qRgb(0, 0, 255));
+TEST(FittedBitmap, has_the_aspect_of_what_the_picture_fills_of_its_bitmap) {
+    const QImage bitmap = plainBitmap(40, 30, 0xFF0000FF);
+    const QImage whole = fittedBitmap(bitmap, {8, 8}, 0);
+    EXPECT_EQ(whole.pixel(0, 0), qRgb(0, 0, 0));
+    EXPECT_EQ(whole.pixel(0, 1), qRgb(0, 0, 255));
+    const QImage part = fittedBitmap(bitmap, {8, 8}, 0, QRectF(0, 10, 40, 15));
+    EXPECT_EQ(part.pixel(0, 1), qRgb(0, 0, 0));
+    EXPECT_EQ(part.pixel(0, 3), qRgb(0, 0, 255));
+}
+
+TEST(FittedBitmap, of_its_own_size_is_the_bitmap_itself_where_the_picture_fills_it) {
+    const QImage bitmap = noise({31, 17}, QImage::Format_RGB32, 3);
+    EXPECT_EQ(fittedBitmap(bitmap, {31, 17}, 0).constBits(), bitmap.constBits());
+    EXPECT_NE(fittedBitmap(bitmap, {31, 17}, 0, QRectF(0, 0, 30.5, 17)), bitmap);
 }
 
 TEST(FittedBitmap, survives_extreme_shapes) {
-    EXPECT_EQ(fittedBitmap(plainPicture(5000, 1, 0xFF0000FF), {8, 8}, 0, true).size(), QSize(8, 8));
-    EXPECT_EQ(fittedBitmap(plainPicture(1, 5000, 0xFF0000FF), {3, 8}, 0, true).size(), QSize(3, 8));
-    EXPECT_TRUE(fittedBitmap(Picture(), {8, 8}, 0, true).isNull());
-    EXPECT_TRUE(fittedBitmap(plainPicture(5, 5, 0xFF0000FF), {8, 0}, 0, true).isNull());
+    EXPECT_EQ(fittedBitmap(plainBitmap(5000, 1, 0xFF0000FF), {8, 8}, 0).size(), QSize(8, 8));
+    EXPECT_EQ(fittedBitmap(plainBitmap(1, 5000, 0xFF0000FF), {3, 8}, 0).size(), QSize(3, 8));
+    EXPECT_TRUE(fittedBitmap(QImage(), {8, 8}, 0).isNull());
+    EXPECT_TRUE(fittedBitmap(plainBitmap(5, 5, 0xFF0000FF), {8, 0}, 0).isNull());
 }
 
-TEST(PictureResize, gives_a_picture_of_the_target_size) {
-    const Picture picture = plainPicture(20, 10, 0xFF0000FF);
-    const Picture result = PictureResize(picture, 8, 8, 0xFFFFFF, true);
-    EXPECT_EQ(result.Type, PictureType::Bitmap);
-    EXPECT_EQ(result.size, QSize(8, 8));
-    EXPECT_EQ(result.bitmap, fittedBitmap(picture, {8, 8}, 0xFFFFFF, true));
+TEST(PictureResize, gives_the_bitmap_fitted) {
+    const QImage bitmap = plainBitmap(20, 10, 0xFF0000FF);
+    EXPECT_EQ(PictureResize(bitmap, {8, 8}, 0xFFFFFF), fittedBitmap(bitmap, {8, 8}, 0xFFFFFF));
 }
 
 TEST(PictureResize, of_no_picture_is_nothing) {
-    EXPECT_TRUE(PictureResize(Picture(), 8, 8, 0xFFFFFF, true).isNull());
-    EXPECT_TRUE(PictureResize(plainPicture(3, 3, 0xFF000000), 0, 8, 0xFFFFFF, true).isNull());
-}
-
-TEST(PictureResize, takes_the_fitted_bitmap_only_where_it_is_the_one_asked_for) {
-    Picture picture = plainPicture(20, 10, 0xFF0000FF);
-    picture.fitted = noise({8, 8}, QImage::Format_RGB32, 5);
-    EXPECT_EQ(PictureResize(picture, 8, 8, 0xFFFFFF, true).bitmap, picture.fitted);
-    EXPECT_NE(PictureResize(picture, 8, 8, 0x000000, true).bitmap, picture.fitted);
-    EXPECT_NE(PictureResize(picture, 8, 8, 0xFFFFFF, false).bitmap, picture.fitted);
-    EXPECT_EQ(PictureResize(picture, 9, 8, 0xFFFFFF, true).size, QSize(9, 8));
+    EXPECT_TRUE(PictureResize(QImage(), {8, 8}, 0xFFFFFF).isNull());
+    EXPECT_TRUE(PictureResize(plainBitmap(3, 3, 0xFF000000), {0, 8}, 0xFFFFFF).isNull());
 }
 
 /// Number of times that pending events get to run in `step`; each run queues the next.
@@ -243,10 +213,10 @@ int yields(const std::function<void()>& step) {
 }
 
 TEST(PictureResize, yields_at_start_in_the_drawing_and_at_end) {
-    const Picture picture = plainPicture(20, 10, 0xFF0000FF);
-    EXPECT_EQ(yields([&] { PictureResize(picture, 8, 8, 0xFFFFFF, true); }), 3);
-    EXPECT_EQ(yields([&] { PictureResize(Picture(), 8, 8, 0xFFFFFF, true); }), 2);
-    EXPECT_EQ(yields([&] { fittedBitmap(picture, {8, 8}, 0xFFFFFF, true); }), 0);
+    const QImage bitmap = plainBitmap(20, 10, 0xFF0000FF);
+    EXPECT_EQ(yields([&] { PictureResize(bitmap, {8, 8}, 0xFFFFFF); }), 3);
+    EXPECT_EQ(yields([&] { PictureResize(QImage(), {8, 8}, 0xFFFFFF); }), 2);
+    EXPECT_EQ(yields([&] { fittedBitmap(bitmap, {8, 8}, 0xFFFFFF); }), 0);
 }
 
 }  // namespace

@@ -1,0 +1,84 @@
+#include "imaging/ahead/look_ahead.h"
+
+#include "imaging/decode/picture.h"
+#include "imaging/scale/scaling.h"
+#include "platform/files/paths.h"
+#include "platform/process/large_blocks.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QtConcurrentRun>
+
+#include <utility>
+
+namespace velorama {
+namespace {
+
+QImage loadFitted(const QString& path, const Fit& fit) {
+    const Picture picture = LoadPicture(path, fit);
+    return fit.kind == Fit::Kind::Whole
+               ? picture.bitmap
+               : fittedBitmap(picture.bitmap, fitTarget(picture.size, fit), white, picture.extent);
+}
+
+}  // namespace
+
+LookAhead::LookAhead() {
+    giveLargeBlocksBack();
+}
+
+LookAhead::~LookAhead() {
+    drop(std::move(works_));
+}
+
+LookAhead::FileState LookAhead::stateOf(const QString& path) {
+    const QFileInfo info(hostFile(path));
+    return info.exists() ? FileState{info.size(), info.lastModified().toMSecsSinceEpoch()}
+                         : FileState{};
+}
+
+LookAhead::Work LookAhead::workOn(const QString& path, const Fit& fit) {
+    // Before the file is read: a change from here on makes the result unusable.
+    const FileState file = stateOf(path);
+    return {file, loadFitted(path, fit)};
+}
+
+/// What runs goes on and is for nobody.
+void LookAhead::drop(Works works) {
+    for (auto& [path, work] : works) {
+        work.cancel();
+    }
+}
+
+void LookAhead::expect(const QStringList& paths, const Fit& fit) {
+    Works before = std::exchange(works_, {});
+    if (fit != fit_) {
+        drop(std::exchange(before, {}));
+        fit_ = fit;
+    }
+    for (const QString& path : paths) {
+        if (path.isEmpty() || works_.contains(path)) {
+            continue;
+        }
+        if (auto known = before.extract(path)) {
+            works_.insert(std::move(known));
+        } else {
+            works_.emplace(path, QtConcurrent::run(workOn, path, fit));
+        }
+    }
+    drop(std::move(before));
+}
+
+QImage LookAhead::load(const QString& path, const Fit& fit) {
+    auto work = fit == fit_ ? works_.extract(path) : Works::node_type();
+    if (work) {
+        // Asking for a result that no thread has begun with makes it here.
+        const Work done = work.mapped().result();
+        if (done.file == stateOf(path)) {
+            return done.bitmap;
+        }
+    }
+    return loadFitted(path, fit);
+}
+
+}  // namespace velorama

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "imaging/pixels/fit.h"
+
+#include <QFuture>
+#include <QImage>
+#include <QStringList>
+
+#include <unordered_map>
+
+namespace velorama {
+
+/// Loads pictures ahead of their use, on the threads of the program's pool. What `load` returns is
+/// what loading and fitting at that moment would return: work ahead counts only while the file's
+/// size and time of change are those it was made from.
+class LookAhead {
+public:
+    LookAhead();
+    LookAhead(const LookAhead&) = delete;
+    LookAhead& operator=(const LookAhead&) = delete;
+    ~LookAhead();
+
+    /// Names the pictures wanted next, soonest first; empty paths are passed over. Work on any
+    /// other is dropped; work already done or running on these is kept. Does not block.
+    void expect(const QStringList& paths, const Fit& fit);
+
+    /// The bitmap that `fit` asks for (`fitTarget`), its aspect kept and white around it, or over
+    /// it where it is see-through; the picture's own for Fit::whole(). From the work ahead where
+    /// any has begun, else made now by the caller's thread; taken from it either way. Null for what
+    /// cannot be loaded.
+    QImage load(const QString& path, const Fit& fit);
+
+private:
+    struct FileState {
+        qint64 size = -1;
+        qint64 changed = -1;
+        bool operator==(const FileState&) const = default;
+    };
+    struct Work {
+        FileState file;
+        QImage bitmap;
+    };
+    using Works = std::unordered_map<QString, QFuture<Work>>;
+
+    static FileState stateOf(const QString& path);
+    static Work workOn(const QString& path, const Fit& fit);
+    static void drop(Works works);
+
+    Fit fit_;  // of all works
+    Works works_;
+};
+
+}  // namespace velorama
