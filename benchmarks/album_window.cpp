@@ -15,46 +15,21 @@ constexpr QRect barPlace(5, 540, 780, 15);
 }  // namespace
 
 AlbumWindow::AlbumWindow()
-    : slides_({.form = &form_,
-               .lvwSLIDEBAR = &lvwSLIDEBAR_,
-               .lvwFOUND = &lvwFOUND_,
-               .flbFOUND = &flbFOUND_,
-               .imlTHUMBNAILS = &imlTHUMBNAILS_,
-               .prgBARSLIDES = &prgBARSLIDES_},
-              commands_, thumbnails_, {}),
-      albums_({.lvwALBUMS = &lvwALBUMS_, .cdlDIALOG = &cdlDIALOG_}, calls()),
-      album_({.form = &form_,
-              .lvwSLIDEBAR = &lvwSLIDEBAR_,
-              .lvwALBUMS = &lvwALBUMS_,
-              .imlTHUMBNAILS = &imlTHUMBNAILS_,
-              .prgBARSLIDES = &prgBARSLIDES_,
-              .cdlDIALOG = &cdlDIALOG_},
-             commands_, slides_, thumbnails_, albums_) {
+    : slides_(bar_, found_, commands_, thumbnails_),
+      albums_(known_, cdlDIALOG_),
+      album_(bar_, commands_, cdlDIALOG_, slides_, thumbnails_, albums_) {
     form_.resize(formSize);
-    lvwALBUMS_.setObjectName(QStringLiteral("lvwALBUMS"));
-    lvwALBUMS_.setColumns({QStringLiteral("Slideshow"), QStringLiteral("Description")});
-    lvwALBUMS_.setGeometry(albumPlace);
-    lvwFOUND_.hide();
-    lvwSLIDEBAR_.setGeometry(slidePlace);
-    lvwSLIDEBAR_.setArrangement(ListView::Arrangement::Strip);
-    lvwSLIDEBAR_.setIcons(&imlTHUMBNAILS_);
-    prgBARSLIDES_.setGeometry(barPlace);
+    known_.lvwALBUMS->setGeometry(albumPlace);
+    found_.lvwFOUND->hide();
+    bar_.lvwSLIDEBAR->setGeometry(slidePlace);
+    bar_.prgBARSLIDES->setGeometry(barPlace);
     form_.show();
     DoEvents();
 }
 
-AlbumListCalls AlbumWindow::calls() {
-    AlbumListCalls calls;
-    calls.AlbumPath = [this] { return album_.Tag(); };
-    calls.isModified = [] { return false; };
-    calls.mnuFILESAVE_Click = [this] { album_.mnuFILESAVE_Click(); };
-    calls.openAlbum = [this](const QString& path) { album_.openFromList(path); };
-    return calls;
-}
-
 void AlbumWindow::fill(const QStringList& paths) {
     for (const QString& path : paths) {
-        lvwSLIDEBAR_.Add(lvwSLIDEBAR_.Count() + 1, path, lastSegment(path), 0);
+        bar_.lvwSLIDEBAR->Add(bar_.lvwSLIDEBAR->Count() + 1, path, lastSegment(path), 0);
     }
     DoEvents();
 }
@@ -65,7 +40,7 @@ void AlbumWindow::open(const QString& album) {
 }
 
 bool AlbumWindow::isComplete(int count) const {
-    return lvwSLIDEBAR_.Count() == count && imlTHUMBNAILS_.Count() == count;
+    return bar_.lvwSLIDEBAR->Count() == count && bar_.imlTHUMBNAILS->Count() == count;
 }
 
 void AlbumWindow::own(const QString& album) {

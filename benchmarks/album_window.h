@@ -23,19 +23,13 @@ public:
     void save() { album_.mnuFILESAVE_Click(); }
 
 private:
-    AlbumListCalls calls();
-
     QWidget form_;
-    FileList flbFOUND_;
-    ImageList imlFOUNDICONS_;
-    ImageList imlTHUMBNAILS_;
-    ListView lvwFOUND_{&form_};
-    ListView lvwSLIDEBAR_{&form_};
-    ReportView lvwALBUMS_{&form_};
-    ProgressBar prgBARSLIDES_{&form_};
+    const SlideControls bar_{form_};
+    const FoundControls found_{form_};
+    const AlbumControls known_{form_};
     CommonDialog cdlDIALOG_{&form_};
     LookAhead pictures_;
-    Thumbnails thumbnails_{imlFOUNDICONS_, imlTHUMBNAILS_, pictures_};
+    Thumbnails thumbnails_{*found_.imlFOUNDICONS, *bar_.imlTHUMBNAILS, pictures_};
     Commands commands_;
     SlideList slides_;
     AlbumList albums_;

@@ -23,6 +23,12 @@ constexpr QSize largeScreen(3840, 2160);
 // How much smaller the window is before.
 constexpr QSize step(40, 40);
 
+class NoFetch : public HttpFetch {
+public:
+    QString OpenURL(const QString&) override { return {}; }
+    void Cancel() override {}
+};
+
 class PaintCount : public QObject {
 public:
     int paints = 0;
@@ -56,7 +62,7 @@ public:
         saveSetting(QStringLiteral("mfrmPRGMAIN\\View"), QStringLiteral("TABIDX"),
                     QStringLiteral("2"));
         window_.Form_Load();
-        window_.controls().ftvFOLDER->setPath(folder);
+        window_.window_.pages().pictures->found.ftvFOLDER->setPath(folder);
         if (const QScreen* screen = screenOf(largeScreen)) {
             window_.move(screen->geometry().topLeft());
         }
@@ -66,9 +72,9 @@ public:
     }
 
     bool isReady() const {
-        auto& controls = const_cast<mfrmPRGMAIN&>(window_).controls();
-        return window_.size() == largeScreen && controls.lvwFOUND->Count() == pictures &&
-               controls.lvwFOUND->isVisible();
+        const FoundControls& found = const_cast<mfrmPRGMAIN&>(window_).pages().pictures->found;
+        return window_.size() == largeScreen && found.lvwFOUND->Count() == pictures &&
+               found.lvwFOUND->isVisible();
     }
     std::optional<double> timeOfResizing() {
         window_.resize(largeScreen - step);
@@ -108,7 +114,9 @@ private:
 
     QuietScreenSaver screenSaver_;
     MediaCommands device_;
-    mfrmPRGMAIN window_{MainServices{screenSaver_, device_}};
+    DesktopBackground desktop_;
+    NoFetch netCHECKUPDATE_;
+    mfrmPRGMAIN window_{MainServices{screenSaver_, device_, desktop_, netCHECKUPDATE_}};
     PaintCount count_;
 };
 

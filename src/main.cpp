@@ -51,7 +51,7 @@ int main(int argc, char** argv) {
         InstanceStart instance(store, bus.get());
         const auto fileTypes = makeDesktopFileTypes();
         FileAssociation association(store, *fileTypes);
-        mfrmPRGMAIN mainWindow({*screenSaver, *device, desktop.get(), &netCHECKUPDATE,
+        mfrmPRGMAIN mainWindow({*screenSaver, *device, *desktop, netCHECKUPDATE,
                                 [&](QWidget& window, const QString& words) {
                                     instance.InstanceStartup(window, words);
                                     association.AssociationCheck();

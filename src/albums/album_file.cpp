@@ -1,6 +1,5 @@
 #include "albums/album_file.h"
 
-#include "controls/geometry/caption.h"
 #include "core/documents.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
@@ -19,20 +18,24 @@ const QString folderName = QStringLiteral("CMD Open Folder");
 const QString albumKinds = QStringLiteral("Velorama Album Files (*.vlr)|*.vlr|All Files|*.*");
 constexpr int albumFlags = FlagOverwritePrompt + FlagHideReadOnly + FlagExplorer;
 
+constexpr qint32 saveQuestion = 6;
+constexpr qint32 cannotOpen = 8;
+
 const QString separator = QStringLiteral(" - ");
 const QString lineEnd = QStringLiteral("\r\n");
 
 }  // namespace
 
-AlbumFile::AlbumFile(const Controls& controls, Commands& commands, SlideList& slides,
-                     Thumbnails& thumbnails, AlbumList& albums, QObject* parent)
-    : QObject(parent),
-      c_(controls),
+AlbumFile::AlbumFile(const SlideControls& controls, Commands& commands, CommonDialog& cdlDIALOG,
+                     SlideList& slides, Thumbnails& thumbnails, AlbumList& albums)
+    : c_(controls),
       commands_(commands),
+      cdlDIALOG_(cdlDIALOG),
       slides_(slides),
       thumbnails_(thumbnails),
       albums_(albums) {
     connectCommands();
+    connect(&albums, &AlbumList::OpenAsked, this, &AlbumFile::openAsked);
 }
 
 void AlbumFile::connectCommands() {
@@ -49,15 +52,9 @@ QString AlbumFile::captionOf(const QString& path) const {
     return path.isEmpty() ? libTxt.ProductName : QString(path + separator + libTxt.ProductName);
 }
 
-void AlbumFile::showCaption(const QString& caption) {
-    if (c_.form) {
-        setCaption(*c_.form, caption);
-    }
-}
-
 /// False if the user chose no file.
 bool AlbumFile::choose(bool save) {
-    CommonDialog& dialog = *c_.cdlDIALOG;
+    CommonDialog& dialog = cdlDIALOG_;
     dialog.FileName.clear();
     dialog.Filter = albumKinds;
     dialog.Flags = albumFlags;
@@ -92,7 +89,7 @@ void AlbumFile::mnuFILENEW_Click() {
 void AlbumFile::makeNew() {
     slides_.ClearAll();
     tag_.clear();
-    showCaption(captionOf(tag_));
+    emit CaptionChanged(captionOf(tag_));
     slides_.selectFirstSlide();
     slides_.lvwSLIDEBAR_Click();
     saveSetting(viewKey, albumName, QString());
@@ -103,12 +100,12 @@ void AlbumFile::makeNew() {
 
 void AlbumFile::mnuFILEOPEN_Click() {
     const QPointer<AlbumFile> self = this;
-    c_.cdlDIALOG->InitDir = loadSetting(folderKey, folderName, applicationFolder());
-    c_.cdlDIALOG->DialogTitle = QStringLiteral("Open");
+    cdlDIALOG_.InitDir = loadSetting(folderKey, folderName, applicationFolder());
+    cdlDIALOG_.DialogTitle = QStringLiteral("Open");
     if (!choose(false) || !self) {
         return;
     }
-    const QString file = c_.cdlDIALOG->FileName;
+    const QString file = cdlDIALOG_.FileName;
     takeTurn([this, file] { open(file); });
 }
 
@@ -135,7 +132,39 @@ void AlbumFile::read(const QString& path) {
     DocumentOpenText(path);
     if (self) {
         tag_ = path;
-        showCaption(captionOf(tag_));
+        emit CaptionChanged(captionOf(tag_));
+    }
+}
+
+bool AlbumFile::mayLeaveAlbum() {
+    SaveCancelled = false;
+    if (!isModified()) {
+        return true;
+    }
+    const QPointer<AlbumFile> self = this;
+    const qint32 answer = gStatus->MessageBoxQuestionOpen(saveQuestion, tag_);
+    if (!self || answer == AnswerCancel) {
+        return false;
+    }
+    if (answer == AnswerYes) {
+        mnuFILESAVE_Click();
+        return self && !SaveCancelled;
+    }
+    return true;
+}
+
+void AlbumFile::openAsked(const QString& path) {
+    const QPointer<AlbumFile> self = this;
+    if (!mayLeaveAlbum()) {
+        return;
+    }
+    if (gFileFoldr->FileExists(path)) {
+        openFromList(path);
+        return;
+    }
+    gStatus->MessageBoxOpen(cannotOpen, path);
+    if (self) {
+        albums_.btnREMOVE_Click();
     }
 }
 
@@ -172,7 +201,7 @@ void AlbumFile::openLast(const QString& path) {
     }
     tag_ = path;
     // Other than after an Open, the name comes first.
-    showCaption(libTxt.ProductName + separator + path);
+    emit CaptionChanged(libTxt.ProductName + separator + path);
     joinAlbumList(path);
 }
 
@@ -215,13 +244,13 @@ void AlbumFile::mnuFILESAVE_Click() {
         DocumentSaveBytes(text(count + QLatin1Char('|') + note_ + QLatin1Char(' ')), tag_);
         // A disk that comes back may still hold the album that was not read.
         isRead_ = isRead_ || gFileFoldr->FileExists(tag_);
-        showCaption(captionOf(tag_));
+        emit CaptionChanged(captionOf(tag_));
         setUnmodified();
         albums_.AlbumListAdd(tag_);
     }
     if (self) {
-        albums_.SlideshowListSave(*c_.lvwALBUMS, albumListName);
-        albums_.SlideshowListLoad(*c_.lvwALBUMS, albumListName);
+        albums_.save();
+        albums_.load();
     }
 }
 
@@ -229,15 +258,15 @@ void AlbumFile::mnuFILESAVEAS_Click() {
     SaveCancelled = true;
     const QPointer<AlbumFile> self = this;
     const QByteArray content = text(decimalText(c_.lvwSLIDEBAR->Count()));
-    c_.cdlDIALOG->DialogTitle = QStringLiteral("Save");
+    cdlDIALOG_.DialogTitle = QStringLiteral("Save");
     if (!choose(true) || !self) {
         return;
     }
-    const QString file = c_.cdlDIALOG->FileName;
+    const QString file = cdlDIALOG_.FileName;
     DocumentSaveBytes(content, file);
     tag_ = file;
     isRead_ = true;
-    showCaption(captionOf(tag_));
+    emit CaptionChanged(captionOf(tag_));
     joinAlbumList(tag_);
     saveSetting(viewKey, albumName, tag_);
     setUnmodified();

@@ -17,18 +17,9 @@ class AlbumFields;
 class AlbumFile : public QObject {
     Q_OBJECT
 public:
-    struct Controls {
-        /// The main form: its window title is the caption.
-        QWidget* form = nullptr;
-        ListView* lvwSLIDEBAR = nullptr;
-        ReportView* lvwALBUMS = nullptr;
-        ImageList* imlTHUMBNAILS = nullptr;
-        ProgressBar* prgBARSLIDES = nullptr;
-        CommonDialog* cdlDIALOG = nullptr;
-    };
     /// What it is given must outlive this object. New, Open, Save and Save As are taken over here.
-    AlbumFile(const Controls& controls, Commands& commands, SlideList& slides,
-              Thumbnails& thumbnails, AlbumList& albums, QObject* parent = nullptr);
+    AlbumFile(const SlideControls& controls, Commands& commands, CommonDialog& cdlDIALOG,
+              SlideList& slides, Thumbnails& thumbnails, AlbumList& albums);
 
     /// Path of the open album, the main form's Tag; empty for none.
     QString Tag() const { return tag_; }
@@ -46,23 +37,30 @@ public:
     void mnuFILEOPEN_Click();
     void mnuFILESAVE_Click();
     void mnuFILESAVEAS_Click();
-    /// What the album list does with an album that exists.
+    /// Asks whether unsaved changes are to be saved, and saves them. False if the user keeps the
+    /// open album, by a cancel of the question or of Save As.
+    bool mayLeaveAlbum();
+    /// Opens an album of the list that exists.
     void openFromList(const QString& path);
     /// Part of the start: opens the album of the command line or of the last session.
     void openAtStart(const QString& path);
     /// The window is closing: a running read ends at its next field.
     void stop() { stopped_ = true; }
 
+signals:
+    /// What the main form is to be called from now on.
+    void CaptionChanged(const QString& caption);
+
 private:
     void connectCommands();
     QString captionOf(const QString& path) const;
-    void showCaption(const QString& caption);
     bool choose(bool save);
     QByteArray text(const QString& firstLine) const;
     bool wouldReplaceUnread() const;
     /// If the settings let albums join it.
     void joinAlbumList(const QString& path);
     void takeTurn(const std::function<void()>& command);
+    void openAsked(const QString& path);
     void read(const QString& path);
     void makeNew();
     void open(const QString& file);
@@ -77,8 +75,9 @@ private:
     void expect(const AlbumFields& fields);
     void showProgress(const QString& count);
 
-    Controls c_;
+    const SlideControls& c_;
     Commands& commands_;
+    CommonDialog& cdlDIALOG_;
     SlideList& slides_;
     Thumbnails& thumbnails_;
     AlbumList& albums_;

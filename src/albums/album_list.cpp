@@ -13,8 +13,7 @@ namespace {
 
 const QString folderKey = QStringLiteral("mfrmPRGMAIN\\Details");
 const QString folderName = QStringLiteral("CMD Open Folder");
-constexpr qint32 saveQuestion = 6;
-constexpr qint32 cannotOpen = 8;
+
 StoredList stored(const ReportView& list, const QString& key) {
     return {.key = key, .name = list.Name(), .first = 1};
 }
@@ -29,23 +28,17 @@ QStringList paths(const ReportView& list) {
 
 }  // namespace
 
-AlbumList::AlbumList(const Controls& controls, AlbumListCalls calls, QObject* parent)
-    : QObject(parent), c_(controls), calls_(std::move(calls)) {
+AlbumList::AlbumList(const AlbumControls& controls, CommonDialog& cdlDIALOG)
+    : c_(controls), cdlDIALOG_(cdlDIALOG) {
     connect(c_.lvwALBUMS, &ReportView::DblClick, this, &AlbumList::lvwALBUMS_DblClick);
     connect(c_.lvwALBUMS, &ReportView::KeyPress, this, [this](int keyAscii) {
         if (keyAscii == KeyReturn) {
             lvwALBUMS_DblClick();
         }
     });
-    connectButton(c_.btnADD, &AlbumList::btnADD_Click);
-    connectButton(c_.btnREMOVE, &AlbumList::btnREMOVE_Click);
-    connectButton(c_.btnView, &AlbumList::lvwALBUMS_DblClick);
-}
-
-void AlbumList::connectButton(QAbstractButton* button, void (AlbumList::*handler)()) {
-    if (button != nullptr) {
-        connect(button, &QAbstractButton::clicked, this, handler);
-    }
+    connect(c_.btnADD, &cbtn::clicked, this, &AlbumList::btnADD_Click);
+    connect(c_.btnREMOVE, &cbtn::clicked, this, &AlbumList::btnREMOVE_Click);
+    connect(c_.btnView, &cbtn::clicked, this, &AlbumList::lvwALBUMS_DblClick);
 }
 
 void AlbumList::SlideshowListSave(const ReportView& List, const QString& KeyName) const {
@@ -95,10 +88,7 @@ void AlbumList::AlbumListSelect(const QString& Path) {
 /// A cancel is a failure only where another command has asked the shared dialog for it; otherwise
 /// the handler goes on without a file: nothing joins the list, and the folder remembered is none.
 void AlbumList::btnADD_Click() {
-    if (c_.cdlDIALOG == nullptr) {
-        return;
-    }
-    CommonDialog& dialog = *c_.cdlDIALOG;
+    CommonDialog& dialog = cdlDIALOG_;
     dialog.InitDir = loadSetting(folderKey, folderName, applicationFolder());
     dialog.DialogTitle = QStringLiteral("Insert a Slideshow album");
     dialog.Flags = FlagHideReadOnly + FlagExplorer + FlagLongNames;
@@ -126,40 +116,11 @@ void AlbumList::btnREMOVE_Click() {
     }
 }
 
-/// False if the user keeps the open album, by a cancel of the question or of Save As.
-bool AlbumList::mayLeaveAlbum() {
-    if (!calls_.isModified()) {
-        return true;
-    }
-    const QPointer<AlbumList> self = this;
-    const qint32 answer = gStatus->MessageBoxQuestionOpen(saveQuestion, calls_.AlbumPath());
-    if (!self || answer == AnswerCancel) {
-        return false;
-    }
-    if (answer == AnswerYes) {
-        calls_.mnuFILESAVE_Click();
-        return self && !SaveCancelled;
-    }
-    return true;
-}
-
 void AlbumList::lvwALBUMS_DblClick() {
     const ReportItem* item = c_.lvwALBUMS->SelectedItem();
     // A copy: saving reads the list anew.
     const QString path = item != nullptr ? item->Key() : QString();
-    SaveCancelled = false;
-    if (!mayLeaveAlbum()) {
-        return;
-    }
-    if (gFileFoldr->FileExists(path)) {
-        calls_.openAlbum(path);
-        return;
-    }
-    const QPointer<AlbumList> self = this;
-    gStatus->MessageBoxOpen(cannotOpen, path);
-    if (self) {
-        btnREMOVE_Click();
-    }
+    emit OpenAsked(path);
 }
 
 }  // namespace velorama

@@ -7,8 +7,8 @@ namespace velorama {
 
 QList<SlideList::FoundFile> SlideList::selectedFiles() const {
     QList<FoundFile> files;
-    for (int i = 1; i <= c_.lvwFOUND->Count(); ++i) {
-        if (c_.lvwFOUND->item(i)->Selected()) {
+    for (int i = 1; i <= found_.lvwFOUND->Count(); ++i) {
+        if (found_.lvwFOUND->item(i)->Selected()) {
             files.append(foundFile(i - 1));
         }
     }
@@ -18,7 +18,7 @@ QList<SlideList::FoundFile> SlideList::selectedFiles() const {
 /// From the last to the first, as AddAll goes.
 QList<SlideList::FoundFile> SlideList::folderFiles() const {
     QList<FoundFile> files;
-    for (int i = c_.flbFOUND->ListCount() - 1; i >= 0; --i) {
+    for (int i = found_.flbFOUND->ListCount() - 1; i >= 0; --i) {
         files.append(foundFile(i));
     }
     return files;
@@ -50,7 +50,7 @@ void SlideList::Add() {
 
 void SlideList::runAdd(const std::function<void()>& insertFiles) {
     settle();
-    c_.lvwFOUND->setVisible(false);
+    found_.lvwFOUND->setVisible(false);
     hideSlides();
     const QPointer<SlideList> self = this;
     beginBatch();
@@ -61,21 +61,21 @@ void SlideList::runAdd(const std::function<void()>& insertFiles) {
     endBatch();
     FoundButtonsCheck();
     SelectChk();
-    c_.lvwFOUND->setVisible(true);
+    found_.lvwFOUND->setVisible(true);
     markModified();
     // On another page than its own it is not in sight.
-    if (c_.lvwFOUND->isVisible()) {
+    if (found_.lvwFOUND->isVisible()) {
         hadFocus_ = false;
-        c_.lvwFOUND->setFocus();
+        found_.lvwFOUND->setFocus();
     }
     showSlides();
 }
 
 void SlideList::addSelected() {
     const QPointer<SlideList> self = this;
-    const int count = c_.lvwFOUND->Count();
+    const int count = found_.lvwFOUND->Count();
     for (int i = 1; self && !stopped_ && i <= count; ++i) {
-        const ListItem* row = c_.lvwFOUND->item(i);
+        const ListItem* row = found_.lvwFOUND->item(i);
         if (row && row->Selected()) {
             expectSelected(i);
             insert(foundFile(i - 1));
@@ -118,7 +118,7 @@ void SlideList::runAddAll(const std::function<void()>& insertFiles) {
     setScreenPointer(ScreenPointer::Default);
     FoundButtonsCheck();
     SelectChk();
-    c_.lvwFOUND->setVisible(true);
+    found_.lvwFOUND->setVisible(true);
     markModified();
     showSlides();
 }
@@ -126,9 +126,9 @@ void SlideList::runAddAll(const std::function<void()>& insertFiles) {
 /// From the last file to the first: each goes in at position 1, which leaves them in folder order.
 void SlideList::addFolder() {
     const QPointer<SlideList> self = this;
-    for (int i = c_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
-        c_.prgBARSLIDES->setMax(c_.flbFOUND->ListCount());
-        c_.prgBARSLIDES->setValue(c_.flbFOUND->ListCount() - i);
+    for (int i = found_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
+        c_.prgBARSLIDES->setMax(found_.flbFOUND->ListCount());
+        c_.prgBARSLIDES->setValue(found_.flbFOUND->ListCount() - i);
         expectAbove(i);
         insert(foundFile(i));
     }

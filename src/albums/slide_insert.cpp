@@ -57,13 +57,13 @@ QString slideText(const QString& path) {
 }  // namespace
 
 QString SlideList::slidePath(const QString& entry) const {
-    const QString folder = c_.flbFOUND->Path();
+    const QString folder = found_.flbFOUND->Path();
     const bool isRoot = folder.size() == driveRootLength(folder);
     return isRoot ? QString(folder + entry) : joinPath(folder, entry);
 }
 
 SlideList::FoundFile SlideList::foundFile(int index) const {
-    const QString entry = c_.flbFOUND->List(index);
+    const QString entry = found_.flbFOUND->List(index);
     return {entry, slidePath(entry)};
 }
 
@@ -191,9 +191,9 @@ void SlideList::SlideListReload() {
 /// Announces the selected files from row `row` of lvwFOUND on.
 void SlideList::expectSelected(int row) {
     QStringList next;
-    const int end = std::min(c_.lvwFOUND->Count(), row + farthestLook);
+    const int end = std::min(found_.lvwFOUND->Count(), row + farthestLook);
     for (int i = row, seen = 0; i <= end && seen < lookAhead; ++i) {
-        if (c_.lvwFOUND->item(i)->Selected()) {
+        if (found_.lvwFOUND->item(i)->Selected()) {
             ++seen;
             appendIfNew(next, i - 1);
         }
@@ -211,7 +211,7 @@ void SlideList::expectAbove(int index) {
 }
 
 void SlideList::appendIfNew(QStringList& paths, int index) const {
-    const QString entry = c_.flbFOUND->List(index);
+    const QString entry = found_.flbFOUND->List(index);
     const QString path = slidePath(entry);
     if (isPicture(entry) && c_.imlTHUMBNAILS->indexOf(path) == 0) {
         paths.append(path);

@@ -19,13 +19,9 @@ constexpr int mostBlanked = 100'000;
 
 }  // namespace
 
-SlideList::SlideList(const SlideListControls& controls, Commands& commands, Thumbnails& thumbnails,
-                     PopupHandler popup, QObject* parent)
-    : QObject(parent),
-      c_(controls),
-      commands_(commands),
-      thumbnails_(thumbnails),
-      popup_(std::move(popup)) {
+SlideList::SlideList(const SlideControls& controls, const FoundControls& found, Commands& commands,
+                     Thumbnails& thumbnails)
+    : c_(controls), found_(found), commands_(commands), thumbnails_(thumbnails) {
     connectEvents();
     connectCommands();
 }
@@ -147,10 +143,7 @@ void SlideList::SelectChk() {
 
 /// Makes the list view lay out its scroll bar again.
 void SlideList::nudgeWidth() {
-    if (!c_.form) {
-        return;
-    }
-    const float inner = static_cast<float>(c_.form->width()) * twipsPerLogicalPixel;
+    const float inner = Width(*c_.lvwSLIDEBAR->parentWidget());
     const float width = inner - 2 * Left(*c_.lvwSLIDEBAR);
     setWidth(*c_.lvwSLIDEBAR, width + twipsPerLogicalPixel);
     setWidth(*c_.lvwSLIDEBAR, width);
@@ -161,7 +154,7 @@ void SlideList::enableStart() {
 }
 
 void SlideList::FoundButtonsCheck() {
-    const bool found = c_.flbFOUND->ListCount() != 0;
+    const bool found = found_.flbFOUND->ListCount() != 0;
     commands_.add.setEnabled(found);
     commands_.addAll.setEnabled(found);
     enableStart();

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "browse/found_controls.h"
 #include "browse/popup_request.h"
+#include "browse/slide_controls.h"
 #include "browse/thumbnails.h"
-#include "controls/boxes/progress_bar.h"
-#include "controls/lists/file_list.h"
-#include "controls/lists/list_view.h"
 #include "core/commands.h"
 #include "platform/process/command_turn.h"
 
@@ -13,16 +12,6 @@
 #include <functional>
 
 namespace velorama {
-
-struct SlideListControls {
-    /// The main form, whose inner width lvwSLIDEBAR follows.
-    QWidget* form = nullptr;
-    ListView* lvwSLIDEBAR = nullptr;
-    ListView* lvwFOUND = nullptr;
-    FileList* flbFOUND = nullptr;
-    ImageList* imlTHUMBNAILS = nullptr;
-    ProgressBar* prgBARSLIDES = nullptr;
-};
 
 /// The ordered set of pictures picked for the show. Its only store in memory are the items of
 /// lvwSLIDEBAR; a second copy in the settings, Items and Selection, is what the player reads.
@@ -35,8 +24,8 @@ class SlideList : public QObject {
 public:
     /// What it is given must outlive this object. The events of lvwSLIDEBAR and the commands on the
     /// slides are taken over here.
-    SlideList(const SlideListControls& controls, Commands& commands, Thumbnails& thumbnails,
-              PopupHandler popup, QObject* parent = nullptr);
+    SlideList(const SlideControls& controls, const FoundControls& found, Commands& commands,
+              Thumbnails& thumbnails);
 
     /// Adds the selected files of lvwFOUND.
     void Add();
@@ -75,6 +64,10 @@ public:
     void selectFirstSlide();
     /// The window is closing: a running Add or AddAll ends at its next file.
     void stop() { stopped_ = true; }
+
+signals:
+    /// In the coordinates of the surface.
+    void Popup(const PopupRequest& request);
 
 private:
     void connectEvents();
@@ -132,10 +125,10 @@ private:
     void markModified();
     void nudgeWidth();
 
-    SlideListControls c_;
+    const SlideControls& c_;
+    const FoundControls& found_;
     Commands& commands_;
     Thumbnails& thumbnails_;
-    PopupHandler popup_;
     bool stopped_ = false;
     /// The keyboard was in lvwSLIDEBAR when it was hidden.
     bool hadFocus_ = false;

@@ -54,10 +54,10 @@ void SlideList::lvwSLIDEBAR_KeyDown(int KeyCode, int Shift) {
     }
     lvwSLIDEBAR_Click();
     const QPointer<SlideList> self = this;
-    if (KeyCode == KeyContextMenu && popup_) {
+    if (KeyCode == KeyContextMenu) {
         // The found list's menu, here too.
-        popup_({PopupRequest::Menu::mnuFOUNDTOP, Left(*c_.lvwSLIDEBAR) + popupKeyOffset,
-                Top(*c_.lvwSLIDEBAR)});
+        emit Popup({PopupRequest::Menu::mnuFOUNDTOP, Left(*c_.lvwSLIDEBAR) + popupKeyOffset,
+                    Top(*c_.lvwSLIDEBAR)});
     }
     if (self) {
         ListKeysCheck(KeyCode, Shift);
@@ -70,10 +70,8 @@ void SlideList::lvwSLIDEBAR_MouseUp(int Button, float X, float Y) {
     }
     // The button has made a slide current.
     lvwSLIDEBAR_Click();
-    if (popup_) {
-        popup_({PopupRequest::Menu::mnuSELECTEDTOP, Left(*c_.lvwSLIDEBAR) + X,
+    emit Popup({PopupRequest::Menu::mnuSELECTEDTOP, Left(*c_.lvwSLIDEBAR) + X,
                 Top(*c_.lvwSLIDEBAR) + Y, true});
-    }
 }
 
 void SlideList::lvwSLIDEBAR_AfterLabelEdit(const QString& NewString) {

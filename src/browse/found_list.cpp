@@ -20,31 +20,23 @@ constexpr int lookAhead = 16;
 // not bear a whole disk of them.
 constexpr int deepest = 8;
 
-template <typename Function, typename... Arguments>
-void run(const Function& function, Arguments... arguments) {
-    if (function) {
-        function(arguments...);
-    }
-}
-
 }  // namespace
 
-FoundList::FoundList(const FoundListControls& controls, Thumbnails& thumbnails,
-                     FoundListCalls calls, QObject* parent)
-    : QObject(parent), c_(controls), thumbnails_(thumbnails), calls_(std::move(calls)) {
+FoundList::FoundList(const FoundControls& controls, ProgressBar& prgBARSLIDES,
+                     Thumbnails& thumbnails)
+    : c_(controls), prgBARSLIDES_(prgBARSLIDES), thumbnails_(thumbnails) {
     connectEvents();
 }
 
 void FoundList::connectEvents() {
     connect(c_.ftvFOLDER, &FolderTree::NodeChange, this, &FoundList::ftvFOLDER_NodeChange);
-    connect(c_.ftvFOLDER, &FolderTree::KeyDown, this,
-            [this](int code, int shift) { run(calls_.ListKeysCheck, code, shift); });
+    connect(c_.ftvFOLDER, &FolderTree::KeyDown, this, &FoundList::KeyDown);
     connect(c_.lvwFOUND, &ListView::GotFocus, this, [] { ActiveList = QStringLiteral("FOUND"); });
     connect(c_.lvwFOUND, &ListView::Click, this, &FoundList::lvwFOUND_Click);
-    connect(c_.lvwFOUND, &ListView::DblClick, this, [this] { run(calls_.Add); });
+    connect(c_.lvwFOUND, &ListView::DblClick, this, &FoundList::Chosen);
     connect(c_.lvwFOUND, &ListView::KeyPress, this, [this](int ascii) {
         if (ascii == KeyReturn) {
-            run(calls_.Add);
+            emit Chosen();
         }
     });
     connect(c_.lvwFOUND, &ListView::KeyDown, this, &FoundList::lvwFOUND_KeyDown);
@@ -54,7 +46,7 @@ void FoundList::connectEvents() {
 
 void FoundList::lvwFOUND_Click() {
     ActiveList = QStringLiteral("FOUND");
-    run(calls_.FoundButtonsCheck);
+    emit Clicked();
 }
 
 void FoundList::lvwFOUND_KeyDown(int KeyCode, int Shift) {
@@ -65,10 +57,10 @@ void FoundList::lvwFOUND_KeyDown(int KeyCode, int Shift) {
     const QPointer<FoundList> self = this;
     if (KeyCode == KeyContextMenu) {
         const float x = Left(*c_.lvwFOUND) + popupKeyOffset;
-        run(calls_.popup, PopupRequest{PopupRequest::Menu::mnuFOUNDTOP, x, Top(*c_.lvwFOUND)});
+        emit Popup({PopupRequest::Menu::mnuFOUNDTOP, x, Top(*c_.lvwFOUND)});
     }
     if (self) {
-        run(calls_.ListKeysCheck, KeyCode, Shift);
+        emit KeyDown(KeyCode, Shift);
     }
 }
 
@@ -77,8 +69,8 @@ void FoundList::lvwFOUND_MouseUp(int Button, float X, float Y) {
         return;
     }
     lvwFOUND_Click();
-    run(calls_.popup, PopupRequest{PopupRequest::Menu::mnuFOUNDTOP, Left(*c_.lvwFOUND) + X,
-                                   Top(*c_.lvwFOUND) + Y, true});
+    emit Popup(
+        {PopupRequest::Menu::mnuFOUNDTOP, Left(*c_.lvwFOUND) + X, Top(*c_.lvwFOUND) + Y, true});
 }
 
 bool FoundList::yield() {
@@ -111,6 +103,7 @@ void FoundList::list(const QString& path) {
     c_.flbFOUND->setPath(path);
     emptyList();
     c_.flbFOUND->setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
+    emit FolderRead();
     thumbnails_.expectFound({});  // What was wanted of the folder before is not wanted any more.
     const QPointer<FoundList> self = this;
     if (c_.flbFOUND->ListCount() >= 1) {
@@ -131,9 +124,7 @@ void FoundList::list(const QString& path) {
     if (!yield()) {
         return;
     }
-    run(calls_.FoundButtonsCheck);
-    run(calls_.SelectChk);
-    run(calls_.selectFirstSlide);
+    emit Listed();
 }
 
 void FoundList::emptyList() {
@@ -145,8 +136,8 @@ void FoundList::emptyList() {
 }
 
 void FoundList::fill() {
-    c_.prgBARSLIDES->setValue(0);
-    c_.prgBARSLIDES->setVisible(true);
+    prgBARSLIDES_.setValue(0);
+    prgBARSLIDES_.setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);
     c_.lvwFOUND->setVisible(false);
     const QPointer<FoundList> self = this;
@@ -158,7 +149,7 @@ void FoundList::fill() {
         setScreenPointer(ScreenPointer::Default);
         return;
     }
-    c_.prgBARSLIDES->setVisible(false);
+    prgBARSLIDES_.setVisible(false);
     setScreenPointer(ScreenPointer::Default);
     c_.lvwFOUND->setVisible(true);
 }
@@ -176,8 +167,8 @@ void FoundList::addRow(int row) {
         c_.lvwFOUND->Add(c_.lvwFOUND->Count() + 1, QString::number(row) + QLatin1Char('M'),
                          c_.flbFOUND->List(row - 1), thumbnails_.FoundIconIndex(path));
     }
-    c_.prgBARSLIDES->setMax(c_.flbFOUND->ListCount());
-    c_.prgBARSLIDES->setValue(c_.lvwFOUND->Count());
+    prgBARSLIDES_.setMax(c_.flbFOUND->ListCount());
+    prgBARSLIDES_.setValue(c_.lvwFOUND->Count());
     DoEvents();
 }
 

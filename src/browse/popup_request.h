@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 namespace velorama {
 
 /// Asks the window for one of the popup menus of the two picture lists, at a place in twips in the
@@ -15,8 +13,6 @@ struct PopupRequest {
     bool firstIsDefault = false;
     bool operator==(const PopupRequest&) const = default;
 };
-
-using PopupHandler = std::function<void(const PopupRequest&)>;
 
 /// How far from a list's left edge, in twips, the context-menu key shows the popup.
 constexpr float popupKeyOffset = 200;

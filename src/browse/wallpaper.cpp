@@ -1,6 +1,8 @@
 #include "browse/wallpaper.h"
 
 #include "browse/screen_pointer.h"
+#include "controls/buttons/control_making.h"
+#include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "imaging/decode/picture.h"
 #include "imaging/scale/scaling.h"
@@ -81,6 +83,15 @@ void savePicture(const QImage& picture, const QString& path) {
 
 QString wallpaperFile() {
     return applicationFolder() + QStringLiteral("/Velorama Wallpaper.bmp");
+}
+
+WallpaperBoxes::WallpaperBoxes(QWidget& surface)
+    : picWALLPAPER(make<PictureBox>("picWALLPAPER", &surface)),
+      picPREVIEW(make<PictureBox>("picPREVIEW", &surface)) {
+    for (PictureBox* box : {picWALLPAPER, picPREVIEW}) {
+        place(*box, 0, 0, 1350, 1350);
+        box->hide();
+    }
 }
 
 Wallpaper::Wallpaper(const WallpaperControls& controls, std::function<int()> previewPosition,

@@ -9,6 +9,16 @@
 
 namespace velorama {
 
+/// Two hidden boxes that belong to the surface they are made on.
+struct WallpaperBoxes {
+    explicit WallpaperBoxes(QWidget& surface);
+
+    /// Used by nothing else: the last picture that could be loaded, at its full size.
+    PictureBox* picWALLPAPER;
+    /// The small box that shows the result.
+    PictureBox* picPREVIEW;
+};
+
 struct WallpaperControls {
     ListView* lvwSLIDEBAR = nullptr;
     ListView* lvwFOUND = nullptr;

@@ -1,5 +1,6 @@
 #include "ui/frm_resourcemainstore.h"
 
+#include "controls/geometry/twips.h"
 #include "ui/parts/menu_making.h"
 
 namespace velorama {
@@ -20,6 +21,14 @@ frmRESOURCEMAINSTORE::frmRESOURCEMAINSTORE(QWidget* parent, Commands& commands)
     commands.removeAll.addTo(*mnuSELECTEDTOP, "mnuSELECTEDCLEARALL", "Remo&ve All");
     commands.wallpaper.addTo(*mnuSELECTEDTOP, "mnuSELECTEDDESKTOP", "Set As Desktop &Wallpaper");
     commands.preview.addTo(*mnuSELECTEDTOP, "mnuSELECTEDPREVIEW", "&Preview");
+}
+
+void frmRESOURCEMAINSTORE::popup(const PopupRequest& request, const QWidget& page) {
+    const bool found = request.menu == PopupRequest::Menu::mnuFOUNDTOP;
+    QMenu* menu = found ? mnuFOUNDTOP : mnuSELECTEDTOP;
+    menu->setDefaultAction(request.firstIsDefault ? menu->actions().value(0) : nullptr);
+    const QPoint place(toPixels(request.x), toPixels(request.y));
+    menu->popup(page.mapToGlobal(place));
 }
 
 }  // namespace velorama

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browse/popup_request.h"
 #include "core/commands.h"
 
 #include <QIcon>
@@ -15,6 +16,9 @@ public:
     frmRESOURCEMAINSTORE(QWidget* parent, Commands& commands);
 
     QIcon Icon() const { return windowIcon(); }
+
+    /// `page`: what the asking list stands on; its coordinates count.
+    void popup(const PopupRequest& request, const QWidget& page);
 
     QMenu* mnuFOUNDTOP;
     QMenu* mnuSELECTEDTOP;

@@ -1,18 +1,15 @@
 #include "ui/main_window.h"
 
 #include "browse/screen_pointer.h"
+#include "controls/geometry/caption.h"
 #include "controls/geometry/twips.h"
 #include "controls/geometry/window_place.h"
-#include "controls/input/keys.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "ui/main_menus.h"
 
-#include <QApplication>
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QMessageBox>
-#include <QPainter>
 
 namespace velorama {
 namespace {
@@ -20,131 +17,114 @@ namespace {
 // The window's inner surface at design, in twips, and the smallest window, in logical pixels.
 constexpr float designWidth = 11040;
 constexpr float designHeight = 7200;
-constexpr int smallestWidth = 500;
-constexpr int smallestHeight = 400;
+constexpr QSize smallest(500, 400);
 
 }  // namespace
 
-/// The window's client area: all controls stand on it.
-class mfrmPRGMAIN::Surface : public QWidget {
-public:
-    explicit Surface(mfrmPRGMAIN& form) : QWidget(&form), form_(form) {}
-
-protected:
-    void resizeEvent(QResizeEvent*) override {
-        if (form_.loaded_) {
-            form_.Form_Resize();
-        }
-    }
-
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        // Nearly all of it lies behind controls; the rest is no more than a shade.
-        painter.setPen(palette().color(QPalette::Midlight));
-        painter.drawLine(form_.layout_.separator());
-    }
-
-private:
-    mfrmPRGMAIN& form_;
-};
-
 mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
     : services_(std::move(services)),
-      surface_(new Surface(*this)),
-      controls_(*surface_),
       cdlDIALOG_(this),
-      webAlbumPage_(*controls_.picframWEBALBM, cdlDIALOG_),
       popups_(this, commands_),
-      layout_(controls_, webAlbumPage_),
-      thumbnails_(controls_.imlFOUNDICONS, controls_.imlTHUMBNAILS, pictures_, devicePixelRatioF()),
-      slides_(slideListControls(), commands_, thumbnails_,
-              [this](const PopupRequest& r) { popup(r, *surface_); }),
-      found_({controls_.ftvFOLDER, &controls_.flbFOUND, controls_.lvwFOUND,
-              &controls_.imlFOUNDICONS, controls_.prgBARSLIDES},
-             thumbnails_, foundListCalls()),
-      albums_(albumListControls(), albumListCalls()),
-      album_(albumControls(), commands_, slides_, thumbnails_, albums_),
-      audio_(controls_.music, services_.device, cdlDIALOG_),
-      webAlbum_(webAlbumControls(), commands_, webAlbumPage_.values(), webAlbumScreen()),
-      preview_({controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER},
+      surface_(new Surface(this)),
+      pages_(new Pages(*surface_, commands_, cdlDIALOG_)),
+      slideBar_(new SlideBar(*surface_, commands_)),
+      boxes_(*surface_),
+      thumbnails_(*pages_->pictures->found.imlFOUNDICONS, *slideBar_->slides.imlTHUMBNAILS,
+                  pictures_, devicePixelRatioF()),
+      slides_(slideBar_->slides, pages_->pictures->found, commands_, thumbnails_),
+      found_(pages_->pictures->found, *slideBar_->slides.prgBARSLIDES, thumbnails_),
+      albums_(pages_->slideshows->albums, cdlDIALOG_),
+      album_(slideBar_->slides, commands_, cdlDIALOG_, slides_, thumbnails_, albums_),
+      audio_(pages_->music->controls, services_.device, cdlDIALOG_),
+      webAlbum_({slideBar_->slides.lvwSLIDEBAR, slideBar_->slides.prgBARSLIDES}, commands_,
+                pages_->webAlbum->values(), webAlbumScreen()),
+      preview_({slideBar_->slides.lvwSLIDEBAR, pages_->pictures->found.lvwFOUND,
+                pages_->pictures->found.ftvFOLDER},
                [this] { return previewWindow(); }),
       wallpaper_(
-          {controls_.lvwSLIDEBAR, controls_.lvwFOUND, controls_.ftvFOLDER, controls_.picWALLPAPER,
-           controls_.picPREVIEW},
-          [this] { return preview_.position(); },
-          services_.desktop != nullptr ? *services_.desktop : noDesktop_) {
+          {slideBar_->slides.lvwSLIDEBAR, pages_->pictures->found.lvwFOUND,
+           pages_->pictures->found.ftvFOLDER, boxes_.picWALLPAPER, boxes_.picPREVIEW},
+          [this] { return preview_.position(); }, services_.desktop),
+      help_(*this, commands_, services_.netCHECKUPDATE, popups_.Icon()),
+      settings_(*this, album_, *pages_->slideshows->albums.lvwALBUMS),
+      show_(*this, services_.screenSaver, audio_, pages_->music->controls, settings_) {
+    design();
+    connectCommands();
+    connectLists();
+    connectForm();
+    setTabOrders();
+}
+
+void mfrmPRGMAIN::design() {
     setObjectName(QStringLiteral("mfrmPRGMAIN"));
+    mnutxt1_.setObjectName(QStringLiteral("mnutxt1"));
     setWindowTitle(libTxt.ProductName);
     fillMenuBar(*menuBar(), commands_);
     setCentralWidget(surface_);
     setContextMenuPolicy(Qt::NoContextMenu);
-    setMinimumSize(smallestWidth, smallestHeight);
+    setMinimumSize(smallest);
     resize(toPixels(designWidth), toPixels(designHeight) + menuBar()->sizeHint().height());
     centreOnScreen(*this);
-    connectCommands();
-    connectSplitter();
-    setTabOrders();
-    qApp->installEventFilter(this);
 }
 
-mfrmPRGMAIN::~mfrmPRGMAIN() {
-    delete show_;
+// Those of slides, albums and help are connected by who carries them out.
+void mfrmPRGMAIN::connectCommands() {
+    const auto on = [this](const Command& command, auto handler) {
+        connect(&command, &Command::triggered, this, handler);
+    };
+    on(commands_.start, &mfrmPRGMAIN::mnuFILESTART_Click);
+    on(commands_.settings, [this] { settings_.mnuTOOLSOPTIONS_Click(); });
+    on(commands_.exit, &mfrmPRGMAIN::close);
+    on(commands_.preview, [this] { preview_.PicturePreview(); });
+    on(commands_.wallpaper, [this] { wallpaper_.DESKTOPWALLPAPER(); });
+    on(commands_.createWebAlbum, [this] { webAlbum_.cbtnWEBALBUM_Click(); });
+    on(commands_.viewWebAlbum,
+       [this] { webAlbum_.cbtnVIEWWEBALB_Click(QString::number(winId())); });
 }
 
-SlideListControls mfrmPRGMAIN::slideListControls() {
-    SlideListControls given;
-    given.form = surface_;
-    given.lvwSLIDEBAR = controls_.lvwSLIDEBAR;
-    given.lvwFOUND = controls_.lvwFOUND;
-    given.flbFOUND = &controls_.flbFOUND;
-    given.imlTHUMBNAILS = &controls_.imlTHUMBNAILS;
-    given.prgBARSLIDES = controls_.prgBARSLIDES;
-    return given;
-}
-
-AlbumFile::Controls mfrmPRGMAIN::albumControls() {
-    AlbumFile::Controls given;
-    given.form = this;
-    given.lvwSLIDEBAR = controls_.lvwSLIDEBAR;
-    given.lvwALBUMS = controls_.lvwALBUMS;
-    given.imlTHUMBNAILS = &controls_.imlTHUMBNAILS;
-    given.prgBARSLIDES = controls_.prgBARSLIDES;
-    given.cdlDIALOG = &cdlDIALOG_;
-    return given;
-}
-
-AlbumList::Controls mfrmPRGMAIN::albumListControls() {
-    return {controls_.lvwALBUMS, controls_.btnADD, controls_.btnREMOVE, controls_.btnView,
-            &cdlDIALOG_};
-}
-
-AlbumListCalls mfrmPRGMAIN::albumListCalls() {
-    AlbumListCalls calls;
-    calls.AlbumPath = [this] { return album_.Tag(); };
-    calls.isModified = [this] { return album_.isModified(); };
-    calls.mnuFILESAVE_Click = [this] { album_.mnuFILESAVE_Click(); };
-    calls.openAlbum = [this](const QString& path) { album_.openFromList(path); };
-    return calls;
-}
-
-FoundListCalls mfrmPRGMAIN::foundListCalls() {
-    FoundListCalls calls;
-    calls.FoundButtonsCheck = [this] {
+void mfrmPRGMAIN::connectLists() {
+    PicturesPage* page = pages_->pictures;
+    connect(&found_, &FoundList::FolderRead, page, &PicturesPage::showCount);
+    connect(&found_, &FoundList::Clicked, &slides_, &SlideList::FoundButtonsCheck);
+    connect(&found_, &FoundList::Listed, &slides_, [this] {
         slides_.FoundButtonsCheck();
-        updateFoundCount();
-    };
-    calls.SelectChk = [this] { slides_.SelectChk(); };
-    calls.selectFirstSlide = [this] { slides_.selectFirstSlide(); };
-    calls.Add = [this] { slides_.Add(); };
-    calls.ListKeysCheck = [this](int code, int shift) { slides_.ListKeysCheck(code, shift); };
-    calls.popup = [this](const PopupRequest& request) {
-        popup(request, *controls_.picframPICTURES);
-    };
-    return calls;
+        slides_.SelectChk();
+        slides_.selectFirstSlide();
+    });
+    connect(&found_, &FoundList::Chosen, &slides_, &SlideList::Add);
+    connect(&found_, &FoundList::KeyDown, &slides_, &SlideList::ListKeysCheck);
+    connect(&found_, &FoundList::Popup, this,
+            [this, page](const PopupRequest& request) { popups_.popup(request, *page); });
+    connect(&slides_, &SlideList::Popup, this,
+            [this](const PopupRequest& request) { popups_.popup(request, *surface_); });
+    connect(slideBar_, &SlideBar::Pressed, &slides_, &SlideList::SelectChk);
+    connect(page, &PicturesPage::SplitterMoved, this, &mfrmPRGMAIN::VBarLayout);
+    connect(page, &PicturesPage::KeyDown, &slides_, &SlideList::ListKeysCheck);
 }
 
-WebAlbumControls mfrmPRGMAIN::webAlbumControls() {
-    return {controls_.lvwSLIDEBAR, controls_.prgBARSLIDES};
+void mfrmPRGMAIN::connectForm() {
+    connect(&album_, &AlbumFile::CaptionChanged, this,
+            [this](const QString& caption) { setCaption(*this, caption); });
+    connect(&mnutxt1_, &mnutxt::MenuHover, this,
+            [](const QString& text) { gStatus->MenuText(text); });
+    connect(surface_, &Surface::Resized, this, [this] {
+        if (loaded_) {
+            Form_Resize();
+        }
+    });
+}
+
+// Down the page that is up, then the toolbar and the slide bar.
+void mfrmPRGMAIN::setTabOrders() {
+    const QList<QWidget*> order = pages_->tabOrder() + slideBar_->tabOrder();
+    for (qsizetype i = 1; i < order.size(); ++i) {
+        setTabOrder(order.at(i - 1), order.at(i));
+    }
+}
+
+void mfrmPRGMAIN::mnuFILESTART_Click() {
+    slides_.SELECTIONSAVE();
+    show_.start();
 }
 
 WebAlbumScreen mfrmPRGMAIN::webAlbumScreen() {
@@ -163,9 +143,9 @@ WebAlbumScreen mfrmPRGMAIN::webAlbumScreen() {
 
 PreviewWindow mfrmPRGMAIN::previewWindow() {
     if (!previewForm_) {
-        previewForm_ =
-            new frmPICTUREPREVIEW(this, {[this](bool forward) { PicturePreviewCertain(forward); },
-                                         [this] { DESKTOPWALLPAPERPREVIEW(); }});
+        previewForm_ = new frmPICTUREPREVIEW(
+            this, {[this](bool forward) { preview_.PicturePreviewCertain(forward); },
+                   [this] { wallpaper_.DESKTOPWALLPAPERPREVIEW(); }});
     }
     PreviewWindow window = previewForm_->parts();
     window.show = [form = previewForm_] {
@@ -175,12 +155,23 @@ PreviewWindow mfrmPRGMAIN::previewWindow() {
     return window;
 }
 
-frmTOOLSSETTINGS& mfrmPRGMAIN::settings() {
-    if (!settings_ || settings_->isUnloaded()) {
-        delete settings_;
-        settings_ = new frmTOOLSSETTINGS(this, album_.Tag(), *controls_.lvwALBUMS);
+void mfrmPRGMAIN::Form_Resize() {
+    const float W = Width(*surface_);
+    const float H = Height(*surface_);
+    pages_->stretch(W, H);
+    slideBar_->hangBelow(Top(*pages_->tabPAGES) + Height(*pages_->tabPAGES), W);
+    VBarLayout();
+    slideBar_->tint();
+    slideBar_->layOut(W, H);
+    surface_->setSeparator(slideBar_->separator(W));
+    pages_->layOut();
+}
+
+void mfrmPRGMAIN::VBarLayout() {
+    const float W = Width(*surface_);
+    if (pages_->placeBySplitter(W)) {
+        slideBar_->stretch(W);
     }
-    return *settings_;
 }
 
 void mfrmPRGMAIN::setVisible(bool visible) {
@@ -194,50 +185,15 @@ void mfrmPRGMAIN::setVisible(bool visible) {
     QMainWindow::setVisible(visible && !unloaded_);
 }
 
-void mfrmPRGMAIN::closeEvent(QCloseEvent* event) {
-    if (unloaded_) {
-        return;
-    }
-    if (closing_) {
-        event->ignore();
-        return;
-    }
-    closing_ = true;
-    bool Cancel = false;
-    Form_QueryUnload(Cancel);
-    closing_ = false;
-    event->setAccepted(!Cancel);
-    if (!Cancel) {
-        Form_Unload();
-    }
-}
-
-// The form sees the page keys before the control that has the focus.
-bool mfrmPRGMAIN::eventFilter(QObject* watched, QEvent* event) {
-    const auto* control = qobject_cast<QWidget*>(watched);
-    if (event->type() == QEvent::KeyPress && control != nullptr && control->window() == this) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        int code = keyCode(*key);
-        int shift = shiftMask(key->modifiers());
-        const bool handled = code != 0;
-        Form_KeyDown(code, shift);
-        if (handled && code == 0) {
-            return true;
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
-}
-
 void mfrmPRGMAIN::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (!loaded_ || unloaded_) {
         return;
     }
     if (event->type() == QEvent::PaletteChange) {
-        layout_.applyPageColour();
-    }
-    if (event->type() == QEvent::ActivationChange ? isActiveWindow()
-                                                  : event->type() == QEvent::PaletteChange) {
+        pages_->tint();
+        Form_Resize();
+    } else if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         Form_Resize();
     }
 }

@@ -35,7 +35,7 @@ protected:
 TEST_F(AlbumPage, addAsksForAnAlbum) {
     saveSetting(details, QStringLiteral("CMD Open Folder"), folderOf(one).chopped(1));
     chosen = two;
-    btnADD->click();
+    albumControls.btnADD->click();
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_FALSE(asked[0].save);
     EXPECT_EQ(asked[0].title, QStringLiteral("Insert a Slideshow album"));
@@ -51,8 +51,8 @@ TEST_F(AlbumPage, addAsksForAnAlbum) {
 TEST_F(AlbumPage, addJoinsTheListAndOpensNothing) {
     setProjectList(QStringLiteral("0"));
     chosen = two;
-    btnADD->click();
-    btnADD->click();
+    albumControls.btnADD->click();
+    albumControls.btnADD->click();
     EXPECT_EQ(albumKeys(), QStringList(two));
     EXPECT_EQ(selectedAlbum(), two);
     EXPECT_EQ(cdlDIALOG.InitDir, folderOf(two));
@@ -65,7 +65,7 @@ TEST_F(AlbumPage, addJoinsTheListAndOpensNothing) {
 
 TEST_F(AlbumPage, aFirstCancelOfAddGoesOnWithNoName) {
     saveSetting(details, QStringLiteral("CMD Open Folder"), folderOf(one));
-    btnADD->click();
+    albumControls.btnADD->click();
     EXPECT_EQ(lvwALBUMS->Count(), 0);
     EXPECT_FALSE(cdlDIALOG.CancelError);
     EXPECT_EQ(cdlDIALOG.InitDir, QString());
@@ -75,7 +75,7 @@ TEST_F(AlbumPage, aFirstCancelOfAddGoesOnWithNoName) {
 
 TEST_F(AlbumPage, aFirstCancelOfAddTakesNoFileOfAnotherCommand) {
     cdlDIALOG.FileName = QStringLiteral("/music/one.mp3");
-    btnADD->click();
+    albumControls.btnADD->click();
     EXPECT_EQ(lvwALBUMS->Count(), 0);
     EXPECT_EQ(cdlDIALOG.FileName, QString());
 }
@@ -85,7 +85,7 @@ TEST_F(AlbumPage, aCancelOfAddEndsItOnceOpenOrSaveAsRan) {
         cdlDIALOG.CancelError = false;
         saveSetting(details, QStringLiteral("CMD Open Folder"), folderOf(one));
         saving ? file->mnuFILESAVEAS_Click() : file->mnuFILEOPEN_Click();
-        btnADD->click();
+        albumControls.btnADD->click();
         EXPECT_EQ(lvwALBUMS->Count(), 0);
         EXPECT_EQ(storedFolder(), folderOf(one));
         EXPECT_EQ(cdlDIALOG.InitDir, folderOf(one));
@@ -98,7 +98,7 @@ TEST_F(AlbumPage, removeTakesTheSelectedAlbumFromTheListAlone) {
     albums->SlideshowListSave(*lvwALBUMS, QStringLiteral("mfrmPRGMAIN"));
     file->openFromList(one);
     albums->AlbumListSelect(one);
-    btnREMOVE->click();
+    albumControls.btnREMOVE->click();
     EXPECT_EQ(albumKeys(), QStringList(two));
     EXPECT_TRUE(QFile::exists(one));
     EXPECT_EQ(storedTotal(), QStringLiteral("2"));
@@ -108,17 +108,17 @@ TEST_F(AlbumPage, removeTakesTheSelectedAlbumFromTheListAlone) {
 }
 
 TEST_F(AlbumPage, removeOfNothingDoesNothing) {
-    btnREMOVE->click();
+    albumControls.btnREMOVE->click();
     EXPECT_EQ(lvwALBUMS->Count(), 0);
     add({one});
-    btnREMOVE->click();
-    btnREMOVE->click();
+    albumControls.btnREMOVE->click();
+    albumControls.btnREMOVE->click();
     EXPECT_EQ(lvwALBUMS->Count(), 0);
 }
 
 TEST_F(AlbumPage, threeWaysOpen) {
     const std::vector<std::pair<const char*, std::function<void()>>> ways = {
-        {"view", [this] { btnView->click(); }},
+        {"view", [this] { albumControls.btnView->click(); }},
         {"double click", [this] { emit lvwALBUMS->DblClick(); }},
         {"key press", [this] { emit lvwALBUMS->KeyPress(13); }},
         {"return", [this] { QTest::keyClick(lvwALBUMS, Qt::Key_Return); }}};
@@ -150,7 +150,7 @@ TEST_F(AlbumPage, anUnchangedListIsNotAskedAbout) {
     add({one});
     fill({p[1]});
     const test::MessageWatch watch;
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_TRUE(watch.messages.empty());
     EXPECT_TRUE(isOpen(one));
 }
@@ -159,7 +159,7 @@ TEST_F(AlbumPage, noOpensWithoutSaving) {
     add({one});
     work(two);
     const test::MessageWatch watch(QStringLiteral("btnNO"));
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_EQ(watch.messages, std::vector({test::saveQuestion(two)}));
     EXPECT_EQ(test::contentOf(two), formA({p[1]}));
     EXPECT_TRUE(isOpen(one));
@@ -170,7 +170,7 @@ TEST_F(AlbumPage, cancelStops) {
     add({one});
     work(two);
     const test::MessageWatch watch(QStringLiteral("btnCANCEL"));
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_EQ(watch.messages, std::vector({test::saveQuestion(two)}));
     EXPECT_EQ(file->Tag(), two);
     EXPECT_TRUE(isModified());
@@ -183,7 +183,7 @@ TEST_F(AlbumPage, yesSavesAndOpens) {
     work(two);
     SaveCancelled = true;
     const test::MessageWatch watch(QStringLiteral("btnYES"));
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_EQ(watch.messages.size(), 1U);
     EXPECT_EQ(test::contentOf(two), "1| \r\n" + formA({p[0]}).mid(3));
     EXPECT_FALSE(SaveCancelled);
@@ -197,7 +197,7 @@ TEST_F(AlbumPage, yesForANewListAsksForItsFile) {
     work(QString());
     chosen = test::temporaryFolder() + QStringLiteral("/new.vlr");
     const test::MessageWatch watch(QStringLiteral("btnYES"));
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_EQ(watch.messages, std::vector({test::saveQuestion(QString())}));
     EXPECT_EQ(test::contentOf(chosen), formA({p[0]}));
     EXPECT_TRUE(isOpen(one));
@@ -207,7 +207,7 @@ TEST_F(AlbumPage, yesWithACancelledSaveAsStops) {
     add({one});
     work(QString());
     const test::MessageWatch watch(QStringLiteral("btnYES"));
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_EQ(asked.size(), 1U);
     EXPECT_TRUE(SaveCancelled);
     EXPECT_EQ(file->Tag(), QString());
@@ -220,7 +220,7 @@ TEST_F(AlbumPage, anAlbumThatHasGoneIsReportedAndRemoved) {
     file->openFromList(two);
     albums->AlbumListSelect(gone);
     const test::MessageWatch watch;
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_EQ(watch.messages, std::vector({test::cannotOpen(gone)}));
     EXPECT_EQ(albumKeys(), QStringList({one, two}));
     EXPECT_TRUE(isOpen(two));
@@ -240,7 +240,7 @@ TEST_F(AlbumPage, aChangedListIsAskedAboutBeforeThatReport) {
 
 TEST_F(AlbumPage, viewOfAnEmptyListReportsNoName) {
     const test::MessageWatch watch;
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_EQ(watch.messages, std::vector({test::cannotOpen(QString())}));
     EXPECT_EQ(file->Tag(), QString());
 }
@@ -249,7 +249,7 @@ TEST_F(AlbumPage, anEmptyAlbumOpensToAnEmptyList) {
     const QString empty = album(formA({}));
     add({empty});
     fill(p);
-    btnView->click();
+    albumControls.btnView->click();
     EXPECT_TRUE(isOpen(empty));
     EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
     EXPECT_FALSE(commands.start.isEnabled());

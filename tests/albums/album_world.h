@@ -3,6 +3,7 @@
 #include "albums/album_file.h"
 #include "albums/slide_world.h"
 #include "controls/boxes/label.h"
+#include "controls/geometry/caption.h"
 #include "support/sound_files.h"
 
 #include <QPushButton>
@@ -81,10 +82,7 @@ protected:
     WithAlbums() {
         SaveCancelled = false;
         form.setWindowTitle(QStringLiteral("untouched"));
-        lvwALBUMS->setObjectName(QStringLiteral("lvwALBUMS"));
-        lvwALBUMS->setColumns({QStringLiteral("Slideshow"), QStringLiteral("Description")});
         lvwALBUMS->show();
-        prgBARSLIDES->hide();
         makeAlbums();
         unmodify();
         CommonDialog::answerWith([this](const FileDialogRequest& request) {
@@ -96,17 +94,11 @@ protected:
     ~WithAlbums() override { CommonDialog::answerWith({}); }
 
     void makeAlbums() {
-        AlbumListCalls calls;
-        calls.AlbumPath = [this] { return file->Tag(); };
-        calls.isModified = [this] { return file->isModified(); };
-        calls.mnuFILESAVE_Click = [this] { file->mnuFILESAVE_Click(); };
-        calls.openAlbum = [this](const QString& path) { file->openFromList(path); };
-        albums = std::make_unique<AlbumList>(
-            AlbumList::Controls{lvwALBUMS, btnADD, btnREMOVE, btnView, &cdlDIALOG}, calls);
-        file = std::make_unique<AlbumFile>(
-            AlbumFile::Controls{&form, lvwSLIDEBAR, lvwALBUMS, &imlTHUMBNAILS, prgBARSLIDES,
-                                &cdlDIALOG},
-            commands, *list, thumbnails, *albums);
+        albums = std::make_unique<AlbumList>(albumControls, cdlDIALOG);
+        file = std::make_unique<AlbumFile>(slideControls, commands, cdlDIALOG, *list, thumbnails,
+                                           *albums);
+        QObject::connect(file.get(), &AlbumFile::CaptionChanged, &form,
+                         [this](const QString& caption) { setCaption(form, caption); });
     }
 
     /// An album file of these bytes in a folder of its own; its path.
@@ -185,10 +177,8 @@ protected:
         saveSetting(QStringLiteral("frmTOOLSSETTINGS"), QStringLiteral("projectlist"), value);
     }
 
-    ReportView* lvwALBUMS = new ReportView(&form);
-    QAbstractButton* btnADD = new QPushButton(&form);
-    QAbstractButton* btnREMOVE = new QPushButton(&form);
-    QAbstractButton* btnView = new QPushButton(&form);
+    const AlbumControls albumControls{form};
+    ReportView* lvwALBUMS = albumControls.lvwALBUMS;
     CommonDialog cdlDIALOG{&form};
     std::unique_ptr<AlbumList> albums;
     std::unique_ptr<AlbumFile> file;

@@ -13,24 +13,10 @@ protected:
     WithSlides() {
         form.resize(700, 500);
         place(*lvwSLIDEBAR, 120, 4500, 3000, 1500);
-        lvwFOUND->setIcons(&imlFOUNDICONS);
-        lvwSLIDEBAR->setIcons(&imlTHUMBNAILS);
         flbFOUND.setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
-        list = std::make_unique<SlideList>(
-            controls(), commands, thumbnails,
-            [this](const PopupRequest& request) { popups.push_back(request); });
+        QObject::connect(list.get(), &SlideList::Popup, &form,
+                         [this](const PopupRequest& request) { popups.push_back(request); });
         form.show();
-    }
-
-    SlideListControls controls() {
-        SlideListControls c;
-        c.form = &form;
-        c.lvwSLIDEBAR = lvwSLIDEBAR;
-        c.lvwFOUND = lvwFOUND;
-        c.flbFOUND = &flbFOUND;
-        c.imlTHUMBNAILS = &imlTHUMBNAILS;
-        c.prgBARSLIDES = prgBARSLIDES;
-        return c;
     }
 
     /// A folder of small pictures, shown in the found list with none selected.
@@ -116,17 +102,20 @@ protected:
     }
 
     QWidget form;
-    ListView* lvwSLIDEBAR = new ListView(&form);
-    ListView* lvwFOUND = new ListView(&form);
-    FileList flbFOUND;
-    ImageList imlFOUNDICONS;
-    ImageList imlTHUMBNAILS;
-    ProgressBar* prgBARSLIDES = new ProgressBar(&form);
+    const SlideControls slideControls{form};
+    const FoundControls foundControls{form};
+    ListView* lvwSLIDEBAR = slideControls.lvwSLIDEBAR;
+    ListView* lvwFOUND = foundControls.lvwFOUND;
+    FileList& flbFOUND = *foundControls.flbFOUND;
+    ImageList& imlFOUNDICONS = *foundControls.imlFOUNDICONS;
+    ImageList& imlTHUMBNAILS = *slideControls.imlTHUMBNAILS;
+    ProgressBar* prgBARSLIDES = slideControls.prgBARSLIDES;
     Commands commands;
     LookAhead pictures;
     Thumbnails thumbnails{imlFOUNDICONS, imlTHUMBNAILS, pictures};
     std::vector<PopupRequest> popups;
-    std::unique_ptr<SlideList> list;
+    std::unique_ptr<SlideList> list =
+        std::make_unique<SlideList>(slideControls, foundControls, commands, thumbnails);
 };
 
 }  // namespace velorama::test

@@ -16,26 +16,26 @@ protected:
     FoundListTest() {
         form.resize(600, 400);
         place(*lvwFOUND, 1500, 300, 3000, 3000);
-        FoundListCalls calls;
-        calls.FoundButtonsCheck = [this] { log.append(QStringLiteral("found")); };
-        calls.SelectChk = [this] { log.append(QStringLiteral("select")); };
-        calls.selectFirstSlide = [this] {
+        connect(&FoundList::FolderRead, QStringLiteral("read"));
+        connect(&FoundList::Clicked, QStringLiteral("clicked"));
+        connect(&FoundList::Chosen, QStringLiteral("chosen"));
+        QObject::connect(list.get(), &FoundList::Listed, list.get(), [this] {
             ActiveList = QStringLiteral("SELECTED");
-            log.append(QStringLiteral("slide"));
-        };
-        calls.Add = [this] { log.append(QStringLiteral("add")); };
-        calls.ListKeysCheck = [this](int code, int shift) {
+            log.append(QStringLiteral("listed"));
+        });
+        QObject::connect(list.get(), &FoundList::KeyDown, list.get(), [this](int code, int shift) {
             log.append(QStringLiteral("keys %1 %2").arg(code).arg(shift));
-        };
-        calls.popup = [this](const PopupRequest& request) { popups.push_back(request); };
-        list = std::make_unique<FoundList>(
-            FoundListControls{ftvFOLDER, &flbFOUND, lvwFOUND, &imlFOUNDICONS, prgBARSLIDES},
-            thumbnails, calls);
+        });
+        QObject::connect(list.get(), &FoundList::Popup, list.get(),
+                         [this](const PopupRequest& request) { popups.push_back(request); });
         form.show();
         ftvFOLDER->hide();
         prgBARSLIDES->hide();
     }
 
+    void connect(void (FoundList::*signal)(), const QString& name) {
+        QObject::connect(list.get(), signal, list.get(), [this, name] { log.append(name); });
+    }
     QString folderWith(const QStringList& names) {
         const QString folder = test::temporaryFolder();
         for (const QString& name : names) {
@@ -68,17 +68,18 @@ protected:
     }
 
     QWidget form;
-    FolderTree* ftvFOLDER = new FolderTree(&form);
-    FileList flbFOUND;
-    ListView* lvwFOUND = new ListView(&form);
-    ImageList imlFOUNDICONS;
+    const FoundControls found{form};
+    FolderTree* ftvFOLDER = found.ftvFOLDER;
+    FileList& flbFOUND = *found.flbFOUND;
+    ListView* lvwFOUND = found.lvwFOUND;
+    ImageList& imlFOUNDICONS = *found.imlFOUNDICONS;
     ImageList imlTHUMBNAILS;
     ProgressBar* prgBARSLIDES = new ProgressBar(&form);
     LookAhead pictures;
     Thumbnails thumbnails{imlFOUNDICONS, imlTHUMBNAILS, pictures};
     QStringList log;
     std::vector<PopupRequest> popups;
-    std::unique_ptr<FoundList> list;
+    std::unique_ptr<FoundList> list = std::make_unique<FoundList>(found, *prgBARSLIDES, thumbnails);
 };
 
 TEST_F(FoundListTest, rowsFollowTheFilesOfTheFolder) {
@@ -104,8 +105,8 @@ TEST_F(FoundListTest, folderWithOnePictureSelectsIt) {
     list->ftvFOLDER_NodeChange(folder);
     ASSERT_EQ(lvwFOUND->Count(), 1);
     EXPECT_TRUE(lvwFOUND->item(1)->Selected());
-    EXPECT_EQ(log, QStringList({QStringLiteral("found"), QStringLiteral("found"),
-                                QStringLiteral("select"), QStringLiteral("slide")}));
+    EXPECT_EQ(log, QStringList({QStringLiteral("read"), QStringLiteral("clicked"),
+                                QStringLiteral("listed")}));
     EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
     EXPECT_EQ(stored(), folder);
 }
@@ -120,8 +121,7 @@ TEST_F(FoundListTest, folderWithoutPicturesIsAnEmptyListAndNoBar) {
     EXPECT_EQ(prgBARSLIDES->Value(), 7);
     EXPECT_EQ(lvwFOUND->Count(), 0);
     EXPECT_EQ(imlFOUNDICONS.Count(), 1);
-    EXPECT_EQ(log, QStringList({QStringLiteral("found"), QStringLiteral("select"),
-                                QStringLiteral("slide")}));
+    EXPECT_EQ(log, QStringList({QStringLiteral("read"), QStringLiteral("listed")}));
     EXPECT_EQ(stored(), empty);
     expectAtRest();
 }
@@ -307,14 +307,14 @@ TEST_F(FoundListTest, touchingTheListMakesItActive) {
     ActiveList.clear();
     emit lvwFOUND->Click();
     EXPECT_EQ(ActiveList, QStringLiteral("FOUND"));
-    EXPECT_EQ(log, QStringList(QStringLiteral("found")));
+    EXPECT_EQ(log, QStringList(QStringLiteral("clicked")));
 }
 
 TEST_F(FoundListTest, doubleClickAndEnterAdd) {
     emit lvwFOUND->DblClick();
     emit lvwFOUND->KeyPress(KeyReturn);
     emit lvwFOUND->KeyPress(32);
-    EXPECT_EQ(log, QStringList({QStringLiteral("add"), QStringLiteral("add")}));
+    EXPECT_EQ(log, QStringList({QStringLiteral("chosen"), QStringLiteral("chosen")}));
 }
 
 TEST_F(FoundListTest, keysOfAnEmptyListDoNothing) {
@@ -331,8 +331,8 @@ TEST_F(FoundListTest, contextMenuKeyShowsThePopup) {
     emit lvwFOUND->KeyDown(KeyInsert, 4);
     ASSERT_EQ(popups.size(), 1U);
     EXPECT_EQ(popups[0], (PopupRequest{PopupRequest::Menu::mnuFOUNDTOP, 1700, 300, false}));
-    EXPECT_EQ(log, QStringList({QStringLiteral("found"), QStringLiteral("keys 93 0"),
-                                QStringLiteral("found"), QStringLiteral("keys 45 4")}));
+    EXPECT_EQ(log, QStringList({QStringLiteral("clicked"), QStringLiteral("keys 93 0"),
+                                QStringLiteral("clicked"), QStringLiteral("keys 45 4")}));
 }
 
 TEST_F(FoundListTest, rightButtonShowsThePopupWithAddAsDefault) {

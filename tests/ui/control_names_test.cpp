@@ -26,8 +26,7 @@ protected:
         return controls;
     }
     bool isHiddenItself(const QWidget& widget) {
-        const auto pages = controls().pages();
-        return widget.isHidden() && std::find(pages.begin(), pages.end(), &widget) == pages.end();
+        return widget.isHidden() && qobject_cast<const Page*>(&widget) == nullptr;
     }
     static bool isInsideSpinBox(const QWidget& widget) {
         return qobject_cast<QAbstractSpinBox*>(widget.parentWidget()) != nullptr;
@@ -65,14 +64,22 @@ TEST_F(ControlNames, ObjectNamesAreNotUsedTwice) {
 TEST_F(ControlNames, TheTabKeyGoesDownThePageThenTheToolbarThenTheSlides) {
     start(album(2));
     browse({QStringLiteral("a.bmp")});
-    MainControls& c = controls();
-    c.tabPAGES->press(1);
-    c.tabPAGES->setFocus();
-    const std::vector<QWidget*> order = {c.cbtnSLIDES[0],   c.cbtnSLIDES[1],   c.cbtnSLIDES[3],
-                                         c.lvwALBUMS,       c.btnADD,          c.btnREMOVE,
-                                         c.btnView,         c.cbtnCONTROLS[2], c.cbtnCONTROLS[3],
-                                         c.cbtnCONTROLS[5], c.cbtnCONTROLS[8], c.cbtnCONTROLS[6],
-                                         c.lvwSLIDEBAR,     c.tabPAGES};
+    pages().tabPAGES->press(1);
+    pages().tabPAGES->setFocus();
+    const std::vector<QWidget*> order = {pages().slideshows->cbtnSLIDES[0],
+                                         pages().slideshows->cbtnSLIDES[1],
+                                         pages().slideshows->cbtnSLIDES[3],
+                                         albumControls().lvwALBUMS,
+                                         albumControls().btnADD,
+                                         albumControls().btnREMOVE,
+                                         albumControls().btnView,
+                                         slideBar().cbtnCONTROLS[2],
+                                         slideBar().cbtnCONTROLS[3],
+                                         slideBar().cbtnCONTROLS[5],
+                                         slideBar().cbtnCONTROLS[8],
+                                         slideBar().cbtnCONTROLS[6],
+                                         slideControls().lvwSLIDEBAR,
+                                         pages().tabPAGES};
     for (const QWidget* next : order) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         ASSERT_NE(QApplication::focusWidget(), nullptr);

@@ -12,7 +12,7 @@ protected:
         start();
         gLibrary->disconnect();
     }
-    cbtn& item(std::size_t index) { return *controls().cbtnCONTROLS.at(index); }
+    cbtn& item(std::size_t index) { return *slideBar().cbtnCONTROLS.at(index); }
     /// Times that a click of the button ran the menu entry.
     static int forwards(cbtn& button, QAction& entry) {
         QSignalSpy ran(&entry, &QAction::triggered);
@@ -20,7 +20,7 @@ protected:
         return static_cast<int>(ran.count());
     }
     void makeCurrent(int slide) {
-        ListView& list = *controls().lvwSLIDEBAR;
+        ListView& list = *slideControls().lvwSLIDEBAR;
         list.clearSelection();
         list.setSelectedItem(slide);
         list.item(slide)->setSelected(true);
@@ -36,7 +36,7 @@ protected:
         const bool holds = !slides().isEmpty();
         EXPECT_EQ(item(3).isEnabled(), holds) << index;
         EXPECT_EQ(commands().removeAll.isEnabled(), holds) << index;
-        EXPECT_EQ(window->webAlbumPage().cbtnWEBALBUM->isEnabled(), holds) << index;
+        EXPECT_EQ(pages().webAlbum->cbtnWEBALBUM->isEnabled(), holds) << index;
     }
 };
 
@@ -49,14 +49,14 @@ TEST_F(ButtonsTest, ToolbarItemsHaveNamesAndTooltips) {
     for (const auto& [index, tooltip] : tooltips) {
         EXPECT_EQ(item(index).toolTip(), QLatin1String(tooltip));
         EXPECT_EQ(item(index).objectName(), QStringLiteral("cbtnCONTROLS%1").arg(index));
-        EXPECT_EQ(item(index).parentWidget(), controls().picbarCONTROLS);
+        EXPECT_EQ(item(index).parentWidget(), slideBar().picbarCONTROLS);
     }
-    EXPECT_EQ(controls().cbtnCONTROLS[7], nullptr);
+    EXPECT_EQ(slideBar().cbtnCONTROLS[7], nullptr);
 }
 
 TEST_F(ButtonsTest, AddAndAddAllTakePicturesOfTheFolder) {
-    controls().lvwFOUND->clearSelection();
-    controls().lvwFOUND->item(3)->setSelected(true);
+    foundControls().lvwFOUND->clearSelection();
+    foundControls().lvwFOUND->item(3)->setSelected(true);
     EXPECT_EQ(forwards(item(0), commands().add), 1);
     EXPECT_EQ(slides().size(), 1);
     EXPECT_EQ(forwards(item(1), commands().addAll), 1);
@@ -78,11 +78,11 @@ TEST_F(ButtonsTest, MovesTheCurrentSlide) {
     makeCurrent(2);
     item(4).click();
     EXPECT_EQ(slides(), QStringList({before[1], before[0], before[2]}));
-    EXPECT_EQ(controls().lvwSLIDEBAR->SelectedItem()->Index(), 1);
+    EXPECT_EQ(slideControls().lvwSLIDEBAR->SelectedItem()->Index(), 1);
     item(5).click();
     item(5).click();
     EXPECT_EQ(slides(), QStringList({before[0], before[2], before[1]}));
-    EXPECT_EQ(controls().lvwSLIDEBAR->SelectedItem()->Index(), 3);
+    EXPECT_EQ(slideControls().lvwSLIDEBAR->SelectedItem()->Index(), 3);
 }
 
 TEST_F(ButtonsTest, TheEndsOfTheListStopAMove) {
@@ -101,7 +101,7 @@ TEST_F(ButtonsTest, TheEndsOfTheListStopAMove) {
 }
 
 TEST_F(ButtonsTest, WithASingleSlideForwardsIsOnAndDoesNothing) {
-    controls().lvwFOUND->item(1)->setSelected(true);
+    foundControls().lvwFOUND->item(1)->setSelected(true);
     item(0).click();
     ASSERT_EQ(slides().size(), 1);
     const QStringList before = slides();
@@ -131,7 +131,7 @@ TEST_F(ButtonsTest, SelectChkRunsAfterEveryItem) {
 }
 
 TEST_F(ButtonsTest, AlbumButtonsForwardToTheirEntries) {
-    const auto& buttons = controls().cbtnSLIDES;
+    const auto& buttons = pages().slideshows->cbtnSLIDES;
     QAction* entries[] = {&commands().newAlbum, &commands().open, &commands().save,
                           &commands().saveAs};
     const char* tooltips[] = {"Create a new Slideshow Album", "Open Existing Slideshow Album",
@@ -145,7 +145,7 @@ TEST_F(ButtonsTest, AlbumButtonsForwardToTheirEntries) {
 }
 
 TEST_F(ButtonsTest, BrowseButtonsForwardToTheirEntries) {
-    const auto& buttons = controls().cbtnBROWSEBTNS;
+    const auto& buttons = pages().pictures->cbtnBROWSEBTNS;
     EXPECT_EQ(buttons[0]->toolTip(), QStringLiteral("Preview selected photo"));
     EXPECT_EQ(buttons[1]->toolTip(), QStringLiteral("Set the selected photo as your wallpaper"));
     commands().preview.disconnect(window.get());
@@ -155,16 +155,15 @@ TEST_F(ButtonsTest, BrowseButtonsForwardToTheirEntries) {
 }
 
 TEST_F(ButtonsTest, HelpButtonsForwardToTheirEntries) {
-    MainControls& c = controls();
     // What the entries do is another matter.
     for (QAction* entry : menu("mnuHELPTOP")->actions()) {
-        entry->disconnect(window.get());
+        QObject::disconnect(entry, &QAction::triggered, nullptr, nullptr);
     }
-    EXPECT_EQ(forwards(*c.cbtnHELP, commands().help), 1);
-    EXPECT_EQ(forwards(*c.cbtnUPDATES, commands().updateCheck), 1);
-    EXPECT_EQ(forwards(*c.cbtnWEBSITE, commands().website), 1);
-    EXPECT_EQ(forwards(*c.cbtnSUPPORT, commands().support), 1);
-    EXPECT_EQ(forwards(*c.cbtnABOUT, commands().about), 1);
+    EXPECT_EQ(forwards(*pages().help->cbtnHELP, commands().help), 1);
+    EXPECT_EQ(forwards(*pages().help->cbtnUPDATES, commands().updateCheck), 1);
+    EXPECT_EQ(forwards(*pages().help->cbtnWEBSITE, commands().website), 1);
+    EXPECT_EQ(forwards(*pages().help->cbtnSUPPORT, commands().support), 1);
+    EXPECT_EQ(forwards(*pages().help->cbtnABOUT, commands().about), 1);
 }
 
 TEST_F(ButtonsTest, EnterPressesTheButtonWithTheKeyboard) {

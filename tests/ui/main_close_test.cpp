@@ -26,7 +26,7 @@ protected:
     }
     void addToLists() {
         music().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
-        controls().lvwALBUMS->Add(QStringLiteral("/albums/z.vlr"), QStringLiteral("z"));
+        albumControls().lvwALBUMS->Add(QStringLiteral("/albums/z.vlr"), QStringLiteral("z"));
     }
     void expectListsSaved() {
         EXPECT_EQ(stored("mfrmPRGMAINAUD\\Items Total", "lstMUSICList Total"), QStringLiteral("1"));
@@ -150,9 +150,9 @@ TEST_F(CloseTest, SlidesAreWrittenAndOlderOnesBeyondThemStay) {
 
 TEST_F(CloseTest, WindowPageSplitterAndWebAlbumAreWritten) {
     start();
-    setLeft(*controls().picVBAR, 4000.5F);
-    controls().tabPAGES->press(2);
-    window->webAlbumPage().udnPHOTO->setText(QStringLiteral("640"));
+    setLeft(*pages().pictures->picVBAR, 4000.5F);
+    pages().tabPAGES->press(2);
+    pages().webAlbum->udnPHOTO->setText(QStringLiteral("640"));
     window->close();
     EXPECT_EQ(stored("mfrmPRGMAIN\\Window", "Window State"), QStringLiteral("0"));
     EXPECT_EQ(stored("mfrmPRGMAIN\\Window", "Width"), QStringLiteral("11040"));
@@ -164,8 +164,8 @@ TEST_F(CloseTest, WindowPageSplitterAndWebAlbumAreWritten) {
 
 TEST_F(CloseTest, ASizeFieldLeftEmptyIsMendedBeforeItIsWritten) {
     start();
-    controls().tabPAGES->press(4);
-    updown& field = *window->webAlbumPage().udnPHOTO;
+    pages().tabPAGES->press(4);
+    updown& field = *pages().webAlbum->udnPHOTO;
     field.setFocus();
     field.selectAll();
     QTest::keyClick(&field, Qt::Key_Delete);
@@ -209,7 +209,7 @@ TEST_F(CloseTest, UnderTheSettingsDialogBothGo) {
         EXPECT_NE(QApplication::activeModalWidget(), nullptr);
         window->close();
     });
-    controls().cbtnCONTROLS[8]->click();
+    slideBar().cbtnCONTROLS[8]->click();
     EXPECT_TRUE(window->isUnloaded());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
@@ -231,7 +231,7 @@ TEST_F(CloseTest, UnderTheColourDialogOfTheSettingsAllGo) {
 }
 
 TEST_F(CloseTest, ADialogThatIsUpWhileTheWindowLoadsGoesAlong) {
-    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
+    window = std::make_unique<mfrmPRGMAIN>(services());
     QTimer::singleShot(0, window.get(), [this] {
         QDialog dialog(window.get());
         dialog.setWindowFlags(Qt::Dialog);
@@ -246,7 +246,7 @@ TEST_F(CloseTest, ADialogThatIsUpWhileTheWindowLoadsGoesAlong) {
 
 TEST_F(CloseTest, ListsThatAreNotReadYetAreNotStored) {
     setStored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total", QStringLiteral("7"));
-    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
+    window = std::make_unique<mfrmPRGMAIN>(services());
     QTimer::singleShot(0, window.get(), [this] { window->close(); });
     window->Form_Load();
     EXPECT_EQ(stored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total"), QStringLiteral("7"));
@@ -268,7 +268,7 @@ TEST_F(CloseTest, InTheMidstOfAListingItEndsThat) {
         names.append(QStringLiteral("p%1.jpg").arg(i));
     }
     browse(names);
-    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
+    window = std::make_unique<mfrmPRGMAIN>(services());
     QTimer::singleShot(0, window.get(), [this] { window->close(); });
     window->Form_Load();
     EXPECT_TRUE(window->isUnloaded());

@@ -8,11 +8,11 @@ protected:
     MainLayoutTest() { start(); }
 
     void layOut(int width, int height) {
-        controls().surface.resize(width, height);
+        surface().resize(width, height);
         window->Form_Resize();
         W = static_cast<float>(width) * 15;
         H = static_cast<float>(height) * 15;
-        pageWidth = W - 2 * Left(*controls().picframSLIDEHSOW);
+        pageWidth = W - 2 * Left(*pages().slideshows);
         pageHeight = H - 3400 - 450;
     }
 
@@ -43,52 +43,50 @@ INSTANTIATE_TEST_SUITE_P(Sizes, LayoutRules,
                                          SizeCase{3840, 2100}));
 
 TEST_P(LayoutRules, PagesTakeTheHeightThatBandAndBarLeave) {
-    MainControls& c = controls();
-    EXPECT_EQ(Height(*c.tabPAGES), H - 3400);
-    EXPECT_EQ(Width(*c.tabPAGES), W - 2 * Left(*c.tabPAGES));
-    for (const QWidget* page : c.pages()) {
+    EXPECT_EQ(Height(*pages().tabPAGES), H - 3400);
+    EXPECT_EQ(Width(*pages().tabPAGES), W - 2 * Left(*pages().tabPAGES));
+    for (const QWidget* page : pages().all()) {
         EXPECT_EQ(Width(*page), W - 2 * Left(*page)) << page->objectName().toStdString();
         EXPECT_EQ(Height(*page), H - 3400 - 450) << page->objectName().toStdString();
     }
 }
 
 TEST_P(LayoutRules, BandAndToolbarFollowThePages) {
-    MainControls& c = controls();
-    EXPECT_EQ(Top(*c.picSELBAR), Top(*c.tabPAGES) + H - 3400 - 110);
-    EXPECT_EQ(Width(*c.picSELBAR), W - 2 * Left(*c.picSELBAR));
-    EXPECT_EQ(Width(*c.prgBARSLIDES), W - 2 * Left(*c.prgBARSLIDES));
-    EXPECT_EQ(Top(*c.picbarCONTROLS), Top(*c.picSELBAR) + Height(*c.picSELBAR));
-    EXPECT_EQ(Width(*c.picbarCONTROLS), W);
-    const cbtn& start = *c.cbtnCONTROLS[6];
-    const cbtn& settings = *c.cbtnCONTROLS[8];
+    EXPECT_EQ(Top(*slideControls().picSELBAR), Top(*pages().tabPAGES) + H - 3400 - 110);
+    EXPECT_EQ(Width(*slideControls().picSELBAR), W - 2 * Left(*slideControls().picSELBAR));
+    EXPECT_EQ(Width(*slideControls().prgBARSLIDES), W - 2 * Left(*slideControls().prgBARSLIDES));
+    EXPECT_EQ(Top(*slideBar().picbarCONTROLS),
+              Top(*slideControls().picSELBAR) + Height(*slideControls().picSELBAR));
+    EXPECT_EQ(Width(*slideBar().picbarCONTROLS), W);
+    const cbtn& start = *slideBar().cbtnCONTROLS[6];
+    const cbtn& settings = *slideBar().cbtnCONTROLS[8];
     EXPECT_EQ(Left(start), W - Width(start) - 45);
     EXPECT_EQ(Left(settings), Left(start) - 120 - Width(settings));
 }
 
 TEST_P(LayoutRules, TheSlideBarStandsAboveTheLowerEdge) {
-    MainControls& c = controls();
-    EXPECT_EQ(Top(*c.lvwSLIDEBAR), Top(*c.picbarCONTROLS) + Height(*c.picbarCONTROLS) + 180);
-    EXPECT_EQ(Left(*c.lvwSLIDEBAR), 120);
-    EXPECT_EQ(Width(*c.lvwSLIDEBAR), W - 240);
-    EXPECT_EQ(Left(*c.shpSLIDEBAR), 90);
-    EXPECT_EQ(Height(*c.shpSLIDEBAR), 2380);
-    EXPECT_EQ(Top(*c.shpSLIDEBAR), H - 2500);
-    EXPECT_EQ(Width(*c.shpSLIDEBAR), W - 180 - 120);
+    EXPECT_EQ(Top(*slideControls().lvwSLIDEBAR),
+              Top(*slideBar().picbarCONTROLS) + Height(*slideBar().picbarCONTROLS) + 180);
+    EXPECT_EQ(Left(*slideControls().lvwSLIDEBAR), 120);
+    EXPECT_EQ(Width(*slideControls().lvwSLIDEBAR), W - 240);
+    EXPECT_EQ(Left(*slideBar().shpSLIDEBAR), 90);
+    EXPECT_EQ(Height(*slideBar().shpSLIDEBAR), 2380);
+    EXPECT_EQ(Top(*slideBar().shpSLIDEBAR), H - 2500);
+    EXPECT_EQ(Width(*slideBar().shpSLIDEBAR), W - 180 - 120);
 }
 
 TEST_P(LayoutRules, PicturesPage) {
-    MainControls& c = controls();
-    EXPECT_EQ(Height(*c.ftvFOLDER), pageHeight - 180 - 60);
-    EXPECT_EQ(Height(*c.picVBAR), pageHeight - Top(*c.picVBAR));
-    EXPECT_EQ(Height(*c.lvwFOUND), pageHeight - Top(*c.lvwFOUND) - 500);
-    const float bar = Left(*c.picVBAR);
+    EXPECT_EQ(Height(*foundControls().ftvFOLDER), pageHeight - 180 - 60);
+    EXPECT_EQ(Height(*pages().pictures->picVBAR), pageHeight - Top(*pages().pictures->picVBAR));
+    EXPECT_EQ(Height(*foundControls().lvwFOUND), pageHeight - Top(*foundControls().lvwFOUND) - 500);
+    const float bar = Left(*pages().pictures->picVBAR);
     EXPECT_EQ(bar, 3585);
-    EXPECT_EQ(Width(*c.ftvFOLDER), bar - 45 - Left(*c.ftvFOLDER));
-    EXPECT_EQ(Left(*c.lvwFOUND), bar + 120);
-    EXPECT_EQ(Width(*c.lvwFOUND), W - bar - 550);
-    const cbtn& preview = *c.cbtnBROWSEBTNS[0];
-    const cbtn& wallpaper = *c.cbtnBROWSEBTNS[1];
-    const float right = Left(*c.tabPAGES) + Width(*c.tabPAGES);
+    EXPECT_EQ(Width(*foundControls().ftvFOLDER), bar - 45 - Left(*foundControls().ftvFOLDER));
+    EXPECT_EQ(Left(*foundControls().lvwFOUND), bar + 120);
+    EXPECT_EQ(Width(*foundControls().lvwFOUND), W - bar - 550);
+    const cbtn& preview = *pages().pictures->cbtnBROWSEBTNS[0];
+    const cbtn& wallpaper = *pages().pictures->cbtnBROWSEBTNS[1];
+    const float right = Left(*pages().tabPAGES) + Width(*pages().tabPAGES);
     EXPECT_EQ(Left(wallpaper), right - Width(wallpaper) - 90);
     EXPECT_EQ(Left(preview), right - Width(wallpaper) - 90 - Width(preview) - 90);
     EXPECT_EQ(Top(preview), pageHeight - 400);
@@ -96,15 +94,17 @@ TEST_P(LayoutRules, PicturesPage) {
 }
 
 TEST_P(LayoutRules, SlideshowsPage) {
-    MainControls& c = controls();
-    ReportView& albums = *c.lvwALBUMS;
+    ReportView& albums = *albumControls().lvwALBUMS;
     EXPECT_EQ(Width(albums), pageWidth - Left(albums) - 75);
     EXPECT_EQ(Height(albums), pageHeight - Top(albums) - 500);
     EXPECT_EQ(albums.ColumnWidth(1), Width(albums) - 900 - albums.ColumnWidth(2));
-    EXPECT_EQ(Left(*c.btnView), pageWidth - 90 - Width(*c.btnView));
-    EXPECT_EQ(Left(*c.btnREMOVE), Left(*c.btnView) - 90 - Width(*c.btnREMOVE));
-    EXPECT_EQ(Left(*c.btnADD), Left(*c.btnREMOVE) - 90 - Width(*c.btnADD));
-    for (const cbtn* button : {c.btnView, c.btnREMOVE, c.btnADD}) {
+    EXPECT_EQ(Left(*albumControls().btnView), pageWidth - 90 - Width(*albumControls().btnView));
+    EXPECT_EQ(Left(*albumControls().btnREMOVE),
+              Left(*albumControls().btnView) - 90 - Width(*albumControls().btnREMOVE));
+    EXPECT_EQ(Left(*albumControls().btnADD),
+              Left(*albumControls().btnREMOVE) - 90 - Width(*albumControls().btnADD));
+    for (const cbtn* button :
+         {albumControls().btnView, albumControls().btnREMOVE, albumControls().btnADD}) {
         EXPECT_EQ(Top(*button), pageHeight - 400) << button->objectName().toStdString();
     }
 }
@@ -126,8 +126,8 @@ TEST_P(LayoutRules, MusicPage) {
 }
 
 TEST_P(LayoutRules, WebAlbumPage) {
-    const cbtn& view = *window->webAlbumPage().cbtnVIEWWEBALB;
-    const cbtn& create = *window->webAlbumPage().cbtnWEBALBUM;
+    const cbtn& view = *pages().webAlbum->cbtnVIEWWEBALB;
+    const cbtn& create = *pages().webAlbum->cbtnWEBALBUM;
     const float margin = 90;
     EXPECT_EQ(Left(view), pageWidth - Width(view) - margin);
     EXPECT_EQ(Left(create), Left(view) - Width(create) - 90);
@@ -136,41 +136,41 @@ TEST_P(LayoutRules, WebAlbumPage) {
 }
 
 TEST_F(MainLayoutTest, TheSeparatorEndsAtAHeightOfItsOwn) {
-    MainLayout layout(controls(), window->webAlbumPage());
-    controls().surface.resize(800, 600);
-    layout.Form_Resize();
+    const auto* area = qobject_cast<Surface*>(&surface());
+    surface().resize(800, 600);
+    window->Form_Resize();
     const QPointF first(0, (600 * 15 - 2500 - 400) / 15.0);
     const QPointF second((800 * 15 + 15) / 15.0, 3700 / 15.0);
-    EXPECT_EQ(layout.separator(), QLineF(first, second));
-    controls().surface.resize(1600, 1200);
-    layout.Form_Resize();
-    EXPECT_EQ(layout.separator().p2().y(), 3700 / 15.0);
+    EXPECT_EQ(area->separator(), QLineF(first, second));
+    surface().resize(1600, 1200);
+    window->Form_Resize();
+    EXPECT_EQ(area->separator().p2().y(), 3700 / 15.0);
 }
 
 // A height that would go negative is left as it is, and what follows is still done.
 TEST_F(MainLayoutTest, InATinyWindowTheFailingStepsAreSkipped) {
     layOut(736, 480);
-    MainControls& c = controls();
-    const float tabs = Height(*c.tabPAGES);
+    const float tabs = Height(*pages().tabPAGES);
     const float page = tabs - 450;
     layOut(300, 150);
-    EXPECT_EQ(Height(*c.tabPAGES), tabs);
-    EXPECT_EQ(Height(*c.picframHELP), page);
-    EXPECT_EQ(Width(*c.picframHELP), 4500 - 2 * Left(*c.picframHELP));
-    EXPECT_EQ(Top(*c.picSELBAR), Top(*c.tabPAGES) + tabs - 110);
-    EXPECT_EQ(Top(*c.shpSLIDEBAR), 2250 - 2500);
-    EXPECT_EQ(Width(*c.shpSLIDEBAR), 4200);
-    const float column = c.lvwALBUMS->ColumnWidth(1);
+    EXPECT_EQ(Height(*pages().tabPAGES), tabs);
+    EXPECT_EQ(Height(*pages().help), page);
+    EXPECT_EQ(Width(*pages().help), 4500 - 2 * Left(*pages().help));
+    EXPECT_EQ(Top(*slideControls().picSELBAR), Top(*pages().tabPAGES) + tabs - 110);
+    EXPECT_EQ(Top(*slideBar().shpSLIDEBAR), 2250 - 2500);
+    EXPECT_EQ(Width(*slideBar().shpSLIDEBAR), 4200);
+    const float column = albumControls().lvwALBUMS->ColumnWidth(1);
     layOut(200, 150);
-    EXPECT_EQ(c.lvwALBUMS->ColumnWidth(1), column);
-    EXPECT_EQ(Left(*c.btnView), 3000 - 2 * Left(*c.picframSLIDEHSOW) - 90 - Width(*c.btnView));
+    EXPECT_EQ(albumControls().lvwALBUMS->ColumnWidth(1), column);
+    EXPECT_EQ(Left(*albumControls().btnView),
+              3000 - 2 * Left(*pages().slideshows) - 90 - Width(*albumControls().btnView));
 }
 
 TEST_F(MainLayoutTest, TheSmallestWindowIs500By400AndShowsEveryPageWhole) {
     EXPECT_EQ(window->minimumSize(), QSize(500, 400));
     window->resize(500, 400);
     QApplication::processEvents();
-    for (QWidget* page : controls().pages()) {
+    for (QWidget* page : pages().all()) {
         for (const QWidget* control :
              page->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
             if (control->isVisibleTo(page)) {
@@ -183,11 +183,11 @@ TEST_F(MainLayoutTest, TheSmallestWindowIs500By400AndShowsEveryPageWhole) {
 
 TEST_F(MainLayoutTest, ComingBackToTheFrontLaysOutAnew) {
     layOut(736, 480);
-    setWidth(*controls().tabPAGES, 3000);
+    setWidth(*pages().tabPAGES, 3000);
     QEvent activated(QEvent::ActivationChange);
     ASSERT_TRUE(window->isActiveWindow());
     QApplication::sendEvent(window.get(), &activated);
-    EXPECT_EQ(Width(*controls().tabPAGES), 11040 - 2 * Left(*controls().tabPAGES));
+    EXPECT_EQ(Width(*pages().tabPAGES), 11040 - 2 * Left(*pages().tabPAGES));
 }
 
 }  // namespace

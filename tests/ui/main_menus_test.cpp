@@ -169,8 +169,8 @@ TEST_F(MenusTest, SlidesAreAddedAndRemoved) {
     const QString folder =
         browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
     start();
-    controls().lvwFOUND->clearSelection();
-    controls().lvwFOUND->item(2)->setSelected(true);
+    foundControls().lvwFOUND->clearSelection();
+    foundControls().lvwFOUND->item(2)->setSelected(true);
     commands().add.trigger();
     EXPECT_EQ(slides(), QStringList(folder + QStringLiteral("/b.bmp")));
     commands().addAll.trigger();
@@ -214,7 +214,7 @@ TEST_F(MenusTest, ThePreviewComesUpByMenuByPopupsAndByButton) {
     EXPECT_TRUE(shown([this] { commands().preview.trigger(); }));
     EXPECT_TRUE(shown([this] { entry("mnuFOUNDPREVIEW")->trigger(); }));
     EXPECT_TRUE(shown([this] { entry("mnuSELECTEDPREVIEW")->trigger(); }));
-    EXPECT_TRUE(shown([this] { controls().cbtnBROWSEBTNS[0]->click(); }));
+    EXPECT_TRUE(shown([this] { pages().pictures->cbtnBROWSEBTNS[0]->click(); }));
 }
 
 TEST_F(MenusTest, TheHelpCentreOpensAtItsFirstPage) {

@@ -9,8 +9,8 @@ protected:
     int shown() {
         int number = 0;
         int up = 0;
-        for (std::size_t i = 0; i < controls().pages().size(); ++i) {
-            if (!controls().pages().at(i)->isHidden()) {
+        for (std::size_t i = 0; i < pages().all().size(); ++i) {
+            if (!pages().all().at(i)->isHidden()) {
                 number = static_cast<int>(i) + 1;
                 ++up;
             }
@@ -24,38 +24,37 @@ protected:
     int restored(const QString& TABIDX) {
         setStored("mfrmPRGMAIN\\View", "TABIDX", TABIDX);
         start();
-        EXPECT_EQ(controls().tabPAGES->ActiveTab(), shown());
+        EXPECT_EQ(pages().tabPAGES->ActiveTab(), shown());
         return shown();
     }
 };
 
 TEST_F(PagesTest, HaveTheirCaptionsInOrder) {
     start();
-    tab& pages = *controls().tabPAGES;
-    EXPECT_EQ(pages.ActiveTabs(), QStringLiteral("Slideshows,Pictures,Music,WebAlbum,Help"));
-    EXPECT_EQ(pages.Tabcount(), 5);
-    EXPECT_EQ(pages.Caption(1), QStringLiteral("Slideshows"));
-    EXPECT_EQ(pages.Caption(5), QStringLiteral("Help"));
+    const tab& strip = *pages().tabPAGES;
+    EXPECT_EQ(strip.ActiveTabs(), QStringLiteral("Slideshows,Pictures,Music,WebAlbum,Help"));
+    EXPECT_EQ(strip.Tabcount(), 5);
+    EXPECT_EQ(strip.Caption(1), QStringLiteral("Slideshows"));
+    EXPECT_EQ(strip.Caption(5), QStringLiteral("Help"));
 }
 
 TEST_F(PagesTest, EachCaptionShowsItsFrameAloneAndGivesItTheKeyboard) {
     start();
-    MainControls& c = controls();
     struct Case {
         const char* caption;
         QWidget* frame;
         QWidget* focus;
     };
     const Case cases[] = {
-        {"Pictures", c.picframPICTURES, c.ftvFOLDER},
-        {"Slideshows", c.picframSLIDEHSOW, c.lvwALBUMS},
-        {"Music", c.picframMUSICLIST, music().lstMUSIC},
-        {"WebAlbum", c.picframWEBALBM, window->webAlbumPage().txtTITLE},
-        {"Help", c.picframHELP, c.cbtnHELP},
+        {"Pictures", pages().pictures, foundControls().ftvFOLDER},
+        {"Slideshows", pages().slideshows, albumControls().lvwALBUMS},
+        {"Music", pages().music, music().lstMUSIC},
+        {"WebAlbum", pages().webAlbum, pages().webAlbum->txtTITLE},
+        {"Help", pages().help, pages().help->cbtnHELP},
     };
     for (const Case& page : cases) {
-        emit c.tabPAGES->Click(QLatin1String(page.caption));
-        for (const QWidget* frame : c.pages()) {
+        emit pages().tabPAGES->Click(QLatin1String(page.caption));
+        for (const QWidget* frame : pages().all()) {
             EXPECT_EQ(frame->isVisible(), frame == page.frame) << page.caption;
         }
         EXPECT_EQ(QApplication::focusWidget(), page.focus) << page.caption;
@@ -64,9 +63,9 @@ TEST_F(PagesTest, EachCaptionShowsItsFrameAloneAndGivesItTheKeyboard) {
 
 TEST_F(PagesTest, AnUnknownCaptionChangesNothing) {
     start();
-    emit controls().tabPAGES->Click(QStringLiteral("Music"));
+    emit pages().tabPAGES->Click(QStringLiteral("Music"));
     for (const char* caption : {"", "3", "music", "MUSIC", "Pictures ", "Audio"}) {
-        emit controls().tabPAGES->Click(QLatin1String(caption));
+        emit pages().tabPAGES->Click(QLatin1String(caption));
         EXPECT_EQ(shown(), 3) << caption;
         EXPECT_EQ(QApplication::focusWidget(), music().lstMUSIC) << caption;
     }
@@ -78,7 +77,7 @@ TEST_F(PagesTest, CtrlTabGoesThroughAllAndRound) {
     for (const int page : {2, 3, 4, 5, 1}) {
         press(Qt::ControlModifier);
         EXPECT_EQ(shown(), page);
-        EXPECT_EQ(controls().tabPAGES->ActiveTab(), page);
+        EXPECT_EQ(pages().tabPAGES->ActiveTab(), page);
     }
 }
 
@@ -87,7 +86,7 @@ TEST_F(PagesTest, CtrlShiftTabGoesBackAndRound) {
     for (const int page : {5, 4, 3, 2, 1}) {
         press(Qt::ControlModifier | Qt::ShiftModifier);
         EXPECT_EQ(shown(), page);
-        EXPECT_EQ(controls().tabPAGES->ActiveTab(), page);
+        EXPECT_EQ(pages().tabPAGES->ActiveTab(), page);
     }
 }
 
@@ -103,11 +102,11 @@ TEST_F(PagesTest, TabAloneShiftTabAndCtrlAltTabStay) {
 
 TEST_F(PagesTest, TheWindowSeesThePageKeyBeforeTheControlWithTheKeyboard) {
     start();
-    emit controls().tabPAGES->Click(QStringLiteral("WebAlbum"));
-    controls().tabPAGES->setActiveTab(4);
-    QTest::keyClick(window->webAlbumPage().txtTITLE, Qt::Key_Tab, Qt::ControlModifier);
+    emit pages().tabPAGES->Click(QStringLiteral("WebAlbum"));
+    pages().tabPAGES->setActiveTab(4);
+    QTest::keyClick(pages().webAlbum->txtTITLE, Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(shown(), 5);
-    EXPECT_TRUE(window->webAlbumPage().txtTITLE->text().isEmpty());
+    EXPECT_TRUE(pages().webAlbum->txtTITLE->text().isEmpty());
 }
 
 TEST_F(PagesTest, TheFirstThreeComeBackAtTheNextStart) {
@@ -125,7 +124,7 @@ TEST_F(PagesTest, AnythingElseComesBackOnTheFirst) {
 TEST_F(PagesTest, ThePageIsWrittenAtTheEndWhicheverItIs) {
     for (int page = 1; page <= 5; ++page) {
         start();
-        controls().tabPAGES->press(page);
+        pages().tabPAGES->press(page);
         window->close();
         EXPECT_EQ(stored("mfrmPRGMAIN\\View", "TABIDX"), QString::number(page));
     }

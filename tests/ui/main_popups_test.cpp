@@ -9,7 +9,7 @@ protected:
     PopupsTest() {
         browse({QStringLiteral("x.bmp"), QStringLiteral("y.bmp")});
         start(album(2));
-        controls().tabPAGES->press(2);
+        pages().tabPAGES->press(2);
     }
     QMenu& found() { return *window->popups().mnuFOUNDTOP; }
     QMenu& selected() { return *window->popups().mnuSELECTEDTOP; }
@@ -20,25 +20,25 @@ protected:
 };
 
 TEST_F(PopupsTest, TheRightButtonOnASlideHasRemoveAsDefault) {
-    emit controls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
+    emit slideControls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
     EXPECT_TRUE(selected().isVisible());
     EXPECT_FALSE(found().isVisible());
-    EXPECT_EQ(selected().pos(), at(*controls().lvwSLIDEBAR, 300, 150));
+    EXPECT_EQ(selected().pos(), at(*slideControls().lvwSLIDEBAR, 300, 150));
     EXPECT_EQ(selected().defaultAction(), entry("mnuSELECTEDCLEAR"));
 }
 
 TEST_F(PopupsTest, TheRightButtonOnAFoundPictureHasAddAsDefault) {
-    emit controls().lvwFOUND->MouseUp(2, 0, 600, 300);
+    emit foundControls().lvwFOUND->MouseUp(2, 0, 600, 300);
     EXPECT_TRUE(found().isVisible());
     EXPECT_FALSE(selected().isVisible());
-    EXPECT_EQ(found().pos(), at(*controls().lvwFOUND, 600, 300));
+    EXPECT_EQ(found().pos(), at(*foundControls().lvwFOUND, 600, 300));
     EXPECT_EQ(found().defaultAction(), entry("mnuFOUNDADD"));
 }
 
 TEST_F(PopupsTest, OtherButtonsBringNoneUp) {
     for (const int button : {0, 1, 4}) {
-        emit controls().lvwSLIDEBAR->MouseUp(button, 0, 300, 150);
-        emit controls().lvwFOUND->MouseUp(button, 0, 300, 150);
+        emit slideControls().lvwSLIDEBAR->MouseUp(button, 0, 300, 150);
+        emit foundControls().lvwFOUND->MouseUp(button, 0, 300, 150);
         EXPECT_FALSE(selected().isVisible()) << button;
         EXPECT_FALSE(found().isVisible()) << button;
     }
@@ -47,16 +47,16 @@ TEST_F(PopupsTest, OtherButtonsBringNoneUp) {
 TEST_F(PopupsTest, EmptyListsHaveNone) {
     setToolSetting("Files Location", test::temporaryFolder());
     start();
-    emit controls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
-    emit controls().lvwFOUND->MouseUp(2, 0, 300, 150);
-    emit controls().lvwSLIDEBAR->KeyDown(KeyContextMenu, 0);
-    emit controls().lvwFOUND->KeyDown(KeyContextMenu, 0);
+    emit slideControls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
+    emit foundControls().lvwFOUND->MouseUp(2, 0, 300, 150);
+    emit slideControls().lvwSLIDEBAR->KeyDown(KeyContextMenu, 0);
+    emit foundControls().lvwFOUND->KeyDown(KeyContextMenu, 0);
     EXPECT_FALSE(selected().isVisible());
     EXPECT_FALSE(found().isVisible());
 }
 
 TEST_F(PopupsTest, TheMenuKeyBringsTheFoundListsMenuUpInBothLists) {
-    for (ListView* list : {controls().lvwFOUND, controls().lvwSLIDEBAR}) {
+    for (ListView* list : {foundControls().lvwFOUND, slideControls().lvwSLIDEBAR}) {
         emit list->KeyDown(KeyContextMenu, 0);
         EXPECT_TRUE(found().isVisible()) << list->objectName().toStdString();
         EXPECT_EQ(found().pos(), at(*list, 200, 0)) << list->objectName().toStdString();
@@ -66,14 +66,14 @@ TEST_F(PopupsTest, TheMenuKeyBringsTheFoundListsMenuUpInBothLists) {
 }
 
 TEST_F(PopupsTest, ADefaultDoesNotStayForTheMenuKey) {
-    emit controls().lvwFOUND->MouseUp(2, 0, 600, 300);
+    emit foundControls().lvwFOUND->MouseUp(2, 0, 600, 300);
     found().close();
-    emit controls().lvwFOUND->KeyDown(KeyContextMenu, 0);
+    emit foundControls().lvwFOUND->KeyDown(KeyContextMenu, 0);
     EXPECT_EQ(found().defaultAction(), nullptr);
 }
 
 TEST_F(PopupsTest, EnterOnAnEntryRunsIt) {
-    emit controls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
+    emit slideControls().lvwSLIDEBAR->MouseUp(2, 0, 300, 150);
     QTest::keyClick(&selected(), Qt::Key_Down);
     QTest::keyClick(&selected(), Qt::Key_Return);
     EXPECT_EQ(slides().size(), 1);
@@ -86,18 +86,18 @@ protected:
     /// Number of slides after a key in the control. Before it x.bmp is a slide, and y.bmp chosen.
     int after(QWidget& control, Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
         window->slides().ClearAll();
-        controls().lvwFOUND->clearSelection();
-        controls().lvwFOUND->item(1)->setSelected(true);
+        foundControls().lvwFOUND->clearSelection();
+        foundControls().lvwFOUND->item(1)->setSelected(true);
         window->slides().Add();
-        controls().lvwFOUND->clearSelection();
-        controls().lvwFOUND->item(2)->setSelected(true);
+        foundControls().lvwFOUND->clearSelection();
+        foundControls().lvwFOUND->item(2)->setSelected(true);
         EXPECT_EQ(slides().size(), 1);
         QTest::keyClick(&control, key, held);
         return static_cast<int>(slides().size());
     }
     std::vector<QWidget*> lists() {
-        return {controls().picVBAR, controls().lvwFOUND, controls().lvwSLIDEBAR,
-                controls().ftvFOLDER};
+        return {pages().pictures->picVBAR, foundControls().lvwFOUND, slideControls().lvwSLIDEBAR,
+                foundControls().ftvFOLDER};
     }
 };
 
@@ -122,8 +122,8 @@ TEST_F(ListKeys, DelAloneAndCtrlInsDoNothing) {
 TEST_F(ListKeys, EntriesThatAreOffTurnTheKeysOff) {
     commands().add.setEnabled(false);
     commands().remove.setEnabled(false);
-    QTest::keyClick(controls().picVBAR, Qt::Key_Insert);
-    QTest::keyClick(controls().picVBAR, Qt::Key_Delete, Qt::ControlModifier);
+    QTest::keyClick(pages().pictures->picVBAR, Qt::Key_Insert);
+    QTest::keyClick(pages().pictures->picVBAR, Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_EQ(slides().size(), 2);
 }
 

@@ -41,7 +41,7 @@ TEST_F(MainSettingsTest, ComesUpModalByMenuAndByButton) {
     setInterval(7);
     start();
     EXPECT_EQ(shownByMenu(), QStringLiteral("7"));
-    EXPECT_EQ(shown("btnCANCEL", [this] { controls().cbtnCONTROLS[8]->click(); }),
+    EXPECT_EQ(shown("btnCANCEL", [this] { slideBar().cbtnCONTROLS[8]->click(); }),
               QStringLiteral("7"));
 }
 
@@ -144,7 +144,7 @@ TEST_F(MainSettingsTest, StartSavesTheSlidesAndShowsThem) {
 
 TEST_F(MainSettingsTest, ThePlayButtonShowsThemToo) {
     start(album(2));
-    controls().cbtnCONTROLS[6]->click();
+    slideBar().cbtnCONTROLS[6]->click();
     const QPointer<frmSLIDESHOW> show = window->slideShow();
     ASSERT_TRUE(show);
     EXPECT_TRUE(show->isVisible());

@@ -8,7 +8,7 @@ namespace {
 class SplitterTest : public test::WithWindow {
 protected:
     SplitterTest() { start(); }
-    SplitterBar& bar() { return *controls().picVBAR; }
+    SplitterBar& bar() { return *pages().pictures->picVBAR; }
 };
 
 TEST_F(SplitterTest, ADragLeftOf2700StopsAndSnapsTo2775) {
@@ -18,7 +18,7 @@ TEST_F(SplitterTest, ADragLeftOf2700StopsAndSnapsTo2775) {
     EXPECT_EQ(Left(bar()), 2700);
     emit bar().MouseUp(1, 0, 0);
     EXPECT_EQ(Left(bar()), 2775);
-    EXPECT_EQ(Left(*controls().lvwFOUND), 2895);
+    EXPECT_EQ(Left(*foundControls().lvwFOUND), 2895);
 }
 
 TEST_F(SplitterTest, ADragIsRoundedToAWholeNumber) {
@@ -50,57 +50,57 @@ TEST_F(SplitterTest, WithAnotherButtonHeldTooItStays) {
 }
 
 TEST_F(SplitterTest, TheBarFollowsTheMouseAndTheListsFollowAtRelease) {
-    const float list = Left(*controls().lvwFOUND);
+    const float list = Left(*foundControls().lvwFOUND);
     emit bar().MouseMove(1, 300, 0);
     EXPECT_EQ(Left(bar()), 3885);
-    EXPECT_EQ(Left(*controls().lvwFOUND), list);
+    EXPECT_EQ(Left(*foundControls().lvwFOUND), list);
     emit bar().MouseUp(1, 0, 0);
-    EXPECT_EQ(Left(*controls().lvwFOUND), 4005);
-    EXPECT_EQ(Width(*controls().ftvFOLDER), 3885 - 45 - Left(*controls().ftvFOLDER));
+    EXPECT_EQ(Left(*foundControls().lvwFOUND), 4005);
+    EXPECT_EQ(Width(*foundControls().ftvFOLDER), 3885 - 45 - Left(*foundControls().ftvFOLDER));
 }
 
 TEST_F(SplitterTest, TheRightLimitIs1000BeforeTheEdge) {
-    controls().surface.resize(736, 480);
+    surface().resize(736, 480);
     setLeft(bar(), 10500);
     window->VBarLayout();
     EXPECT_EQ(Left(bar()), 11040 - 1000);
 }
 
 TEST_F(SplitterTest, InANarrowWindowTheRightLimitWins) {
-    controls().surface.resize(240, 480);
+    surface().resize(240, 480);
     window->VBarLayout();
     EXPECT_EQ(Left(bar()), 2600);
 }
 
 TEST_F(SplitterTest, WithTheBarAlmostAtTheLeftEdgeNothingElseMoves) {
-    const float tree = Width(*controls().ftvFOLDER);
-    const float tabs = Width(*controls().tabPAGES);
-    controls().surface.resize(60, 480);
-    setWidth(*controls().tabPAGES, tabs);
-    setWidth(*controls().ftvFOLDER, tree);
+    const float tree = Width(*foundControls().ftvFOLDER);
+    const float tabs = Width(*pages().tabPAGES);
+    surface().resize(60, 480);
+    setWidth(*pages().tabPAGES, tabs);
+    setWidth(*foundControls().ftvFOLDER, tree);
     window->VBarLayout();
     EXPECT_EQ(Left(bar()), -100);
-    EXPECT_EQ(Width(*controls().ftvFOLDER), tree);
-    EXPECT_EQ(Width(*controls().tabPAGES), tabs);
+    EXPECT_EQ(Width(*foundControls().ftvFOLDER), tree);
+    EXPECT_EQ(Width(*pages().tabPAGES), tabs);
 }
 
 TEST_F(SplitterTest, AWindowWithoutWidthHasNoRightLimit) {
-    controls().surface.resize(0, 480);
+    surface().resize(0, 480);
     setLeft(bar(), 3000);
     window->VBarLayout();
     EXPECT_EQ(Left(bar()), 3000);
 }
 
 TEST_F(SplitterTest, TheLayoutBringsTheFoundListBack) {
-    controls().lvwFOUND->hide();
+    foundControls().lvwFOUND->hide();
     window->VBarLayout();
-    EXPECT_FALSE(controls().lvwFOUND->isHidden());
+    EXPECT_FALSE(foundControls().lvwFOUND->isHidden());
 }
 
 TEST_F(SplitterTest, MovesByTheKeyboard) {
     QTest::keyClick(&bar(), Qt::Key_Right);
     EXPECT_EQ(Left(bar()), 3735);
-    EXPECT_EQ(Left(*controls().lvwFOUND), 3855);
+    EXPECT_EQ(Left(*foundControls().lvwFOUND), 3855);
     QTest::keyClick(&bar(), Qt::Key_Left);
     EXPECT_EQ(Left(bar()), 3585);
 }
@@ -122,7 +122,7 @@ TEST_F(SplitterTest, APlaceThatIsNoNumberLeavesItAsDesigned) {
 TEST_F(SplitterTest, InsAndCtrlDelWorkFromTheBar) {
     browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
     start();
-    ASSERT_TRUE(controls().lvwFOUND->item(1)->Selected());
+    ASSERT_TRUE(foundControls().lvwFOUND->item(1)->Selected());
     QTest::keyClick(&bar(), Qt::Key_Insert, Qt::ControlModifier);
     EXPECT_EQ(slides().size(), 0);
     QTest::keyClick(&bar(), Qt::Key_Insert);

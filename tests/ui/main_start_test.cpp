@@ -34,25 +34,24 @@ protected:
 TEST_F(StartTest, TheFirstRunOpensAtDesignSizeOnTheSamples) {
     forgetFolder();
     start();
-    MainControls& c = controls();
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Velorama"));
     EXPECT_EQ(window->album().Tag(), QString());
-    EXPECT_EQ(Width(c.surface), 11040);
-    EXPECT_EQ(Height(c.surface), 7200);
+    EXPECT_EQ(Width(surface()), 11040);
+    EXPECT_EQ(Height(surface()), 7200);
     EXPECT_EQ(Left(*window), std::nearbyint((screenWidth(*window) - Width(*window)) / 2));
     EXPECT_EQ(Top(*window), std::nearbyint((screenHeight(*window) - Height(*window)) / 2));
-    EXPECT_EQ(Left(*c.picVBAR), 3585);
-    EXPECT_EQ(c.tabPAGES->ActiveTab(), 1);
-    EXPECT_TRUE(c.picframSLIDEHSOW->isVisible());
-    EXPECT_EQ(QFileInfo(c.ftvFOLDER->Path()),
+    EXPECT_EQ(Left(*pages().pictures->picVBAR), 3585);
+    EXPECT_EQ(pages().tabPAGES->ActiveTab(), 1);
+    EXPECT_TRUE(pages().slideshows->isVisible());
+    EXPECT_EQ(QFileInfo(foundControls().ftvFOLDER->Path()),
               QFileInfo(programDataFolder() + QStringLiteral("/samples")));
-    EXPECT_EQ(c.lvwFOUND->Count(), 12);
+    EXPECT_EQ(foundControls().lvwFOUND->Count(), 12);
     EXPECT_FALSE(QDir(applicationFolder()).exists());
     EXPECT_FALSE(FormLoading);
     // The first sample is selected, and there is no slide to take over from it.
     EXPECT_EQ(ActiveList, QStringLiteral("FOUND"));
-    EXPECT_TRUE(c.lvwSLIDEBAR->isVisible());
+    EXPECT_TRUE(slideControls().lvwSLIDEBAR->isVisible());
     EXPECT_TRUE(slides().isEmpty());
     EXPECT_TRUE(albums().isEmpty());
 }
@@ -61,18 +60,18 @@ TEST_F(StartTest, TheApplicationsFolderIsTheFirstWhereThereIsOne) {
     forgetFolder();
     ASSERT_TRUE(QDir().mkpath(applicationFolder()));
     start();
-    EXPECT_EQ(controls().ftvFOLDER->Path(), applicationFolder());
+    EXPECT_EQ(foundControls().ftvFOLDER->Path(), applicationFolder());
     EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
     QDir().rmdir(applicationFolder());
 }
 
 TEST_F(StartTest, TheSlideBarAppearsAfterTheWindow) {
-    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
+    window = std::make_unique<mfrmPRGMAIN>(services());
     std::vector<bool> seen;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [this, &seen] {
         if (FormLoading && window->isVisible()) {
-            seen.push_back(controls().lvwSLIDEBAR->isVisible());
+            seen.push_back(slideControls().lvwSLIDEBAR->isVisible());
         }
     });
     timer.start(0);
@@ -80,7 +79,7 @@ TEST_F(StartTest, TheSlideBarAppearsAfterTheWindow) {
     ASSERT_GE(seen.size(), 2U);
     EXPECT_FALSE(seen.front());
     EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end())) << "it went once more";
-    EXPECT_TRUE(controls().lvwSLIDEBAR->isVisible());
+    EXPECT_TRUE(slideControls().lvwSLIDEBAR->isVisible());
 }
 
 TEST_F(StartTest, AMaximisedWindowComesBackMaximised) {
@@ -88,8 +87,7 @@ TEST_F(StartTest, AMaximisedWindowComesBackMaximised) {
         setStored("mfrmPRGMAIN\\Window", "Window State", QLatin1String(state));
         start();
         EXPECT_TRUE(window->isMaximized()) << state;
-        EXPECT_EQ(Width(*controls().tabPAGES),
-                  Width(controls().surface) - 2 * Left(*controls().tabPAGES));
+        EXPECT_EQ(Width(*pages().tabPAGES), Width(surface()) - 2 * Left(*pages().tabPAGES));
     }
 }
 
@@ -98,42 +96,41 @@ TEST_F(StartTest, ANumberThatNamesNoPageShowsTheFirst) {
          {"0", "-1", "4", "5", "65536", "65537", "65538", "-65535", "2147483647", "x"}) {
         setStored("mfrmPRGMAIN\\View", "TABIDX", QLatin1String(number));
         start();
-        EXPECT_TRUE(controls().tabPAGES->isActive(1)) << number;
-        EXPECT_TRUE(controls().picframSLIDEHSOW->isVisible()) << number;
+        EXPECT_TRUE(pages().tabPAGES->isActive(1)) << number;
+        EXPECT_TRUE(pages().slideshows->isVisible()) << number;
     }
 }
 
 TEST_F(StartTest, TheHelpPageNamesTheProgram) {
     start();
-    EXPECT_EQ(controls().lblMAINTITLE->text(), QStringLiteral("Velorama"));
-    EXPECT_EQ(controls().lblCOPYRIGHT->text(), libTxt.LegalLine);
-    EXPECT_EQ(controls().lblVERSION->text(), libTxt.VersionText);
+    EXPECT_EQ(pages().help->lblMAINTITLE->text(), QStringLiteral("Velorama"));
+    EXPECT_EQ(pages().help->lblCOPYRIGHT->text(), libTxt.LegalLine);
+    EXPECT_EQ(pages().help->lblVERSION->text(), libTxt.VersionText);
     EXPECT_TRUE(libTxt.VersionText.startsWith(QStringLiteral("Version: ")));
-    EXPECT_FALSE(controls().imgICON->pixmap(Qt::ReturnByValue).isNull());
+    EXPECT_FALSE(pages().help->imgICON->pixmap(Qt::ReturnByValue).isNull());
 }
 
 TEST_F(StartTest, TheSlideBarAndTheMaskAreSet) {
     start();
-    EXPECT_EQ(controls().lvwSLIDEBAR->font().family(), QStringLiteral("Arial"));
-    EXPECT_EQ(controls().lvwSLIDEBAR->font().pointSize(), 7);
-    EXPECT_EQ(controls().flbFOUND.Pattern(), QStringLiteral("*.bmp;*.jpg;*.gif"));
+    EXPECT_EQ(slideControls().lvwSLIDEBAR->font().family(), QStringLiteral("Arial"));
+    EXPECT_EQ(slideControls().lvwSLIDEBAR->font().pointSize(), 7);
+    EXPECT_EQ(foundControls().flbFOUND->Pattern(), QStringLiteral("*.bmp;*.jpg;*.gif"));
 }
 
 TEST_F(StartTest, EveryCommandIsOffInAnEmptyFolder) {
     setToolSetting("Files Location", test::temporaryFolder());
     start();
-    MainControls& c = controls();
     for (const std::size_t index : {0U, 1U, 2U, 3U, 4U, 5U, 6U}) {
-        EXPECT_FALSE(c.cbtnCONTROLS.at(index)->isEnabled()) << index;
+        EXPECT_FALSE(slideBar().cbtnCONTROLS.at(index)->isEnabled()) << index;
     }
-    EXPECT_TRUE(c.cbtnCONTROLS[8]->isEnabled());
-    EXPECT_FALSE(c.cbtnSLIDES[2]->isEnabled());
-    EXPECT_FALSE(window->webAlbumPage().cbtnWEBALBUM->isEnabled());
+    EXPECT_TRUE(slideBar().cbtnCONTROLS[8]->isEnabled());
+    EXPECT_FALSE(pages().slideshows->cbtnSLIDES[2]->isEnabled());
+    EXPECT_FALSE(pages().webAlbum->cbtnWEBALBUM->isEnabled());
     for (const QAction* entry : {&commands().add, &commands().addAll, &commands().remove,
                                  &commands().removeAll, &commands().start, &commands().save}) {
         EXPECT_FALSE(entry->isEnabled()) << entry->objectName().toStdString();
     }
-    EXPECT_FALSE(c.prgBARSLIDES->isVisible());
+    EXPECT_FALSE(slideControls().prgBARSLIDES->isVisible());
 }
 
 // -- the album --
@@ -145,9 +142,9 @@ TEST_F(StartTest, TheAlbumOfTheLastSessionOpens) {
     expectOpen(path);
     EXPECT_EQ(slides().size(), 3);
     EXPECT_FALSE(commands().save.isEnabled());
-    EXPECT_FALSE(controls().cbtnSLIDES[2]->isEnabled());
+    EXPECT_FALSE(pages().slideshows->cbtnSLIDES[2]->isEnabled());
     EXPECT_TRUE(commands().start.isEnabled());
-    EXPECT_TRUE(window->webAlbumPage().cbtnWEBALBUM->isEnabled());
+    EXPECT_TRUE(pages().webAlbum->cbtnWEBALBUM->isEnabled());
 }
 
 TEST_F(StartTest, TheStoredPathIsTrimmedOfBlanks) {
@@ -247,14 +244,14 @@ TEST_F(StartTest, WithoutAnAlbumTheSelectionStaysWhereTheListLeftIt) {
 TEST_F(StartTest, TheFirstSlideIsSelectedAndTheSlidesAreTheActiveList) {
     browse({QStringLiteral("x.bmp")});
     start(album(3));
-    ListView& list = *controls().lvwSLIDEBAR;
+    ListView& list = *slideControls().lvwSLIDEBAR;
     EXPECT_EQ(list.SelectedItem(), list.item(1));
     EXPECT_TRUE(list.item(1)->Selected());
     EXPECT_FALSE(list.item(2)->Selected());
     EXPECT_FALSE(list.item(3)->Selected());
     EXPECT_EQ(ActiveList, QStringLiteral("SELECTED"));
-    EXPECT_FALSE(controls().cbtnCONTROLS[4]->isEnabled());
-    EXPECT_TRUE(controls().cbtnCONTROLS[5]->isEnabled());
+    EXPECT_FALSE(slideBar().cbtnCONTROLS[4]->isEnabled());
+    EXPECT_TRUE(slideBar().cbtnCONTROLS[5]->isEnabled());
 }
 
 // -- the folder --
@@ -262,19 +259,19 @@ TEST_F(StartTest, TheFirstSlideIsSelectedAndTheSlidesAreTheActiveList) {
 TEST_F(StartTest, TheStoredFolderIsListedWithTheWindowUp) {
     browse({QStringLiteral("a.jpg"), QStringLiteral("b.BMP"), QStringLiteral("c.png")});
     start();
-    ASSERT_EQ(controls().lvwFOUND->Count(), 2);
-    EXPECT_TRUE(controls().lvwFOUND->item(1)->Selected());
+    ASSERT_EQ(foundControls().lvwFOUND->Count(), 2);
+    EXPECT_TRUE(foundControls().lvwFOUND->item(1)->Selected());
     EXPECT_TRUE(commands().add.isEnabled());
-    EXPECT_EQ(controls().lblFOUNDCOUNT->Caption(), QStringLiteral("2 pictures"));
+    EXPECT_EQ(pages().pictures->lblFOUNDCOUNT->Caption(), QStringLiteral("2 pictures"));
 }
 
 TEST_F(StartTest, TheFolderTreeIsSilentWhileTheWindowLoads) {
     forgetFolder();
     const QString folder = folderWith({QStringLiteral("a.jpg")});
-    window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
+    window = std::make_unique<mfrmPRGMAIN>(services());
     FormLoading = true;
-    controls().ftvFOLDER->setPath(folder);
-    EXPECT_EQ(controls().lvwFOUND->Count(), 0);
+    foundControls().ftvFOLDER->setPath(folder);
+    EXPECT_EQ(foundControls().lvwFOUND->Count(), 0);
     EXPECT_EQ(toolSetting("Files Location"), QStringLiteral("absent"));
     FormLoading = false;
 }
@@ -302,11 +299,11 @@ TEST_F(StartTest, TheSlidesInTheStoreAreNotReadBack) {
 TEST_F(StartTest, TheWindowComesUpAsTheLastWasLeft) {
     start();
     window->resize(760, 610);
-    setLeft(*controls().picVBAR, 3300);
+    setLeft(*pages().pictures->picVBAR, 3300);
     window->close();
     start();
     EXPECT_EQ(window->size(), QSize(760, 610));
-    EXPECT_EQ(Left(*controls().picVBAR), 3300);
+    EXPECT_EQ(Left(*pages().pictures->picVBAR), 3300);
 }
 
 TEST_F(StartTest, MusicIsChosenByTheDialogOfThePage) {

@@ -76,16 +76,16 @@ protected:
         QApplication::setPalette(before_);
     }
     void expectTints(const QPalette& palette) {
-        MainControls& c = controls();
-        EXPECT_EQ(channels(c.picSELBAR->BackColor()), bandOf(palette));
-        EXPECT_EQ(channels(c.shpSLIDEBAR->FillColor()), slideBarOf(palette));
-        EXPECT_EQ(channels(c.lvwSLIDEBAR->palette().color(QPalette::Base)), slideBarOf(palette));
+        EXPECT_EQ(channels(slideControls().picSELBAR->BackColor()), bandOf(palette));
+        EXPECT_EQ(channels(slideBar().shpSLIDEBAR->FillColor()), slideBarOf(palette));
+        EXPECT_EQ(channels(slideControls().lvwSLIDEBAR->palette().color(QPalette::Base)),
+                  slideBarOf(palette));
         const QColor page = palette.color(QPalette::Active, QPalette::Base);
-        for (const QWidget* frame : c.pages()) {
+        for (const QWidget* frame : pages().all()) {
             EXPECT_EQ(frame->palette().color(QPalette::Window), page)
                 << frame->objectName().toStdString();
         }
-        EXPECT_EQ(c.picVBAR->BackColor(), page);
+        EXPECT_EQ(pages().pictures->picVBAR->BackColor(), page);
     }
 
 private:
@@ -115,7 +115,7 @@ TEST_F(TintTest, FollowTheDesktopWhenItChangesItsColours) {
 TEST_F(TintTest, TheBandRunsFromTheButtonFaceUpwardsToItsOwnColour) {
     QApplication::setPalette(mottled());
     start();
-    const QImage band = controls().picSELBAR->Image();
+    const QImage band = slideControls().picSELBAR->Image();
     const Channels face = channels(mottled().color(QPalette::Button));
     const Channels end = bandOf(mottled());
     const int rows = band.height();

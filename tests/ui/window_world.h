@@ -27,6 +27,13 @@ public:
     QStringList commands;
 };
 
+/// No server answers.
+class NoFetch : public HttpFetch {
+public:
+    QString OpenURL(const QString&) override { return {}; }
+    void Cancel() override {}
+};
+
 /// Presses one button, by its name, in every modal form that comes up while it lives.
 class Presser {
 public:
@@ -87,12 +94,18 @@ protected:
     /// A window that has loaded; the one before goes.
     mfrmPRGMAIN& start(const QString& commandLine = {}) {
         window.reset();
-        window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device});
+        window = std::make_unique<mfrmPRGMAIN>(services());
         window->Form_Load(commandLine);
         return *window;
     }
-    MainControls& controls() { return window->controls(); }
-    const MusicControls& music() { return controls().music; }
+    MainServices services() { return {screenSaver, device, desktop, netCHECKUPDATE}; }
+    Pages& pages() { return window->pages(); }
+    SlideBar& slideBar() { return window->slideBar(); }
+    QWidget& surface() { return *window->centralWidget(); }
+    const FoundControls& foundControls() { return pages().pictures->found; }
+    const SlideControls& slideControls() { return slideBar().slides; }
+    const AlbumControls& albumControls() { return pages().slideshows->albums; }
+    const MusicControls& music() { return pages().music->controls; }
     Commands& commands() { return window->commands(); }
     QMenu* menu(const char* name) { return window->findChild<QMenu*>(QLatin1String(name)); }
     /// An entry of a popup menu.
@@ -136,8 +149,8 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    QStringList slides() { return keysOf(*controls().lvwSLIDEBAR); }
-    QStringList albums() { return keysOf(*controls().lvwALBUMS); }
+    QStringList slides() { return keysOf(*slideControls().lvwSLIDEBAR); }
+    QStringList albums() { return keysOf(*albumControls().lvwALBUMS); }
     template <typename List>
     static QStringList keysOf(const List& list) {
         QStringList keys;
@@ -147,7 +160,7 @@ protected:
         return keys;
     }
     QString selectedAlbum() {
-        const ReportItem* item = controls().lvwALBUMS->SelectedItem();
+        const ReportItem* item = albumControls().lvwALBUMS->SelectedItem();
         return item != nullptr ? item->Key() : QString();
     }
 
@@ -169,6 +182,8 @@ protected:
     RecordingShell shell;
     ScreenSaver screenSaver;
     SilentDevice device;
+    DesktopBackground desktop;
+    NoFetch netCHECKUPDATE;
     /// What file dialogs answer; empty cancels.
     QString chosen;
     std::vector<FileDialogRequest> asked;

@@ -90,11 +90,13 @@ QString current(const QComboBox* list) {
 
 }  // namespace
 
-WebAlbumPage::WebAlbumPage(QWidget& picframWEBALBM, CommonDialog& cdlDIALOG)
-    : frame_(picframWEBALBM),
-      scroll_(new QScrollArea(&picframWEBALBM)),
+WebAlbumPage::WebAlbumPage(QWidget& surface, Commands& commands, CommonDialog& cdlDIALOG)
+    : Page("picframWEBALBM", surface),
+      scroll_(new QScrollArea(this)),
       content_(new QWidget(scroll_)) {
     makeControls(cdlDIALOG);
+    commands.createWebAlbum.addButton(*cbtnWEBALBUM);
+    commands.viewWebAlbum.addButton(*cbtnVIEWWEBALB);
     auto* row = new QHBoxLayout(content_);
     row->setContentsMargins(7, 6, 7, 0);
     row->setSpacing(10);
@@ -148,9 +150,9 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     udnPHOTO->design(100, 3000, 5, QStringLiteral("500"));
     udnTHUMBNAIL = make<updown>("udnTHUMBNAIL", content_);
     udnTHUMBNAIL->design(10, 2000, 5, QStringLiteral("95"));
-    cbtnWEBALBUM = makeButton(&frame_, QStringLiteral("cbtnWEBALBUM"), "web",
+    cbtnWEBALBUM = makeButton(this, QStringLiteral("cbtnWEBALBUM"), "web",
                               "Write the slides out as a web album", "Create WebAlbum");
-    cbtnVIEWWEBALB = makeButton(&frame_, QStringLiteral("cbtnVIEWWEBALB"), "preview",
+    cbtnVIEWWEBALB = makeButton(this, QStringLiteral("cbtnVIEWWEBALB"), "preview",
                                 "Open the web album in the browser", "View WebAlbum");
     place(*cbtnWEBALBUM, 0, 2950, 2250, 330);
     place(*cbtnVIEWWEBALB, 0, 2950, 2100, 330);
@@ -294,30 +296,26 @@ void WebAlbumPage::WebAlbumSampleUpdate() {
     s.shpTTLMAINCOL->setFillColor(shownColour(picTITLEBARCOL->BackColor()));
 }
 
-void WebAlbumPage::layOut(float width, float height) {
-    scroll_->setGeometry(0, 0, toPixels(width), toPixels(height));
+void WebAlbumPage::layOut() {
+    placeRow({cbtnVIEWWEBALB, cbtnWEBALBUM});
+    scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this) - belowList));
 }
 
-void WebAlbumPage::setTabOrders(QWidget* before, QWidget* after) {
-    const QList<QWidget*> order = {txtTITLE,
-                                   picBACKGROUND->button(),
-                                   picTEXTCOLOR->button(),
-                                   picBARCOL->button(),
-                                   picTITLEBARCOL->button(),
-                                   picTITLEBARTEXTCOL->button(),
-                                   cboFONTS,
-                                   cboFONTSIZE,
-                                   cboFONTSBAR,
-                                   cboFONTSSIZEBAR,
-                                   udnPHOTO,
-                                   udnTHUMBNAIL,
-                                   cbtnWEBALBUM,
-                                   cbtnVIEWWEBALB,
-                                   after};
-    for (QWidget* control : order) {
-        QWidget::setTabOrder(before, control);
-        before = control;
-    }
+QList<QWidget*> WebAlbumPage::tabOrder() const {
+    return {txtTITLE,
+            picBACKGROUND->button(),
+            picTEXTCOLOR->button(),
+            picBARCOL->button(),
+            picTITLEBARCOL->button(),
+            picTITLEBARTEXTCOL->button(),
+            cboFONTS,
+            cboFONTSIZE,
+            cboFONTSBAR,
+            cboFONTSSIZEBAR,
+            udnPHOTO,
+            udnTHUMBNAIL,
+            cbtnWEBALBUM,
+            cbtnVIEWWEBALB};
 }
 
 }  // namespace velorama

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "controls/buttons/push_button.h"
 #include "controls/input/up_down.h"
+#include "core/commands.h"
+#include "ui/pages/page.h"
 #include "ui/pages/web_album_samples.h"
 #include "ui/parts/colour_field.h"
 #include "webalbum/web_album_values.h"
@@ -14,11 +15,10 @@ namespace velorama {
 
 /// The page WebAlbum of the main window: what an album of web pages is to look like. Its controls
 /// are the only store of these settings while the program runs.
-class WebAlbumPage : public QObject {
+class WebAlbumPage : public Page {
     Q_OBJECT
 public:
-    /// Makes the controls on the page's frame.
-    WebAlbumPage(QWidget& picframWEBALBM, CommonDialog& cdlDIALOG);
+    WebAlbumPage(QWidget& surface, Commands& commands, CommonDialog& cdlDIALOG);
 
     QLineEdit* txtTITLE = nullptr;
     /// Swatch, button, drop-down and arrow of one colour each, under their own names.
@@ -44,10 +44,10 @@ public:
     WebAlbumValues values() const;
     const WebAlbumSamples& samples() const { return *samples_; }
 
-    /// Room for the settings, in twips; where it is too small they scroll.
-    void layOut(float width, float height);
-    /// Puts the page's controls between two others in the order of the Tab key.
-    void setTabOrders(QWidget* before, QWidget* after);
+    /// Where the settings have too little room they scroll.
+    void layOut() override;
+    QWidget* firstFocus() const override { return txtTITLE; }
+    QList<QWidget*> tabOrder() const override;
 
 private:
     void makeControls(CommonDialog& cdlDIALOG);
@@ -55,7 +55,6 @@ private:
     QLayout* panes();
     void WebAlbumSampleUpdate();
 
-    QWidget& frame_;
     QScrollArea* scroll_;
     QWidget* content_;
     std::unique_ptr<WebAlbumSamples> samples_;

@@ -23,7 +23,8 @@ protected:
         folder =
             browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
         setStored("mfrmPRGMAIN\\View", "TABIDX", QStringLiteral("2"));
-        window = std::make_unique<mfrmPRGMAIN>(MainServices{screenSaver, device, &desktop});
+        window = std::make_unique<mfrmPRGMAIN>(
+            MainServices{screenSaver, device, desktop, netCHECKUPDATE});
         window->Form_Load();
     }
 
@@ -94,7 +95,7 @@ TEST_F(PreviewWindowTest, ItIsModalOverTheMainWindow) {
 }
 
 TEST_F(PreviewWindowTest, ItShowsTheCurrentPictureOfTheFoundList) {
-    controls().lvwFOUND->setSelectedItem(2);
+    foundControls().lvwFOUND->setSelectedItem(2);
     previewing([](QWidget& form) {
         EXPECT_EQ(form.findChild<ImageBox*>()->naturalSize(), QSize(40, 30));
         EXPECT_EQ(form.findChild<QLabel*>(QStringLiteral("lblSIZE"))->text(),
@@ -276,7 +277,7 @@ TEST_F(PreviewWindowTest, ALargerPictureBringsItBackOntoTheScreen) {
         EXPECT_LT(form.y(), left.y());
     });
     // And at once, where the larger one is the first.
-    controls().lvwFOUND->setSelectedItem(2);
+    foundControls().lvwFOUND->setSelectedItem(2);
     const QRect screen = window->screen()->geometry();
     setStored("frmPICTUREPREVIEW\\Window", "Left", QString::number((screen.width() - 470) * 15));
     setStored("frmPICTUREPREVIEW\\Window", "Top", QString::number((screen.height() - 370) * 15));
@@ -338,13 +339,13 @@ TEST_F(PreviewWindowTest, TheWallpaperIsThePictureOnShow) {
     });
     EXPECT_EQ(desktop.count, 1);
     EXPECT_EQ(QImage(target).size(), QSize(17, 11));
-    EXPECT_EQ(controls().lvwFOUND->SelectedItem()->Index(), 1);
+    EXPECT_EQ(foundControls().lvwFOUND->SelectedItem()->Index(), 1);
 }
 
 TEST_F(PreviewWindowTest, TheMainWindowsSmallPictureStaysAsItIs) {
-    const QImage before = controls().picPREVIEW->Image();
+    const QImage before = window->findChild<PictureBox*>(QStringLiteral("picPREVIEW"))->Image();
     previewing([](QWidget& form) { button(form, "cbtnCONTROLS5").click(); });
-    EXPECT_EQ(controls().picPREVIEW->Image(), before);
+    EXPECT_EQ(window->findChild<PictureBox*>(QStringLiteral("picPREVIEW"))->Image(), before);
 }
 
 TEST_F(PreviewWindowTest, TheMainWindowMayCloseUnderIt) {

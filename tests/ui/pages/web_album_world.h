@@ -47,8 +47,10 @@ protected:
         makeServices(store, shell);
         store.read.clear();
         frame.resize(736, 300);
-        page = std::make_unique<WebAlbumPage>(frame, cdlDIALOG);
-        page->layOut(11040, 4000);
+        page = std::make_unique<WebAlbumPage>(frame, commands, cdlDIALOG);
+        page->setGeometry(frame.rect());
+        page->layOut();
+        page->show();
         frame.show();
     }
     ~WithWebAlbumPage() override {
@@ -121,6 +123,7 @@ protected:
 
     OrderedStore store;
     RecordingShell shell;
+    Commands commands;
     CommonDialog cdlDIALOG;
     QWidget frame;
     std::unique_ptr<WebAlbumPage> page;

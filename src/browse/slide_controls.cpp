@@ -1,0 +1,30 @@
+#include "browse/slide_controls.h"
+
+#include "browse/thumbnails.h"
+#include "controls/buttons/control_making.h"
+#include "controls/geometry/twips.h"
+
+#include <QCoreApplication>
+
+namespace velorama {
+
+// Design places in twips.
+SlideControls::SlideControls(QWidget& surface)
+    : picSELBAR(make<PictureBox>("picSELBAR", &surface)),
+      prgBARSLIDES(make<ProgressBar>("prgBARSLIDES", picSELBAR)),
+      lvwSLIDEBAR(make<ListView>("lvwSLIDEBAR", &surface)),
+      imlTHUMBNAILS(new ImageList(&surface)) {
+    place(*picSELBAR, 0, 3765, 11040, 255);
+    place(*prgBARSLIDES, 120, 60, 10800, 135);
+    prgBARSLIDES->hide();
+    place(*lvwSLIDEBAR, 120, 4740, 10800, 2280);
+    imlTHUMBNAILS->setImageSize(QSize(Thumbnails::slideCell, Thumbnails::slideCell));
+    lvwSLIDEBAR->setIcons(imlTHUMBNAILS);
+    lvwSLIDEBAR->setArrangement(ListView::Arrangement::Strip);
+    lvwSLIDEBAR->setFrameShape(QFrame::NoFrame);
+    lvwSLIDEBAR->setAccessibleName(QStringLiteral("Slideshow List"));
+    lvwSLIDEBAR->setEmptyText(
+        QCoreApplication::translate("SlideControls", "Add pictures from above to make a show."));
+}
+
+}  // namespace velorama

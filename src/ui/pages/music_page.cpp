@@ -1,0 +1,22 @@
+#include "ui/pages/music_page.h"
+
+#include "controls/geometry/twips.h"
+
+namespace velorama {
+
+void MusicPage::layOut() {
+    const MusicControls& c = controls;
+    setWidth(*c.lstMUSIC, Width(*this) - Left(*c.lstMUSIC) - 75);
+    setHeight(*c.lstMUSIC, Height(*this) - Top(*c.lstMUSIC) - belowList);
+    placeRow({c.cbtnAUDIO[4], c.cbtnAUDIO[3], c.cbtnAUDIO[2]});
+    setWidth(*c.prgPLAY, Left(*c.cbtnAUDIO[2]) - Left(*c.prgPLAY) - 240);
+    setTop(*c.prgPLAY, Top(*c.cbtnAUDIO[2]) + 90);
+}
+
+QList<QWidget*> MusicPage::tabOrder() const {
+    const MusicControls& c = controls;
+    return {c.cbtnAUDIO[0], c.cbtnAUDIO[1], c.cbtnAUDIO[5], c.Command1,    c.Command2,
+            c.lstMUSIC,     c.cbtnAUDIO[2], c.cbtnAUDIO[3], c.cbtnAUDIO[4]};
+}
+
+}  // namespace velorama

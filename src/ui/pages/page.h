@@ -1,0 +1,34 @@
+#pragma once
+
+#include "controls/buttons/push_button.h"
+
+namespace velorama {
+
+/// A page of the main window: the frame below the tabs, hidden until its tab is pressed. Places
+/// are in twips.
+class Page : public QWidget {
+    Q_OBJECT
+public:
+    Page(const char* name, QWidget& surface);
+
+    /// Places the controls that follow the page's size.
+    virtual void layOut() = 0;
+    /// Where the keyboard goes when the page comes up.
+    virtual QWidget* firstFocus() const = 0;
+    /// All that the Tab key reaches, in its order.
+    virtual QList<QWidget*> tabOrder() const = 0;
+    /// Takes the colour of all pages from the system's.
+    virtual void tint();
+
+protected:
+    QColor pageColour() const;
+    /// Buttons from the right in the row at the foot, 90 apart and as far from the edge.
+    void placeRow(std::initializer_list<cbtn*> buttons) const;
+};
+
+/// The row of buttons at the foot of every page.
+constexpr float footHeight = 400;
+/// What a list leaves free below it.
+constexpr float belowList = 500;
+
+}  // namespace velorama

@@ -1,0 +1,53 @@
+#include "ui/pages/slideshows_page.h"
+
+#include "controls/buttons/control_making.h"
+#include "controls/geometry/twips.h"
+
+namespace velorama {
+namespace {
+
+struct Design {
+    const char* symbol;
+    const char* caption;
+    const char* tooltip;
+    Command Commands::*command;
+};
+
+constexpr std::array<Design, 4> slidesButtons = {{
+    {"new", "New", "Create a new Slideshow Album", &Commands::newAlbum},
+    {"open", "Open", "Open Existing Slideshow Album", &Commands::open},
+    {"save", "Save", "Save Slideshow Album", &Commands::save},
+    {"save-as", "Save As", "Save Slideshow Album with new name", &Commands::saveAs},
+}};
+
+}  // namespace
+
+SlideshowsPage::SlideshowsPage(QWidget& surface, Commands& commands)
+    : Page("picframSLIDEHSOW", surface) {
+    float top = 90;
+    for (std::size_t index = 0; index < slidesButtons.size(); ++index) {
+        const Design& design = slidesButtons.at(index);
+        cbtn* button = makeButton(this, QStringLiteral("cbtnSLIDES%1").arg(index), design.symbol,
+                                  design.tooltip, design.caption);
+        place(*button, 105, top, 1440, 345);
+        button->setLeading(true);
+        (commands.*design.command).addButton(*button);
+        cbtnSLIDES.at(index) = button;
+        top += 390;
+    }
+}
+
+void SlideshowsPage::layOut() {
+    ReportView& list = *albums.lvwALBUMS;
+    setWidth(list, Width(*this) - Left(list) - 75);
+    setHeight(list, Height(*this) - Top(list) - belowList);
+    list.setColumnWidth(1, Width(list) - 900 - list.ColumnWidth(2));
+    placeRow({albums.btnView, albums.btnREMOVE, albums.btnADD});
+}
+
+QList<QWidget*> SlideshowsPage::tabOrder() const {
+    return {cbtnSLIDES[0],    cbtnSLIDES[1], cbtnSLIDES[2],    cbtnSLIDES[3],
+            albums.lvwALBUMS, albums.btnADD, albums.btnREMOVE, albums.btnView};
+}
+
+}  // namespace velorama

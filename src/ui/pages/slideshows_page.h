@@ -1,0 +1,26 @@
+#pragma once
+
+#include "albums/album_controls.h"
+#include "core/commands.h"
+#include "ui/pages/page.h"
+
+#include <array>
+
+namespace velorama {
+
+/// The page Slideshows: the known albums, and the commands that make, open and save one.
+class SlideshowsPage : public Page {
+    Q_OBJECT
+public:
+    SlideshowsPage(QWidget& surface, Commands& commands);
+
+    void layOut() override;
+    QWidget* firstFocus() const override { return albums.lvwALBUMS; }
+    QList<QWidget*> tabOrder() const override;
+
+    /// New, Open, Save, Save As.
+    std::array<cbtn*, 4> cbtnSLIDES{};
+    const AlbumControls albums{*this};
+};
+
+}  // namespace velorama

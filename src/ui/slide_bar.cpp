@@ -1,0 +1,125 @@
+#include "ui/slide_bar.h"
+
+#include "controls/buttons/control_making.h"
+#include "controls/geometry/twips.h"
+#include "core/globals.h"
+#include "core/show_colours.h"
+
+namespace velorama {
+namespace {
+
+constexpr Colour buttonFace = systemColour(15);
+constexpr Colour highlight = systemColour(13);
+constexpr int activeCaption = 2;
+constexpr int rim = 8;  // logical pixels
+
+struct Design {
+    std::size_t index;
+    const char* symbol;
+    const char* tooltip;
+    float left;
+    Command Commands::*command;
+};
+
+constexpr std::array<Design, 8> toolbarButtons = {{
+    {0, "add", "Add selected found photos", 120, &Commands::add},
+    {1, "add-all", "Add all found photos", 705, &Commands::addAll},
+    {2, "remove", "Remove selected photos", 1500, &Commands::remove},
+    {3, "remove-all", "Remove all photos", 2085, &Commands::removeAll},
+    {4, "move-back", "move photo backwards", 2880, &Commands::moveBack},
+    {5, "move-forward", "move photo forwards", 3465, &Commands::moveForward},
+    {8, "settings", "Change Slideshow settings", 0, &Commands::settings},
+    {6, "play", "Play Slideshow [F5]", 0, &Commands::start},
+}};
+
+}  // namespace
+
+SlideBar::SlideBar(QWidget& surface, Commands& commands)
+    : QObject(&surface),
+      shpSLIDEBAR(make<SlideBarShape>("shpSLIDEBAR", &surface)),
+      slides(surface),
+      picbarCONTROLS(make<QWidget>("picbarCONTROLS", &surface)) {
+    // The list reaches further right than the rounded ground it stands on; its contents do not.
+    slides.lvwSLIDEBAR->setRightRim(rim);
+    place(*picbarCONTROLS, 0, 4020, 11040, 540);
+    picbarCONTROLS->setAutoFillBackground(true);
+    makeToolbar(commands);
+}
+
+void SlideBar::makeToolbar(Commands& commands) {
+    for (const Design& design : toolbarButtons) {
+        cbtn* button =
+            makeButton(picbarCONTROLS, QStringLiteral("cbtnCONTROLS%1").arg(design.index),
+                       design.symbol, design.tooltip);
+        place(*button, design.left, 45, 540, 450);
+        (commands.*design.command).addButton(*button);
+        connect(button, &cbtn::clicked, this, &SlideBar::Pressed);
+        cbtnCONTROLS.at(design.index) = button;
+    }
+    cbtnCONTROLS[6]->setPrimary(true);
+    setWidth(*cbtnCONTROLS[6], 900);
+}
+
+void SlideBar::hangBelow(float tabsBottom, float surfaceWidth) {
+    setWidth(*slides.prgBARSLIDES, surfaceWidth - 2 * Left(*slides.prgBARSLIDES));
+    setTop(*slides.picSELBAR, tabsBottom - 110);
+    setTop(*picbarCONTROLS, Top(*slides.picSELBAR) + Height(*slides.picSELBAR));
+    setTop(*slides.lvwSLIDEBAR, Top(*picbarCONTROLS) + Height(*picbarCONTROLS) + 180);
+    setWidth(*picbarCONTROLS, surfaceWidth);
+}
+
+void SlideBar::stretch(float surfaceWidth) {
+    setLeft(*slides.lvwSLIDEBAR, 120);
+    setWidth(*slides.picSELBAR, surfaceWidth - 2 * Left(*slides.picSELBAR));
+    setWidth(*slides.lvwSLIDEBAR, surfaceWidth - 2 * Left(*slides.lvwSLIDEBAR));
+    slides.lvwSLIDEBAR->viewport()->update();
+}
+
+void SlideBar::tint() {
+    tintBand();
+    tintSlides();
+}
+
+void SlideBar::tintBand() {
+    PictureBox& box = *slides.picSELBAR;
+    const Colour light = gColrStyle->funcCOLORVALEDIT(GetSysColor(15), 42, true);
+    const Colour band = ColorMix(light, highlight, 90);
+    box.setBackColor(toRgb(band));
+    GradientPaint(box.Image(), 90, buttonFace, band);
+    box.update();
+}
+
+void SlideBar::tintSlides() {
+    const Colour caption = GetSysColor(activeCaption);
+    const Colour light = gColrStyle->funcCOLORVALEDIT(caption, 32, false);
+    const Colour fill = ColorMix(ColorMix(light, white, 80), systemColour(activeCaption), 70);
+    shpSLIDEBAR->setFillColor(toRgb(fill));
+    QPalette ground = slides.lvwSLIDEBAR->palette();
+    ground.setColor(QPalette::Base, QColor(toRgb(fill)));
+    slides.lvwSLIDEBAR->setPalette(ground);
+}
+
+void SlideBar::layOut(float surfaceWidth, float surfaceHeight) {
+    setLeft(*shpSLIDEBAR, 90);
+    setHeight(*shpSLIDEBAR, 2380);
+    setTop(*shpSLIDEBAR, surfaceHeight - 2500);
+    setWidth(*shpSLIDEBAR, surfaceWidth - 180 - 120);
+    cbtn& start = *cbtnCONTROLS[6];
+    cbtn& settings = *cbtnCONTROLS[8];
+    setLeft(start, surfaceWidth - Width(start) - 45);
+    setLeft(settings, Left(start) - 120 - Width(settings));
+}
+
+QLineF SlideBar::separator(float surfaceWidth) const {
+    const QPointF first(0, static_cast<double>(Top(*shpSLIDEBAR) - 400));
+    const QPointF second(static_cast<double>(surfaceWidth + 15), 3700);
+    constexpr auto scale = static_cast<double>(twipsPerLogicalPixel);
+    return QLineF(first / scale, second / scale);
+}
+
+QList<QWidget*> SlideBar::tabOrder() const {
+    return {cbtnCONTROLS[0], cbtnCONTROLS[1], cbtnCONTROLS[2], cbtnCONTROLS[3],   cbtnCONTROLS[4],
+            cbtnCONTROLS[5], cbtnCONTROLS[8], cbtnCONTROLS[6], slides.lvwSLIDEBAR};
+}
+
+}  // namespace velorama

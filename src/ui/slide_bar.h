@@ -1,0 +1,48 @@
+#pragma once
+
+#include "browse/slide_controls.h"
+#include "controls/buttons/push_button.h"
+#include "core/commands.h"
+#include "ui/parts/slide_bar_shape.h"
+
+#include <QLineF>
+
+#include <array>
+
+namespace velorama {
+
+/// The lower part of the main window: the band, the toolbar and the slides. All belong to the
+/// surface they are made on. Places are in twips.
+class SlideBar : public QObject {
+    Q_OBJECT
+public:
+    SlideBar(QWidget& surface, Commands& commands);
+
+    SlideBarShape* const shpSLIDEBAR;
+    const SlideControls slides;
+    QWidget* const picbarCONTROLS;
+    /// The toolbar's items 0 to 6 and 8; there is no item 7.
+    std::array<cbtn*, 9> cbtnCONTROLS{};
+
+    /// Hangs band, toolbar and list below one another.
+    void hangBelow(float tabsBottom, float surfaceWidth);
+    /// The widths that the splitter's layout sets too.
+    void stretch(float surfaceWidth);
+    void tint();
+    /// The rounded ground, and the toolbar's items at the right.
+    void layOut(float surfaceWidth, float surfaceHeight);
+    /// The line behind the controls, in logical pixels of the surface.
+    QLineF separator(float surfaceWidth) const;
+    QList<QWidget*> tabOrder() const;
+
+signals:
+    /// A button of the toolbar has done its work.
+    void Pressed();
+
+private:
+    void makeToolbar(Commands& commands);
+    void tintBand();
+    void tintSlides();
+};
+
+}  // namespace velorama
