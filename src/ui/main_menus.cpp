@@ -39,4 +39,11 @@ void setKeyHints(Commands& commands) {
     commands.exit.setText(QStringLiteral("E&xit\tAlt+F4"));
 }
 
+void disableUntilSlides(Commands& c) {
+    for (Command* command : {&c.removeAll, &c.start, &c.remove, &c.moveBack, &c.moveForward, &c.add,
+                             &c.addAll, &c.createWebAlbum, &c.save}) {
+        command->setEnabled(false);
+    }
+}
+
 }  // namespace velorama

@@ -10,5 +10,7 @@ namespace velorama {
 void fillMenuBar(QMenuBar& bar, Commands& commands);
 /// Gives the entries that are reached by a key of a list or of the system their key hints.
 void setKeyHints(Commands& commands);
+/// Off until there are pictures and slides to work on, and something to save.
+void disableUntilSlides(Commands& commands);
 
 }  // namespace velorama

@@ -1,34 +1,16 @@
 #pragma once
 
-#include "albums/album_file.h"
-#include "browse/found_list.h"
-#include "browse/preview.h"
-#include "browse/wallpaper.h"
 #include "controls/input/menu_text.h"
-#include "ui/dialogs/frm_picturepreview.h"
 #include "ui/dialogs/settings_form.h"
 #include "ui/frm_resourcemainstore.h"
 #include "ui/help_commands.h"
-#include "ui/pages/pages.h"
 #include "ui/parts/surface.h"
 #include "ui/show_start.h"
-#include "ui/slide_bar.h"
-#include "webalbum/web_album.h"
+#include "ui/workshop.h"
 
 #include <QMainWindow>
 
 namespace velorama {
-
-/// What the main window reaches of the machine; all of it must outlive the window.
-struct MainServices {
-    ScreenSaver& screenSaver;
-    MediaCommands& device;
-    DesktopBackground& desktop;
-    HttpFetch& netCHECKUPDATE;
-    /// What the start does with the window, still empty and not shown, and the command line: other
-    /// instances, the file type.
-    std::function<void(QWidget& mainWindow, const QString& commandLine)> startUp = {};
-};
 
 /// The main window: puts the pages, the slide bar and the classes that work on them together, and
 /// knows how the program starts and ends.
@@ -55,8 +37,8 @@ public:
     SlideBar& slideBar() { return *slideBar_; }
     Commands& commands() { return commands_; }
     frmRESOURCEMAINSTORE& popups() { return popups_; }
-    SlideList& slides() { return slides_; }
-    AlbumFile& album() { return album_; }
+    SlideList& slides() { return works_.slides; }
+    AlbumFile& album() { return works_.album; }
     frmTOOLSSETTINGS& settings() { return settings_.loaded(); }
     QPointer<frmSLIDESHOW> slideShow() const { return show_.form(); }
 
@@ -65,26 +47,17 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    WebAlbumScreen webAlbumScreen();
-    /// The preview window, loaded at its first use; it unloads when it is closed.
-    PreviewWindow previewWindow();
-
     void design();
+    void connectEvents();
     void connectCommands();
-    void connectLists();
-    void connectForm();
     void setTabOrders();
     void mnuFILESTART_Click();
 
     // -- main_window_start.cpp --
-    void restoreFrame();
-    void disableCommands();
+    void restore();
     void appear();
-    void loadLists(const QString& albumPath);
-    void showFirst();
     void Form_QueryUnload(bool& Cancel);
     void Form_Unload();
-    void stopAll();
 
     MainServices services_;
     Commands commands_;
@@ -93,27 +66,14 @@ private:
     Surface* surface_;
     Pages* pages_;
     SlideBar* slideBar_;
-    const WallpaperBoxes boxes_;
     mnutxt mnutxt1_{this};
-    LookAhead pictures_;
-    Thumbnails thumbnails_;
-    SlideList slides_;
-    FoundList found_;
-    AlbumList albums_;
-    AlbumFile album_;
-    AudioEngine audio_;
-    WebAlbum webAlbum_;
-    QPointer<frmPICTUREPREVIEW> previewForm_;
-    Preview preview_;
-    Wallpaper wallpaper_;
+    Workshop works_;
     HelpCommands help_;
     SettingsForm settings_;
     ShowStart show_;
     /// Where the window stood when it was hidden.
     QPoint place_;
     bool loaded_ = false;
-    /// The lists of albums and music have been read from the settings.
-    bool listsLoaded_ = false;
     /// The questions of a close are being asked.
     bool closing_ = false;
     bool unloaded_ = false;

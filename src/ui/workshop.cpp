@@ -1,0 +1,129 @@
+#include "ui/workshop.h"
+
+#include "browse/screen_pointer.h"
+#include "core/globals.h"
+
+#include <QMessageBox>
+
+namespace velorama {
+namespace {
+
+const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
+
+}  // namespace
+
+Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& commands,
+                   CommonDialog& cdlDIALOG, const MainServices& services)
+    : thumbnails_(*pages.pictures->found.imlFOUNDICONS, *slideBar.slides.imlTHUMBNAILS, pictures_,
+                  form.devicePixelRatioF()),
+      slides(slideBar.slides, pages.pictures->found, commands, thumbnails_),
+      found(pages.pictures->found, *slideBar.slides.prgBARSLIDES, thumbnails_),
+      albums(pages.slideshows->albums, cdlDIALOG),
+      album(slideBar.slides, commands, cdlDIALOG, slides, thumbnails_, albums),
+      audio(pages.music->controls, services.device, cdlDIALOG),
+      webAlbum({slideBar.slides.lvwSLIDEBAR, slideBar.slides.prgBARSLIDES}, commands,
+               pages.webAlbum->values(), webAlbumScreen()),
+      form_(form),
+      pages_(pages),
+      slideBar_(slideBar),
+      boxes_(*slideBar.slides.lvwSLIDEBAR->parentWidget()),
+      preview_({slideBar.slides.lvwSLIDEBAR, pages.pictures->found.lvwFOUND,
+                pages.pictures->found.ftvFOLDER},
+               [this] { return previewWindow(); }),
+      wallpaper_(
+          {slideBar.slides.lvwSLIDEBAR, pages.pictures->found.lvwFOUND,
+           pages.pictures->found.ftvFOLDER, boxes_.picWALLPAPER, boxes_.picPREVIEW},
+          [this] { return preview_.position(); }, services.desktop) {
+    connectFound();
+    connectSlides();
+    connectCommands(commands);
+}
+
+void Workshop::connectFound() {
+    connect(&found, &FoundList::FolderRead, pages_.pictures, &PicturesPage::showCount);
+    connect(&found, &FoundList::Clicked, &slides, &SlideList::FoundButtonsCheck);
+    connect(&found, &FoundList::Listed, &slides, [this] {
+        slides.FoundButtonsCheck();
+        slides.SelectChk();
+        slides.selectFirstSlide();
+    });
+    connect(&found, &FoundList::Chosen, &slides, &SlideList::Add);
+    connect(&found, &FoundList::KeyDown, &slides, &SlideList::ListKeysCheck);
+}
+
+void Workshop::connectSlides() {
+    connect(&slideBar_, &SlideBar::Pressed, &slides, &SlideList::SelectChk);
+    connect(pages_.pictures, &PicturesPage::KeyDown, &slides, &SlideList::ListKeysCheck);
+}
+
+// Those of slides and albums are connected by who carries them out.
+void Workshop::connectCommands(const Commands& commands) {
+    const auto on = [this](const Command& command, auto handler) {
+        connect(&command, &Command::triggered, this, handler);
+    };
+    on(commands.preview, [this] { preview_.PicturePreview(); });
+    on(commands.wallpaper, [this] { wallpaper_.DESKTOPWALLPAPER(); });
+    on(commands.createWebAlbum, [this] { webAlbum.cbtnWEBALBUM_Click(); });
+    on(commands.viewWebAlbum,
+       [this] { webAlbum.cbtnVIEWWEBALB_Click(QString::number(form_.winId())); });
+}
+
+WebAlbumScreen Workshop::webAlbumScreen() {
+    WebAlbumScreen screen;
+    screen.critical = [this](const QString& text, const QString& caption) {
+        QMessageBox::critical(&form_, caption, text);
+    };
+    screen.information = [this](const QString& text, const QString& caption) {
+        QMessageBox::information(&form_, caption, text);
+    };
+    screen.hourglass = [](bool on) {
+        setScreenPointer(on ? ScreenPointer::Hourglass : ScreenPointer::Default);
+    };
+    return screen;
+}
+
+PreviewWindow Workshop::previewWindow() {
+    if (!previewForm_) {
+        previewForm_ = new frmPICTUREPREVIEW(
+            &form_, {[this](bool forward) { preview_.PicturePreviewCertain(forward); },
+                     [this] { wallpaper_.DESKTOPWALLPAPERPREVIEW(); }});
+    }
+    PreviewWindow window = previewForm_->parts();
+    window.show = [form = previewForm_] {
+        form->exec();
+        delete form;
+    };
+    return window;
+}
+
+void Workshop::load(const QString& albumPath) {
+    albums.load();
+    audio.list.ListboxLoad(*pages_.music->controls.lstMUSIC, musicListName);
+    loaded_ = true;
+    albums.AlbumListSelect(albumPath);
+    album.openAtStart(albumPath);
+}
+
+void Workshop::saveLists() const {
+    if (loaded_) {
+        audio.list.ListboxSave(*pages_.music->controls.lstMUSIC, musicListName);
+        albums.save();
+    }
+}
+
+void Workshop::showFirstSlide() {
+    ActiveList = QStringLiteral("SELECTED");
+    slides.selectFirstSlide();
+    ActiveList = QStringLiteral("SELECTED");
+}
+
+void Workshop::stop() {
+    audio.closeDevice();
+    pages_.music->controls.tmrMUSIC->stop();
+    found.stop();
+    slides.stop();
+    album.stop();
+    webAlbum.stop();
+}
+
+}  // namespace velorama
