@@ -23,10 +23,6 @@ constexpr float viewerOffset = -30;
 constexpr float viewerRoom = 400;
 constexpr float hiddenPixels = 300;
 
-bool followsFound() {
-    return ActiveList == QLatin1String("FOUND");
-}
-
 /// Whole device pixels of the control.
 QSize pixelsOf(const QWidget& control) {
     return {toPixels(Width(control), TwipsPerPixelX(control)),
@@ -155,49 +151,30 @@ void fitForm(const PreviewWindow& w) {
 
 }  // namespace
 
-Preview::Preview(const Controls& controls, std::function<PreviewWindow()> window)
-    : c_(controls), window_(std::move(window)) {}
-
-const ListView& Preview::list() const {
-    return followsFound() ? *c_.lvwFOUND : *c_.lvwSLIDEBAR;
-}
-
-/// `ownSeparator`: the folder's own, otherwise a slash whatever the folder has.
-QString Preview::path(const ListItem* item, bool ownSeparator) const {
-    if (item == nullptr) {
-        return {};
-    }
-    if (!followsFound()) {
-        return item->Key();
-    }
-    const QString folder = c_.ftvFOLDER->Path();
-    return ownSeparator ? joinPath(folder, item->Text()) : folder + QLatin1Char('/') + item->Text();
-}
+Preview::Preview(TouchedPicture touched, std::function<PreviewWindow()> window)
+    : touched_(touched), window_(std::move(window)) {}
 
 void Preview::PicturePreview() {
-    if (c_.lvwSLIDEBAR->Count() == 0) {
-        ActiveList = QStringLiteral("FOUND");
-    }
-    if (c_.lvwFOUND->Count() == 0) {
+    if (!touched_.choose()) {
         return;
     }
-    const ListItem* item = list().SelectedItem();
+    const ListItem* item = touched_.list().SelectedItem();
     position_ = item != nullptr ? item->Index() : position_;
     const PreviewWindow window = window_();
-    layOut(window, path(item, false));
+    layOut(window, touched_.path(item));
     window.show();
 }
 
 void Preview::PicturePreviewCertain(bool Forward) {
     position_ += Forward ? 1 : -1;
-    const int count = list().Count();
+    const int count = touched_.list().Count();
     if (!Forward && position_ == 0) {
         position_ = count;
     }
     if (Forward && position_ == count + 1) {
         position_ = 1;
     }
-    const QString shown = path(list().item(position_), true);
+    const QString shown = touched_.joinedPath(touched_.list().item(position_));
     const PreviewWindow window = window_();
     layOut(window, shown);
     setCaption(*window.form, QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +

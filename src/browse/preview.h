@@ -1,9 +1,8 @@
 #pragma once
 
+#include "browse/touched_picture.h"
 #include "controls/boxes/image_box.h"
 #include "controls/boxes/movie_box.h"
-#include "controls/lists/folder_tree.h"
-#include "controls/lists/list_view.h"
 
 #include <QLabel>
 
@@ -28,13 +27,8 @@ struct PreviewWindow {
 /// walks that window through the list.
 class Preview {
 public:
-    struct Controls {
-        ListView* lvwSLIDEBAR = nullptr;
-        ListView* lvwFOUND = nullptr;
-        FolderTree* ftvFOLDER = nullptr;
-    };
     /// `window` gives the preview window, which comes into being at the first call.
-    Preview(const Controls& controls, std::function<PreviewWindow()> window);
+    Preview(TouchedPicture touched, std::function<PreviewWindow()> window);
 
     void PicturePreview();
     /// To the next picture or the previous one; both ends lead to the other.
@@ -43,11 +37,9 @@ public:
     int position() const { return position_; }
 
 private:
-    const ListView& list() const;
-    QString path(const ListItem* item, bool ownSeparator) const;
     void layOut(const PreviewWindow& window, const QString& path) const;
 
-    Controls c_;
+    TouchedPicture touched_;
     std::function<PreviewWindow()> window_;
     int position_ = 0;
 };

@@ -14,8 +14,6 @@
 #include <QPainter>
 #include <QSaveFile>
 
-#include <utility>
-
 namespace velorama {
 namespace {
 
@@ -59,7 +57,8 @@ void paintStretched(const QImage& picture, PictureBox& box) {
     }
 }
 
-/// The bitmap file is replaced whole or stays as it is.
+/// The bitmap file is replaced whole or stays as it is. A link in its place goes: what it leads to
+/// is not the program's own.
 void savePicture(const QImage& picture, const QString& path) {
     const QFileInfo place(path);
     if (picture.isNull() || (place.exists() && !place.isFile())) {
@@ -67,6 +66,9 @@ void savePicture(const QImage& picture, const QString& path) {
     }
     makePrivateFolder(place.path());
     closeToOthers(place.path());
+    if (place.isSymLink()) {
+        QFile::remove(path);
+    }
     QSaveFile file(path);
     // On a full disk only the flush says so.
     if (!file.open(QIODevice::WriteOnly)) {
@@ -94,52 +96,45 @@ WallpaperBoxes::WallpaperBoxes(QWidget& surface)
     }
 }
 
-Wallpaper::Wallpaper(const WallpaperControls& controls, std::function<int()> previewPosition,
+Wallpaper::Wallpaper(TouchedPicture touched, const WallpaperBoxes& boxes,
                      DesktopBackground& desktop)
-    : c_(controls), previewPosition_(std::move(previewPosition)), desktop_(desktop) {}
-
-/// `choice`: list in, item of it out. Without an item nothing happens.
-template <typename Choice>
-void Wallpaper::setChosen(const Choice& choice) const {
-    if (c_.lvwSLIDEBAR->Count() == 0) {
-        ActiveList = QStringLiteral("FOUND");
-    }
-    if (c_.lvwFOUND->Count() == 0) {
-        return;
-    }
-    const bool found = ActiveList == QStringLiteral("FOUND");
-    const ListItem* item = choice(found ? *c_.lvwFOUND : *c_.lvwSLIDEBAR);
-    if (item != nullptr) {
-        SetDesktopWallpaper(found ? c_.ftvFOLDER->Path() + u'/' + item->Text() : item->Key());
-    }
-}
+    : touched_(touched), boxes_(boxes), desktop_(desktop) {}
 
 void Wallpaper::DESKTOPWALLPAPER() const {
-    setChosen([](const ListView& list) { return list.SelectedItem(); });
+    if (touched_.choose()) {
+        setItem(touched_.list().SelectedItem());
+    }
 }
 
-void Wallpaper::DESKTOPWALLPAPERPREVIEW() const {
-    const int position = previewPosition_ ? previewPosition_() : 0;
-    setChosen([position](const ListView& list) { return list.item(position); });
+void Wallpaper::DESKTOPWALLPAPERPREVIEW(int position) const {
+    if (touched_.choose()) {
+        setItem(touched_.list().item(position));
+    }
+}
+
+void Wallpaper::setItem(const ListItem* item) const {
+    if (item != nullptr) {
+        SetDesktopWallpaper(touched_.path(item));
+    }
 }
 
 void Wallpaper::load(const QString& path) const {
     const QImage bitmap = LoadPicture(path).bitmap;
-    const QImage picture = opaque(bitmap, c_.picWALLPAPER->BackColor());
+    const QImage picture = opaque(bitmap, boxes_.picWALLPAPER->BackColor());
     if (!picture.isNull()) {
-        paintStretched(picture, *c_.picWALLPAPER);
-        c_.picWALLPAPER->setPicture(picture);
+        paintStretched(picture, *boxes_.picWALLPAPER);
+        boxes_.picWALLPAPER->setPicture(picture);
     }
 }
 
 void Wallpaper::SetDesktopWallpaper(const QString& Path) const {
     const Hourglass hourglass;
     // Not its picture: that is what is shown again where the new one cannot be loaded.
-    c_.picWALLPAPER->Cls();
+    boxes_.picWALLPAPER->Cls();
     load(Path);
-    const QImage& picture = c_.picWALLPAPER->Picture();
-    paintStretched(picture, *c_.picPREVIEW);
-    c_.picPREVIEW->Refresh();
+    const QImage& picture = boxes_.picWALLPAPER->Picture();
+    paintStretched(picture, *boxes_.picPREVIEW);
+    boxes_.picPREVIEW->Refresh();
     savePicture(picture, wallpaperFile());
     desktop_.set(wallpaperFile());
 }

@@ -1,11 +1,8 @@
 #pragma once
 
+#include "browse/touched_picture.h"
 #include "controls/boxes/picture_box.h"
-#include "controls/lists/folder_tree.h"
-#include "controls/lists/list_view.h"
 #include "platform/background/desktop_background.h"
-
-#include <functional>
 
 namespace velorama {
 
@@ -19,43 +16,30 @@ struct WallpaperBoxes {
     PictureBox* picPREVIEW;
 };
 
-struct WallpaperControls {
-    ListView* lvwSLIDEBAR = nullptr;
-    ListView* lvwFOUND = nullptr;
-    FolderTree* ftvFOLDER = nullptr;
-    /// Hidden, used by nothing else: the last picture that could be loaded, at its full size.
-    PictureBox* picWALLPAPER = nullptr;
-    /// The small box that shows the result.
-    PictureBox* picPREVIEW = nullptr;
-};
-
 /// Full path of the one bitmap that the desktop is pointed at.
 QString wallpaperFile();
 
 /// Makes a picture of one of the two lists the desktop's background.
 class Wallpaper {
 public:
-    /// `previewPosition`: row, from 1, of the picture on show in the preview window. The controls
-    /// and the desktop must outlive this object.
-    Wallpaper(const WallpaperControls& controls, std::function<int()> previewPosition,
-              DesktopBackground& desktop);
+    /// What it is given must outlive this object.
+    Wallpaper(TouchedPicture touched, const WallpaperBoxes& boxes, DesktopBackground& desktop);
 
     /// The current item of the list that the user touched last.
     void DESKTOPWALLPAPER() const;
-    /// The picture on show in the preview window.
-    void DESKTOPWALLPAPERPREVIEW() const;
+    /// The picture on show in the preview window: row `position`, from 1, of that list.
+    void DESKTOPWALLPAPERPREVIEW(int position) const;
     /// Saves the picture as the bitmap file and shows that. Where it cannot be loaded, the last one
     /// that could is saved and shown again; where it cannot be saved, the old file is. Lets no
     /// events run; the pointer is an hourglass meanwhile.
     void SetDesktopWallpaper(const QString& Path) const;
 
 private:
-    template <typename Choice>
-    void setChosen(const Choice& choice) const;
+    void setItem(const ListItem* item) const;
     void load(const QString& path) const;
 
-    WallpaperControls c_;
-    std::function<int()> previewPosition_;
+    TouchedPicture touched_;
+    const WallpaperBoxes& boxes_;
     DesktopBackground& desktop_;
 };
 

@@ -27,13 +27,10 @@ Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& co
       pages_(pages),
       slideBar_(slideBar),
       boxes_(*slideBar.slides.lvwSLIDEBAR->parentWidget()),
-      preview_({slideBar.slides.lvwSLIDEBAR, pages.pictures->found.lvwFOUND,
-                pages.pictures->found.ftvFOLDER},
-               [this] { return previewWindow(); }),
-      wallpaper_(
-          {slideBar.slides.lvwSLIDEBAR, pages.pictures->found.lvwFOUND,
-           pages.pictures->found.ftvFOLDER, boxes_.picWALLPAPER, boxes_.picPREVIEW},
-          [this] { return preview_.position(); }, services.desktop) {
+      touched_(*slideBar.slides.lvwSLIDEBAR, *pages.pictures->found.lvwFOUND,
+               *pages.pictures->found.ftvFOLDER),
+      preview_(touched_, [this] { return previewWindow(); }),
+      wallpaper_(touched_, boxes_, services.desktop) {
     connectFound();
     connectSlides();
     connectCommands(commands);
@@ -86,7 +83,7 @@ PreviewWindow Workshop::previewWindow() {
     if (!previewForm_) {
         previewForm_ = new frmPICTUREPREVIEW(
             &form_, {[this](bool forward) { preview_.PicturePreviewCertain(forward); },
-                     [this] { wallpaper_.DESKTOPWALLPAPERPREVIEW(); }});
+                     [this] { wallpaper_.DESKTOPWALLPAPERPREVIEW(preview_.position()); }});
     }
     PreviewWindow window = previewForm_->parts();
     window.show = [form = previewForm_] {

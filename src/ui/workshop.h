@@ -54,6 +54,7 @@ private:
     SlideBar& slideBar_;
     const WallpaperBoxes boxes_;
     QPointer<frmPICTUREPREVIEW> previewForm_;
+    const TouchedPicture touched_;
     Preview preview_;
     Wallpaper wallpaper_;
     bool loaded_ = false;

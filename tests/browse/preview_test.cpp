@@ -132,7 +132,7 @@ protected:
     int asked = 0;
     int shown = 0;
     QRect atShow;
-    Preview preview{{&lvwSLIDEBAR, &lvwFOUND, &ftvFOLDER}, [this] { return parts(); }};
+    Preview preview{{lvwSLIDEBAR, lvwFOUND, ftvFOLDER}, [this] { return parts(); }};
 };
 
 // -- which picture --

@@ -36,7 +36,7 @@ class WallpaperTest : public test::WithServices {
 protected:
     WallpaperTest() {
         qputenv("XDG_DATA_HOME", dataFolder.toUtf8());
-        place(picPREVIEW, 0, 0, 600, 450);
+        place(*boxes.picPREVIEW, 0, 0, 600, 450);
         for (const char* name : {"a.bmp", "b.bmp", "c.bmp"}) {
             savePicture(folder, QLatin1String(name), QSize(7, 5), colourOf(name[0]));
         }
@@ -80,13 +80,10 @@ protected:
     ListView lvwSLIDEBAR;
     ListView lvwFOUND;
     FolderTree ftvFOLDER;
-    PictureBox picWALLPAPER;
-    PictureBox picPREVIEW;
+    QWidget surface;
+    WallpaperBoxes boxes{surface};
     RecordingDesktop desktop;
-    int position = 0;
-    Wallpaper wallpaper{{&lvwSLIDEBAR, &lvwFOUND, &ftvFOLDER, &picWALLPAPER, &picPREVIEW},
-                        [this] { return position; },
-                        desktop};
+    Wallpaper wallpaper{{lvwSLIDEBAR, lvwFOUND, ftvFOLDER}, boxes, desktop};
 };
 
 TEST_F(WallpaperTest, foundListGivesItsCurrentItem) {
@@ -118,11 +115,10 @@ TEST_F(WallpaperTest, listNeverTouchedMeansTheSlides) {
 
 TEST_F(WallpaperTest, slidesWithAnEmptyFoundListDoNothing) {
     addSlides();
-    position = 1;
     for (const char* active : {"SELECTED", "FOUND"}) {
         ActiveList = QLatin1String(active);
         wallpaper.DESKTOPWALLPAPER();
-        wallpaper.DESKTOPWALLPAPERPREVIEW();
+        wallpaper.DESKTOPWALLPAPERPREVIEW(1);
         EXPECT_EQ(ActiveList, QLatin1String(active));
     }
     expectNothing();
@@ -141,7 +137,7 @@ TEST_F(WallpaperTest, emptyListsMakeTheFoundListActive) {
     wallpaper.DESKTOPWALLPAPER();
     EXPECT_EQ(ActiveList, QStringLiteral("FOUND"));
     ActiveList = QStringLiteral("SELECTED");
-    wallpaper.DESKTOPWALLPAPERPREVIEW();
+    wallpaper.DESKTOPWALLPAPERPREVIEW(1);
     EXPECT_EQ(ActiveList, QStringLiteral("FOUND"));
     expectNothing();
 }
@@ -150,22 +146,19 @@ TEST_F(WallpaperTest, previewTakesTheRowOnShow) {
     addFound();
     addSlides();
     lvwFOUND.setSelectedItem(1);
-    position = 3;
-    wallpaper.DESKTOPWALLPAPERPREVIEW();
+    wallpaper.DESKTOPWALLPAPERPREVIEW(3);
     expectShown(colourOf('c'));
     desktop.files.clear();
     ActiveList = QStringLiteral("SELECTED");
     lvwSLIDEBAR.setSelectedItem(1);
-    position = 2;
-    wallpaper.DESKTOPWALLPAPERPREVIEW();
+    wallpaper.DESKTOPWALLPAPERPREVIEW(2);
     expectShown(colourOf('y'));
 }
 
 TEST_F(WallpaperTest, previewOfARowThatIsNotThereDoesNothing) {
     addFound();
     for (const int row : {-1, 0, 4}) {
-        position = row;
-        wallpaper.DESKTOPWALLPAPERPREVIEW();
+        wallpaper.DESKTOPWALLPAPERPREVIEW(row);
     }
     expectNothing();
 }
@@ -255,7 +248,7 @@ TEST_F(WallpaperTest, seeThroughPartsShowTheBox) {
     clear.fill(Qt::transparent);
     const QString path = folder + QStringLiteral("/clear.gif");
     ASSERT_TRUE(clear.save(path, "PNG"));
-    picWALLPAPER.setBackColor(Qt::yellow);
+    boxes.picWALLPAPER->setBackColor(Qt::yellow);
     wallpaper.SetDesktopWallpaper(path);
     expectShown(Qt::yellow);
 }
@@ -277,7 +270,7 @@ TEST_F(WallpaperTest, pictureThatCannotBeLoadedAtFirstAppliesTheOldFile) {
     ASSERT_TRUE(test::plainImage(QSize(2, 2), Qt::green).save(target));
     wallpaper.SetDesktopWallpaper(folder + QStringLiteral("/nowhere.jpg"));
     expectShown(Qt::green);
-    EXPECT_TRUE(picWALLPAPER.Picture().isNull());
+    EXPECT_TRUE(boxes.picWALLPAPER->Picture().isNull());
 }
 
 TEST_F(WallpaperTest, emptyPathTellsTheDesktopAllTheSame) {
@@ -318,13 +311,13 @@ TEST_F(WallpaperTest, folderInPlaceOfTheFileStays) {
 
 TEST_F(WallpaperTest, resultShowsInThePreviewBox) {
     wallpaper.SetDesktopWallpaper(folder + QStringLiteral("/a.bmp"));
-    EXPECT_EQ(picPREVIEW.Image().size(), QSize(40, 30));
-    EXPECT_EQ(picPREVIEW.Image().pixelColor(39, 29), colourOf('a'));
-    EXPECT_EQ(picWALLPAPER.Picture().size(), QSize(7, 5));
+    EXPECT_EQ(boxes.picPREVIEW->Image().size(), QSize(40, 30));
+    EXPECT_EQ(boxes.picPREVIEW->Image().pixelColor(39, 29), colourOf('a'));
+    EXPECT_EQ(boxes.picWALLPAPER->Picture().size(), QSize(7, 5));
     // Also where the new one cannot be loaded.
-    picPREVIEW.Cls();
+    boxes.picPREVIEW->Cls();
     wallpaper.SetDesktopWallpaper(QStringLiteral("/nowhere"));
-    EXPECT_EQ(picPREVIEW.Image().pixelColor(0, 0), colourOf('a'));
+    EXPECT_EQ(boxes.picPREVIEW->Image().pixelColor(0, 0), colourOf('a'));
 }
 
 TEST_F(WallpaperTest, oddNamesAreLoaded) {
