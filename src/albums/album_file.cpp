@@ -106,6 +106,10 @@ void AlbumFile::mnuFILEOPEN_Click() {
         return;
     }
     const QString file = cdlDIALOG_.FileName;
+    if (turn_.isRunning()) {
+        // A later choice may come in its place, and it was opened all the same.
+        joinAlbumList(file);
+    }
     takeTurn([this, file] { open(file); });
 }
 

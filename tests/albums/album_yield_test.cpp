@@ -59,6 +59,19 @@ TEST_F(AlbumYield, ofSeveralAlbumsChosenDuringAReadTheLastOneOpens) {
     EXPECT_EQ(file->Tag(), third);
 }
 
+TEST_F(AlbumYield, anOpenThatALaterChoiceReplacesHasJoinedTheList) {
+    const QString third = album(formA({p[2]}));
+    atSlide(1, [&] {
+        open(other);
+        file->openFromList(third);
+    });
+    open(path);
+    EXPECT_EQ(file->Tag(), third);
+    EXPECT_EQ(albumKeys(), QStringList({path, other}));
+    EXPECT_EQ(storedSlideshow(), third);
+    EXPECT_EQ(storedFolder(), gFileFoldr->FolderPathFromFilename(path));
+}
+
 TEST_F(AlbumYield, anAlbumChosenDuringAReadIsNotOpenedByAClosedWindow) {
     atSlide(1, [&] {
         file->openFromList(other);
