@@ -5,25 +5,6 @@
 
 namespace velorama {
 
-QList<SlideList::FoundFile> SlideList::selectedFiles() const {
-    QList<FoundFile> files;
-    for (int i = 1; i <= found_.lvwFOUND->Count(); ++i) {
-        if (found_.lvwFOUND->item(i)->Selected()) {
-            files.append(foundFile(i - 1));
-        }
-    }
-    return files;
-}
-
-/// From the last to the first, as AddAll goes.
-QList<SlideList::FoundFile> SlideList::folderFiles() const {
-    QList<FoundFile> files;
-    for (int i = found_.flbFOUND->ListCount() - 1; i >= 0; --i) {
-        files.append(foundFile(i));
-    }
-    return files;
-}
-
 /// Pressed inside itself the command follows later, with the files of its own press: the lists may
 /// show another folder by then; `files` is for that case alone. A press that repeats the one that
 /// waits is the same press.
@@ -42,23 +23,22 @@ void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::fu
 }
 
 void SlideList::Add() {
-    const QList<FoundFile> files = add_.turn.isRunning() ? selectedFiles() : QList<FoundFile>();
+    const QList<FoundFile> files = add_.turn.isRunning() ? files_.selected() : QList<FoundFile>();
     press(
         add_, files, [this] { runAdd([this] { addSelected(); }); },
         [this, files] { runAdd([this, &files] { insertAll(files); }); });
 }
 
 void SlideList::runAdd(const std::function<void()>& insertFiles) {
-    settle();
+    store_.settle();
     found_.lvwFOUND->setVisible(false);
     hideSlides();
     const QPointer<SlideList> self = this;
-    beginBatch();
     insertFiles();
     if (!self) {
         return;
     }
-    endBatch();
+    store_.settle();
     FoundButtonsCheck();
     SelectChk();
     found_.lvwFOUND->setVisible(true);
@@ -77,8 +57,8 @@ void SlideList::addSelected() {
     for (int i = 1; self && !stopped_ && i <= count; ++i) {
         const ListItem* row = found_.lvwFOUND->item(i);
         if (row && row->Selected()) {
-            expectSelected(i);
-            insert(foundFile(i - 1));
+            files_.expectSelected(i);
+            insert(files_.file(i - 1));
         }
     }
 }
@@ -94,26 +74,26 @@ void SlideList::insertAll(const QList<FoundFile>& files) {
 }
 
 void SlideList::AddAll() {
-    const QList<FoundFile> files = addAll_.turn.isRunning() ? folderFiles() : QList<FoundFile>();
+    const QList<FoundFile> files =
+        addAll_.turn.isRunning() ? files_.backwards() : QList<FoundFile>();
     press(
         addAll_, files, [this] { runAddAll([this] { addFolder(); }); },
         [this, files] { runAddAll([this, &files] { insertAll(files); }); });
 }
 
 void SlideList::runAddAll(const std::function<void()>& insertFiles) {
-    settle();
+    store_.settle();
     hideSlides();
     c_.prgBARSLIDES->setValue(0);
     c_.prgBARSLIDES->setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);
     const QPointer<SlideList> self = this;
-    beginBatch();
     insertFiles();
     if (!self) {
         setScreenPointer(ScreenPointer::Default);
         return;
     }
-    endBatch();
+    store_.settle();
     c_.prgBARSLIDES->setVisible(false);
     setScreenPointer(ScreenPointer::Default);
     FoundButtonsCheck();
@@ -129,8 +109,8 @@ void SlideList::addFolder() {
     for (int i = found_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
         c_.prgBARSLIDES->setMax(found_.flbFOUND->ListCount());
         c_.prgBARSLIDES->setValue(found_.flbFOUND->ListCount() - i);
-        expectAbove(i);
-        insert(foundFile(i));
+        files_.expectBackwards(i);
+        insert(files_.file(i));
     }
 }
 

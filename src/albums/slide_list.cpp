@@ -1,27 +1,21 @@
 #include "albums/slide_list.h"
 
-#include "albums/slide_settings.h"
 #include "controls/geometry/twips.h"
-#include "core/globals.h"
-#include "platform/numbers.h"
 
 #include <QDateTime>
 
-#include <algorithm>
 #include <utility>
 
 namespace velorama {
-namespace {
-
-// A damaged count in the settings must not hold the program up; beyond what the list held, no more
-// paths than this are blanked.
-constexpr int mostBlanked = 100'000;
-
-}  // namespace
 
 SlideList::SlideList(const SlideControls& controls, const FoundControls& found, Commands& commands,
                      Thumbnails& thumbnails)
-    : c_(controls), found_(found), commands_(commands), thumbnails_(thumbnails) {
+    : c_(controls),
+      found_(found),
+      commands_(commands),
+      thumbnails_(thumbnails),
+      files_(found, *controls.imlTHUMBNAILS, thumbnails),
+      store_(*controls.lvwSLIDEBAR, thumbnails) {
     connectEvents();
     connectCommands();
 }
@@ -39,15 +33,14 @@ void SlideList::showSlides() {
 }
 
 void SlideList::Clear() {
-    settle();
+    store_.settle();
     hideSlides();
     FoundButtonsCheck();
     SelectChk();
     // The count before the removal: it is put right when the list is next saved.
-    const int count = c_.lvwSLIDEBAR->Count();
-    saveSetting(slideItemsKey, slideItemsName, QString::number(count));
+    store_.writeCount();
     if (!removeSelected()) {
-        c_.lvwSLIDEBAR->Remove(count);
+        c_.lvwSLIDEBAR->Remove(c_.lvwSLIDEBAR->Count());
     }
     if (ListItem* current = c_.lvwSLIDEBAR->SelectedItem()) {
         current->setSelected(true);
@@ -69,35 +62,24 @@ bool SlideList::removeSelected() {
 }
 
 void SlideList::ClearAll() {
-    settle();
+    store_.settle();
     hideSlides();
-    const int most = std::max(c_.lvwSLIDEBAR->Count(), mostBlanked);
-    const QString stored = loadSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
+    const int stored = store_.storedCount();
     c_.lvwSLIDEBAR->Clear();
     for (Command* command :
          {&commands_.start, &commands_.removeAll, &commands_.remove, &commands_.moveBack,
           &commands_.moveForward, &commands_.createWebAlbum}) {
         command->setEnabled(false);
     }
-    blankSelection(std::min(wholeNumber(stored).value_or(0), most));
+    store_.blank(stored);
     FoundButtonsCheck();
     SelectChk();
     markModified();
     showSlides();
 }
 
-void SlideList::blankSelection(int count) {
-    if (count < 1) {
-        return;
-    }
-    for (int i = 1; i <= count; ++i) {
-        saveSetting(slideSelectionKey, QString::number(i), QString());
-    }
-    saveSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
-}
-
 void SlideList::move(int step) {
-    settle();
+    store_.settle();
     ListItem* s = c_.lvwSLIDEBAR->SelectedItem();
     ListItem* t = s ? c_.lvwSLIDEBAR->item(s->Index() + step) : nullptr;
     if (!t) {
@@ -118,7 +100,7 @@ void SlideList::exchange(ListItem& s, ListItem& t) {
     s.setKey(a + QDateTime::currentDateTime().toString(Qt::ISODateWithMs));
     const auto give = [this](ListItem& item, const QString& key) {
         item.setKey(key);
-        item.setText(gFileFoldr->FileNameFromPath(item.Key(), false));
+        item.setText(slideText(item.Key()));
         item.setIcon(thumbnails_.SlideIconIndex(item.Key()));
     };
     give(t, a);

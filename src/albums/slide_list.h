@@ -1,9 +1,10 @@
 #pragma once
 
+#include "albums/found_files.h"
+#include "albums/slide_store.h"
 #include "browse/found_controls.h"
 #include "browse/popup_request.h"
 #include "browse/slide_controls.h"
-#include "browse/thumbnails.h"
 #include "core/commands.h"
 #include "platform/process/command_turn.h"
 
@@ -14,7 +15,7 @@
 namespace velorama {
 
 /// The ordered set of pictures picked for the show. Its only store in memory are the items of
-/// lvwSLIDEBAR; a second copy in the settings, Items and Selection, is what the player reads.
+/// lvwSLIDEBAR; a second copy in the settings, kept by SlideStore, is what the player reads.
 ///
 /// Making a thumbnail lets events run, so that any operation may come inside a running Add or
 /// AddAll. Add itself is not begun inside Add, nor AddAll inside AddAll: what was to be added is
@@ -75,30 +76,12 @@ private:
     void lvwSLIDEBAR_KeyDown(int KeyCode, int Shift);
     void lvwSLIDEBAR_MouseUp(int Button, float X, float Y);
 
-    /// A file of the found list, for the time when that list may show another folder.
-    struct FoundFile {
-        QString entry;
-        QString path;
-        bool operator==(const FoundFile&) const = default;
-    };
-
     // slide_insert.cpp
-    QString slidePath(const QString& entry) const;
-    FoundFile foundFile(int index) const;
     void insert(const FoundFile& file);
-    bool addSlide(const QString& path, bool first);
+    bool addFirst(const FoundFile& file);
+    bool addAtCurrent(const FoundFile& file);
+    int imageOf(const FoundFile& file) const;
     int currentIndex() const;
-    void saveAndReload();
-    bool writeSelection();
-    void readSelection();
-    void beginBatch() { ++batches_; }
-    void endBatch();
-    void settle();
-    bool isUndisturbed() const;
-    void remember();
-    void expectSelected(int row);
-    void expectAbove(int index);
-    void appendIfNew(QStringList& paths, int index) const;
 
     /// Add or AddAll: its turn, and the files of the latest press that waits.
     struct Batch {
@@ -109,8 +92,6 @@ private:
     // slide_batch.cpp
     void press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& now,
                const std::function<void()>& later);
-    QList<FoundFile> selectedFiles() const;
-    QList<FoundFile> folderFiles() const;
     void runAdd(const std::function<void()>& insertFiles);
     void runAddAll(const std::function<void()>& insertFiles);
     void addSelected();
@@ -118,7 +99,6 @@ private:
     void insertAll(const QList<FoundFile>& files);
 
     bool removeSelected();
-    void blankSelection(int count);
     void move(int step);
     void exchange(ListItem& s, ListItem& t);
     void enableStart();
@@ -129,21 +109,14 @@ private:
     const FoundControls& found_;
     Commands& commands_;
     Thumbnails& thumbnails_;
+    FoundFiles files_;
+    SlideStore store_;
     bool stopped_ = false;
     /// The keyboard was in lvwSLIDEBAR when it was hidden.
     bool hadFocus_ = false;
 
     Batch add_;
     Batch addAll_;
-    /// Add and AddAll running, one inside the other.
-    int batches_ = 0;
-    /// Slides were added since the list was last written and rebuilt.
-    bool pending_ = false;
-    /// Writing and rebuilding would bring back the same keys: it may wait for the end of the batch.
-    bool reproducible_ = false;
-    /// The list as the last insertion left it; anything else means that others have worked on it.
-    int rememberedCount_ = 0;
-    QString rememberedFirst_;
 };
 
 }  // namespace velorama

@@ -37,7 +37,7 @@ void SlideList::lvwSLIDEBAR_Click() {
 }
 
 void SlideList::selectFirstSlide() {
-    settle();
+    store_.settle();
     ListItem* first = c_.lvwSLIDEBAR->item(1);
     if (!first) {
         return;
@@ -75,8 +75,6 @@ void SlideList::lvwSLIDEBAR_MouseUp(int Button, float X, float Y) {
 }
 
 void SlideList::lvwSLIDEBAR_AfterLabelEdit(const QString& NewString) {
-    // A text of the user's own: the next rebuild must not be put off.
-    reproducible_ = false;
     ListItem* item = c_.lvwSLIDEBAR->SelectedItem();
     if (item && NewString.contains(QLatin1Char(','))) {
         item->setText(QString(NewString).remove(QLatin1Char(',')));

@@ -33,6 +33,7 @@ void ListItem::setIcon(int index) {
 }
 
 void ListItem::changed() {
+    list_.items_.touch();
     if (list_.model_->isPublished()) {
         list_.model_->rowChanged(Index() - 1);
     }

@@ -11,6 +11,7 @@ bool ListItems::hasRoomFor(int index, const QString& key) const {
 }
 
 ListItem* ListItems::insert(int index, std::unique_ptr<ListItem> made) {
+    ++changes_;
     ListItem* const added = made.get();
     added->position_ = index;
     numbered_ = numbered_ && index == count() + 1;
@@ -22,12 +23,14 @@ ListItem* ListItems::insert(int index, std::unique_ptr<ListItem> made) {
 }
 
 void ListItems::remove(int index) {
+    ++changes_;
     keys_.remove(at(index)->key_);
     items_.erase(items_.begin() + (index - 1));
     numbered_ = false;
 }
 
 void ListItems::clear() {
+    ++changes_;
     keys_.clear();
     items_.clear();
     numbered_ = true;
@@ -45,6 +48,7 @@ bool ListItems::rename(ListItem& item, const QString& key) {
         keys_.insert(key, &item);
     }
     item.key_ = key;
+    ++changes_;
     return true;
 }
 

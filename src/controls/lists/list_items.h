@@ -60,10 +60,16 @@ public:
     bool rename(ListItem& item, const QString& key);
     int positionOf(const ListItem& item) const;
 
+    /// Grows whenever an item comes or goes, or changes its key, its caption or its picture.
+    qint64 changes() const { return changes_; }
+    /// An item has changed its caption or its picture.
+    void touch() { ++changes_; }
+
 private:
     std::deque<std::unique_ptr<ListItem>> items_;
     QHash<QString, ListItem*> keys_;
     mutable bool numbered_ = true;
+    qint64 changes_ = 0;
 };
 
 }  // namespace velorama

@@ -27,6 +27,9 @@ public:
     /// The caption painted in the middle of an empty list, and only there.
     void setEmptyText(const QString& text);
 
+    /// Grows whenever an item comes or goes, or changes its key, its caption or its picture.
+    qint64 changes() const { return items_.changes(); }
+
     // -- ListItems --
     int Count() const { return items_.count(); }
     /// Inserts so that the new item has position `index`, 1 to Count + 1. Null, and nothing

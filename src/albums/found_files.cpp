@@ -1,0 +1,91 @@
+#include "albums/found_files.h"
+
+#include "platform/files/paths.h"
+
+#include <algorithm>
+
+namespace velorama {
+namespace {
+
+// Thumbnails announced to the work ahead, and the rows looked through for selected ones.
+constexpr int lookAhead = 16;
+constexpr int farthestLook = 256;
+
+/// What follows the first dot, upper case.
+QString extension(const QString& entry) {
+    const qsizetype dot = entry.indexOf(QLatin1Char('.'));
+    return dot < 0 ? QString() : entry.sliced(dot + 1).toUpper();
+}
+
+QString pathIn(const QString& folder, const QString& entry) {
+    const bool isRoot = folder.size() == driveRootLength(folder);
+    return isRoot ? QString(folder + entry) : joinPath(folder, entry);
+}
+
+}  // namespace
+
+bool FoundFile::isPicture() const {
+    const QString kind = extension(entry);
+    return kind == QLatin1String("BMP") || kind == QLatin1String("JPG") ||
+           kind == QLatin1String("GIF");
+}
+
+bool FoundFile::isGif() const {
+    return extension(entry) == QLatin1String("GIF");
+}
+
+FoundFiles::FoundFiles(const FoundControls& found, const ImageList& imlTHUMBNAILS,
+                       Thumbnails& thumbnails)
+    : found_(found), imlTHUMBNAILS_(imlTHUMBNAILS), thumbnails_(thumbnails) {}
+
+FoundFile FoundFiles::file(int index) const {
+    const QString entry = found_.flbFOUND->List(index);
+    return {entry, pathIn(found_.flbFOUND->Path(), entry)};
+}
+
+QList<FoundFile> FoundFiles::selected() const {
+    QList<FoundFile> files;
+    for (int i = 1; i <= found_.lvwFOUND->Count(); ++i) {
+        if (found_.lvwFOUND->item(i)->Selected()) {
+            files.append(file(i - 1));
+        }
+    }
+    return files;
+}
+
+QList<FoundFile> FoundFiles::backwards() const {
+    QList<FoundFile> files;
+    for (int i = found_.flbFOUND->ListCount() - 1; i >= 0; --i) {
+        files.append(file(i));
+    }
+    return files;
+}
+
+void FoundFiles::expectSelected(int row) {
+    QStringList next;
+    const int end = std::min(found_.lvwFOUND->Count(), row + farthestLook);
+    for (int i = row, seen = 0; i <= end && seen < lookAhead; ++i) {
+        if (found_.lvwFOUND->item(i)->Selected()) {
+            ++seen;
+            appendIfNew(next, i - 1);
+        }
+    }
+    thumbnails_.expectSlides(next);
+}
+
+void FoundFiles::expectBackwards(int index) {
+    QStringList next;
+    for (int i = index; i >= 0 && i > index - lookAhead; --i) {
+        appendIfNew(next, i);
+    }
+    thumbnails_.expectSlides(next);
+}
+
+void FoundFiles::appendIfNew(QStringList& paths, int index) const {
+    const FoundFile found = file(index);
+    if (found.isPicture() && imlTHUMBNAILS_.indexOf(found.path) == 0) {
+        paths.append(found.path);
+    }
+}
+
+}  // namespace velorama

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "browse/found_controls.h"
+#include "browse/thumbnails.h"
+
+namespace velorama {
+
+/// A file of the found list, for the time when that list may show another folder.
+struct FoundFile {
+    QString entry;
+    QString path;
+    /// By what follows the first dot: "a.b.jpg" is no picture.
+    bool isPicture() const;
+    bool isGif() const;
+    bool operator==(const FoundFile&) const = default;
+};
+
+/// The folder on show, as the files that may become slides. Row i of lvwFOUND is entry i - 1 of
+/// flbFOUND.
+class FoundFiles {
+public:
+    /// All must outlive this object.
+    FoundFiles(const FoundControls& found, const ImageList& imlTHUMBNAILS, Thumbnails& thumbnails);
+
+    /// Entry `index`, from 0; outside the folder it has no name.
+    FoundFile file(int index) const;
+    /// Those of the selected rows.
+    QList<FoundFile> selected() const;
+    /// All, from the last to the first.
+    QList<FoundFile> backwards() const;
+
+    /// Announces the selected files from row `row` on.
+    void expectSelected(int row);
+    /// Announces the files from entry `index` on towards the start.
+    void expectBackwards(int index);
+
+private:
+    void appendIfNew(QStringList& paths, int index) const;
+
+    const FoundControls& found_;
+    const ImageList& imlTHUMBNAILS_;
+    Thumbnails& thumbnails_;
+};
+
+}  // namespace velorama

@@ -1,0 +1,135 @@
+#include "albums/slide_store.h"
+
+#include "albums/slide_settings.h"
+#include "core/globals.h"
+#include "core/long_text.h"
+#include "platform/numbers.h"
+
+#include <algorithm>
+
+namespace velorama {
+namespace {
+
+// A damaged count in the settings must not hold the program up; beyond what the list held, no more
+// paths than this are blanked.
+constexpr int mostBlanked = 100'000;
+
+/// True if a rebuild brings a path back as it was. One that is too long for the settings is kept
+/// from the list.
+bool survivesRebuild(const QString& path) {
+    const QByteArray stored = path.toUtf8();
+    return !stored.isEmpty() && !stored.contains('\0') && QString::fromUtf8(stored) == path;
+}
+
+bool saveCount(int count) {
+    return saveSetting(slideItemsKey, slideItemsName, QString::number(count));
+}
+
+bool saveSlide(int number, const QString& path) {
+    return saveSetting(slideSelectionKey, QString::number(number), path);
+}
+
+QString loadSlide(int number) {
+    return loadSetting(slideSelectionKey, QString::number(number), QStringLiteral("1"));
+}
+
+int loadCount() {
+    const QString stored = loadSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
+    return wholeNumber(stored).value_or(0);
+}
+
+}  // namespace
+
+QString slideText(const QString& path) {
+    return gFileFoldr->FileNameFromPath(path, false);
+}
+
+SlideStore::SlideStore(ListView& lvwSLIDEBAR, const Thumbnails& thumbnails)
+    : list_(lvwSLIDEBAR), thumbnails_(thumbnails) {}
+
+void SlideStore::write() {
+    settle();
+    writeAll();
+}
+
+bool SlideStore::writeAll() const {
+    const int count = list_.Count();
+    bool written = saveCount(count);
+    for (int i = 1; i <= count; ++i) {
+        written = saveSlide(i, list_.item(i)->Key()) && written;
+    }
+    return written;
+}
+
+void SlideStore::writeCount() const {
+    saveCount(list_.Count());
+}
+
+bool SlideStore::writeLast(const QString& path) const {
+    const bool counted = saveCount(list_.Count());
+    return saveSlide(list_.Count(), path) && counted;
+}
+
+void SlideStore::read() {
+    const int count = loadCount();
+    const QHash<int, QString> kept = pathsOnlyInList(
+        slideSelectionKey, 1, list_.Count(), [](int i) { return QString::number(i); },
+        [this](int i) { return list_.item(i)->Key(); });
+    list_.Clear();
+    for (int i = 1; i <= count; ++i) {
+        const QString path = kept.contains(i) ? kept.value(i) : loadSlide(i);
+        if (!list_.Add(i, path, slideText(path), thumbnails_.SlideIconIndex(path))) {
+            // A key that is there already. All further positions lie past the end of the list.
+            return;
+        }
+    }
+}
+
+int SlideStore::storedCount() const {
+    return std::min(loadCount(), std::max(list_.Count(), mostBlanked));
+}
+
+void SlideStore::blank(int count) const {
+    if (count < 1) {
+        return;
+    }
+    for (int i = 1; i <= count; ++i) {
+        saveSlide(i, QString());
+    }
+    saveCount(0);
+}
+
+bool SlideStore::wouldKeep(const QString& path) const {
+    return list_.changes() == rebuilt_ && survivesRebuild(path);
+}
+
+bool SlideStore::survives() const {
+    bool all = true;
+    for (int i = 1; all && i <= list_.Count(); ++i) {
+        all = survivesRebuild(list_.item(i)->Key());
+    }
+    return all;
+}
+
+void SlideStore::writeAndRead() {
+    due_ = false;
+    const bool written = writeAll();
+    read();
+    rebuilt_ = written && survives() ? list_.changes() : -1;
+}
+
+void SlideStore::putOff() {
+    list_.setSelectedItem(1);
+    due_ = true;
+    rebuilt_ = list_.changes();
+}
+
+void SlideStore::settle() {
+    if (due_) {
+        writeAndRead();
+    }
+    // Whoever settles goes on to change something, be it no more than the selection.
+    rebuilt_ = -1;
+}
+
+}  // namespace velorama
