@@ -2,15 +2,13 @@
 
 #include <QByteArray>
 #include <QObject>
-#include <QPointer>
 #include <QTimer>
 #include <QUrl>
 
 #include <chrono>
+#include <memory>
 
 namespace velorama {
-
-class HttpExchange;
 
 /// What one GET may cost.
 struct HttpLimits {
@@ -36,7 +34,8 @@ struct HttpAnswer {
     QByteArray body;
 };
 
-/// One GET over HTTP or HTTPS. Its destruction ends it without a further word.
+/// One GET over HTTP or HTTPS, through the system's proxy, but never to this machine itself. Its
+/// destruction ends it and its connection without a further word.
 class HttpRequest : public QObject {
     Q_OBJECT
 public:
@@ -48,16 +47,17 @@ signals:
     void finished(const velorama::HttpAnswer& answer);
 
 private:
+    struct Transfer;
+
     void ask(const QUrl& address);
-    void take(bool whole);
+    void end(bool whole);
     bool mayGoTo(const QUrl& target);
-    void end(bool ok);
 
     HttpLimits limits_;
     HttpAnswer answer_;
-    QPointer<HttpExchange> exchange_;
-    int redirects_ = 0;
+    /// At its end the answer is told, whether it is there or not.
     QTimer time_;
+    std::unique_ptr<Transfer> transfer_;
 };
 
 /// Whether the address is one that HttpRequest asks: HTTP or HTTPS with a host.
