@@ -32,8 +32,8 @@ QString placeForAlbums() {
 
 WebAlbumValues sizes() {
     WebAlbumValues values;
-    values.udnPHOTO = [] { return QStringLiteral("500"); };
-    values.udnTHUMBNAIL = [] { return QStringLiteral("95"); };
+    values.udnPHOTO = QStringLiteral("500");
+    values.udnTHUMBNAIL = QStringLiteral("95");
     return values;
 }
 
@@ -56,7 +56,7 @@ std::optional<double> timeOfPages(int pictures) {
     const QString folder = place.path() + u'/';
     const ExactNames exactNames(place.path());
     ProgressBar prgBARSLIDES;
-    AlbumBuild build{sizes(), prgBARSLIDES, {}};
+    AlbumBuild build{sizes, prgBARSLIDES, {}};
     const double begin = processorTime();
     modWEBALBUM::WebAlbumMainPagesWrite(build, folder, QStringLiteral("Bench"), slides);
     modWEBALBUM::WebAlbumSlidePagesWrite(build, folder, QStringLiteral("Bench"), slides);

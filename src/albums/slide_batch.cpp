@@ -104,6 +104,7 @@ void SlideList::runAddAll(const std::function<void()>& insertFiles) {
 }
 
 /// From the last file to the first: each goes in at position 1, which leaves them in folder order.
+/// The first round lies past the end and adds nothing; the bar stands at nought meanwhile.
 void SlideList::addFolder() {
     const QPointer<SlideList> self = this;
     for (int i = found_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {

@@ -1,4 +1,4 @@
-// The one place where a file becomes a slide.
+// How a file of the folder on show becomes a slide.
 
 #include "albums/slide_list.h"
 
@@ -56,15 +56,6 @@ int SlideList::currentIndex() const {
         return 1;
     }
     return current ? current->Index() : 0;
-}
-
-void SlideList::SELECTIONSAVE() {
-    store_.write();
-}
-
-void SlideList::SlideListReload() {
-    store_.settle();
-    store_.read();
 }
 
 }  // namespace velorama

@@ -66,11 +66,6 @@ void SlideList::ClearAll() {
     hideSlides();
     const int stored = store_.storedCount();
     c_.lvwSLIDEBAR->Clear();
-    for (Command* command :
-         {&commands_.start, &commands_.removeAll, &commands_.remove, &commands_.moveBack,
-          &commands_.moveForward, &commands_.createWebAlbum}) {
-        command->setEnabled(false);
-    }
     store_.blank(stored);
     FoundButtonsCheck();
     SelectChk();
@@ -106,6 +101,15 @@ void SlideList::exchange(ListItem& s, ListItem& t) {
     give(t, a);
     s.setKey(QString());
     give(s, b);
+}
+
+void SlideList::SELECTIONSAVE() {
+    store_.write();
+}
+
+void SlideList::SlideListReload() {
+    store_.settle();
+    store_.read();
 }
 
 void SlideList::SelectChk() {

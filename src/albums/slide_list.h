@@ -47,8 +47,7 @@ public:
     /// Writes count and paths to the settings.
     void SELECTIONSAVE();
 
-    /// Switches the commands on the slides on or off by the list; the one place where that is
-    /// decided.
+    /// Switches the commands on the slides on or off by the list.
     void SelectChk();
     /// The same for what the folder on show decides, and for the start of the show.
     void FoundButtonsCheck();

@@ -14,8 +14,8 @@ namespace {
 // paths than this are blanked.
 constexpr int mostBlanked = 100'000;
 
-/// True if a rebuild brings a path back as it was. One that is too long for the settings is kept
-/// from the list.
+/// True if a rebuild brings a path back as it was. Where one is too long for the
+/// settings, a rebuild keeps what the list has.
 bool survivesRebuild(const QString& path) {
     const QByteArray stored = path.toUtf8();
     return !stored.isEmpty() && !stored.contains('\0') && QString::fromUtf8(stored) == path;

@@ -30,7 +30,7 @@ QSize pixelsOf(const QWidget& control) {
 }
 
 /// The size of what is on show in the line below it; of a file that gives nothing, that.
-void tellSize(const PreviewWindow& w, QSize pixels) {
+void tellSize(const PreviewControls& w, QSize pixels) {
     w.lblSIZE->setText(pixels.isEmpty()
                            ? QStringLiteral("This picture cannot be shown.")
                            : decimalText(pixels.width()) + QStringLiteral(" \u00D7 ") +
@@ -38,7 +38,7 @@ void tellSize(const PreviewWindow& w, QSize pixels) {
 }
 
 /// Loads the file; one that cannot be read leaves what is there.
-Picture load(const PreviewWindow& w, const QString& path, const Fit& fit) {
+Picture load(const PreviewControls& w, const QString& path, const Fit& fit) {
     const Picture picture = LoadPicture(hostFile(path), fit);
     w.imgPICTURE->setPicture(picture.bitmap, picture.size);
     tellSize(w, picture.size);
@@ -79,14 +79,14 @@ void sharpen(ImageBox& image, const Picture& picture) {
         picture.size);
 }
 
-void frame(const PreviewWindow& w) {
+void frame(const PreviewControls& w) {
     setWidth(*w.framBOX, Width(*w.imgPICTURE) + pictureMargin);
     setHeight(*w.framBOX, Height(*w.imgPICTURE) + pictureMargin);
     setLeft(*w.imgPICTURE, (Width(*w.framBOX) - Width(*w.imgPICTURE)) * 0.5F);
     setTop(*w.imgPICTURE, (Height(*w.framBOX) - Height(*w.imgPICTURE)) * 0.5F);
 }
 
-void showLarge(const PreviewWindow& w, const QString& path) {
+void showLarge(const PreviewControls& w, const QString& path) {
     ImageBox& image = *w.imgPICTURE;
     // Neither side comes out longer; a picture that is nearly a square is higher than half the
     // screen.
@@ -101,7 +101,7 @@ void showLarge(const PreviewWindow& w, const QString& path) {
     frame(w);
 }
 
-void showMoving(const PreviewWindow& w, const QString& path) {
+void showMoving(const PreviewControls& w, const QString& path) {
     MovieBox& viewer = *w.webVIEWER;
     const float across = TwipsPerPixelX(viewer);
     const float down = TwipsPerPixelY(viewer);
@@ -122,7 +122,7 @@ void showMoving(const PreviewWindow& w, const QString& path) {
                     : QSize());
 }
 
-void showSmall(const PreviewWindow& w, const QString& path) {
+void showSmall(const PreviewControls& w, const QString& path) {
     w.webVIEWER->hide();
     w.imgPICTURE->setStretch(true);
     // The former content keeps the size that it was shown at.
@@ -133,25 +133,46 @@ void showSmall(const PreviewWindow& w, const QString& path) {
     frame(w);
 }
 
-void fitForm(const PreviewWindow& w) {
+void fitForm(const PreviewControls& w) {
     setLeft(*w.framBOX, frameLeft);
     const float s = Left(*w.framBOX) + Width(*w.framBOX) + Left(*w.framBOX);
     if (s > leastFormWidth) {
-        setWidth(*w.form, s + 100);
+        setWidth(w.form, s + 100);
     } else {
-        setWidth(*w.form, leastFormWidth);
-        setLeft(*w.framBOX, (Width(*w.form) - Width(*w.framBOX)) * 0.5F);
+        setWidth(w.form, leastFormWidth);
+        setLeft(*w.framBOX, (Width(w.form) - Width(*w.framBOX)) * 0.5F);
     }
-    setHeight(*w.form, Top(*w.framBOX) + Height(*w.framBOX) + Top(*w.framBOX) - 60);
-    setWidth(*w.shpBORDER, Width(*w.form));
+    setHeight(w.form, Top(*w.framBOX) + Height(*w.framBOX) + Top(*w.framBOX) - 60);
+    setWidth(*w.shpBORDER, Width(w.form));
     setHeight(*w.shpBORDER, Height(*w.framBOX) + 120 + 90);
     const float below = Top(*w.shpBORDER) + Height(*w.shpBORDER);
-    place(*w.lblSIZE, frameLeft, below, Width(*w.form) - 2 * frameLeft, Height(*w.form) - below);
+    place(*w.lblSIZE, frameLeft, below, Width(w.form) - 2 * frameLeft, Height(w.form) - below);
+}
+
+void layOut(const PreviewControls& w, const QString& path) {
+    gPagProps->PictureFileInformation(path);
+    const float halfAcross = screenWidth(w.form) / TwipsPerPixelX(w.form) / 2;
+    const float halfDown = screenHeight(w.form) / TwipsPerPixelY(w.form) / 2;
+    const bool wide = static_cast<float>(gPagProps->PictureAttribWidth()) > halfAcross;
+    const bool high = static_cast<float>(gPagProps->PictureAttribHeight()) > halfDown;
+    if (wide || high) {
+        showLarge(w, path);
+    } else if (path.right(3).toUpper() == QLatin1String("GIF")) {
+        showMoving(w, path);
+    } else {
+        showSmall(w, path);
+    }
+    const QSize before = w.form.size();
+    fitForm(w);
+    // A window that its user has put half off the screen stays there until it needs more room.
+    if (before.expandedTo(w.form.size()) != before) {
+        keepOnScreen(w.form);
+    }
 }
 
 }  // namespace
 
-Preview::Preview(TouchedPicture touched, std::function<PreviewWindow()> window)
+Preview::Preview(TouchedPicture touched, Window window)
     : touched_(touched), window_(std::move(window)) {}
 
 void Preview::PicturePreview() {
@@ -160,9 +181,8 @@ void Preview::PicturePreview() {
     }
     const ListItem* item = touched_.list().SelectedItem();
     position_ = item != nullptr ? item->Index() : position_;
-    const PreviewWindow window = window_();
-    layOut(window, touched_.path(item));
-    window.show();
+    layOut(window_(), touched_.path(item));
+    emit Ready();
 }
 
 void Preview::PicturePreviewCertain(bool Forward) {
@@ -175,32 +195,11 @@ void Preview::PicturePreviewCertain(bool Forward) {
         position_ = 1;
     }
     const QString shown = touched_.joinedPath(touched_.list().item(position_));
-    const PreviewWindow window = window_();
+    const PreviewControls& window = window_();
     layOut(window, shown);
-    setCaption(*window.form, QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +
-                                 decimalText(count) + QStringLiteral(") ") +
-                                 gFileFoldr->FileNameFromPath(shown, true));
-}
-
-void Preview::layOut(const PreviewWindow& w, const QString& path) const {
-    gPagProps->PictureFileInformation(path);
-    const float halfAcross = screenWidth(*w.form) / TwipsPerPixelX(*w.form) / 2;
-    const float halfDown = screenHeight(*w.form) / TwipsPerPixelY(*w.form) / 2;
-    const bool wide = static_cast<float>(gPagProps->PictureAttribWidth()) > halfAcross;
-    const bool high = static_cast<float>(gPagProps->PictureAttribHeight()) > halfDown;
-    if (wide || high) {
-        showLarge(w, path);
-    } else if (path.right(3).toUpper() == QLatin1String("GIF")) {
-        showMoving(w, path);
-    } else {
-        showSmall(w, path);
-    }
-    const QSize before = w.form->size();
-    fitForm(w);
-    // A window that its user has put half off the screen stays there until it needs more room.
-    if (before.expandedTo(w.form->size()) != before) {
-        keepOnScreen(*w.form);
-    }
+    setCaption(window.form, QLatin1Char('(') + decimalText(position_) + QStringLiteral(" of ") +
+                                decimalText(count) + QStringLiteral(") ") +
+                                gFileFoldr->FileNameFromPath(shown, true));
 }
 
 }  // namespace velorama

@@ -133,14 +133,16 @@ void ControlBar::layOut(float formWidth, float formHeight) {
           formWidth - 2 * 90 - buttonSize - rimTwips - Left(imgRIGHTCONTROLS), barHeight);
 }
 
-void ControlBar::showMusic(const QString& track, const QString& length, const QString& position,
-                           bool always) {
+void ControlBar::showMusic(const QString& track, const QString& length, const QString& position) {
+    followMusic(track, length, position);
+    prgPLAY.setValue(static_cast<float>(numericValue(position)));
+}
+
+void ControlBar::followMusic(const QString& track, const QString& length, const QString& position) {
     lblPLAYING.setCaption(gFileFoldr->FileNameFromPath(track, true));
     const auto seconds = static_cast<float>(numericValue(length));
     if (seconds > 0) {
         prgPLAY.setMax(seconds);
-    }
-    if (seconds > 0 || always) {
         prgPLAY.setValue(static_cast<float>(numericValue(position)));
     }
 }

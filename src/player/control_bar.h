@@ -34,8 +34,9 @@ public:
 
     /// What the main window's music is doing: the track's name, and length and position in seconds
     /// as text. A length of 0 sets no maximum; `always` sets the value all the same.
-    void showMusic(const QString& track, const QString& length, const QString& position,
-                   bool always);
+    void showMusic(const QString& track, const QString& length, const QString& position);
+    /// The same, but for the position of a track whose length is not known: the bar keeps its own.
+    void followMusic(const QString& track, const QString& length, const QString& position);
     void showPaused(bool paused);
 
     /// Hides the bar where auto-hide is on, shows it where it is off.

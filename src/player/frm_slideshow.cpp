@@ -134,7 +134,7 @@ void frmSLIDESHOW::load(QScreen* screen) {
     }
     Paused = false;
     keepAwake(true);
-    copyMusic(true);
+    copyMusic();
     picCONTROLBAR.prgPLAY.setVisible(!picCONTROLBAR.lblPLAYING.Caption().isEmpty());
     picCONTROLBAR.applyAutoHide();
     loaded_ = true;
@@ -219,17 +219,17 @@ void frmSLIDESHOW::ShowStatusLabels() {
 }
 
 void frmSLIDESHOW::ResizePic() {
-    copyMusic(true);
+    copyMusic();
     fitting_.ResizePic();
 }
 
-void frmSLIDESHOW::copyMusic(bool always) {
-    picCONTROLBAR.showMusic(host_.track(), host_.trackLength(), host_.trackPosition(), always);
+void frmSLIDESHOW::copyMusic() {
+    picCONTROLBAR.showMusic(host_.track(), host_.trackLength(), host_.trackPosition());
 }
 
 void frmSLIDESHOW::tmrMUSIC_Timer() {
     if (!unloaded_) {
-        copyMusic(false);
+        picCONTROLBAR.followMusic(host_.track(), host_.trackLength(), host_.trackPosition());
     }
 }
 
@@ -274,7 +274,7 @@ void frmSLIDESHOW::togglePause() {
     }
     Paused = !Paused;
     keepAwake(!Paused);
-    copyMusic(true);
+    copyMusic();
     ShowStatusLabels();
     picCONTROLBAR.showPaused(Paused);
 }

@@ -113,7 +113,7 @@ private:
     void showOnOldSystem(ShowStep way, const QString& path);
     void lookAhead();
 
-    void copyMusic(bool always);
+    void copyMusic();
     void connectBar();
     void restartPeriod();
 

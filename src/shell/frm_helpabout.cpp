@@ -21,19 +21,13 @@ constexpr qreal TitleScale = 1.8;
 
 }  // namespace
 
-frmHELPABOUT::frmHELPABOUT(QWidget* owner, const QIcon& icon, CheckForUpdates check)
-    : QDialog(owner) {
+frmHELPABOUT::frmHELPABOUT(QWidget* owner, const QIcon& icon) : QDialog(owner) {
     setObjectName(QStringLiteral("frmHELPABOUT"));
     setWindowTitle(QStringLiteral("About"));
     setWindowModality(Qt::ApplicationModal);
     makeControls(icon);
     layOut();
     connect(btnCLOSE, &QPushButton::clicked, this, &QDialog::reject);
-    connect(btnUPDATES, &QPushButton::clicked, this, [this, check = std::move(check)] {
-        if (check) {
-            check(this);
-        }
-    });
 }
 
 void frmHELPABOUT::makeControls(const QIcon& icon) {

@@ -2,8 +2,6 @@
 
 #include <QDialog>
 
-#include <functional>
-
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
@@ -14,10 +12,7 @@ namespace velorama {
 class frmHELPABOUT : public QDialog {
     Q_OBJECT
 public:
-    /// Runs the update check over this window.
-    using CheckForUpdates = std::function<void(QWidget* about)>;
-
-    frmHELPABOUT(QWidget* owner, const QIcon& icon, CheckForUpdates check);
+    frmHELPABOUT(QWidget* owner, const QIcon& icon);
 
     QLabel* imgICON;
     QLabel* lblMAINTITLE;

@@ -36,9 +36,9 @@ void HelpCommands::mnuHELPUPDATECHECK_Click() {
 }
 
 void HelpCommands::mnuHELPABOUT_Click() {
-    frmHELPABOUT about(&window_, icon_, [this](QWidget* form) {
-        checkForUpdates(form, QStringLiteral(" &Close "));
-    });
+    frmHELPABOUT about(&window_, icon_);
+    connect(about.btnUPDATES, &QPushButton::clicked, &about,
+            [&] { checkForUpdates(&about, QStringLiteral(" &Close ")); });
     about.exec();
 }
 

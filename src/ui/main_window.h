@@ -43,7 +43,6 @@ public:
     QPointer<frmSLIDESHOW> slideShow() const { return show_.form(); }
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -53,7 +52,8 @@ private:
     void setTabOrders();
     void mnuFILESTART_Click();
 
-    // -- main_window_start.cpp --
+    // -- main_window_start.cpp, as Form_Load --
+    void closeEvent(QCloseEvent* event) override;
     void restore();
     void appear();
     void Form_QueryUnload(bool& Cancel);

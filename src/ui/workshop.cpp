@@ -1,6 +1,5 @@
 #include "ui/workshop.h"
 
-#include "browse/screen_pointer.h"
 #include "core/globals.h"
 
 #include <QMessageBox>
@@ -21,18 +20,18 @@ Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& co
       albums(pages.slideshows->albums, cdlDIALOG),
       album(slideBar.slides, commands, cdlDIALOG, slides, thumbnails_, albums),
       audio(pages.music->controls, services.device, cdlDIALOG),
-      webAlbum({slideBar.slides.lvwSLIDEBAR, slideBar.slides.prgBARSLIDES}, commands,
-               pages.webAlbum->values(), webAlbumScreen()),
+      webAlbum(slideBar.slides, commands, [&pages] { return pages.webAlbum->values(); }),
       form_(form),
       pages_(pages),
       slideBar_(slideBar),
       boxes_(*slideBar.slides.lvwSLIDEBAR->parentWidget()),
       touched_(*slideBar.slides.lvwSLIDEBAR, *pages.pictures->found.lvwFOUND,
                *pages.pictures->found.ftvFOLDER),
-      preview_(touched_, [this] { return previewWindow(); }),
+      preview_(touched_, [this]() -> const PreviewControls& { return previewWindow(); }),
       wallpaper_(touched_, boxes_, services.desktop) {
     connectFound();
     connectSlides();
+    connectWebAlbum();
     connectCommands(commands);
 }
 
@@ -53,11 +52,22 @@ void Workshop::connectSlides() {
     connect(pages_.pictures, &PicturesPage::KeyDown, &slides, &SlideList::ListKeysCheck);
 }
 
+void Workshop::connectWebAlbum() {
+    connect(&webAlbum, &WebAlbum::NoTitle, this, [this](const QString& text, const QString& title) {
+        QMessageBox::critical(&form_, title, text);
+    });
+    connect(&webAlbum, &WebAlbum::Complete, this,
+            [this](const QString& text, const QString& title) {
+                QMessageBox::information(&form_, title, text);
+            });
+}
+
 // Those of slides and albums are connected by who carries them out.
 void Workshop::connectCommands(const Commands& commands) {
     const auto on = [this](const Command& command, auto handler) {
         connect(&command, &Command::triggered, this, handler);
     };
+    connect(&preview_, &Preview::Ready, this, &Workshop::showPreview);
     on(commands.preview, [this] { preview_.PicturePreview(); });
     on(commands.wallpaper, [this] { wallpaper_.DESKTOPWALLPAPER(); });
     on(commands.createWebAlbum, [this] { webAlbum.cbtnWEBALBUM_Click(); });
@@ -65,32 +75,20 @@ void Workshop::connectCommands(const Commands& commands) {
        [this] { webAlbum.cbtnVIEWWEBALB_Click(QString::number(form_.winId())); });
 }
 
-WebAlbumScreen Workshop::webAlbumScreen() {
-    WebAlbumScreen screen;
-    screen.critical = [this](const QString& text, const QString& caption) {
-        QMessageBox::critical(&form_, caption, text);
-    };
-    screen.information = [this](const QString& text, const QString& caption) {
-        QMessageBox::information(&form_, caption, text);
-    };
-    screen.hourglass = [](bool on) {
-        setScreenPointer(on ? ScreenPointer::Hourglass : ScreenPointer::Default);
-    };
-    return screen;
+const PreviewControls& Workshop::previewWindow() {
+    if (!previewForm_) {
+        previewForm_ = new frmPICTUREPREVIEW(&form_);
+        connect(previewForm_, &frmPICTUREPREVIEW::Walk, &preview_, &Preview::PicturePreviewCertain);
+        connect(previewForm_, &frmPICTUREPREVIEW::Wallpaper, this,
+                [this] { wallpaper_.DESKTOPWALLPAPERPREVIEW(preview_.position()); });
+    }
+    return previewForm_->controls;
 }
 
-PreviewWindow Workshop::previewWindow() {
-    if (!previewForm_) {
-        previewForm_ = new frmPICTUREPREVIEW(
-            &form_, {[this](bool forward) { preview_.PicturePreviewCertain(forward); },
-                     [this] { wallpaper_.DESKTOPWALLPAPERPREVIEW(preview_.position()); }});
-    }
-    PreviewWindow window = previewForm_->parts();
-    window.show = [form = previewForm_] {
-        form->exec();
-        delete form;
-    };
-    return window;
+void Workshop::showPreview() const {
+    const QPointer<frmPICTUREPREVIEW> form = previewForm_;
+    form->exec();
+    delete form;
 }
 
 void Workshop::load(const QString& albumPath) {

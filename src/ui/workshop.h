@@ -42,9 +42,10 @@ public:
     WebAlbum webAlbum;
 
 private:
-    WebAlbumScreen webAlbumScreen();
+    void connectWebAlbum();
     /// The preview window, loaded at its first use; it unloads when it is closed.
-    PreviewWindow previewWindow();
+    const PreviewControls& previewWindow();
+    void showPreview() const;
     void connectFound();
     void connectSlides();
     void connectCommands(const Commands& commands);

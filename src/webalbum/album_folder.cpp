@@ -1,6 +1,6 @@
 #include "webalbum/album_folder.h"
 
-#include "core/cls_filefoldr.h"
+#include "core/globals.h"
 #include "platform/files/paths.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ AlbumPaths albumPaths(const QString& documents, const QString& title) {
     const QChar separator = pathSeparator(documents);
     // No separator is looked for here; a documents folder without one gets a strange neighbour.
     const QString parent = documents + albumsFolder + separator;
-    const QString albums = clsFILEFOLDR().FileSlashCheck(documents) + albumsFolder + separator;
+    const QString albums = gFileFoldr->FileSlashCheck(documents) + albumsFolder + separator;
     return {parent, folderIn(albums, title), parent + title + separator + firstPage};
 }
 

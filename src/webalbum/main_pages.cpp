@@ -164,7 +164,7 @@ QString MainPages::pictureCells(int first) {
             cells += u"<TD vAlign=top align=left width=25%><P align=center><A HREF=\"" % name %
                      u".html\"><IMG" %
                      build_.measure.styleOf(folder_, QStringLiteral("pictures"), name,
-                                            valueOf(build_.values.udnTHUMBNAIL)) %
+                                            build_.values().udnTHUMBNAIL) %
                      u"\" height=71 alt=\"Click to view page\" src=\"pictures/" % name %
                      u"\" width=90 border=0></A></P></TD>";
         }

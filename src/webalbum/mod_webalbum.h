@@ -11,7 +11,7 @@ namespace velorama {
 
 /// What the writers of one build share.
 struct AlbumBuild {
-    WebAlbumValues values;
+    AskForValues values;
     ProgressBar& prgBARSLIDES;
     /// Ends the writers at their next picture. A page that is not complete is not written.
     std::stop_token stop;

@@ -132,7 +132,7 @@ QString SlidePages::page(const Slide& slide) {
     page += endOfCell;
     page += upToPicture;
     page += u"<IMG " %
-            build_.measure.styleOf(folder_, pictures, slide.cur, valueOf(build_.values.udnPHOTO)) %
+            build_.measure.styleOf(folder_, pictures, slide.cur, build_.values().udnPHOTO) %
             u"\"src=\"pictures/" % slide.cur % u"\"></P>";
     return page % upToCaption % slide.cur % upToEnd;
 }
@@ -152,7 +152,7 @@ QString SlidePages::preview(const QString& neighbour, const QString& alt) {
 }
 
 QString SlidePages::thumbnailStyle(const QString& subfolder, const QString& name) {
-    return build_.measure.styleOf(folder_, subfolder, name, valueOf(build_.values.udnTHUMBNAIL));
+    return build_.measure.styleOf(folder_, subfolder, name, build_.values().udnTHUMBNAIL);
 }
 
 }  // namespace

@@ -28,8 +28,7 @@ constexpr std::array<SizeLabel, 7> sizeLabels = {{
     {QLatin1String("7 (36 pt)"), QLatin1String("36px")},
 }};
 
-QString cssSize(const WebAlbumValues::Text& combo) {
-    const QString label = valueOf(combo);
+QString cssSize(const QString& label) {
     for (const SizeLabel& size : sizeLabels) {
         if (label == size.label) {
             return size.css;
@@ -38,8 +37,8 @@ QString cssSize(const WebAlbumValues::Text& combo) {
     return QStringLiteral("12px");
 }
 
-QString pageColour(const WebAlbumValues::BackColor& swatch) {
-    return clsCOLRSTYLE().ColorSTRtoHTML(decimalText(valueOf(swatch))).value_or(QString());
+QString pageColour(Colour swatch) {
+    return clsCOLRSTYLE().ColorSTRtoHTML(decimalText(swatch)).value_or(QString());
 }
 
 QString styleSheet(const WebAlbumValues& values) {
@@ -47,7 +46,7 @@ QString styleSheet(const WebAlbumValues& values) {
     const QString topSize = cssSize(values.cboFONTSSIZEBAR);
     const QStringList lines = {
         QStringLiteral("Body {"),
-        u"        font-family: " % valueOf(values.cboFONTS) % u";",
+        u"        font-family: " % values.cboFONTS % u";",
         u"        background-COLOR:" % pageColour(values.picBACKGROUND) % u";",
         u"        COLOR:" % pageColour(values.picTEXTCOLOR) % u";",
         QStringLiteral("}"),
@@ -65,7 +64,7 @@ QString styleSheet(const WebAlbumValues& values) {
         QString(),
         QStringLiteral(".topbar {"),
         u"    background-COLOR:" % pageColour(values.picTITLEBARCOL) % u";",
-        u"        font-family: " % valueOf(values.cboFONTSBAR) % u";",
+        u"        font-family: " % values.cboFONTSBAR % u";",
         u"         font-size: " % topSize % u";",
         u"        COLOR:" % pageColour(values.picTITLEBARTEXTCOL) % u";",
         QStringLiteral("}"),

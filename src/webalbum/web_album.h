@@ -1,42 +1,23 @@
 #pragma once
 
+#include "browse/slide_controls.h"
 #include "core/commands.h"
 #include "platform/process/command_turn.h"
 #include "webalbum/mod_webalbum.h"
-#include "webalbum/web_album_values.h"
-
-#include <functional>
 
 namespace velorama {
-
-/// Both must be there.
-struct WebAlbumControls {
-    const ListView* lvwSLIDEBAR = nullptr;
-    ProgressBar* prgBARSLIDES = nullptr;
-};
-
-/// What a build asks of the screen. One that is not set does nothing.
-struct WebAlbumScreen {
-    using MessageBox = std::function<void(const QString& text, const QString& caption)>;
-
-    /// Plain message boxes with the button OK; they return when they are closed.
-    MessageBox critical;
-    MessageBox information;
-    /// The pointer over the whole program.
-    std::function<void(bool on)> hourglass;
-};
 
 /// Turns the slide list into a folder of pages for a browser, and opens them.
 ///
 /// A build lets events run: the list and the page may change under it, and a click on its button
 /// asks for another one behind it. Nothing is ever written outside the album's folder but the style
 /// sheet in the application's own.
-class WebAlbum {
+class WebAlbum : public QObject {
+    Q_OBJECT
 public:
     /// Controls and commands must outlive this object. Documents folder and link handler are the
     /// registry service's.
-    WebAlbum(const WebAlbumControls& controls, Commands& commands, WebAlbumValues values,
-             WebAlbumScreen screen);
+    WebAlbum(const SlideControls& controls, Commands& commands, AskForValues values);
 
     void cbtnWEBALBUM_Click();
     /// `hWnd` is the main window's handle as decimal text.
@@ -48,17 +29,21 @@ public:
     /// `destination` ends in its separator.
     void WebAlbumPicturesCopy(const ListView& list, const QString& destination) const;
 
+signals:
+    /// What the user has to be told; build and page wait until that is read.
+    void NoTitle(const QString& text, const QString& caption);
+    void Complete(const QString& text, const QString& caption);
+
 private:
     void buildAndTell();
     void build(const QString& chosen);
     void makeFolders(const QString& parent, const QString& album) const;
     void copyProgramImages(const QString& album) const;
-    QString title() const { return valueOf(values_.txtTITLE); }
+    QString title() const { return values_().txtTITLE; }
 
-    WebAlbumControls controls_;
+    const SlideControls& c_;
     Commands& commands_;
-    WebAlbumValues values_;
-    WebAlbumScreen screen_;
+    AskForValues values_;
     std::stop_source stop_;
     CommandTurn turn_;
 };

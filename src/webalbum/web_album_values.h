@@ -8,34 +8,24 @@
 
 namespace velorama {
 
-/// What stands on the page WebAlbum, under the names of its controls. Each is asked anew at every
-/// use, so that a change in the middle of a build reaches what is still to be written. One that is
-/// not set counts as an empty text or black.
+/// What stands on the page WebAlbum, under the names of its controls.
 struct WebAlbumValues {
-    using Text = std::function<QString()>;
-    /// 0x00BBGGRR.
-    using BackColor = std::function<Colour()>;
-
-    Text txtTITLE;
-    BackColor picBACKGROUND;
-    BackColor picTEXTCOLOR;
-    BackColor picBARCOL;
-    BackColor picTITLEBARCOL;
-    BackColor picTITLEBARTEXTCOL;
-    Text cboFONTS;
-    Text cboFONTSIZE;
-    Text cboFONTSBAR;
-    Text cboFONTSSIZEBAR;
-    Text udnPHOTO;
-    Text udnTHUMBNAIL;
+    QString txtTITLE;
+    Colour picBACKGROUND = 0;
+    Colour picTEXTCOLOR = 0;
+    Colour picBARCOL = 0;
+    Colour picTITLEBARCOL = 0;
+    Colour picTITLEBARTEXTCOL = 0;
+    QString cboFONTS;
+    QString cboFONTSIZE;
+    QString cboFONTSBAR;
+    QString cboFONTSSIZEBAR;
+    QString udnPHOTO;
+    QString udnTHUMBNAIL;
 };
 
-inline QString valueOf(const WebAlbumValues::Text& text) {
-    return text ? text() : QString();
-}
-
-inline Colour valueOf(const WebAlbumValues::BackColor& colour) {
-    return colour ? colour() : 0;
-}
+/// Asked anew at every use, so that a change in the middle of a build reaches what is still to be
+/// written.
+using AskForValues = std::function<WebAlbumValues()>;
 
 }  // namespace velorama

@@ -39,22 +39,15 @@ QImage halves(QSize size) {
 class PreviewTest : public test::WithServices {
 protected:
     PreviewTest() {
-        place(framBOX, 100, frameTop, 6800, 4000);
-        webVIEWER.hide();
         ftvFOLDER.setPath(folder);
         ActiveList = QStringLiteral("FOUND");
         form.setWindowTitle(design);
-    }
-
-    PreviewWindow parts() {
-        ++asked;
-        PreviewWindow window{&form, &framBOX, &imgPICTURE, &webVIEWER, &shpBORDER, &lblSIZE, {}};
-        window.show = [this] {
+        QObject::connect(&preview, &Preview::Ready, [this] {
             ++shown;
             atShow = framBOX.geometry();
-        };
-        return window;
+        });
     }
+
     void addFound(const QString& name) { lvwFOUND.Add(lvwFOUND.Count() + 1, QString(), name, 0); }
     void addSlide(const QString& path) {
         lvwSLIDEBAR.Add(lvwSLIDEBAR.Count() + 1, path, QStringLiteral("caption"), 0);
@@ -124,15 +117,19 @@ protected:
     ListView lvwFOUND;
     FolderTree ftvFOLDER;
     QWidget form;
-    QWidget shpBORDER{&form};
-    QWidget framBOX{&form};
-    ImageBox imgPICTURE{&framBOX};
-    MovieBox webVIEWER{&framBOX};
-    QLabel lblSIZE{&form};
+    PreviewControls controls{form};
+    QWidget& shpBORDER = *controls.shpBORDER;
+    QWidget& framBOX = *controls.framBOX;
+    ImageBox& imgPICTURE = *controls.imgPICTURE;
+    MovieBox& webVIEWER = *controls.webVIEWER;
+    QLabel& lblSIZE = *controls.lblSIZE;
     int asked = 0;
     int shown = 0;
     QRect atShow;
-    Preview preview{{lvwSLIDEBAR, lvwFOUND, ftvFOLDER}, [this] { return parts(); }};
+    Preview preview{{lvwSLIDEBAR, lvwFOUND, ftvFOLDER}, [this]() -> const PreviewControls& {
+                        ++asked;
+                        return controls;
+                    }};
 };
 
 // -- which picture --
@@ -717,7 +714,7 @@ TEST_F(PreviewTest, seeThroughPartsShowTheFrameInBothSizes) {
         show(lvwFOUND.Count());
         form.show();
         QPalette palette;
-        palette.setColor(QPalette::Window, Qt::darkMagenta);
+        palette.setColor(QPalette::Base, Qt::darkMagenta);
         form.setPalette(palette);
         const QImage seen = form.grab(framBOX.geometry()).toImage();
         EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(Qt::darkMagenta));

@@ -1,6 +1,6 @@
 #include "shell/assoc_ext.h"
 #include "core/lib_txt.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 
 #include <gtest/gtest.h>
 

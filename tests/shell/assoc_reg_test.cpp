@@ -1,6 +1,6 @@
 #include "shell/assoc_reg.h"
-#include "platform/store/memory_registry_store.h"
 #include "platform/store/sqlite_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/test_world.h"
 
 #include <gtest/gtest.h>

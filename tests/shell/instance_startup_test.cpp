@@ -1,5 +1,5 @@
 #include "shell/instance_startup.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/test_world.h"
 
 #include <QDir>

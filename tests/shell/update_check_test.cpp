@@ -251,7 +251,7 @@ TEST_F(Updates, AnOwnerClosedWhileTheServerIsAskedEndsTheCheck) {
 class About : public Updates {};
 
 TEST_F(About, TellsNameVersionAndLegalNotice) {
-    frmHELPABOUT form(nullptr, QIcon(), nullptr);
+    frmHELPABOUT form(nullptr, QIcon());
     EXPECT_EQ(form.windowTitle(), QStringLiteral("About"));
     EXPECT_EQ(form.lblMAINTITLE->text(), QStringLiteral("Velorama"));
     EXPECT_EQ(form.lblVERSION->text(), libTxt.VersionText);
@@ -267,7 +267,7 @@ TEST_F(About, TellsNameVersionAndLegalNotice) {
 TEST_F(About, ShowsTheProgramsIcon) {
     QPixmap picture(64, 64);
     picture.fill(Qt::red);
-    const frmHELPABOUT form(nullptr, QIcon(picture), nullptr);
+    const frmHELPABOUT form(nullptr, QIcon(picture));
     EXPECT_EQ(form.imgICON->pixmap().toImage().pixelColor(32, 32), QColor(Qt::red));
 }
 
@@ -276,23 +276,8 @@ TEST_F(About, CloseUnloads) {
         QTest::mouseClick(form.btnCLOSE, Qt::LeftButton);
         EXPECT_FALSE(form.isVisible());
     });
-    frmHELPABOUT(nullptr, QIcon(), nullptr).exec();
+    frmHELPABOUT(nullptr, QIcon()).exec();
     EXPECT_EQ(looks, 1);
-}
-
-TEST_F(About, ItsOwnCheckNamesTheCloseButtonBetweenBlanks) {
-    answer(libTxt.VersionNumber.toUtf8());
-    UpdateCheck check(fetch, [this](QWidget*) { ++waits; });
-    frmHELPABOUT form(nullptr, QIcon(),
-                      [&check](QWidget* about) { check.run(about, QStringLiteral(" &Close ")); });
-    whenUp<frmHELPCHECKUPDATE>([&form](const frmHELPCHECKUPDATE& dialog) {
-        EXPECT_EQ(dialog.parentWidget(), &form);
-        EXPECT_EQ(dialog.btnNO->text(), QStringLiteral(" &Close "));
-        EXPECT_EQ(dialog.lblDESCRIPTION->text(), QStringLiteral("You have the latest version."));
-    });
-    form.btnUPDATES->click();
-    EXPECT_EQ(looks, 1);
-    EXPECT_EQ(waits, 1);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QGuiApplication>
 #include <QImage>
 
 #include <algorithm>
@@ -90,19 +91,15 @@ QStringList entriesBelow(const QString& folder) {
     return entries;
 }
 
-AlbumWorld::AlbumWorld()
-    : sources(temporaryFolder()),
-      album(
-          {&lvwSLIDEBAR, &prgBARSLIDES}, commands, values(),
-          {[this](const QString& text, const QString& caption) {
-               shown.append(u"critical|" + text + u'|' + caption);
-           },
-           [this](const QString& text, const QString& caption) {
-               shown.append(u"information|" + text + u'|' + caption);
-           },
-           [this](bool on) {
-               shown.append(on ? QStringLiteral("hourglass on") : QStringLiteral("hourglass off"));
-           }}) {
+AlbumWorld::AlbumWorld() : sources(temporaryFolder()) {
+    QObject::connect(&album, &WebAlbum::NoTitle,
+                     [this](const QString& text, const QString& caption) {
+                         record(QStringLiteral("critical"), text, caption);
+                     });
+    QObject::connect(&album, &WebAlbum::Complete,
+                     [this](const QString& text, const QString& caption) {
+                         record(QStringLiteral("information"), text, caption);
+                     });
     shell.documents = temporaryFolder() + u'/';
     fillTextConstants(2026, QStringLiteral("http://server.invalid/"));
     makeServices(store, shell);
@@ -114,13 +111,24 @@ AlbumWorld::~AlbumWorld() {
     releaseServices();
 }
 
-WebAlbumValues AlbumWorld::values() {
-    return {[this] { return title; },      [this] { return background; },
-            [this] { return textColour; }, [this] { return bar; },
-            [this] { return titleBar; },   [this] { return titleBarText; },
-            [this] { return font; },       [this] { return fontSize; },
-            [this] { return barFont; },    [this] { return barFontSize; },
-            [this] { return photo; },      [this] { return thumbnail; }};
+void AlbumWorld::record(const QString& box, const QString& text, const QString& caption) {
+    const bool hourglass = QGuiApplication::overrideCursor() != nullptr;
+    shown.append((hourglass ? u"hourglass " : u"") + box + u'|' + text + u'|' + caption);
+}
+
+WebAlbumValues AlbumWorld::values() const {
+    return {.txtTITLE = title,
+            .picBACKGROUND = background,
+            .picTEXTCOLOR = textColour,
+            .picBARCOL = bar,
+            .picTITLEBARCOL = titleBar,
+            .picTITLEBARTEXTCOL = titleBarText,
+            .cboFONTS = font,
+            .cboFONTSIZE = fontSize,
+            .cboFONTSBAR = barFont,
+            .cboFONTSSIZEBAR = barFontSize,
+            .udnPHOTO = photo,
+            .udnTHUMBNAIL = thumbnail};
 }
 
 void AlbumWorld::addSlide(const QString& name, QSize size) {

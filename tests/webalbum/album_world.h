@@ -2,7 +2,7 @@
 
 #include "controls/boxes/progress_bar.h"
 #include "controls/lists/list_view.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 #include "webalbum/second_writer.h"
 #include "webalbum/web_album.h"
@@ -43,7 +43,7 @@ protected:
     /// The program's own pictures, and the style sheet as the page has it now.
     QMap<QString, QByteArray> programImages() const;
     void expectAlbum() const;
-    WebAlbumValues values();
+    WebAlbumValues values() const;
 
     MemoryRegistryStore store;
     RecordingShell shell;
@@ -62,13 +62,18 @@ protected:
     QString photo = QStringLiteral("500");
     QString thumbnail = QStringLiteral("95");
 
-    ListView lvwSLIDEBAR;
-    ProgressBar prgBARSLIDES;
+    QWidget surface;
+    SlideControls slides{surface};
+    ListView& lvwSLIDEBAR = *slides.lvwSLIDEBAR;
+    ProgressBar& prgBARSLIDES = *slides.prgBARSLIDES;
     Commands commands;
-    /// "critical|text|caption" and the like, and "hourglass on" or "off", in order.
+    /// "critical|text|caption" and the like, in order; "hourglass" before it where one was shown.
     QStringList shown;
     std::vector<ToldSlide> told;
-    WebAlbum album;
+    WebAlbum album{slides, commands, [this] { return values(); }};
+
+private:
+    void record(const QString& box, const QString& text, const QString& caption);
 };
 
 }  // namespace velorama::test

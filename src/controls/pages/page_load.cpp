@@ -29,6 +29,7 @@ void PageLoad::ask(const QUrl& address, const HttpLimits& limits, const Take& ta
 
 void PageLoad::fetchPictures(const QList<QUrl>& pictures) {
     waiting_ = pictures;
+    // The page itself is still counted.
     while (open_ <= mostAtOnce && !waiting_.isEmpty()) {
         fetchNext();
     }

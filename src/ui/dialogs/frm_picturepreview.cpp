@@ -7,7 +7,6 @@
 #include "core/globals.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 #include <QShortcut>
 #include <QTimer>
 
@@ -15,46 +14,15 @@ namespace velorama {
 namespace {
 
 constexpr float barHeight = 540;
-// The form's layout leaves as much below the picture as above it, less 60.
-constexpr float frameTop = 660;
-
-/// The outline around the picture's frame.
-class Outline : public QWidget {
-public:
-    using QWidget::QWidget;
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.fillRect(rect(), palette().color(QPalette::Base));
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawLine(rect().topLeft(), rect().topRight());
-        painter.drawLine(rect().bottomLeft(), rect().bottomRight());
-    }
-};
 
 }  // namespace
 
-frmPICTUREPREVIEW::frmPICTUREPREVIEW(QWidget* main, PreviewCalls calls)
-    : QDialog(main),
-      calls_(std::move(calls)),
-      picBAR(make<QWidget>("picBAR", this)),
-      shpBORDER(make<Outline>("shpBORDER", this)),
-      framBOX(make<QWidget>("framBOX", this)),
-      imgPICTURE(make<ImageBox>("imgPICTURE", framBOX)),
-      webVIEWER(make<MovieBox>("webVIEWER", framBOX)),
-      lblSIZE(make<QLabel>("lblSIZE", this)) {
+frmPICTUREPREVIEW::frmPICTUREPREVIEW(QWidget* main)
+    : QDialog(main), picBAR(make<QWidget>("picBAR", this)), controls(*this) {
     setObjectName(QStringLiteral("frmPICTUREPREVIEW"));
     setWindowTitle(QStringLiteral("Picture Preview"));
     resize(toPixels(7000), toPixels(5400));
     place(*picBAR, 0, 0, 7000, barHeight);
-    place(*framBOX, 100, frameTop, 6800, 4000);
-    place(*shpBORDER, 0, frameTop - 105, 7000, 4210);
-    place(*imgPICTURE, 25, 25, 6750, 3950);
-    webVIEWER->hide();
-    lblSIZE->setAlignment(Qt::AlignCenter);
-    imgPICTURE->setAccessibleName(QStringLiteral("Picture"));
-    webVIEWER->setAccessibleName(QStringLiteral("Moving picture"));
     makeBar();
     makeKeys();
     centreOnScreen(*this);
@@ -62,9 +30,7 @@ frmPICTUREPREVIEW::frmPICTUREPREVIEW(QWidget* main, PreviewCalls calls)
 }
 
 frmPICTUREPREVIEW::~frmPICTUREPREVIEW() {
-    if (gRegistry) {
-        gRegistry->FormDimensionsSave(*this, false);
-    }
+    gRegistry->FormDimensionsSave(*this, false);
 }
 
 cbtn* frmPICTUREPREVIEW::makeBarButton(const char* name, const char* symbol, const char* tooltip,
@@ -80,14 +46,10 @@ void frmPICTUREPREVIEW::makeBar() {
     cbtn* wallpaper =
         makeBarButton("cbtnBROWSEBTNS1", "wallpaper", "Set this photo as your wallpaper", 1480);
     cbtn* close = makeBarButton("cbtnBROWSEBTNS0", "clear", "Close [Esc]", 2065);
-    connect(back, &cbtn::Click, this, [this] { calls_.PicturePreviewCertain(false); });
-    connect(forward, &cbtn::Click, this, [this] { calls_.PicturePreviewCertain(true); });
-    connect(wallpaper, &cbtn::Click, this, [this] { calls_.DESKTOPWALLPAPERPREVIEW(); });
+    connect(back, &cbtn::Click, this, [this] { emit Walk(false); });
+    connect(forward, &cbtn::Click, this, [this] { emit Walk(true); });
+    connect(wallpaper, &cbtn::Click, this, &frmPICTUREPREVIEW::Wallpaper);
     connect(close, &cbtn::Click, this, &QDialog::reject);
-}
-
-PreviewWindow frmPICTUREPREVIEW::parts() {
-    return {this, framBOX, imgPICTURE, webVIEWER, shpBORDER, lblSIZE, {}};
 }
 
 // The buttons would take the arrows for themselves and move the focus along the bar.
@@ -102,12 +64,12 @@ void frmPICTUREPREVIEW::makeKeys() {
 // that the walk ends with the key.
 void frmPICTUREPREVIEW::walk(bool forward) {
     if (!held_) {
-        calls_.PicturePreviewCertain(forward);
+        emit Walk(forward);
     } else if (!pending_) {
         pending_ = true;
         QTimer::singleShot(0, this, [this, forward] {
             pending_ = false;
-            calls_.PicturePreviewCertain(forward);
+            emit Walk(forward);
         });
     }
 }
@@ -131,7 +93,7 @@ void frmPICTUREPREVIEW::keyPressEvent(QKeyEvent* event) {
 void frmPICTUREPREVIEW::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     setWidth(*picBAR, Width(*this));
-    setWidth(*shpBORDER, Width(*this));
+    setWidth(*controls.shpBORDER, Width(*this));
 }
 
 }  // namespace velorama

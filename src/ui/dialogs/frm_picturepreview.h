@@ -1,28 +1,31 @@
 #pragma once
 
-#include "browse/preview.h"
+#include "browse/preview_controls.h"
 #include "controls/buttons/push_button.h"
 
 #include <QDialog>
 
 namespace velorama {
 
-/// What the buttons of the preview window ask of the main window.
-struct PreviewCalls {
-    std::function<void(bool Forward)> PicturePreviewCertain;
-    std::function<void()> DESKTOPWALLPAPERPREVIEW;
-};
-
 /// "Picture Preview": one picture, larger than in the lists, with buttons to walk through the list.
 /// What it shows is set from outside; it is made anew after each unload.
 class frmPICTUREPREVIEW : public QDialog {
     Q_OBJECT
 public:
-    frmPICTUREPREVIEW(QWidget* main, PreviewCalls calls);
+    explicit frmPICTUREPREVIEW(QWidget* main);
     ~frmPICTUREPREVIEW() override;
 
-    /// The parts that are laid out for a picture; who shows the window is not among them.
-    PreviewWindow parts();
+private:
+    QWidget* picBAR;
+
+public:
+    const PreviewControls controls;
+
+signals:
+    /// The next picture is asked for, or the previous one.
+    void Walk(bool forward);
+    /// The picture on show is to be the wallpaper.
+    void Wallpaper();
 
 protected:
     bool event(QEvent* event) override;
@@ -35,13 +38,6 @@ private:
     void walk(bool forward);
     cbtn* makeBarButton(const char* name, const char* symbol, const char* tooltip, float left);
 
-    PreviewCalls calls_;
-    QWidget* picBAR;
-    QWidget* shpBORDER;
-    QWidget* framBOX;
-    ImageBox* imgPICTURE;
-    MovieBox* webVIEWER;
-    QLabel* lblSIZE;
     /// The last key came from one held down.
     bool held_ = false;
     /// A step of such a key is to come.

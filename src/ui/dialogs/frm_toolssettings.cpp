@@ -91,7 +91,6 @@ void frmTOOLSSETTINGS::btnCANCEL_Click() {
 void frmTOOLSSETTINGS::unload() {
     unloaded_ = true;
     done(QDialog::Rejected);
-    emit unloaded();
 }
 
 bool frmTOOLSSETTINGS::event(QEvent* event) {

@@ -36,11 +36,6 @@ public:
     /// Esc and the title bar's button.
     void reject() override { btnCANCEL_Click(); }
 
-signals:
-    /// The last thing that OK and Cancel do; the form is hidden then. Not yet to be deleted in a
-    /// handler: events of its controls are still under way.
-    void unloaded();
-
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

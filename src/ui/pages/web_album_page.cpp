@@ -117,6 +117,22 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     txtTITLE = make<QLineEdit>("txtTITLE", content_);
     keepOneLine(*txtTITLE);
     txtTITLE->setToolTip(QStringLiteral("Title of the pages and name of their folder"));
+    makeColours(cdlDIALOG);
+    makeFonts();
+    udnPHOTO = make<updown>("udnPHOTO", content_);
+    udnPHOTO->design(100, 3000, 5, QStringLiteral("500"));
+    udnTHUMBNAIL = make<updown>("udnTHUMBNAIL", content_);
+    udnTHUMBNAIL->design(10, 2000, 5, QStringLiteral("95"));
+    cbtnWEBALBUM = makeButton(this, QStringLiteral("cbtnWEBALBUM"), "web",
+                              "Write the slides out as a web album", "Create WebAlbum");
+    cbtnVIEWWEBALB = makeButton(this, QStringLiteral("cbtnVIEWWEBALB"), "preview",
+                                "Open the web album in the browser", "View WebAlbum");
+    place(*cbtnWEBALBUM, 0, 2950, 2250, 330);
+    place(*cbtnVIEWWEBALB, 0, 2950, 2100, 330);
+    samples_ = std::make_unique<WebAlbumSamples>(content_);
+}
+
+void WebAlbumPage::makeColours(CommonDialog& cdlDIALOG) {
     const auto colour = [&](const ColourField::Names& names, Colour design) {
         auto* field = new ColourField(names, cdlDIALOG, content_);
         field->setBackColor(design);
@@ -135,6 +151,9 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     picTITLEBARTEXTCOL = colour({"picTITLEBARTEXTCOL", "cddTITLEBARTEXT", "btnTITLEBARTEXT",
                                  "darTITLEBARTEXT", "Title bar text"},
                                 designTitleBarText);
+}
+
+void WebAlbumPage::makeFonts() {
     cboFONTS =
         combo("cboFONTS", fontEntries(QStringLiteral("Geneva, Arial, Helvetica, Sans-Serif")),
               arial, content_);
@@ -146,17 +165,6 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     for (const QComboBox* list : {cboFONTS, cboFONTSBAR}) {
         connect(list, &QComboBox::activated, this, &WebAlbumPage::WebAlbumSampleUpdate);
     }
-    udnPHOTO = make<updown>("udnPHOTO", content_);
-    udnPHOTO->design(100, 3000, 5, QStringLiteral("500"));
-    udnTHUMBNAIL = make<updown>("udnTHUMBNAIL", content_);
-    udnTHUMBNAIL->design(10, 2000, 5, QStringLiteral("95"));
-    cbtnWEBALBUM = makeButton(this, QStringLiteral("cbtnWEBALBUM"), "web",
-                              "Write the slides out as a web album", "Create WebAlbum");
-    cbtnVIEWWEBALB = makeButton(this, QStringLiteral("cbtnVIEWWEBALB"), "preview",
-                                "Open the web album in the browser", "View WebAlbum");
-    place(*cbtnWEBALBUM, 0, 2950, 2250, 330);
-    place(*cbtnVIEWWEBALB, 0, 2950, 2100, 330);
-    samples_ = std::make_unique<WebAlbumSamples>(content_);
 }
 
 QLayout* WebAlbumPage::settings() {
@@ -251,24 +259,18 @@ void WebAlbumPage::save() const {
 }
 
 WebAlbumValues WebAlbumPage::values() const {
-    const auto colour = [](const ColourField* field) {
-        return [field] { return field->BackColor(); };
-    };
-    const auto entry = [](const QComboBox* list) { return [list] { return current(list); }; };
-    WebAlbumValues given;
-    given.txtTITLE = [title = txtTITLE] { return title->text(); };
-    given.picBACKGROUND = colour(picBACKGROUND);
-    given.picTEXTCOLOR = colour(picTEXTCOLOR);
-    given.picBARCOL = colour(picBARCOL);
-    given.picTITLEBARCOL = colour(picTITLEBARCOL);
-    given.picTITLEBARTEXTCOL = colour(picTITLEBARTEXTCOL);
-    given.cboFONTS = entry(cboFONTS);
-    given.cboFONTSIZE = entry(cboFONTSIZE);
-    given.cboFONTSBAR = entry(cboFONTSBAR);
-    given.cboFONTSSIZEBAR = entry(cboFONTSSIZEBAR);
-    given.udnPHOTO = [field = udnPHOTO] { return field->Text(); };
-    given.udnTHUMBNAIL = [field = udnTHUMBNAIL] { return field->Text(); };
-    return given;
+    return {.txtTITLE = txtTITLE->text(),
+            .picBACKGROUND = picBACKGROUND->BackColor(),
+            .picTEXTCOLOR = picTEXTCOLOR->BackColor(),
+            .picBARCOL = picBARCOL->BackColor(),
+            .picTITLEBARCOL = picTITLEBARCOL->BackColor(),
+            .picTITLEBARTEXTCOL = picTITLEBARTEXTCOL->BackColor(),
+            .cboFONTS = current(cboFONTS),
+            .cboFONTSIZE = current(cboFONTSIZE),
+            .cboFONTSBAR = current(cboFONTSBAR),
+            .cboFONTSSIZEBAR = current(cboFONTSSIZEBAR),
+            .udnPHOTO = udnPHOTO->Text(),
+            .udnTHUMBNAIL = udnTHUMBNAIL->Text()};
 }
 
 void WebAlbumPage::WebAlbumSampleUpdate() {

@@ -40,7 +40,7 @@ public:
     /// is from the design.
     void load();
     void save() const;
-    /// The values as the writers of the album ask for them.
+    /// What the controls hold.
     WebAlbumValues values() const;
     const WebAlbumSamples& samples() const { return *samples_; }
 
@@ -51,6 +51,8 @@ public:
 
 private:
     void makeControls(CommonDialog& cdlDIALOG);
+    void makeColours(CommonDialog& cdlDIALOG);
+    void makeFonts();
     QLayout* settings();
     QLayout* panes();
     void WebAlbumSampleUpdate();

@@ -52,24 +52,27 @@ void SampleShape::setFillColor(const QColor& colour) {
 
 WebAlbumSamples::WebAlbumSamples(QWidget* parent)
     : picWAMAIN(make<PictureBox>("picWAMAIN", parent)),
-      picWASLIDE(make<PictureBox>("picWASLIDE", parent)) {
+      shpTTLMAINCOL(make<SampleShape>("shpTTLMAINCOL", picWAMAIN)),
+      lblTTLMAINCOL(make<Label>("lblTTLMAINCOL", picWAMAIN)),
+      shpBARMAINCOL(make<SampleShape>("shpBARMAINCOL", picWAMAIN)),
+      picWASLIDE(make<PictureBox>("picWASLIDE", parent)),
+      shpSLIDEBARCOL(make<SampleShape>("shpSLIDEBARCOL", picWASLIDE)),
+      lbltxtSLIDECOL(caption(QStringLiteral("lbltxtSLIDECOL"), "Photo", picWASLIDE,
+                             QRect(0, barHeight + 86, paneSize.width(), 18))) {
     picWAMAIN->setFixedSize(paneSize);
     picWAMAIN->setAccessibleName(QStringLiteral("Main Page Sample"));
     picWASLIDE->setFixedSize(paneSize);
     picWASLIDE->setAccessibleName(QStringLiteral("Slide Page Sample"));
-    makeMainPage();
-    makeSlidePage();
+    designMainPage();
+    designSlidePage();
 }
 
-void WebAlbumSamples::makeMainPage() {
+void WebAlbumSamples::designMainPage() {
     const int width = paneSize.width();
-    shpTTLMAINCOL = make<SampleShape>("shpTTLMAINCOL", picWAMAIN);
     shpTTLMAINCOL->setGeometry(0, 0, width, titleHeight);
-    lblTTLMAINCOL = make<Label>("lblTTLMAINCOL", picWAMAIN);
     lblTTLMAINCOL->setCaption(QStringLiteral("Title"));
     lblTTLMAINCOL->setGeometry(6, 0, width - 12, titleHeight);
     smallFont(*lblTTLMAINCOL, 10);
-    shpBARMAINCOL = make<SampleShape>("shpBARMAINCOL", picWAMAIN);
     shpBARMAINCOL->setGeometry(0, titleHeight, width, barHeight);
     constexpr int columns = 3;
     constexpr QSize cell(42, 48);
@@ -84,14 +87,10 @@ void WebAlbumSamples::makeMainPage() {
     }
 }
 
-void WebAlbumSamples::makeSlidePage() {
-    const int width = paneSize.width();
-    shpSLIDEBARCOL = make<SampleShape>("shpSLIDEBARCOL", picWASLIDE);
-    shpSLIDEBARCOL->setGeometry(0, 0, width, barHeight);
+void WebAlbumSamples::designSlidePage() {
+    shpSLIDEBARCOL->setGeometry(0, 0, paneSize.width(), barHeight);
     auto* picture = new SamplePicture(picWASLIDE);
     picture->setGeometry(18, barHeight + 9, 96, 72);
-    lbltxtSLIDECOL = caption(QStringLiteral("lbltxtSLIDECOL"), "Photo", picWASLIDE,
-                             QRect(0, barHeight + 86, width, 18));
     smallFont(*lbltxtSLIDECOL, 8);
 }
 

@@ -32,8 +32,8 @@ struct WebAlbumSamples {
     Label* lbltxtSLIDECOL;
 
 private:
-    void makeMainPage();
-    void makeSlidePage();
+    void designMainPage();
+    void designSlidePage();
 };
 
 }  // namespace velorama

@@ -1,7 +1,7 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "core/show_colours.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 #include "ui/dialogs/frm_toolssettings.h"
 
@@ -429,7 +429,7 @@ TEST_F(SettingsDialog, EnterOnCancelCancels) {
 TEST_F(SettingsDialog, TheButtonsUnloadOnceAndTellIt) {
     load();
     show();
-    QSignalSpy told(form_.get(), &frmTOOLSSETTINGS::unloaded);
+    QSignalSpy told(form_.get(), &QDialog::finished);
     QTest::mouseClick(&control<QWidget>("btnOK"), Qt::LeftButton);
     EXPECT_TRUE(form_->isUnloaded());
     EXPECT_EQ(stored("INTERVAL"), QStringLiteral("4"));

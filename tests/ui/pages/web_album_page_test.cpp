@@ -203,7 +203,7 @@ TEST_F(WebAlbumPageTest, APastedTitleIsOneLine) {
         page->txtTITLE->clear();
         QApplication::clipboard()->setText(QString::fromUtf8(row.pasted));
         page->txtTITLE->paste();
-        EXPECT_EQ(page->values().txtTITLE(), QLatin1String(row.title)) << row.pasted;
+        EXPECT_EQ(page->values().txtTITLE, QLatin1String(row.title)) << row.pasted;
     }
 }
 
@@ -232,23 +232,23 @@ TEST_F(WebAlbumPageTest, TheTitleIsNotSaved) {
 }
 
 TEST_F(WebAlbumPageTest, TheWritersAreGivenWhatTheControlsHold) {
-    const WebAlbumValues given = page->values();
     page->txtTITLE->setText(QStringLiteral("Summer"));
     page->picBARCOL->setBackColor(7);
     page->cboFONTSIZE->setCurrentIndex(0);
     page->udnTHUMBNAIL->setText(QStringLiteral("60"));
-    EXPECT_EQ(given.txtTITLE(), QStringLiteral("Summer"));
-    EXPECT_EQ(given.picBARCOL(), 7);
-    EXPECT_EQ(given.picBACKGROUND(), 16708836);
-    EXPECT_EQ(given.picTEXTCOLOR(), 4194304);
-    EXPECT_EQ(given.picTITLEBARCOL(), 16744576);
-    EXPECT_EQ(given.picTITLEBARTEXTCOL(), 16777215);
-    EXPECT_EQ(given.cboFONTS(), QStringLiteral("Arial, Helvetica, Sans-Serif"));
-    EXPECT_EQ(given.cboFONTSIZE(), QStringLiteral("1 (8 pt)"));
-    EXPECT_EQ(given.cboFONTSBAR(), QStringLiteral("Georgia, \"Times New Roman\", Times, Serif"));
-    EXPECT_EQ(given.cboFONTSSIZEBAR(), QStringLiteral("6 (24 pt)"));
-    EXPECT_EQ(given.udnPHOTO(), QStringLiteral("500"));
-    EXPECT_EQ(given.udnTHUMBNAIL(), QStringLiteral("60"));
+    const WebAlbumValues given = page->values();
+    EXPECT_EQ(given.txtTITLE, QStringLiteral("Summer"));
+    EXPECT_EQ(given.picBARCOL, 7);
+    EXPECT_EQ(given.picBACKGROUND, 16708836);
+    EXPECT_EQ(given.picTEXTCOLOR, 4194304);
+    EXPECT_EQ(given.picTITLEBARCOL, 16744576);
+    EXPECT_EQ(given.picTITLEBARTEXTCOL, 16777215);
+    EXPECT_EQ(given.cboFONTS, QStringLiteral("Arial, Helvetica, Sans-Serif"));
+    EXPECT_EQ(given.cboFONTSIZE, QStringLiteral("1 (8 pt)"));
+    EXPECT_EQ(given.cboFONTSBAR, QStringLiteral("Georgia, \"Times New Roman\", Times, Serif"));
+    EXPECT_EQ(given.cboFONTSSIZEBAR, QStringLiteral("6 (24 pt)"));
+    EXPECT_EQ(given.udnPHOTO, QStringLiteral("500"));
+    EXPECT_EQ(given.udnTHUMBNAIL, QStringLiteral("60"));
 }
 
 }  // namespace
