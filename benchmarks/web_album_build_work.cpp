@@ -6,7 +6,7 @@
 #include "controls/boxes/progress_bar.h"
 #include "controls/lists/list_view.h"
 #include "core/globals.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "webalbum/web_album.h"
 #include "world.h"
 
@@ -89,7 +89,8 @@ class WebAlbumWindow {
 public:
     explicit WebAlbumWindow(int pictures) : pictures_(pictures), shell_(shellWithDocuments()) {
         for (const QString& path : filesOf(albumFolder(pictures))) {
-            lvwSLIDEBAR_.Add(lvwSLIDEBAR_.Count() + 1, path, QFileInfo(path).fileName(), 0);
+            ListView& list = *slides_.lvwSLIDEBAR;
+            list.Add(list.Count() + 1, path, QFileInfo(path).fileName(), 0);
         }
     }
 
@@ -109,17 +110,18 @@ public:
 private:
     static WebAlbumValues values() {
         WebAlbumValues values;
-        values.txtTITLE = [] { return QStringLiteral("Bench"); };
-        values.udnPHOTO = [] { return QStringLiteral("500"); };
-        values.udnTHUMBNAIL = [] { return QStringLiteral("95"); };
+        values.txtTITLE = QStringLiteral("Bench");
+        values.udnPHOTO = QStringLiteral("500");
+        values.udnTHUMBNAIL = QStringLiteral("95");
         return values;
     }
 
     int pictures_;
     DocumentsShell& shell_;
-    ListView lvwSLIDEBAR_;
-    ProgressBar prgBARSLIDES_;
-    WebAlbum album_{{&lvwSLIDEBAR_, &prgBARSLIDES_, nullptr}, values(), {}};
+    QWidget surface_;
+    SlideControls slides_{surface_};
+    Commands commands_;
+    WebAlbum album_{slides_, commands_, values};
 };
 
 std::optional<double> timeOfCopying(const QStringList& files) {

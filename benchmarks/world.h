@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/session/shell.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 
 namespace velorama::bench {
 

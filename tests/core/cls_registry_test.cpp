@@ -1,7 +1,7 @@
 #include "core/cls_registry.h"
 
 #include "core/lib_txt.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 
 #include <gtest/gtest.h>

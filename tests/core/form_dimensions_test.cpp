@@ -2,7 +2,7 @@
 
 #include "controls/geometry/twips.h"
 #include "core/lib_txt.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 
 #include <QScreen>

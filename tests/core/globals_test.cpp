@@ -1,6 +1,6 @@
 #include "core/globals.h"
 
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 
 #include <gtest/gtest.h>

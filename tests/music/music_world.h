@@ -3,7 +3,7 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "music/audio_engine.h"
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 #include "support/test_world.h"
 

@@ -5,8 +5,8 @@
 
 #include "core/lib_txt.h"
 #include "platform/session/file_type_texts.h"
-#include "platform/store/memory_registry_store.h"
 #include "shell/assoc_ext.h"
+#include "support/memory_registry_store.h"
 
 #include <QDir>
 #include <QFile>

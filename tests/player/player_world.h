@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/show_colours.h"
-#include "platform/store/memory_registry_store.h"
 #include "player/frm_slideshow.h"
+#include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 
 #include <QList>

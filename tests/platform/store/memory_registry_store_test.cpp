@@ -1,4 +1,4 @@
-#include "platform/store/memory_registry_store.h"
+#include "support/memory_registry_store.h"
 
 #include <gtest/gtest.h>
 
