@@ -10,12 +10,13 @@ constexpr double goal = 4.6;
 
 /// Thumbnails are there beforehand, so that their making is not in it.
 std::optional<double> timeOfAddAll(const QString& folder) {
-    SlideWindow window(folder);
+    PictureWindow window;
+    window.name(folder);
     window.makeThumbnails();
     const Stopwatch watch;
     window.addAll();
     const double time = watch.milliseconds();
-    return window.count() == window.files() ? std::optional(time) : std::nullopt;
+    return window.slides() == window.files() ? std::optional(time) : std::nullopt;
 }
 
 }  // namespace

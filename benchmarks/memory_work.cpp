@@ -38,12 +38,13 @@ std::optional<double> memoryPerSlide(const QString& full, const QString& empty) 
 }  // namespace
 
 int holdSlides(const QString& folder) {
-    SlideWindow window(folder);
+    PictureWindow window;
+    window.name(folder);
     window.addAll();
     DoEvents();
     const double memory = ownMemory();
     std::printf("%.0f\n", memory);
-    return memory > 0 && window.count() == window.files() ? 0 : 1;
+    return memory > 0 && window.slides() == window.files() ? 0 : 1;
 }
 
 Contest memoryOfSlides() {

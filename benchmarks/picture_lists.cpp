@@ -16,50 +16,35 @@ const QString pattern = QStringLiteral("*.bmp;*.jpg;*.gif");
 
 }  // namespace
 
-FoundWindow::FoundWindow()
-    : found_({&ftvFOLDER_, &flbFOUND_, &lvwFOUND_, &imlFOUNDICONS_, &prgBARSLIDES_}, thumbnails_,
-             {}) {
+PictureWindow::PictureWindow() {
     form_.resize(formSize);
-    lvwFOUND_.setGeometry(foundPlace);
-    prgBARSLIDES_.setGeometry(barPlace);
+    found_.ftvFOLDER->hide();
+    found_.lvwFOUND->setGeometry(foundPlace);
+    bar_.lvwSLIDEBAR->setGeometry(slidePlace);
+    bar_.prgBARSLIDES->setGeometry(barPlace);
     form_.show();
     DoEvents();
 }
 
-bool FoundWindow::isComplete(int count) const {
-    return lvwFOUND_.Count() == count && imlFOUNDICONS_.Count() == count + 1;
+bool PictureWindow::isListed(int count) const {
+    return found_.lvwFOUND->Count() == count && found_.imlFOUNDICONS->Count() == count + 1;
 }
 
-SlideWindow::SlideWindow(const QString& folder)
-    : slides_({.form = &form_,
-               .lvwSLIDEBAR = &lvwSLIDEBAR_,
-               .lvwFOUND = &lvwFOUND_,
-               .flbFOUND = &flbFOUND_,
-               .imlTHUMBNAILS = &imlTHUMBNAILS_,
-               .prgBARSLIDES = &prgBARSLIDES_},
-              thumbnails_, {}) {
-    form_.resize(formSize);
-    lvwFOUND_.setGeometry(foundPlace);
-    lvwSLIDEBAR_.setGeometry(slidePlace);
-    prgBARSLIDES_.setGeometry(barPlace);
-    imlTHUMBNAILS_.setImageSize({Thumbnails::slideCell, Thumbnails::slideCell});
-    lvwSLIDEBAR_.setArrangement(ListView::Arrangement::Strip);
-    lvwSLIDEBAR_.setIcons(&imlTHUMBNAILS_);
-    flbFOUND_.setPath(folder);
-    flbFOUND_.setPattern(pattern);
-    form_.show();
+void PictureWindow::name(const QString& folder) {
+    found_.flbFOUND->setPath(folder);
+    found_.flbFOUND->setPattern(pattern);
     DoEvents();
 }
 
-void SlideWindow::makeThumbnails() {
+void PictureWindow::makeThumbnails() {
     QImage image(Thumbnails::slideCell, Thumbnails::slideCell, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::gray);
-    for (int i = 0; i < flbFOUND_.ListCount(); ++i) {
-        imlTHUMBNAILS_.Add(joinPath(flbFOUND_.Path(), flbFOUND_.List(i)), image);
+    for (int i = 0; i < files(); ++i) {
+        bar_.imlTHUMBNAILS->Add(joinPath(found_.flbFOUND->Path(), found_.flbFOUND->List(i)), image);
     }
 }
 
-void SlideWindow::addAll() {
+void PictureWindow::addAll() {
     slides_.AddAll();
     DoEvents();
 }

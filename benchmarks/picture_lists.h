@@ -8,52 +8,33 @@
 
 namespace velorama::bench {
 
-/// The found list as the main window has it, shown on the screen in memory.
-class FoundWindow {
+/// The found list and the slide list as the main window has them, shown on the screen in memory.
+class PictureWindow {
 public:
-    FoundWindow();
+    PictureWindow();
 
-    void list(const QString& folder) { found_.ftvFOLDER_NodeChange(folder); }
+    /// Lists a folder, with thumbnails.
+    void list(const QString& folder) { listing_.ftvFOLDER_NodeChange(folder); }
     /// True if every one of `count` files has got its row and its own thumbnail.
-    bool isComplete(int count) const;
-
-private:
-    QWidget form_;
-    FolderTree ftvFOLDER_;
-    FileList flbFOUND_;
-    ImageList imlFOUNDICONS_;
-    ImageList imlTHUMBNAILS_;
-    ListView lvwFOUND_{&form_};
-    ProgressBar prgBARSLIDES_{&form_};
-    LookAhead pictures_;
-    Thumbnails thumbnails_{imlFOUNDICONS_, imlTHUMBNAILS_, pictures_};
-    FoundList found_;
-};
-
-/// The slide list as the main window has it, its found list a folder that is listed without
-/// thumbnails.
-class SlideWindow {
-public:
-    explicit SlideWindow(const QString& folder);
-
-    /// Gives every file of the folder a thumbnail beforehand, one and the same image.
+    bool isListed(int count) const;
+    /// Lists the names of a folder's files alone.
+    void name(const QString& folder);
+    /// Gives every file of the folder a slide thumbnail beforehand, one and the same image.
     void makeThumbnails();
-    /// Adds the whole folder and lays the list out.
+    /// Adds the whole folder and lays the list of slides out.
     void addAll();
-    int count() const { return lvwSLIDEBAR_.Count(); }
-    int files() const { return flbFOUND_.ListCount(); }
+    int slides() const { return bar_.lvwSLIDEBAR->Count(); }
+    int files() const { return found_.flbFOUND->ListCount(); }
 
 private:
     QWidget form_;
-    FileList flbFOUND_;
-    ImageList imlFOUNDICONS_;
-    ImageList imlTHUMBNAILS_;
-    ListView lvwFOUND_{&form_};
-    ListView lvwSLIDEBAR_{&form_};
-    ProgressBar prgBARSLIDES_{&form_};
+    const FoundControls found_{form_};
+    const SlideControls bar_{form_};
+    Commands commands_;
     LookAhead pictures_;
-    Thumbnails thumbnails_{imlFOUNDICONS_, imlTHUMBNAILS_, pictures_};
-    SlideList slides_;
+    Thumbnails thumbnails_{*found_.imlFOUNDICONS, *bar_.imlTHUMBNAILS, pictures_};
+    FoundList listing_{found_, *bar_.prgBARSLIDES, thumbnails_};
+    SlideList slides_{bar_, found_, commands_, thumbnails_};
 };
 
 }  // namespace velorama::bench

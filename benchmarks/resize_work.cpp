@@ -62,7 +62,7 @@ public:
         saveSetting(QStringLiteral("mfrmPRGMAIN\\View"), QStringLiteral("TABIDX"),
                     QStringLiteral("2"));
         window_.Form_Load();
-        window_.window_.pages().pictures->found.ftvFOLDER->setPath(folder);
+        window_.pages().pictures->found.ftvFOLDER->setPath(folder);
         if (const QScreen* screen = screenOf(largeScreen)) {
             window_.move(screen->geometry().topLeft());
         }

@@ -11,11 +11,11 @@ constexpr double goalAgainstVips = 0.40;
 constexpr double goalAgainstFloor = 1.25;
 
 std::optional<double> timeOfListing(const QString& folder, int count) {
-    FoundWindow window;
+    PictureWindow window;
     const Stopwatch watch;
     window.list(folder);
     const double time = watch.milliseconds();
-    return window.isComplete(count) ? std::optional(time) : std::nullopt;
+    return window.isListed(count) ? std::optional(time) : std::nullopt;
 }
 
 Contest thumbnails(const QString& work, const QString& folder, int rounds) {

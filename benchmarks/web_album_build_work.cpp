@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <filesystem>
 #include <memory>
 
 #include <fcntl.h>
@@ -53,7 +54,7 @@ public:
     ~Place() {
         QDirIterator files(path_, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
-            ::truncate(QFile::encodeName(files.next()).constData(), 0);
+            QFile::resize(files.next(), 0);
         }
     }
 
@@ -134,7 +135,8 @@ std::optional<double> timeOfGallery(const QStringList& files) {
     const QTemporaryDir place(dataFolder(QStringLiteral("web")) + u"/gallery-XXXXXX");
     for (const QString& file : files) {
         const QString name = place.filePath(QFileInfo(file).fileName());
-        ::link(QFile::encodeName(file).constData(), QFile::encodeName(name).constData());
+        std::error_code failed;
+        std::filesystem::create_hard_link(file.toStdString(), name.toStdString(), failed);
     }
     return timeOfProgram(QStringLiteral("llgal"), {QStringLiteral("-d"), place.path()});
 }
