@@ -80,7 +80,6 @@ TEST_F(AlbumUnread, theNextAlbumIsSavedAsEver) {
     EXPECT_TRUE(test::contentOf(readable).startsWith("1| \r\n"));
 }
 
-#ifdef Q_OS_LINUX
 TEST_F(AlbumUnread, saveAsksBeforeItReplacesOneThatMayNotBeRead) {
     const QByteArray bytes = formA(p);
     const QString path = album(bytes);
@@ -106,7 +105,6 @@ TEST_F(AlbumUnread, oneThatBreaksOffInReadingCountsAsUnread) {
     file->mnuFILESAVE_Click();
     EXPECT_EQ(asked.size(), 1U);
 }
-#endif
 
 TEST_F(AlbumUnread, saveAsksForOneThatHasComeBackSinceTheStart) {
     const QString folder = test::temporaryFolder() + QStringLiteral("/stick");

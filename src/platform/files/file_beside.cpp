@@ -1,7 +1,5 @@
 #include "platform/files/file_beside.h"
 
-#ifdef Q_OS_LINUX
-
 #include <QRandomGenerator>
 #include <QString>
 
@@ -63,5 +61,3 @@ bool writeAll(int to, const char* bytes, qint64 count) {
 }
 
 }  // namespace velorama
-
-#endif

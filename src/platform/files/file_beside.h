@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QtGlobal>
-
-#ifdef Q_OS_LINUX
-
 #include <QByteArray>
 
 #include <utility>
@@ -53,5 +49,3 @@ private:
 bool writeAll(int to, const char* bytes, qint64 count);
 
 }  // namespace velorama
-
-#endif

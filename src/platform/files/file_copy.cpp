@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#ifdef Q_OS_LINUX
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
@@ -13,13 +12,8 @@
 #include <unistd.h>
 #include <cerrno>
 #include <vector>
-#else
-#include <QSaveFile>
-#endif
 
 namespace velorama {
-
-#ifdef Q_OS_LINUX
 namespace {
 
 /// Bytes copied; -1 where the kernel cannot copy between these two files.
@@ -89,25 +83,5 @@ bool copyFileWhole(const QString& source, const QString& target) {
     copyTime(status, copy.number());
     return copy.becomes(QFile::encodeName(target));
 }
-
-#else
-
-bool copyFileWhole(const QString& source, const QString& target) {
-    QFile from(source);
-    QSaveFile to(target);
-    if (!from.open(QIODevice::ReadOnly) || !to.open(QIODevice::WriteOnly)) {
-        return false;
-    }
-    constexpr qint64 blockSize = 1024 * 1024;
-    for (QByteArray block = from.read(blockSize); !block.isEmpty(); block = from.read(blockSize)) {
-        if (to.write(block) != block.size()) {
-            return false;
-        }
-    }
-    to.setFileTime(QFileInfo(source).lastModified(), QFileDevice::FileModificationTime);
-    return from.error() == QFileDevice::NoError && to.commit();
-}
-
-#endif
 
 }  // namespace velorama

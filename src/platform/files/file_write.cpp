@@ -5,18 +5,13 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
-#ifdef Q_OS_LINUX
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <memory>
-#endif
 
 namespace velorama {
-
-#ifdef Q_OS_LINUX
 namespace {
 
 /// What a chain of symbolic links ends at, there or not; empty for a chain without an end.
@@ -85,16 +80,5 @@ bool writeFileWhole(const QString& target, const QByteArray& bytes, Lasting last
     const OldFile old(name);
     return file.becomes(name);
 }
-
-#else
-
-bool writeFileWhole(const QString& target, const QByteArray& bytes, Lasting) {
-    QSaveFile file(target);
-    // On a full disk only the flush says so: closing would take the cut text for a whole one.
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
-           file.commit();
-}
-
-#endif
 
 }  // namespace velorama

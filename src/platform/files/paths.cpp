@@ -124,11 +124,7 @@ bool canBeName(const QString& path) {
 
 /// False for a path of another system that no file of this one can have.
 bool canStandHere(const QString& path) {
-#ifdef Q_OS_WIN
-    return canBeName(path);
-#else
     return canBeName(path) && !(hasDrive(path) && path.mid(2).contains(u'\\'));
-#endif
 }
 
 /// `name`, as it was given, in the folder that a walk has led to or ended before.

@@ -4,14 +4,10 @@
 #include <QFile>
 #include <QFileInfo>
 
-#ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 namespace velorama {
-
-#ifdef Q_OS_UNIX
 
 void makePrivateFolder(const QString& path) {
     const QString folder = QDir::cleanPath(path);
@@ -28,16 +24,5 @@ void closeToOthers(const QString& path) {
         ::chmod(name.constData(), state.st_mode & S_IRWXU);
     }
 }
-
-#else
-
-// A user's folders are closed to others there.
-void makePrivateFolder(const QString& path) {
-    QDir().mkpath(path);
-}
-
-void closeToOthers(const QString& /*path*/) {}
-
-#endif
 
 }  // namespace velorama
