@@ -1,12 +1,10 @@
 #include "ui/dialogs/frm_toolssettings.h"
 
-#include "core/documents.h"
+#include "albums/album_fields.h"
 #include "core/globals.h"
 #include "core/show_colours.h"
-#include "platform/files/paths.h"
 #include "platform/numbers.h"
 
-#include <QFile>
 #include <QKeyEvent>
 
 namespace velorama {
@@ -15,20 +13,6 @@ namespace {
 // The first segment is the name of a form of earlier days.
 const QString configKey = QStringLiteral("\\frmCONFIG\\Items");
 const QString settingsKey = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
-
-// The line of an album's count and note is short; more than this is no album.
-constexpr qint64 longestHeader = 64 * 1024;
-
-QString headerPiece(const QString& albumPath) {
-    QFile album(hostFile(albumPath));
-    if (albumPath.isEmpty() || !gLibrary->FileExists(albumPath) ||
-        !album.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QString record = FieldReader(album.read(longestHeader)).Input();
-    return record.contains(QLatin1Char('|')) ? StringPieceArr(record, QStringLiteral("|"), 0)
-                                             : QString();
-}
 
 // A text that is no number, and a number the field refuses, leave its design value.
 void loadInto(updown& field, const QString& name) {
@@ -54,7 +38,9 @@ void frmTOOLSSETTINGS::Form_Load(const QString& albumPath, const ReportView& lvw
     picGRADCOLOR->setBackColor(showGradient());
     picBACKGROUND->setBackColor(showBackground());
     // The count of an album's slides has no place on the form yet.
-    [[maybe_unused]] const QString slides = headerPiece(albumPath);
+    if (gLibrary->FileExists(albumPath)) {
+        albumHeader(albumPath);
+    }
     const QString bar = loadSetting(configKey, QStringLiteral("TBAR"), QStringLiteral("1"));
     chkTBAR->setChecked(wholeNumber(bar) == 1);
     if (const ReportItem* album = lvwALBUMS.item(albumPath)) {
