@@ -1,18 +1,20 @@
 #include "ui/frm_resourcemainstore.h"
 
+#include "controls/buttons/control_making.h"
 #include "controls/geometry/twips.h"
-#include "ui/parts/menu_making.h"
 
 namespace velorama {
 
 frmRESOURCEMAINSTORE::frmRESOURCEMAINSTORE(QWidget* parent, Commands& commands)
     : QWidget(parent),
-      mnuFOUNDTOP(makeMenu(this, "mnuFOUNDTOP", "&Found Files Pop up")),
-      mnuSELECTEDTOP(makeMenu(this, "mnuSELECTEDTOP", "&Selected Files Pop up")) {
+      mnuFOUNDTOP(make<QMenu>("mnuFOUNDTOP", this)),
+      mnuSELECTEDTOP(make<QMenu>("mnuSELECTEDTOP", this)) {
     setObjectName(QStringLiteral("frmRESOURCEMAINSTORE"));
     setWindowTitle(QStringLiteral("Menus"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/velorama.svg")));
     hide();
+    mnuFOUNDTOP->setTitle(QStringLiteral("&Found Files Pop up"));
+    mnuSELECTEDTOP->setTitle(QStringLiteral("&Selected Files Pop up"));
     commands.add.addTo(*mnuFOUNDTOP, "mnuFOUNDADD", "&Add");
     commands.addAll.addTo(*mnuFOUNDTOP, "mnuFOUNDADDALL", "A&dd All");
     commands.wallpaper.addTo(*mnuFOUNDTOP, "mnuFOUNDDESTOP", "Set As Desktop &Wallpaper");

@@ -1,6 +1,6 @@
 #include "ui/main_menus.h"
 
-#include "ui/parts/menu_making.h"
+#include "controls/buttons/control_making.h"
 
 namespace velorama {
 namespace {
@@ -9,7 +9,8 @@ Command* const separator = nullptr;
 
 void addMenu(QMenuBar& bar, const char* name, const char* caption,
              std::initializer_list<Command*> entries) {
-    QMenu* top = makeMenu(&bar, name, caption);
+    auto* top = make<QMenu>(name, &bar);
+    top->setTitle(QLatin1String(caption));
     bar.addMenu(top);
     for (Command* entry : entries) {
         if (entry == separator) {
