@@ -6,7 +6,6 @@
 #include "platform/numbers.h"
 
 #include <QLinearGradient>
-#include <QMouseEvent>
 #include <QPainter>
 
 namespace velorama {
@@ -47,6 +46,8 @@ ControlBar::ControlBar(QWidget* form)
       imgLEFTCONTROLS(this),
       imgRIGHTCONTROLS(this) {
     setObjectName(QStringLiteral("picCONTROLBAR"));
+    // The bar keeps its clicks and moves: they are none of the form behind it.
+    setAttribute(Qt::WA_NoMousePropagation);
     imgLEFTCONTROLS.setObjectName(QStringLiteral("imgLEFTCONTROLS"));
     imgRIGHTCONTROLS.setObjectName(QStringLiteral("imgRIGHTCONTROLS"));
     imgLEFTCONTROLS.lower();
@@ -176,19 +177,6 @@ void ControlBar::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), skin);
     painter.setPen(QColor(110, 110, 120));
     painter.drawLine(0, 0, width(), 0);
-}
-
-// The bar keeps its clicks and moves: they are none of the form behind it.
-void ControlBar::mousePressEvent(QMouseEvent* event) {
-    event->accept();
-}
-
-void ControlBar::mouseMoveEvent(QMouseEvent* event) {
-    event->accept();
-}
-
-void ControlBar::mouseReleaseEvent(QMouseEvent* event) {
-    event->accept();
 }
 
 }  // namespace velorama

@@ -122,7 +122,7 @@ void frmSLIDESHOW::load(QScreen* screen) {
     readIntervals();
     picPREVIEW.hide();
     slides.begin();
-    restartPeriod();
+    tmrSLIDESHOW.start();
     Paused = false;
     slides.wrapAfterTick();
     host_.setVisible(false);
@@ -177,10 +177,6 @@ void frmSLIDESHOW::paintBackground() {
     update();
 }
 
-void frmSLIDESHOW::restartPeriod() {
-    tmrSLIDESHOW.start();
-}
-
 void frmSLIDESHOW::tmrSLIDESHOW_Timer() {
     if (!Paused && !unloaded_) {
         ask(ShowStep::Tick);
@@ -205,7 +201,6 @@ void frmSLIDESHOW::Form_KeyDown(int KeyCode, int) {
     if (KeyCode == KeyRight || KeyCode == KeyLeft) {
         ask(KeyCode == KeyRight ? ShowStep::Right : ShowStep::Left);
     } else {
-        tmrFADETRANS.stop();
         Unload();
     }
 }
@@ -238,9 +233,6 @@ void frmSLIDESHOW::btnEXIT_Click() {
         return;
     }
     fade_.FadeAlpha = leftByButton;
-    tmrFADETRANS.stop();
-    tmrSLIDESHOW.stop();
-    tmrMUSIC.stop();
     Unload();
 }
 
@@ -267,7 +259,7 @@ void frmSLIDESHOW::Form_MouseUp() {
 void frmSLIDESHOW::togglePause() {
     if (Paused) {
         host_.AudioPlay();
-        restartPeriod();
+        tmrSLIDESHOW.start();
         steps_.dropTicks();
     } else {
         host_.AudioPause();
@@ -301,11 +293,6 @@ void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
         return;  // The key that started the show, still held down, must not end it.
     }
     Form_KeyDown(keyCode(*event), shiftMask(event->modifiers()));
-}
-
-// A click on the bare background does nothing.
-void frmSLIDESHOW::mousePressEvent(QMouseEvent* event) {
-    event->accept();
 }
 
 void frmSLIDESHOW::mouseMoveEvent(QMouseEvent* event) {

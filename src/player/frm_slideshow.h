@@ -86,7 +86,6 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -115,7 +114,6 @@ private:
 
     void copyMusic();
     void connectBar();
-    void restartPeriod();
 
     ShowHost& host_;
     ScreenSaver& screenSaver_;

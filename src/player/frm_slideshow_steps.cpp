@@ -76,7 +76,7 @@ void frmSLIDESHOW::takeArrows(const QList<ShowStep>& arrows) {
     ShowStep way = ShowStep::Right;
     for (const ShowStep arrow : arrows) {
         const auto end = arrow == ShowStep::Right ? slides.goRight() : slides.goLeft();
-        restartPeriod();
+        tmrSLIDESHOW.start();
         if (end == SlideSequence::Way::GivenUp) {
             Unload();
             return;
