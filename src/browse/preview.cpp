@@ -109,10 +109,8 @@ void showMoving(const PreviewControls& w, const QString& path) {
     const auto height = static_cast<float>(gPagProps->PictureAttribHeight());
     w.imgPICTURE->hide();
     viewer.show();
-    setLeft(viewer, viewerOffset);
-    setTop(viewer, viewerOffset);
-    setWidth(viewer, (width + hiddenPixels) * across + viewerRoom);
-    setHeight(viewer, (height + hiddenPixels) * down + viewerRoom);
+    place(viewer, viewerOffset, viewerOffset, (width + hiddenPixels) * across + viewerRoom,
+          (height + hiddenPixels) * down + viewerRoom);
     setWidth(*w.framBOX, Width(viewer) - hiddenPixels * across);
     setHeight(*w.framBOX, Height(viewer) - hiddenPixels * down);
     viewer.setView(QRect(-viewer.pos(), w.framBOX->size()));

@@ -108,22 +108,12 @@ void ControlBar::designButtons() {
 void ControlBar::layOut(float formWidth, float formHeight) {
     placeButton(btnEXIT, formWidth - buttonSize - 90);
     place(*this, 0, formHeight - barHeight, formWidth, barHeight);
-    setHeight(imgLEFTCONTROLS, barHeight);
-    setWidth(imgLEFTCONTROLS, sideWidth);
-    setHeight(imgRIGHTCONTROLS, barHeight);
-    setWidth(imgRIGHTCONTROLS, sideWidth);
-
-    setLeft(imgRIGHTCONTROLS, formWidth - Width(imgRIGHTCONTROLS));
-    setLeft(lblDESC, Width(imgLEFTCONTROLS));
-    setLeft(lblSTATUS, Width(imgLEFTCONTROLS));
+    place(imgLEFTCONTROLS, 0, 0, sideWidth, barHeight);
+    place(imgRIGHTCONTROLS, formWidth - sideWidth, 0, sideWidth, barHeight);
+    const float middleWidth = Left(imgRIGHTCONTROLS) - sideWidth;
+    place(lblDESC, sideWidth, 90, middleWidth, 315);
+    place(lblSTATUS, sideWidth, 420, middleWidth, 225);
     lblSTATUS.setAlignment(Qt::AlignHCenter);
-    setWidth(lblDESC, Left(imgRIGHTCONTROLS) - Width(imgLEFTCONTROLS));
-    setWidth(lblSTATUS, Left(imgRIGHTCONTROLS) - Width(imgLEFTCONTROLS));
-
-    setTop(lblDESC, 90);
-    setHeight(lblDESC, 315);
-    setTop(lblSTATUS, 420);
-    setHeight(lblSTATUS, 225);
     placeButton(btnPREV, 150);
     placeButton(btnPAUSE, 690);
     placeButton(btnPLAY, 690);

@@ -1,6 +1,5 @@
 #include "player/fade_transition.h"
 
-#include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "imaging/paint/blend.h"
 #include "imaging/scale/scaling.h"
@@ -18,11 +17,6 @@ FadeTransition::FadeTransition(PictureBox& picPREVIEW, PictureBox& picSLIDERESIZ
       picSLIDERESIZE_(picSLIDERESIZE),
       tmrFADETRANS_(tmrFADETRANS),
       pictures_(pictures) {}
-
-QSize FadeTransition::areaSize() const {
-    return {toPixels(Width(picPREVIEW_), TwipsPerPixelX(picPREVIEW_)),
-            toPixels(Height(picPREVIEW_), TwipsPerPixelY(picPREVIEW_))};
-}
 
 void FadeTransition::LoadFadeSource(const QString& SlidePath) {
     picPREVIEW_.keepImage();

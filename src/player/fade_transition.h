@@ -28,7 +28,7 @@ public:
     /// The file as a whole picture, for the system path that does not fade.
     void loadUnscaled(const QString& SlidePath);
     /// Pixel size of the picture area: what a slide is fitted to.
-    QSize areaSize() const;
+    QSize areaSize() const { return picPREVIEW_.scaleSize(); }
 
 private:
     PictureBox& picPREVIEW_;

@@ -20,19 +20,14 @@ SlideFitting::SlideFitting(QWidget& form, PictureBox& picPREVIEW, PictureBox& pi
       imgPREVIEW98_(imgPREVIEW98) {}
 
 void SlideFitting::setArea() {
-    setWidth(picPREVIEW_, Width(form_) - 2000 - 650);
-    setTop(picPREVIEW_, 200);
-    setLeft(picPREVIEW_, 2000);
-    setHeight(picPREVIEW_, Height(form_) - 2000);
+    place(picPREVIEW_, 2000, 200, Width(form_) - 2000 - 650, Height(form_) - 2000);
 }
 
 void SlideFitting::CenterPreview() {
     setTop(picPREVIEW_, (screenHeight(form_) - Height(picPREVIEW_)) * 0.5F - 50);
     setLeft(picPREVIEW_, (screenWidth(form_) - Width(picPREVIEW_)) * 0.5F);
-    setLeft(picBORDERFRAME_, Left(picPREVIEW_) - 250);
-    setWidth(picBORDERFRAME_, Width(picPREVIEW_) + 500);
-    setHeight(picBORDERFRAME_, Height(picPREVIEW_) + 300);
-    setTop(picBORDERFRAME_, Top(picPREVIEW_) - 150);
+    place(picBORDERFRAME_, Left(picPREVIEW_) - 250, Top(picPREVIEW_) - 150,
+          Width(picPREVIEW_) + 500, Height(picPREVIEW_) + 300);
 }
 
 void SlideFitting::ResizePic() {
@@ -40,10 +35,8 @@ void SlideFitting::ResizePic() {
     setHeight(imgPREVIEW98_, Height(picPREVIEW_));
     if (isModernSystem()) {
         imgPREVIEW98_.hide();
-        const int width = toPixels(Width(picPREVIEW_), TwipsPerPixelX(picPREVIEW_));
-        const int height = toPixels(Height(picPREVIEW_), TwipsPerPixelY(picPREVIEW_));
         const QImage shown = picPREVIEW_.Picture();
-        picPREVIEW_.setPicture(PictureResize(shown, {width, height}, black));
+        picPREVIEW_.setPicture(PictureResize(shown, picPREVIEW_.scaleSize(), black));
     } else {
         picPREVIEW_.hide();
     }
@@ -53,10 +46,7 @@ void SlideFitting::ResizePic() {
 }
 
 void SlideFitting::setOldArea() {
-    setWidth(picPREVIEW_, Width(form_) - 3000 - 650);
-    setTop(picPREVIEW_, 2000);
-    setLeft(picPREVIEW_, 3000);
-    setHeight(picPREVIEW_, Height(form_) - 3000);
+    place(picPREVIEW_, 3000, 2000, Width(form_) - 3000 - 650, Height(form_) - 3000);
 }
 
 void SlideFitting::shapeOldArea(QSize size) {

@@ -100,10 +100,7 @@ void SlideBar::tintSlides() {
 }
 
 void SlideBar::layOut(float surfaceWidth, float surfaceHeight) {
-    setLeft(*shpSLIDEBAR, 90);
-    setHeight(*shpSLIDEBAR, 2380);
-    setTop(*shpSLIDEBAR, surfaceHeight - 2500);
-    setWidth(*shpSLIDEBAR, surfaceWidth - 180 - 120);
+    place(*shpSLIDEBAR, 90, surfaceHeight - 2500, surfaceWidth - 180 - 120, 2380);
     cbtn& start = *cbtnCONTROLS[6];
     cbtn& settings = *cbtnCONTROLS[8];
     setLeft(start, surfaceWidth - Width(start) - 45);
