@@ -23,12 +23,6 @@ constexpr float viewerOffset = -30;
 constexpr float viewerRoom = 400;
 constexpr float hiddenPixels = 300;
 
-/// Whole device pixels of the control.
-QSize pixelsOf(const QWidget& control) {
-    return {toPixels(Width(control), TwipsPerPixelX(control)),
-            toPixels(Height(control), TwipsPerPixelY(control))};
-}
-
 /// The size of what is on show in the line below it; of a file that gives nothing, that.
 void tellSize(const PreviewControls& w, QSize pixels) {
     w.lblSIZE->setText(pixels.isEmpty()
@@ -68,7 +62,7 @@ void halveScreen(ImageBox& image) {
 
 /// What is drawn is fitted once, with the program's own filter; see-through parts stay that.
 void sharpen(ImageBox& image, const Picture& picture) {
-    const QSize pixels = pixelsOf(image);
+    const QSize pixels = devicePixels(image);
     if (picture.isNull() || picture.bitmap.size() == pixels) {
         return;
     }

@@ -50,17 +50,12 @@ struct Span {
     float end() const { return from + length; }
 };
 
-Span inTwips(int from, int length) {
-    return {static_cast<float>(from) * twipsPerLogicalPixel,
-            static_cast<float>(length) * twipsPerLogicalPixel};
-}
-
 Span across(const QRect& area) {
-    return inTwips(area.x(), area.width());
+    return {toTwips(area.x()), toTwips(area.width())};
 }
 
 Span down(const QRect& area) {
-    return inTwips(area.y(), area.height());
+    return {toTwips(area.y()), toTwips(area.height())};
 }
 
 /// Where a form of this length begins in the middle of the screen: in whole twips, halves to even.
@@ -165,8 +160,8 @@ void clsREGISTRY::FormDimensionsSave(const QWidget& form, bool Full) {
     if (knowsPlaces()) {
         // Maximised, a form keeps the place that it goes back to.
         const QPoint place = normalPlace(form);
-        save(leftName, singleText(place.x() == form.x() ? Left(form) : inTwips(place.x(), 0).from));
-        save(topName, singleText(place.y() == form.y() ? Top(form) : inTwips(place.y(), 0).from));
+        save(leftName, singleText(place.x() == form.x() ? Left(form) : toTwips(place.x())));
+        save(topName, singleText(place.y() == form.y() ? Top(form) : toTwips(place.y())));
     }
     if (Full) {
         save(widthName, singleText(Width(form)));

@@ -296,7 +296,7 @@ void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmSLIDESHOW::mouseMoveEvent(QMouseEvent* event) {
-    Form_MouseMove(static_cast<float>(event->position().y()) * twipsPerLogicalPixel);
+    Form_MouseMove(toTwips(event->position().y()));
 }
 
 void frmSLIDESHOW::resizeEvent(QResizeEvent*) {

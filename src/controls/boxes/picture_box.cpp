@@ -1,18 +1,9 @@
 #include "controls/boxes/picture_box.h"
 
-#include "controls/geometry/twips.h"
-
 #include <QMouseEvent>
 #include <QPainter>
 
 namespace velorama {
-namespace {
-
-float twips(qreal logicalPixels) {
-    return static_cast<float>(logicalPixels) * twipsPerLogicalPixel;
-}
-
-}  // namespace
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -73,11 +64,6 @@ void PictureBox::Cls() {
     update();
 }
 
-QSize PictureBox::scaleSize() const {
-    return {toPixels(Width(*this), TwipsPerPixelX(*this)),
-            toPixels(Height(*this), TwipsPerPixelY(*this))};
-}
-
 void PictureBox::Refresh() {
     repaint();
 }
@@ -99,21 +85,18 @@ void PictureBox::paintEvent(QPaintEvent* event) {
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    emit MouseDown(mouseButton(event->button()), twips(event->position().x()),
-                   twips(event->position().y()));
+    emit MouseDown(mouseButton(event->button()), toTwips(event->position().x()),
+                   toTwips(event->position().y()));
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    int held = 0;
-    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-        held += event->buttons().testFlag(button) ? mouseButton(button) : 0;
-    }
-    emit MouseMove(held, twips(event->position().x()), twips(event->position().y()));
+    emit MouseMove(heldButtons(event->buttons()), toTwips(event->position().x()),
+                   toTwips(event->position().y()));
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
-    emit MouseUp(mouseButton(event->button()), twips(event->position().x()),
-                 twips(event->position().y()));
+    emit MouseUp(mouseButton(event->button()), toTwips(event->position().x()),
+                 toTwips(event->position().y()));
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event) {

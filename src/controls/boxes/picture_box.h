@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/geometry/twips.h"
 #include "controls/input/keys.h"
 
 #include <QColor>
@@ -35,7 +36,7 @@ public:
     void Cls();
 
     /// Size in device pixels, whole numbers.
-    QSize scaleSize() const;
+    QSize scaleSize() const { return devicePixels(*this); }
     /// Paints at once.
     void Refresh();
 

@@ -19,18 +19,6 @@ constexpr int pointerCustom = 99;
 const QString nameCaption = QStringLiteral("CAPTION");
 const QString nameEnabled = QStringLiteral("ENABLED");
 
-int heldButtons(Qt::MouseButtons buttons) {
-    int held = 0;
-    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-        held += buttons.testFlag(button) ? mouseButton(button) : 0;
-    }
-    return held;
-}
-
-float twips(qreal pixels) {
-    return static_cast<float>(pixels) * twipsPerLogicalPixel;
-}
-
 }  // namespace
 
 picbtn::picbtn(QWidget* parent) : QWidget(parent) {
@@ -268,16 +256,16 @@ void picbtn::hideEvent(QHideEvent* event) {
 void picbtn::leaveEvent(QEvent* event) {
     if (mouseInside_ && !mouseDown_) {
         const QPoint place = mapFromGlobal(QCursor::pos());
-        const bool known = !isInside(twips(place.x()), twips(place.y()));
-        hover(0, shiftMask(QGuiApplication::keyboardModifiers()), twips(known ? place.x() : -1),
-              twips(known ? place.y() : -1));
+        const bool known = !isInside(toTwips(place.x()), toTwips(place.y()));
+        hover(0, shiftMask(QGuiApplication::keyboardModifiers()), toTwips(known ? place.x() : -1),
+              toTwips(known ? place.y() : -1));
     }
     QWidget::leaveEvent(event);
 }
 
 void picbtn::mousePressEvent(QMouseEvent* event) {
-    press(mouseButton(event->button()), shiftMask(event->modifiers()), twips(event->position().x()),
-          twips(event->position().y()));
+    press(mouseButton(event->button()), shiftMask(event->modifiers()),
+          toTwips(event->position().x()), toTwips(event->position().y()));
 }
 
 // The second press is a press of its own as well: quick clicks on "next" lose no slide.
@@ -290,16 +278,16 @@ void picbtn::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void picbtn::mouseMoveEvent(QMouseEvent* event) {
     hover(heldButtons(event->buttons()), shiftMask(event->modifiers()),
-          twips(event->position().x()), twips(event->position().y()));
+          toTwips(event->position().x()), toTwips(event->position().y()));
 }
 
 void picbtn::mouseReleaseEvent(QMouseEvent* event) {
     const QPointF place = event->position();
-    if (event->buttons() == Qt::NoButton && !isInside(twips(place.x()), twips(place.y()))) {
+    if (event->buttons() == Qt::NoButton && !isInside(toTwips(place.x()), toTwips(place.y()))) {
         ReleaseCapture();
     }
-    release(mouseButton(event->button()), shiftMask(event->modifiers()), twips(place.x()),
-            twips(place.y()));
+    release(mouseButton(event->button()), shiftMask(event->modifiers()), toTwips(place.x()),
+            toTwips(place.y()));
 }
 
 void picbtn::keyPressEvent(QKeyEvent* event) {

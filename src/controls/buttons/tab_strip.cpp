@@ -124,9 +124,8 @@ void tab::Redraw() {
 // The right end of the tab comes back.
 float tab::layOut(Tab& each, float left, float top) const {
     const QFontMetricsF font(this->font());
-    const float captionWidth =
-        static_cast<float>(qCeil(font.horizontalAdvance(each.caption))) * twipsPerLogicalPixel;
-    const float captionHeight = static_cast<float>(qCeil(font.height())) * twipsPerLogicalPixel;
+    const float captionWidth = toTwips(qCeil(font.horizontalAdvance(each.caption)));
+    const float captionHeight = toTwips(qCeil(font.height()));
     const float middleWidth = captionWidth + 2 * CaptionPadding;
     each.parts.left = QRectF(left, top, EndWidth, TabHeight);
     left += EndWidth;

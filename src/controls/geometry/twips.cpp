@@ -42,7 +42,7 @@ float read(const QWidget& widget, Edge edge) {
     if (exact.isValid() && (isHeld(widget) || toPixels(exact.toFloat()) == now)) {
         return exact.toFloat();
     }
-    return static_cast<float>(now) * twipsPerLogicalPixel;
+    return toTwips(now);
 }
 
 void apply(QWidget& widget, Edge edge, int now) {
@@ -102,6 +102,11 @@ float Height(const QWidget& widget) {
     return read(widget, HeightEdge);
 }
 
+QSize devicePixels(const QWidget& widget) {
+    return {toPixels(Width(widget), TwipsPerPixelX(widget)),
+            toPixels(Height(widget), TwipsPerPixelY(widget))};
+}
+
 void setLeft(QWidget& widget, float twips) {
     write(widget, LeftEdge, twips);
 }
@@ -155,11 +160,15 @@ HeldGeometry::~HeldGeometry() {
 }
 
 float screenWidth(const QWidget& widget) {
-    return static_cast<float>(screenSize(widget).width()) * twipsPerLogicalPixel;
+    return toTwips(screenSize(widget).width());
 }
 
 float screenHeight(const QWidget& widget) {
-    return static_cast<float>(screenSize(widget).height()) * twipsPerLogicalPixel;
+    return toTwips(screenSize(widget).height());
+}
+
+float toTwips(qreal logicalPixels) {
+    return static_cast<float>(logicalPixels) * twipsPerLogicalPixel;
 }
 
 int toPixels(float twips) {

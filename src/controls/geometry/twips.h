@@ -18,6 +18,8 @@ float Left(const QWidget& widget);
 float Top(const QWidget& widget);
 float Width(const QWidget& widget);
 float Height(const QWidget& widget);
+/// Its size in whole device pixels.
+QSize devicePixels(const QWidget& widget);
 
 void setLeft(QWidget& widget, float twips);
 void setTop(QWidget& widget, float twips);
@@ -46,6 +48,8 @@ private:
 float screenWidth(const QWidget& widget);
 float screenHeight(const QWidget& widget);
 
+/// Twips of a length in logical pixels.
+float toTwips(qreal logicalPixels);
 /// Whole logical pixels of a length in twips, halves to even.
 int toPixels(float twips);
 /// Whole pixels of a length in twips at `twipsPerPixel`, halves to even.

@@ -61,8 +61,7 @@ QSize frameOf(const QWidget& window) {
 void centreOnScreen(QWidget& window) {
     const QRect screen = screenPlace(window);
     const auto middle = [](int from, int length, float form) {
-        return static_cast<float>(from) * twipsPerLogicalPixel +
-               std::round((static_cast<float>(length) * twipsPerLogicalPixel - form) / 2);
+        return toTwips(from) + std::round((toTwips(length) - form) / 2);
     };
     setLeft(window, middle(screen.x(), screen.width(), Width(window)));
     setTop(window, middle(screen.y(), screen.height(), Height(window)));

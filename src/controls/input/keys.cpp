@@ -79,4 +79,12 @@ int mouseButton(Qt::MouseButton button) {
     }
 }
 
+int heldButtons(Qt::MouseButtons buttons) {
+    int held = 0;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        held += buttons.testFlag(button) ? mouseButton(button) : 0;
+    }
+    return held;
+}
+
 }  // namespace velorama

@@ -34,5 +34,7 @@ int keyCode(const QKeyEvent& event);
 int shiftMask(Qt::KeyboardModifiers modifiers);
 /// 1 left, 2 right, 4 middle, 0 any other.
 int mouseButton(Qt::MouseButton button);
+/// The sum of those that are held.
+int heldButtons(Qt::MouseButtons buttons);
 
 }  // namespace velorama

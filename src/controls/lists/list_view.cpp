@@ -243,9 +243,8 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     }
     const int button = mouseButton(event->button());
     if (button != 0) {
-        emit MouseUp(button, shiftMask(event->modifiers()),
-                     static_cast<float>(event->position().x()) * twipsPerLogicalPixel,
-                     static_cast<float>(event->position().y()) * twipsPerLogicalPixel);
+        emit MouseUp(button, shiftMask(event->modifiers()), toTwips(event->position().x()),
+                     toTwips(event->position().y()));
     }
     if (alive && click) {
         emit Click();

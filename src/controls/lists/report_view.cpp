@@ -111,9 +111,7 @@ float ReportView::ColumnWidth(int column) const {
     }
     const int now = columnWidth(column - 1);
     const float exact = widths_[static_cast<size_t>(column) - 1];
-    return exact >= 0 && widthInPixels(exact) == now
-               ? exact
-               : static_cast<float>(now) * twipsPerLogicalPixel;
+    return exact >= 0 && widthInPixels(exact) == now ? exact : toTwips(now);
 }
 
 bool ReportView::setColumnWidth(int column, float twips) {
