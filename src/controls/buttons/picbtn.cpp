@@ -31,8 +31,6 @@ picbtn::picbtn(QWidget* parent) : QWidget(parent) {
     InitProperties();
 }
 
-picbtn::~picbtn() = default;
-
 void picbtn::setCAPTION(const QString& caption) {
     caption_ = caption;
     nameForAssistance();
@@ -161,16 +159,10 @@ void picbtn::hover(int Button, int Shift, float X, float Y) {
 }
 
 void picbtn::UserControlMouseOut(int Button, int Shift, float X, float Y) {
-    mouseInside_ = false;
     measure();
     // A handler may have hidden or disabled the button meanwhile: such a one never captures.
-    if (isInside(X, Y) && mayCapture()) {
-        SetCapture();
-        showLook(ButtonLooks::Look::HLight);
-    } else {
-        ReleaseCapture();
-        PICPNORMAL();
-    }
+    mouseInside_ = isInside(X, Y) && isVisible() && isEnabled();
+    showLook(mouseInside_ ? ButtonLooks::Look::HLight : ButtonLooks::Look::Normal);
     emit MouseOut(Button, Shift, X, Y);
     setMousePointer(pointerDefault);
 }
@@ -203,17 +195,9 @@ void picbtn::followEnabled() {
     setMousePointer(isEnabled() ? pointerCustom : pointerDefault);
 }
 
-void picbtn::SetCapture() {
-    mouseInside_ = true;
-}
-
-void picbtn::ReleaseCapture() {
-    mouseInside_ = false;
-}
-
 // The pointer is no longer this button's business, wherever it is.
 void picbtn::letGo() {
-    ReleaseCapture();
+    mouseInside_ = false;
     mouseDown_ = false;
     PICPNORMAL();
     setMousePointer(pointerDefault);
@@ -284,7 +268,7 @@ void picbtn::mouseMoveEvent(QMouseEvent* event) {
 void picbtn::mouseReleaseEvent(QMouseEvent* event) {
     const QPointF place = event->position();
     if (event->buttons() == Qt::NoButton && !isInside(toTwips(place.x()), toTwips(place.y()))) {
-        ReleaseCapture();
+        mouseInside_ = false;
     }
     release(mouseButton(event->button()), shiftMask(event->modifiers()), toTwips(place.x()),
             toTwips(place.y()));

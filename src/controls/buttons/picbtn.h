@@ -15,7 +15,6 @@ class picbtn : public QWidget {
     Q_OBJECT
 public:
     explicit picbtn(QWidget* parent = nullptr);
-    ~picbtn() override;
 
     QString CAPTION() const { return caption_; }
     void setCAPTION(const QString& caption);
@@ -91,12 +90,9 @@ private:
     void redraw();
     void store(ButtonPicture& place, const ButtonPicture& picture, QLatin1String name);
     bool isInside(float X, float Y) const;
-    bool mayCapture() const { return isVisible() && isEnabled(); }
     void measure();
     void setMousePointer(int pointer);
     void followEnabled();
-    void SetCapture();
-    void ReleaseCapture();
     void letGo();
     void nameForAssistance();
 
