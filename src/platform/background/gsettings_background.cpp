@@ -33,12 +33,17 @@ bool change(const BackgroundSession& session, const QString& schema, const QStri
     return read(session, schema, key) == value;
 }
 
-/// A desktop set to show plain colour would not show any picture.
-void wantPicture(const BackgroundSession& session, const QString& schema) {
-    const QString key = QStringLiteral("picture-options");
-    if (read(session, schema, key) == QStringLiteral("none")) {
-        write(session, schema, key, QStringLiteral("zoom"));
+/// Sets the picture under `key`, and that it is shown: a desktop set to plain colour would not.
+bool showPicture(const BackgroundSession& session, const QString& schema, const QString& key,
+                 const QString& value) {
+    const QString options = QStringLiteral("picture-options");
+    if (!change(session, schema, key, value)) {
+        return false;
     }
+    if (read(session, schema, options) == QStringLiteral("none")) {
+        write(session, schema, options, QStringLiteral("zoom"));
+    }
+    return true;
 }
 
 }  // namespace
@@ -46,31 +51,22 @@ void wantPicture(const BackgroundSession& session, const QString& schema) {
 bool setGnomeBackground(const BackgroundSession& session, const QString& file) {
     const QString schema = QStringLiteral("org.gnome.desktop.background");
     const QString address = fileAddress(file);
-    if (!change(session, schema, QStringLiteral("picture-uri"), address)) {
+    if (!showPicture(session, schema, QStringLiteral("picture-uri"), address)) {
         return false;
     }
     // Not there before GNOME 42.
     change(session, schema, QStringLiteral("picture-uri-dark"), address);
-    wantPicture(session, schema);
     return true;
 }
 
 bool setCinnamonBackground(const BackgroundSession& session, const QString& file) {
-    const QString schema = QStringLiteral("org.cinnamon.desktop.background");
-    if (!change(session, schema, QStringLiteral("picture-uri"), fileAddress(file))) {
-        return false;
-    }
-    wantPicture(session, schema);
-    return true;
+    return showPicture(session, QStringLiteral("org.cinnamon.desktop.background"),
+                       QStringLiteral("picture-uri"), fileAddress(file));
 }
 
 bool setMateBackground(const BackgroundSession& session, const QString& file) {
-    const QString schema = QStringLiteral("org.mate.background");
-    if (!change(session, schema, QStringLiteral("picture-filename"), file)) {
-        return false;
-    }
-    wantPicture(session, schema);
-    return true;
+    return showPicture(session, QStringLiteral("org.mate.background"),
+                       QStringLiteral("picture-filename"), file);
 }
 
 }  // namespace velorama
