@@ -98,8 +98,9 @@ public:
 
 private:
     QString pictureRows(int page);
-    QString pictureCells(int first);
-    QString captionCells(int first);
+    QString cells(int first, QString (MainPages::*cell)(const QString& name));
+    QString pictureCell(const QString& name);
+    QString captionCell(const QString& name);
     bool isStopped() const { return build_.stop.stop_requested(); }
     void tellProgress() { build_.prgBARSLIDES.setValue(static_cast<float>(i_)); }
 
@@ -140,53 +141,43 @@ QString MainPages::pictureRows(int page) {
             break;
         }
         tellProgress();
-        rows += pictureCells(first);
+        rows += cells(first, &MainPages::pictureCell);
         tellProgress();
         rows += u"</TR><TR>";
-        rows += captionCells(first);
+        rows += cells(first, &MainPages::captionCell);
         tellProgress();
         rows += u"</TR>";
     }
     return rows;
 }
 
-QString MainPages::pictureCells(int first) {
-    QString cells;
+QString MainPages::cells(int first, QString (MainPages::*cell)(const QString& name)) {
+    QString row;
     for (int c = 0; c < columnsPerRow && !isStopped(); ++c) {
         i_ = first + c;
         if (i_ == list_.Count() + 1) {
             break;
         }
         // Gone, if the list has become shorter in the meantime.
-        const ListItem* item = list_.item(i_);
-        if (item != nullptr) {
-            const QString name = item->Text();
-            cells += u"<TD vAlign=top align=left width=25%><P align=center><A HREF=\"" % name %
-                     u".html\"><IMG" %
-                     build_.measure.styleOf(folder_, QStringLiteral("pictures"), name,
-                                            build_.values().udnTHUMBNAIL) %
-                     u"\" height=71 alt=\"Click to view page\" src=\"pictures/" % name %
-                     u"\" width=90 border=0></A></P></TD>";
+        if (const ListItem* item = list_.item(i_)) {
+            row += (this->*cell)(item->Text());
         }
         tellProgress();
     }
-    return cells;
+    return row;
 }
 
-QString MainPages::captionCells(int first) {
-    QString cells;
-    for (int c = 0; c < columnsPerRow; ++c) {
-        i_ = first + c;
-        if (i_ == list_.Count() + 1) {
-            break;
-        }
-        const ListItem* item = list_.item(i_);
-        if (item != nullptr) {
-            cells += u"<TD vAlign=top align=left><P align=center>" % item->Text() % u"</P></TD>";
-        }
-        tellProgress();
-    }
-    return cells;
+QString MainPages::pictureCell(const QString& name) {
+    return u"<TD vAlign=top align=left width=25%><P align=center><A HREF=\"" % name %
+           u".html\"><IMG" %
+           build_.measure.styleOf(folder_, QStringLiteral("pictures"), name,
+                                  build_.values().udnTHUMBNAIL) %
+           u"\" height=71 alt=\"Click to view page\" src=\"pictures/" % name %
+           u"\" width=90 border=0></A></P></TD>";
+}
+
+QString MainPages::captionCell(const QString& name) {
+    return u"<TD vAlign=top align=left><P align=center>" % name % u"</P></TD>";
 }
 
 }  // namespace
