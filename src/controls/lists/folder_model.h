@@ -1,31 +1,27 @@
 #pragma once
 
-#include <QAbstractItemModel>
+#include <QStandardItemModel>
 
 #include <memory>
 #include <vector>
 
 namespace velorama {
 
-/// A root of the folder tree: the name shown, the folder, the symbol.
+/// A root of the folder tree: the name shown, and the folder.
 struct FolderRoot {
     QString name;
     QString path;
-    QString symbol;
 };
 
 /// The user's pictures folder and home folder, the whole computer, the mounted media of the moment.
 std::vector<FolderRoot> folderRoots();
 
 /// The folders below some roots, without hidden ones, sorted by name without regard to letter case.
-/// A folder is read when it is first opened. PathRole gives its full path.
-class FolderModel : public QAbstractItemModel {
+/// A folder is read when it is first opened.
+class FolderModel : public QStandardItemModel {
     Q_OBJECT
 public:
-    enum Role { PathRole = Qt::UserRole };
-
-    explicit FolderModel(QObject* parent = nullptr);
-    ~FolderModel() override;
+    using QStandardItemModel::QStandardItemModel;
 
     /// Folders that stay keep their place in the tree, and what is known below them.
     void setRoots(const std::vector<FolderRoot>& roots);
@@ -39,26 +35,19 @@ public:
     QModelIndex find(const QString& path);
     QString path(const QModelIndex& folder) const;
 
-    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
-    QModelIndex parent(const QModelIndex& child) const override;
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
     bool hasChildren(const QModelIndex& parent = {}) const override;
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
-    QVariant data(const QModelIndex& index, int role) const override;
 
 private:
-    struct Folder;
+    class Folder;
     using Folders = std::vector<std::unique_ptr<Folder>>;
 
     Folder& folderOf(const QModelIndex& index) const;
-    QModelIndex indexOf(const Folder& folder) const;
+    static Folder& childOf(const QStandardItem& parent, int row);
     Folder* deepestRoot(const QString& path) const;
     Folder* child(Folder& parent, const QString& name);
-    void merge(Folder& parent, Folders fresh);
-
-    std::unique_ptr<Folder> top_;
+    static void merge(QStandardItem& parent, Folders fresh);
 };
 
 }  // namespace velorama

@@ -239,9 +239,8 @@ TEST(FolderModel, StandsUpToTheModelTester) {
     QAbstractItemModelTester tester(&model, Mode::Fatal);
     // The tester would read folders from within the signal that tells of others.
     tester.setUseFetchMore(false);
-    const std::vector<FolderRoot> roots = {
-        {QStringLiteral("Base"), base, QStringLiteral("folder")},
-        {QStringLiteral("A"), base + QStringLiteral("/a"), QStringLiteral("folder")}};
+    const std::vector<FolderRoot> roots = {{QStringLiteral("Base"), base},
+                                           {QStringLiteral("A"), base + QStringLiteral("/a")}};
     model.setRoots(roots);
     EXPECT_EQ(model.path(model.find(base + QStringLiteral("/a/b")).parent()),
               base + QStringLiteral("/a"));
@@ -266,9 +265,8 @@ TEST(FolderModel, AnUnreadableFolderHasNoChildren) {
     make(base, {QStringLiteral("closed/inside")});
     const QString closed = base + QStringLiteral("/closed");
     QFile::setPermissions(closed, QFile::Permissions());
-    model.setRoots(
-        {{QStringLiteral("Closed"), closed, QStringLiteral("folder")},
-         {QStringLiteral("Gone"), base + QStringLiteral("/gone"), QStringLiteral("folder")}});
+    model.setRoots({{QStringLiteral("Closed"), closed},
+                    {QStringLiteral("Gone"), base + QStringLiteral("/gone")}});
     if (!QDir(closed).isReadable()) {
         EXPECT_FALSE(model.hasChildren(model.index(0, 0)));
     }
