@@ -97,8 +97,6 @@ void ReportView::changeEvent(QEvent* event) {
     }
 }
 
-ReportView::~ReportView() = default;
-
 void ReportView::setColumns(const QStringList& headers) {
     setColumnCount(static_cast<int>(headers.size()));
     setHeaderLabels(headers);
@@ -132,37 +130,30 @@ void ReportView::setEmptyText(const QString& text) {
 
 void ReportView::setSmallIcon(const QIcon& icon) {
     icon_ = icon;
-    for (const auto& entry : keys_) {
-        entry.second->row_.setIcon(0, icon);
+    for (ReportItem* item : std::as_const(keys_)) {
+        item->setIcon(0, icon);
     }
-}
-
-int ReportView::Count() const {
-    return topLevelItemCount();
 }
 
 ReportItem* ReportView::Add(const QString& key, const QString& text) {
     if (key.isEmpty() || keys_.contains(key)) {
         return nullptr;
     }
-    auto* row = new QTreeWidgetItem;
-    row->setText(0, text);
-    row->setData(0, ReportItem::KeyRole, key);
-    row->setIcon(0, icon_);
-    row->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren);
-    addTopLevelItem(row);
-    std::unique_ptr<ReportItem> item(new ReportItem(*row));
-    return keys_.emplace(key, std::move(item)).first->second.get();
+    auto* item = new ReportItem(key);
+    item->setText(0, text);
+    item->setIcon(0, icon_);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren);
+    addTopLevelItem(item);
+    keys_.insert(key, item);
+    return item;
 }
 
 ReportItem* ReportView::item(int index) const {
-    const QTreeWidgetItem* row = topLevelItem(index - 1);
-    return row != nullptr ? item(row->data(0, ReportItem::KeyRole).toString()) : nullptr;
+    return static_cast<ReportItem*>(topLevelItem(index - 1));
 }
 
 ReportItem* ReportView::item(const QString& key) const {
-    const auto found = keys_.find(key);
-    return found != keys_.end() ? found->second.get() : nullptr;
+    return keys_.value(key);
 }
 
 bool ReportView::Remove(int index) {
@@ -170,14 +161,13 @@ bool ReportView::Remove(int index) {
     if (gone == nullptr) {
         return false;
     }
-    const ReportItem* selected = SelectedItem();
+    ReportItem* selected = SelectedItem();
     const bool goesSelected = selected == gone;
-    const QString kept = selected != nullptr ? selected->Key() : QString();
-    keys_.erase(gone->Key());
+    keys_.remove(gone->Key());
     delete takeTopLevelItem(index - 1);
     // The view would choose a neighbour on its own, the one above.
     clearSelection();
-    ReportItem* next = goesSelected ? item(std::min(index, Count())) : item(kept);
+    ReportItem* next = goesSelected ? item(std::min(index, Count())) : selected;
     if (next != nullptr) {
         next->setSelected(true);
     }
@@ -192,7 +182,7 @@ void ReportView::Clear() {
 ReportItem* ReportView::SelectedItem() const {
     // The current row is another thing: the focus gives the list one without selecting it.
     const QList<QTreeWidgetItem*> rows = selectedItems();
-    return rows.isEmpty() ? nullptr : item(rows.first()->data(0, ReportItem::KeyRole).toString());
+    return rows.isEmpty() ? nullptr : static_cast<ReportItem*>(rows.first());
 }
 
 QModelIndex ReportView::indexAt(const QPoint& point) const {

@@ -2,11 +2,10 @@
 
 #include "controls/lists/report_item.h"
 
+#include <QHash>
 #include <QIcon>
 #include <QTreeWidget>
 
-#include <memory>
-#include <unordered_map>
 #include <vector>
 
 namespace velorama {
@@ -17,7 +16,6 @@ class ReportView : public QTreeWidget {
     Q_OBJECT
 public:
     explicit ReportView(QWidget* parent = nullptr);
-    ~ReportView() override;
 
     QString Name() const { return objectName(); }
     void setColumns(const QStringList& headers);
@@ -32,7 +30,7 @@ public:
     /// The small picture of every row.
     void setSmallIcon(const QIcon& icon);
 
-    int Count() const;
+    int Count() const { return topLevelItemCount(); }
     /// At the end, not selected. Null, and nothing changes, if `key` is empty or another item has
     /// it.
     ReportItem* Add(const QString& key, const QString& text);
@@ -79,7 +77,7 @@ private:
     bool hasColumn(int column) const { return column >= 1 && column <= columnCount(); }
     void paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;
 
-    std::unordered_map<QString, std::unique_ptr<ReportItem>> keys_;
+    QHash<QString, ReportItem*> keys_;
     std::vector<float> widths_;  // twips, -1 for a column never set
     QString emptyText_;
     QIcon icon_;
