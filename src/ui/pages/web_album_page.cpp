@@ -69,6 +69,8 @@ void setFamily(QWidget& widget, const QString& family) {
     widget.setFont(font);
 }
 
+using Field = std::pair<const char*, QWidget*>;
+
 void addPair(QGridLayout& grid, int row, int column, const char* caption, QWidget* control) {
     auto* label = new QLabel(QLatin1String(caption), control->parentWidget());
     label->setBuddy(control);
@@ -82,10 +84,6 @@ QGridLayout* columnOfRows() {
     grid->setVerticalSpacing(3);
     grid->setHorizontalSpacing(8);
     return grid;
-}
-
-QString current(const QComboBox* list) {
-    return list->currentText();
 }
 
 }  // namespace
@@ -169,27 +167,25 @@ void WebAlbumPage::makeFonts() {
 
 QLayout* WebAlbumPage::settings() {
     QGridLayout* grid = columnOfRows();
-    const std::pair<const char*, QWidget*> looks[] = {
-        {"Pa&ge Title:", txtTITLE},
-        {"&Page Color:", picBACKGROUND->button()},
-        {"&Text Color:", picTEXTCOLOR->button()},
-        {"Control &Bar:", picBARCOL->button()},
-        {"T&itle Bar:", picTITLEBARCOL->button()},
-        {"Tit&le Bar Text:", picTITLEBARTEXTCOL->button()},
+    const auto add = [&](int column, std::initializer_list<Field> fields) {
+        int row = 0;
+        for (const auto& [caption, control] : fields) {
+            addPair(*grid, row++, column, caption, control);
+            fields_.append(control);
+        }
     };
-    const std::pair<const char*, QWidget*> fonts[] = {
-        {"Text &Font:", cboFONTS},   {"Text Font Siz&e:", cboFONTSIZE},
-        {"Bar F&ont:", cboFONTSBAR}, {"B&ar Font Size:", cboFONTSSIZEBAR},
-        {"Photo Si&ze:", udnPHOTO},  {"Thumb&nail Size:", udnTHUMBNAIL},
-    };
-    int row = 0;
-    for (const auto& [caption, control] : looks) {
-        addPair(*grid, row++, 0, caption, control);
-    }
-    row = 0;
-    for (const auto& [caption, control] : fonts) {
-        addPair(*grid, row++, 3, caption, control);
-    }
+    add(0, {{"Pa&ge Title:", txtTITLE},
+            {"&Page Color:", picBACKGROUND->button()},
+            {"&Text Color:", picTEXTCOLOR->button()},
+            {"Control &Bar:", picBARCOL->button()},
+            {"T&itle Bar:", picTITLEBARCOL->button()},
+            {"Tit&le Bar Text:", picTITLEBARTEXTCOL->button()}});
+    add(3, {{"Text &Font:", cboFONTS},
+            {"Text Font Siz&e:", cboFONTSIZE},
+            {"Bar F&ont:", cboFONTSBAR},
+            {"B&ar Font Size:", cboFONTSSIZEBAR},
+            {"Photo Si&ze:", udnPHOTO},
+            {"Thumb&nail Size:", udnTHUMBNAIL}});
     grid->setColumnMinimumWidth(1, 100);
     grid->setColumnMinimumWidth(2, 2);
     grid->setRowStretch(grid->rowCount(), 1);
@@ -243,13 +239,13 @@ void WebAlbumPage::save() const {
     const std::pair<const char*, QString> values[] = {
         {"BackColor", decimalText(picBACKGROUND->BackColor())},
         {"TextColor", decimalText(picTEXTCOLOR->BackColor())},
-        {"Fonts", current(cboFONTS)},
-        {"FontsSize", current(cboFONTSIZE)},
+        {"Fonts", cboFONTS->currentText()},
+        {"FontsSize", cboFONTSIZE->currentText()},
         {"BarColor", decimalText(picBARCOL->BackColor())},
         {"TitleBarColor", decimalText(picTITLEBARCOL->BackColor())},
         {"TitleBarTextColor", decimalText(picTITLEBARTEXTCOL->BackColor())},
-        {"FontsBar", current(cboFONTSBAR)},
-        {"FontsSizeBar", current(cboFONTSSIZEBAR)},
+        {"FontsBar", cboFONTSBAR->currentText()},
+        {"FontsSizeBar", cboFONTSSIZEBAR->currentText()},
         {"PhotoSize", udnPHOTO->Text()},
         {"ThumbnailSize", udnTHUMBNAIL->Text()},
     };
@@ -265,10 +261,10 @@ WebAlbumValues WebAlbumPage::values() const {
             .picBARCOL = picBARCOL->BackColor(),
             .picTITLEBARCOL = picTITLEBARCOL->BackColor(),
             .picTITLEBARTEXTCOL = picTITLEBARTEXTCOL->BackColor(),
-            .cboFONTS = current(cboFONTS),
-            .cboFONTSIZE = current(cboFONTSIZE),
-            .cboFONTSBAR = current(cboFONTSBAR),
-            .cboFONTSSIZEBAR = current(cboFONTSSIZEBAR),
+            .cboFONTS = cboFONTS->currentText(),
+            .cboFONTSIZE = cboFONTSIZE->currentText(),
+            .cboFONTSBAR = cboFONTSBAR->currentText(),
+            .cboFONTSSIZEBAR = cboFONTSSIZEBAR->currentText(),
             .udnPHOTO = udnPHOTO->Text(),
             .udnTHUMBNAIL = udnTHUMBNAIL->Text()};
 }
@@ -282,7 +278,7 @@ void WebAlbumPage::WebAlbumSampleUpdate() {
     s.picWASLIDE->setBackColor(page);
     s.picWAMAIN->setBackColor(page);
     const QColor text = shownColour(picTEXTCOLOR->BackColor());
-    const std::optional<QString> family = sampleFont(current(cboFONTS));
+    const std::optional<QString> family = sampleFont(cboFONTS->currentText());
     std::vector<Label*> captions(s.lbltxtMAINCOL.begin(), s.lbltxtMAINCOL.end());
     captions.push_back(s.lbltxtSLIDECOL);
     for (Label* label : captions) {
@@ -291,7 +287,7 @@ void WebAlbumPage::WebAlbumSampleUpdate() {
             setFamily(*label, *family);
         }
     }
-    if (const auto barFamily = sampleFont(current(cboFONTSBAR))) {
+    if (const auto barFamily = sampleFont(cboFONTSBAR->currentText())) {
         setFamily(*s.lblTTLMAINCOL, *barFamily);
     }
     s.lblTTLMAINCOL->setForeColor(shownColour(picTITLEBARTEXTCOL->BackColor()));
@@ -304,20 +300,7 @@ void WebAlbumPage::layOut() {
 }
 
 QList<QWidget*> WebAlbumPage::tabOrder() const {
-    return {txtTITLE,
-            picBACKGROUND->button(),
-            picTEXTCOLOR->button(),
-            picBARCOL->button(),
-            picTITLEBARCOL->button(),
-            picTITLEBARTEXTCOL->button(),
-            cboFONTS,
-            cboFONTSIZE,
-            cboFONTSBAR,
-            cboFONTSSIZEBAR,
-            udnPHOTO,
-            udnTHUMBNAIL,
-            cbtnWEBALBUM,
-            cbtnVIEWWEBALB};
+    return fields_ + QList<QWidget*>{cbtnWEBALBUM, cbtnVIEWWEBALB};
 }
 
 }  // namespace velorama

@@ -59,6 +59,8 @@ private:
 
     QScrollArea* scroll_;
     QWidget* content_;
+    /// The fields in the order of the Tab key.
+    QList<QWidget*> fields_;
     std::unique_ptr<WebAlbumSamples> samples_;
 };
 
