@@ -58,8 +58,6 @@ frmSLIDESHOW::frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver)
     designControls();
 }
 
-frmSLIDESHOW::~frmSLIDESHOW() = default;
-
 void frmSLIDESHOW::designControls() {
     picBORDERFRAME.setObjectName(QStringLiteral("picBORDERFRAME"));
     picPREVIEW.setObjectName(QStringLiteral("picPREVIEW"));

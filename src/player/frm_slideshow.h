@@ -48,7 +48,6 @@ class frmSLIDESHOW : public QWidget {
     Q_OBJECT
 public:
     frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver);
-    ~frmSLIDESHOW() override;
 
     /// Opens the show over the whole of `screen` and shows the first slide. The main window is
     /// hidden on the way.

@@ -20,8 +20,6 @@ QString plainTooltip(const QString& text) {
 
 }  // namespace
 
-Label::Label(QWidget* parent) : QWidget(parent) {}
-
 void Label::setCaption(const QString& caption) {
     if (caption == caption_) {
         return;

@@ -9,7 +9,7 @@ namespace velorama {
 class Label : public QWidget {
     Q_OBJECT
 public:
-    explicit Label(QWidget* parent = nullptr);
+    using QWidget::QWidget;
 
     QString Caption() const { return caption_; }
     void setCaption(const QString& caption);

@@ -64,10 +64,6 @@ void PictureBox::Cls() {
     update();
 }
 
-void PictureBox::Refresh() {
-    repaint();
-}
-
 void PictureBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QImage& shown = Image();

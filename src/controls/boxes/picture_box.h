@@ -38,7 +38,7 @@ public:
     /// Size in device pixels, whole numbers.
     QSize scaleSize() const { return devicePixels(*this); }
     /// Paints at once.
-    void Refresh();
+    void Refresh() { repaint(); }
 
 signals:
     /// Button 1 left, 2 right, 4 middle; of a move the sum of those held. Position in twips within

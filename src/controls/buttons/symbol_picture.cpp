@@ -6,8 +6,6 @@
 
 namespace velorama {
 
-SymbolPicture::SymbolPicture(QWidget* parent) : QWidget(parent) {}
-
 void SymbolPicture::setSymbol(const QString& name) {
     symbol_ = name;
     update();

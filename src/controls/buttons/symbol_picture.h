@@ -9,7 +9,7 @@ namespace velorama {
 class SymbolPicture : public QWidget {
     Q_OBJECT
 public:
-    explicit SymbolPicture(QWidget* parent = nullptr);
+    using QWidget::QWidget;
 
     void setSymbol(const QString& name);
     QString Symbol() const { return symbol_; }

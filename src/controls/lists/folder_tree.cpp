@@ -53,12 +53,6 @@ void FolderTree::changeEvent(QEvent* event) {
     }
 }
 
-FolderTree::~FolderTree() = default;
-
-QString FolderTree::Path() const {
-    return path_;
-}
-
 void FolderTree::setPath(const QString& path) {
     if (path.isEmpty()) {
         return;

@@ -12,10 +12,9 @@ class FolderTree : public QTreeView {
     Q_OBJECT
 public:
     explicit FolderTree(QWidget* parent = nullptr);
-    ~FolderTree() override;
 
     /// Path of the current folder.
-    QString Path() const;
+    QString Path() const { return path_; }
     /// Makes a folder current, opening the tree down to it, and raises NodeChange, also where it is
     /// the current one already. A folder that is not there is kept as the path all the same; the
     /// tree then shows the nearest one above it. An empty path does nothing.

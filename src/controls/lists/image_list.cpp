@@ -16,12 +16,6 @@ QImage paintable(const QImage& image) {
 
 }  // namespace
 
-ImageList::ImageList(QObject* parent) : QObject(parent) {}
-
-int ImageList::Count() const {
-    return static_cast<int>(entries_.size());
-}
-
 bool ImageList::Add(const QString& key, const QImage& image) {
     if (key.isEmpty() || numbers_.contains(key)) {
         return false;
@@ -61,10 +55,6 @@ QString ImageList::Key(int index) const {
                                           : QString();
 }
 
-int ImageList::indexOf(const QString& key) const {
-    return numbers_.value(key, 0);
-}
-
 int ImageList::firstKeyWithin(const QString& text) const {
     int first = 0;
     for (qsizetype start = 0; start < text.size() && first != 1; ++start) {
@@ -100,10 +90,6 @@ bool ImageList::setImageSize(QSize size) {
     }
     size_ = size;
     return true;
-}
-
-QSize ImageList::ImageSize() const {
-    return size_;
 }
 
 }  // namespace velorama

@@ -14,9 +14,9 @@ namespace velorama {
 class ImageList : public QObject {
     Q_OBJECT
 public:
-    explicit ImageList(QObject* parent = nullptr);
+    using QObject::QObject;
 
-    int Count() const;
+    int Count() const { return static_cast<int>(entries_.size()); }
     /// Adds at the end. False, and nothing happens, if the key is there already or empty.
     bool Add(const QString& key, const QImage& image);
     void Clear();
@@ -24,14 +24,14 @@ public:
     QImage image(int index) const;
     QString Key(int index) const;
     /// Number of the image with exactly this key, 0 if none.
-    int indexOf(const QString& key) const;
+    int indexOf(const QString& key) const { return numbers_.value(key, 0); }
     /// Number of the first image whose key occurs anywhere in `text`, case-sensitive; 0 if none.
     /// Fast also with thousands of images: its cost does not grow with their number.
     int firstKeyWithin(const QString& text) const;
 
     /// Size of an image in logical pixels. Refused (false) once images exist.
     bool setImageSize(QSize size);
-    QSize ImageSize() const;
+    QSize ImageSize() const { return size_; }
 
 signals:
     void changed();

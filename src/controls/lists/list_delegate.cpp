@@ -61,8 +61,6 @@ void paintImage(QPainter& painter, const QImage& image, const QRect& area) {
 
 }  // namespace
 
-ListDelegate::ListDelegate(QObject* parent) : QStyledItemDelegate(parent) {}
-
 QSize ListDelegate::cellSize(QSize image, const QFontMetrics& font) {
     return {qMax(image.width() + 4 * Padding, LeastWidth),
             qMax(image.height(), 0) + font.height() + 2 * Padding + 2 * Spacing};

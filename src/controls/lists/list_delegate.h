@@ -12,7 +12,7 @@ namespace velorama {
 class ListDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
-    explicit ListDelegate(QObject* parent = nullptr);
+    using QStyledItemDelegate::QStyledItemDelegate;
 
     void setIcons(const ImageList* icons) { icons_ = icons; }
 

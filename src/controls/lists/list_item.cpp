@@ -6,25 +6,13 @@ namespace velorama {
 ListItem::ListItem(ListView& list, const QString& key, const QString& text, int icon)
     : list_(list), key_(key), text_(text), icon_(icon) {}
 
-QString ListItem::Key() const {
-    return key_;
-}
-
 bool ListItem::setKey(const QString& key) {
     return list_.items_.rename(*this, key);
-}
-
-QString ListItem::Text() const {
-    return text_;
 }
 
 void ListItem::setText(const QString& text) {
     text_ = text;
     changed();
-}
-
-int ListItem::Icon() const {
-    return icon_;
 }
 
 void ListItem::setIcon(int index) {
@@ -41,10 +29,6 @@ void ListItem::changed() {
 
 int ListItem::Index() const {
     return list_.items_.positionOf(*this);
-}
-
-bool ListItem::Selected() const {
-    return selected_;
 }
 
 void ListItem::setSelected(bool selected) {

@@ -13,18 +13,18 @@ class ListView;
 /// One item of a ListView. It belongs to its list and dies with Remove and Clear.
 class ListItem {
 public:
-    QString Key() const;
+    QString Key() const { return key_; }
     /// False, and nothing changes, if another item has this key. An empty key is allowed on any
     /// number of items.
     bool setKey(const QString& key);
-    QString Text() const;
+    QString Text() const { return text_; }
     void setText(const QString& text);
     /// Number of the image in the list's Icons, 0 for none.
-    int Icon() const;
+    int Icon() const { return icon_; }
     void setIcon(int index);
     /// Position in the list, from 1.
     int Index() const;
-    bool Selected() const;
+    bool Selected() const { return selected_; }
     /// An item that becomes selected becomes the current one too; the others stay selected.
     void setSelected(bool selected);
 

@@ -95,10 +95,6 @@ void ListView::Clear() {
     items_.clear();
 }
 
-ListItem* ListView::SelectedItem() const {
-    return current_;
-}
-
 void ListView::setSelectedItem(int index) {
     ListItem* const chosen = item(index);
     if (chosen == nullptr) {
@@ -115,10 +111,6 @@ void ListView::clearSelection() {
         item(index)->selected_ = false;
     }
     selectionModel()->clearSelection();
-}
-
-ImageList* ListView::Icons() const {
-    return icons_;
 }
 
 void ListView::setIcons(ImageList* icons) {

@@ -45,12 +45,12 @@ public:
     bool Remove(int index);
     void Clear();
     /// The current item; null only in an empty list. It need not be selected.
-    ListItem* SelectedItem() const;
+    ListItem* SelectedItem() const { return current_; }
     /// Makes an item current without selecting it. Outside 1 to Count: nothing.
     void setSelectedItem(int index);
     void clearSelection();
 
-    ImageList* Icons() const;
+    ImageList* Icons() const { return icons_; }
     void setIcons(ImageList* icons);
 
 signals:
