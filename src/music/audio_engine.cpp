@@ -199,7 +199,7 @@ void AudioEngine::cbtnAUDIO_Click(int Index) {
             break;
         case 5:
             AudioStop();
-            c_.lstMUSIC->Clear();
+            c_.lstMUSIC->clear();
             break;
         default:
             break;

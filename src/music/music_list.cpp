@@ -59,7 +59,7 @@ QStringList MusicList::chooseFiles() {
 void MusicList::MusicBrowse() {
     for (const QString& path : chooseFiles()) {
         saveSetting(folderKey, folderName, gFileFoldr->FolderPathFromFilename(path));
-        c_.lstMUSIC->AddItem(path);
+        c_.lstMUSIC->addItem(path);
         enableRestart(true);
     }
     c_.lblFile->setCaption(c_.lstMUSIC->List(0));
@@ -69,7 +69,7 @@ void MusicList::MusicDrop(const QStringList& paths) {
     for (const QString& path : paths) {
         const QString lower = path.toLower();
         if (isMusic(lower)) {
-            c_.lstMUSIC->AddItem(lower);
+            c_.lstMUSIC->addItem(lower);
             enableRestart(true);
             c_.lstMUSIC->setListIndex(c_.lstMUSIC->ListCount() - 1);
         }
@@ -114,9 +114,9 @@ void MusicList::ListboxSave(const ListBox& list, const QString& name) const {
 
 void MusicList::ListboxLoad(ListBox& list, const QString& name) const {
     const QStringList paths = stored(list, name).load(rows(list));
-    list.Clear();
+    list.clear();
     for (const QString& path : paths) {
-        list.AddItem(path);
+        list.addItem(path);
     }
     enableRestart(!paths.isEmpty());
 }

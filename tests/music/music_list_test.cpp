@@ -72,7 +72,7 @@ TEST_F(MusicListTest, WithoutASelectionNoRowMoves) {
     controls.Command2->click();
     EXPECT_EQ(rows(), texts("ab"));
     EXPECT_EQ(lstMUSIC.ListIndex(), 0);
-    lstMUSIC.Clear();
+    lstMUSIC.clear();
     controls.Command1->click();
     controls.Command2->click();
     EXPECT_EQ(rows(), QStringList());
@@ -180,7 +180,7 @@ TEST_F(MusicListTest, RowsTooLongForTheSettingsAreKeptFromTheList) {
     EXPECT_EQ(rows(), rowsBefore);
     EXPECT_TRUE(enabled(2));
     // A new list has nothing to keep them from; the others come in.
-    lstMUSIC.Clear();
+    lstMUSIC.clear();
     engine->list.ListboxLoad(lstMUSIC, name);
     EXPECT_EQ(rows(),
               QStringList({path(254, u'b'), path(254, u'\u0416'), QStringLiteral("/d.mp3")}));

@@ -60,7 +60,7 @@ protected:
 
     void fill(const QStringList& rows, int selected) {
         for (const QString& row : rows) {
-            lstMUSIC.AddItem(row);
+            lstMUSIC.addItem(row);
         }
         ASSERT_TRUE(lstMUSIC.setListIndex(selected));
     }

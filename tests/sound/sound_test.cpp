@@ -40,7 +40,7 @@ TEST_F(SoundTest, EachKindIsHeardAsLongAsHighAndAsLoudAsItIs) {
 class EngineSoundTest : public SoundTest {
 protected:
     EngineSoundTest() {
-        controls.lstMUSIC->AddItem(saved(folder, QStringLiteral("a.wav"), wavFile(5500, 440)));
+        controls.lstMUSIC->addItem(saved(folder, QStringLiteral("a.wav"), wavFile(5500, 440)));
         controls.lstMUSIC->setListIndex(0);
         // The end would begin the track anew.
         controls.tmrMUSIC->disconnect(&engine);

@@ -25,7 +25,7 @@ protected:
         EXPECT_TRUE(commands().save.isEnabled());
     }
     void addToLists() {
-        music().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
+        music().lstMUSIC->addItem(QStringLiteral("/music/a.mp3"));
         albumControls().lvwALBUMS->Add(QStringLiteral("/albums/z.vlr"), QStringLiteral("z"));
     }
     void expectListsSaved() {

@@ -8,8 +8,8 @@ class ShowOverWindow : public test::WithWindow {
 protected:
     ShowOverWindow() {
         start(album(2));
-        music().lstMUSIC->AddItem(QStringLiteral("/music/first.mp3"));
-        music().lstMUSIC->AddItem(QStringLiteral("/music/Second Song.wav"));
+        music().lstMUSIC->addItem(QStringLiteral("/music/first.mp3"));
+        music().lstMUSIC->addItem(QStringLiteral("/music/Second Song.wav"));
         music().lstMUSIC->setListIndex(1);
         music().lblM1->setCaption(QStringLiteral("200"));
         music().lblM2->setCaption(QStringLiteral("50"));
@@ -46,7 +46,7 @@ TEST_F(ShowOverWindow, ItsBarTellsTheTrackOfThePageMusicAndHowFarItIs) {
 }
 
 TEST_F(ShowOverWindow, WithoutMusicItsBarTellsNothing) {
-    music().lstMUSIC->Clear();
+    music().lstMUSIC->clear();
     ControlBar& bar = begin();
     EXPECT_EQ(bar.lblPLAYING.Caption(), QString());
     EXPECT_TRUE(bar.prgPLAY.isHidden());

@@ -278,8 +278,8 @@ TEST_F(StartTest, TheFolderTreeIsSilentWhileTheWindowLoads) {
 
 TEST_F(StartTest, TheMusicListComesBack) {
     start();
-    music().lstMUSIC->AddItem(QStringLiteral("/music/a.mp3"));
-    music().lstMUSIC->AddItem(QStringLiteral("/music/b.wav"));
+    music().lstMUSIC->addItem(QStringLiteral("/music/a.mp3"));
+    music().lstMUSIC->addItem(QStringLiteral("/music/b.wav"));
     window->close();
     start();
     ASSERT_EQ(music().lstMUSIC->ListCount(), 2);

@@ -114,10 +114,6 @@ bool ListBox::setListIndex(int index) {
     return true;
 }
 
-void ListBox::AddItem(const QString& text) {
-    addItem(text);
-}
-
 bool ListBox::RemoveItem(int index) {
     if (index < 0 || index >= count()) {
         return false;
@@ -130,10 +126,6 @@ bool ListBox::RemoveItem(int index) {
         setListIndex(selected > index ? selected - 1 : selected);
     }
     return true;
-}
-
-void ListBox::Clear() {
-    clear();
 }
 
 void ListBox::setEmptyText(const QString& text) {

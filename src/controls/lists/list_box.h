@@ -22,12 +22,9 @@ public:
     /// -1 selects none. False outside the list, and nothing changes.
     bool setListIndex(int index);
 
-    /// Behind the last line. The selection stays.
-    void AddItem(const QString& text);
     /// False outside the list. If the selected line goes, none is selected; otherwise the selection
     /// stays with its line.
     bool RemoveItem(int index);
-    void Clear();
 
     /// This box's own state, whatever its parents' is.
     bool Enabled() const { return !testAttribute(Qt::WA_ForceDisabled); }

@@ -18,7 +18,7 @@ protected:
     ListBoxTest() {
         box.resize(200, 200);
         for (const char* text : {"first", "second", "third"}) {
-            box.AddItem(QString::fromLatin1(text));
+            box.addItem(QString::fromLatin1(text));
         }
         box.show();
     }
@@ -72,7 +72,7 @@ TEST_F(ListBoxTest, RemovingAnotherKeepsTheSelectionOnItsLine) {
 
 TEST_F(ListBoxTest, ClearLeavesNothing) {
     box.setListIndex(1);
-    box.Clear();
+    box.clear();
     EXPECT_EQ(box.ListCount(), 0);
     EXPECT_EQ(box.ListIndex(), -1);
 }
@@ -213,7 +213,7 @@ TEST_F(ListBoxTest, TheEmptyBoxSaysWhatBelongsThere) {
     const QImage full = box.grab().toImage();
     box.setEmptyText(QStringLiteral("Drop music here"));
     EXPECT_EQ(box.grab().toImage(), full);
-    box.Clear();
+    box.clear();
     const QImage withText = box.grab().toImage();
     box.setEmptyText(QString());
     EXPECT_NE(box.grab().toImage(), withText);
@@ -222,8 +222,8 @@ TEST_F(ListBoxTest, TheEmptyBoxSaysWhatBelongsThere) {
 // The start and the end of a long path are what tells it from others.
 TEST_F(ListBoxTest, ALongLineIsCutInItsMiddle) {
     const auto tail = [this](const QString& end) {
-        box.Clear();
-        box.AddItem(QStringLiteral("/music/") + QString(200, u'x') + end);
+        box.clear();
+        box.addItem(QStringLiteral("/music/") + QString(200, u'x') + end);
         const QRect line = box.visualItemRect(box.item(0));
         return box.viewport()->grab(line.adjusted(line.width() - 40, 0, 0, 0)).toImage();
     };
