@@ -1,3 +1,4 @@
+#include "browse/kept_thumbnails.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "imaging/decode/reader_limit.h"
@@ -55,7 +56,8 @@ int main(int argc, char** argv) {
                                 [&](QWidget& window, const QString& words) {
                                     instance.InstanceStartup(window, words);
                                     association.AssociationCheck();
-                                }});
+                                },
+                                keptThumbnails()});
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
         mainWindow.Form_Load(commandLine(QApplication::arguments()));

@@ -77,6 +77,7 @@ Thumbnails::Thumbnails(ImageList& imlFOUNDICONS, ImageList& imlTHUMBNAILS, LookA
       ratio_(std::max(devicePixelRatio, 0.5)),
       blankSlide_(blankCell(slideCell)) {
     blankSlide_.setDevicePixelRatio(ratio_);
+    pictures_.setCells({devicePixels(foundCell), devicePixels(slideCell)});
 }
 
 int Thumbnails::devicePixels(int cell) const {

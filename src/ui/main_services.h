@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/cache/thumbnail_cache.h"
 #include "platform/background/desktop_background.h"
 #include "platform/session/screen_saver.h"
 #include "platform/sound/media_commands.h"
@@ -8,6 +9,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 namespace velorama {
 
@@ -20,6 +22,7 @@ struct MainServices {
     /// What the start does with the window, still empty and not shown, and the command line: other
     /// instances, the file type.
     std::function<void(QWidget& mainWindow, const QString& commandLine)> startUp = {};
+    std::shared_ptr<ThumbnailCache> thumbnails = std::make_shared<ThumbnailCache>();
 };
 
 }  // namespace velorama

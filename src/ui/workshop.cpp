@@ -13,7 +13,8 @@ const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
 
 Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& commands,
                    CommonDialog& cdlDIALOG, const MainServices& services)
-    : thumbnails_(*pages.pictures->found.imlFOUNDICONS, *slideBar.slides.imlTHUMBNAILS, pictures_,
+    : pictures_(services.thumbnails),
+      thumbnails_(*pages.pictures->found.imlFOUNDICONS, *slideBar.slides.imlTHUMBNAILS, pictures_,
                   form.devicePixelRatioF()),
       slides(slideBar.slides, pages.pictures->found, commands, thumbnails_),
       found(pages.pictures->found, *slideBar.slides.prgBARSLIDES, thumbnails_),

@@ -24,7 +24,7 @@ const QHash<QString, Ranks>& rooms() {
         {QStringLiteral("platform"),
          {row("sound background instances web session store"), row("files"), row("process"),
           row("")}},
-        {QStringLiteral("imaging"), {row("ahead"), row("decode scale paint"), row("pixels")}},
+        {QStringLiteral("imaging"), {row("ahead"), row("cache decode scale paint"), row("pixels")}},
         {QStringLiteral("controls"),
          {row("dialogs pages lists"), row("buttons"), row("boxes"), row("input"), row("geometry")}},
         {QStringLiteral("ui"), {row(""), row("pages dialogs"), row("parts")}},

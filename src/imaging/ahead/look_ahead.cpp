@@ -1,7 +1,6 @@
 #include "imaging/ahead/look_ahead.h"
 
 #include "imaging/decode/picture.h"
-#include "imaging/scale/scaling.h"
 #include "platform/files/paths.h"
 #include "platform/process/large_blocks.h"
 
@@ -14,16 +13,17 @@
 namespace velorama {
 namespace {
 
-QImage loadFitted(const QString& path, const Fit& fit) {
+QImage loadFitted(const QString& path, const Fit& fit, const CellSource& cells) {
+    if (fit.kind == Fit::Kind::Cell) {
+        return cells.load(path, fit.box.width());
+    }
     const Picture picture = LoadPicture(path, fit);
-    return fit.kind == Fit::Kind::Whole
-               ? picture.bitmap
-               : fittedBitmap(picture.bitmap, fitTarget(picture.size, fit), white, picture.extent);
+    return fit.kind == Fit::Kind::Whole ? picture.bitmap : fitted(picture, fit);
 }
 
 }  // namespace
 
-LookAhead::LookAhead() {
+LookAhead::LookAhead(std::shared_ptr<ThumbnailCache> cache) : cells_(std::move(cache)) {
     giveLargeBlocksBack();
 }
 
@@ -37,10 +37,10 @@ LookAhead::FileState LookAhead::stateOf(const QString& path) {
                          : FileState{};
 }
 
-LookAhead::Work LookAhead::workOn(const QString& path, const Fit& fit) {
+LookAhead::Work LookAhead::workOn(const QString& path, const Fit& fit, const CellSource& cells) {
     // Before the file is read: a change from here on makes the result unusable.
     const FileState file = stateOf(path);
-    return {file, loadFitted(path, fit)};
+    return {file, loadFitted(path, fit, cells)};
 }
 
 /// What runs goes on and is for nobody.
@@ -63,7 +63,7 @@ void LookAhead::expect(const QStringList& paths, const Fit& fit) {
         if (auto known = before.extract(path)) {
             works_.insert(std::move(known));
         } else {
-            works_.emplace(path, QtConcurrent::run(workOn, path, fit));
+            works_.emplace(path, QtConcurrent::run(workOn, path, fit, cells_));
         }
     }
     drop(std::move(before));
@@ -78,7 +78,7 @@ QImage LookAhead::load(const QString& path, const Fit& fit) {
             return done.bitmap;
         }
     }
-    return loadFitted(path, fit);
+    return loadFitted(path, fit, cells_);
 }
 
 }  // namespace velorama

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/ahead/cell_source.h"
 #include "imaging/pixels/fit.h"
 
 #include <QFuture>
@@ -15,10 +16,14 @@ namespace velorama {
 /// size and time of change are those it was made from.
 class LookAhead {
 public:
-    LookAhead();
+    /// Thumbnail cells come from `cache` where it has them, and go there.
+    explicit LookAhead(std::shared_ptr<ThumbnailCache> cache = std::make_shared<ThumbnailCache>());
     LookAhead(const LookAhead&) = delete;
     LookAhead& operator=(const LookAhead&) = delete;
     ~LookAhead();
+
+    /// The sides, in device pixels, of the cells that pictures are drawn in.
+    void setCells(const std::vector<int>& sides) { cells_.setCells(sides); }
 
     /// Names the pictures wanted next, soonest first; empty paths are passed over. Work on any
     /// other is dropped; work already done or running on these is kept. Does not block.
@@ -43,9 +48,10 @@ private:
     using Works = std::unordered_map<QString, QFuture<Work>>;
 
     static FileState stateOf(const QString& path);
-    static Work workOn(const QString& path, const Fit& fit);
+    static Work workOn(const QString& path, const Fit& fit, const CellSource& cells);
     static void drop(Works works);
 
+    CellSource cells_;
     Fit fit_;  // of all works
     Works works_;
 };

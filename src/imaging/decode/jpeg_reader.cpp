@@ -297,6 +297,10 @@ int jpegEighths(QSize size, const Fit& fit) {
     return 8;
 }
 
+bool decodesAlike(QSize size, const Fit& one, const Fit& other) {
+    return jpegEighths(size, one) == jpegEighths(size, other);
+}
+
 Picture readJpeg(QByteArrayView bytes, const Fit& fit) {
     JpegFile file(bytes);
     if (!file.readHeader()) {

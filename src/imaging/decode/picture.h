@@ -36,4 +36,7 @@ Picture LoadPicture(const QString& path, const Fit& fit = Fit::whole());
 /// The same from the bytes of a picture file.
 Picture decodePicture(QByteArrayView bytes, const Fit& fit = Fit::whole());
 
+/// Whether a picture of `size` pixels comes out as one and the same bitmap for both.
+bool decodesAlike(QSize size, const Fit& one, const Fit& other);
+
 }  // namespace velorama

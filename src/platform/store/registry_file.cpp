@@ -1,6 +1,7 @@
 #include "platform/store/registry_file.h"
 
 #include "platform/files/private_files.h"
+#include "platform/store/sqlite_statement.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -47,59 +48,15 @@ const HiveName& nameOf(Hive hive) {
     return hiveNames.at(static_cast<quint32>(hive) & 0x7FFFFFFFU);
 }
 
-/// A prepared statement with numbered parameters, from 1, and numbered columns, from 0.
-class Statement {
-public:
-    Statement(sqlite3* database, const char* sql) {
-        code_ = sqlite3_prepare_v2(database, sql, -1, &handle_, nullptr);
-    }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
-    ~Statement() { sqlite3_finalize(handle_); }
-
-    Statement& text(int at, const QByteArray& value) {
-        if (handle_ != nullptr) {
-            sqlite3_bind_text64(handle_, at, value.constData(),
-                                static_cast<sqlite3_uint64>(value.size()), SQLITE_TRANSIENT,
-                                SQLITE_UTF8);
-        }
-        return *this;
-    }
-    Statement& number(int at, qint64 value) {
-        if (handle_ != nullptr) {
-            sqlite3_bind_int64(handle_, at, value);
-        }
-        return *this;
-    }
-    int step() {
-        code_ = handle_ != nullptr ? sqlite3_step(handle_) : code_;
-        return code_;
-    }
-    int code() const { return code_; }
-
-    bool isNull(int column) const { return sqlite3_column_type(handle_, column) == SQLITE_NULL; }
-    qint64 number(int column) const { return sqlite3_column_int64(handle_, column); }
-    /// Whatever the row holds, as text; empty for nothing.
-    QByteArray text(int column) const {
-        const void* bytes = sqlite3_column_blob(handle_, column);
-        const int size = sqlite3_column_bytes(handle_, column);
-        return bytes != nullptr ? QByteArray(static_cast<const char*>(bytes), size) : QByteArray();
-    }
-
-private:
-    sqlite3_stmt* handle_ = nullptr;
-    int code_ = SQLITE_OK;
-};
-
 void loadRow(const Statement& row, RegistryTable& table) {
-    const HiveName* hive = findHive(row.text(0));
+    const HiveName* hive = findHive(row.bytes(0));
     if (hive == nullptr) {
         return;
     }
     const auto type =
         row.isNull(3) ? ValueType::Text : static_cast<ValueType>(static_cast<int>(row.number(3)));
-    table.load({hive->hive, QString::fromUtf8(row.text(1)), QString::fromUtf8(row.text(2)),
-                RegistryValue{type, row.text(4)}});
+    table.load({hive->hive, QString::fromUtf8(row.bytes(1)), QString::fromUtf8(row.bytes(2)),
+                RegistryValue{type, row.bytes(4)}});
 }
 
 void bindData(Statement& statement, int at, const RegistryValue& value) {

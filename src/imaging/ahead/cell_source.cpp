@@ -1,0 +1,64 @@
+#include "imaging/ahead/cell_source.h"
+
+#include "imaging/scale/scaling.h"
+#include "platform/files/paths.h"
+
+#include <QFile>
+
+namespace velorama {
+namespace {
+
+/// Whether all of a file can be read. What a disk or a server refuses now it may give later, so
+/// that tells nothing about the picture.
+bool canBeRead(const QString& file) {
+    QFile handle(file);
+    QByteArray piece(1024 * 1024, Qt::Uninitialized);
+    qint64 count = handle.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? 1 : -1;
+    while (count > 0) {
+        count = handle.read(piece.data(), piece.size());
+    }
+    return count == 0;
+}
+
+/// A picture that cannot be decoded can be for no cell.
+bool servesBoth(const Picture& picture, int one, int other) {
+    return picture.isNull() || decodesAlike(picture.size, Fit::cell(one), Fit::cell(other));
+}
+
+}  // namespace
+
+QImage fitted(const Picture& picture, const Fit& fit) {
+    return fittedBitmap(picture.bitmap, fitTarget(picture.size, fit), white, picture.extent);
+}
+
+QImage CellSource::load(const QString& path, int side) const {
+    const QString host = hostFile(path);
+    const FileStamp file = FileStamp::of(host);
+    if (std::optional<QImage> kept = cache_->find(file, side)) {
+        return *std::move(kept);
+    }
+    // Asked before the file is read: a change from here on will show.
+    const bool isSettled = file.isSettled();
+    const Picture picture = LoadPicture(path, Fit::cell(side));
+    const QImage bitmap = fitted(picture, Fit::cell(side));
+    if (isSettled && cache_->isUsable() && bitmap.isNull() == picture.isNull() &&
+        (!picture.isNull() || canBeRead(host)) && FileStamp::of(host) == file) {
+        keep(file, side, bitmap, picture);
+    }
+    return bitmap;
+}
+
+void CellSource::keep(const FileStamp& file, int side, const QImage& bitmap,
+                      const Picture& picture) const {
+    cache_->keep(file, side, bitmap);
+    for (const int other : sides_) {
+        const QImage also = other != side && servesBoth(picture, side, other)
+                                ? fitted(picture, Fit::cell(other))
+                                : QImage();
+        if (other != side && also.isNull() == picture.isNull()) {
+            cache_->keep(file, other, also);
+        }
+    }
+}
+
+}  // namespace velorama

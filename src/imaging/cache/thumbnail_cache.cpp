@@ -1,0 +1,158 @@
+#include "imaging/cache/thumbnail_cache.h"
+
+#include "imaging/cache/pixel_packing.h"
+
+#include <QDate>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <utility>
+
+namespace velorama {
+namespace {
+
+using std::chrono::steady_clock;
+
+/// What is made in this time is written in one transaction.
+constexpr std::chrono::milliseconds gathering(250);
+/// For what is not written when the program ends.
+constexpr std::chrono::seconds lastWrites(1);
+/// Bytes of bitmaps in a transaction: the journal stays small, and the end near.
+constexpr qint64 mostInBatch = 4 * 1024 * 1024;
+/// Of bitmaps that wait to be written.
+constexpr qint64 mostWaiting = 64 * 1024 * 1024;
+
+qint64 today() {
+    return QDate::currentDate().toJulianDay();
+}
+
+}  // namespace
+
+ThumbnailCache::ThumbnailCache(const QString& path, qint64 bytes) : path_(path), bytes_(bytes) {
+    if (bytes_ > 0) {
+        writer_ = std::jthread([this](const std::stop_token& stop) { write(stop); });
+    }
+}
+
+ThumbnailCache::~ThumbnailCache() {
+    const std::lock_guard lock(mutex_);
+    end_ = steady_clock::now() + lastWrites;
+}
+
+QString ThumbnailCache::standardFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+           QStringLiteral("/velorama/thumbnails.sqlite");
+}
+
+std::optional<QImage> ThumbnailCache::find(const FileStamp& file, int cell) {
+    if (bytes_ <= 0 || !file.isFile()) {
+        return {};
+    }
+    if (std::optional<QImage> waiting = findWaiting(file, cell)) {
+        return waiting;
+    }
+    const std::optional<StoredThumbnail> stored = read(file, cell);
+    if (!stored) {
+        return {};
+    }
+    QImage found = unpackPixels(stored->pixels);
+    const bool isWhole = found.isNull() == stored->pixels.isEmpty();
+    return isWhole ? std::optional(std::move(found)) : std::nullopt;
+}
+
+std::optional<QImage> ThumbnailCache::findWaiting(const FileStamp& file, int cell) {
+    const std::lock_guard lock(mutex_);
+    const auto place = waiting_.constFind(ThumbnailFile::keyOf(file.path, cell));
+    const bool found = place != waiting_.cend() && place->file == file && place->cell == cell;
+    return found ? std::optional(place->thumbnail) : std::nullopt;
+}
+
+std::optional<StoredThumbnail> ThumbnailCache::read(const FileStamp& file, int cell) {
+    std::optional<StoredThumbnail> stored;
+    {
+        const std::lock_guard lock(readMutex_);
+        if (!reading_) {
+            reading_.emplace(path_);
+        }
+        stored = reading_->find(file, cell);
+    }
+    if (stored && stored->used != today()) {
+        const std::lock_guard lock(mutex_);
+        used_.push_back(ThumbnailFile::keyOf(file.path, cell));
+        changed_.notify_all();
+    }
+    return stored;
+}
+
+bool ThumbnailCache::isUsable() {
+    const std::lock_guard lock(readMutex_);
+    return reading_ && reading_->isOpen();
+}
+
+void ThumbnailCache::keep(const FileStamp& file, int cell, const QImage& thumbnail) {
+    if (bytes_ <= 0 || !file.isFile()) {
+        return;
+    }
+    const qint64 each = qint64{4} * cell * cell;
+    const std::lock_guard lock(mutex_);
+    if (waiting_.size() * each < mostWaiting) {
+        waiting_.insert(ThumbnailFile::keyOf(file.path, cell), {file, cell, thumbnail});
+        changed_.notify_all();
+    }
+}
+
+void ThumbnailCache::write(const std::stop_token& stop) {
+    std::optional<ThumbnailFile> file;
+    std::unique_lock lock(mutex_);
+    while (changed_.wait(lock, stop, [this] { return isWork(); }) && steady_clock::now() < end_) {
+        changed_.wait_for(lock, stop, gathering, [] { return false; });
+        const Batch batch = nextBatch();
+        const std::vector<qint64> used = std::exchange(used_, {});
+        lock.unlock();
+        if (!file) {
+            file.emplace(path_);
+        }
+        writeBatch(*file, batch, used);
+        lock.lock();
+        forget(batch);
+    }
+}
+
+ThumbnailCache::Batch ThumbnailCache::nextBatch() const {
+    Batch batch;
+    qint64 bytes = 0;
+    for (auto one = waiting_.cbegin(); one != waiting_.cend() && bytes < mostInBatch; ++one) {
+        bytes += one->thumbnail.sizeInBytes();
+        batch.push_back(*one);
+    }
+    // A folder's thumbnails lie together, in the order in which they will be asked for.
+    std::ranges::sort(batch, {}, [](const Waiting& one) { return one.file.path; });
+    return batch;
+}
+
+void ThumbnailCache::writeBatch(ThumbnailFile& file, const Batch& batch,
+                                const std::vector<qint64>& used) const {
+    if (!file.isOpen()) {
+        return;
+    }
+    std::vector<StoredThumbnail> thumbnails;
+    thumbnails.reserve(batch.size());
+    for (const Waiting& one : batch) {
+        thumbnails.push_back({one.file, one.cell, packPixels(one.thumbnail), today()});
+    }
+    file.write(thumbnails);
+    file.markUsed(used, today());
+    file.shrink(bytes_);
+}
+
+/// Those that have been made anew meanwhile go on waiting.
+void ThumbnailCache::forget(const Batch& batch) {
+    for (const Waiting& done : batch) {
+        const auto place = waiting_.constFind(ThumbnailFile::keyOf(done.file.path, done.cell));
+        if (place != waiting_.cend() && place->file == done.file) {
+            waiting_.erase(place);
+        }
+    }
+}
+
+}  // namespace velorama
