@@ -39,6 +39,10 @@ constexpr Work works[] = {
     {"resize", 2, resizingMainWindow},
     {"webcopy", 1, webAlbumAgainstCopying},
     {"webgallery", 1, webAlbumAgainstGallery},
+    {"again", 1, wallpapersAgain},
+    {"cameraagain", 1, cameraPicturesAgain},
+    {"keeping", 1, listingWithCache},
+    {"addlisted", 1, addingWhatIsListed},
 };
 
 constexpr int quickRounds = 3;
@@ -162,6 +166,9 @@ int main(int argc, char** argv) {
     }
     if (arguments.size() == 3 && arguments[0] == QLatin1String("--hold-show")) {
         return holdShow(arguments[1], arguments[2]);
+    }
+    if (arguments.size() == 3 && arguments[0] == QLatin1String("--list-pictures")) {
+        return listPictures(arguments[1], arguments[2]);
     }
     const auto wish = parsed(arguments);
     if (!wish) {

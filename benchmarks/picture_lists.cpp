@@ -16,7 +16,7 @@ const QString pattern = QStringLiteral("*.bmp;*.jpg;*.gif");
 
 }  // namespace
 
-PictureWindow::PictureWindow() {
+PictureWindow::PictureWindow(std::shared_ptr<ThumbnailCache> cache) : pictures_(std::move(cache)) {
     form_.resize(formSize);
     found_.ftvFOLDER->hide();
     found_.lvwFOUND->setGeometry(foundPlace);

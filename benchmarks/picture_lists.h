@@ -6,12 +6,15 @@
 
 #include <QStringList>
 
+#include <memory>
+
 namespace velorama::bench {
 
 /// The found list and the slide list as the main window has them, shown on the screen in memory.
 class PictureWindow {
 public:
-    PictureWindow();
+    explicit PictureWindow(
+        std::shared_ptr<ThumbnailCache> cache = std::make_shared<ThumbnailCache>());
 
     /// Lists a folder, with thumbnails.
     void list(const QString& folder) { listing_.ftvFOLDER_NodeChange(folder); }

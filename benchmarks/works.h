@@ -23,10 +23,18 @@ Contest webAlbumAgainstGallery();
 Contest openingAlbum();
 Contest savingAlbum();
 Contest resizingMainWindow();
+Contest wallpapersAgain();
+Contest cameraPicturesAgain();
+Contest listingWithCache();
+Contest addingWhatIsListed();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.
 int holdSlides(const QString& folder);
+
+/// Body of the processes that list a folder with the cache file of that path, or with none where it
+/// is empty, and add all of it; prints the milliseconds that each of the two took.
+int listPictures(const QString& folder, const QString& cacheFile);
 
 /// Body of the process that `memoryOfLongShow` starts: a show of all pictures of two folders;
 /// prints its memory early on and its most afterwards, in KiB.
