@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace velorama {
@@ -13,8 +14,11 @@ namespace {
 
 using std::chrono::steady_clock;
 
-/// What is made in this time is written in one transaction.
+/// Nothing is written while more comes within this time, since packing takes the processors from
+/// decoding ...
 constexpr std::chrono::milliseconds gathering(250);
+/// ... unless so many bytes of bitmaps wait.
+constexpr qint64 mostGathered = 16 * 1024 * 1024;
 /// For what is not written when the program ends.
 constexpr std::chrono::seconds lastWrites(1);
 /// Bytes of bitmaps in a transaction: the journal stays small, and the end near.
@@ -105,7 +109,7 @@ void ThumbnailCache::write(const std::stop_token& stop) {
     std::optional<ThumbnailFile> file;
     std::unique_lock lock(mutex_);
     while (changed_.wait(lock, stop, [this] { return isWork(); }) && steady_clock::now() < end_) {
-        changed_.wait_for(lock, stop, gathering, [] { return false; });
+        gather(lock, stop);
         const Batch batch = nextBatch();
         const std::vector<qint64> used = std::exchange(used_, {});
         lock.unlock();
@@ -116,6 +120,20 @@ void ThumbnailCache::write(const std::stop_token& stop) {
         lock.lock();
         forget(batch);
     }
+}
+
+void ThumbnailCache::gather(std::unique_lock<std::mutex>& lock, const std::stop_token& stop) {
+    qsizetype before = -1;
+    while (!stop.stop_requested() && waiting_.size() != before && waitingBytes() < mostGathered) {
+        before = waiting_.size();
+        changed_.wait_for(lock, stop, gathering, [] { return false; });
+    }
+}
+
+qint64 ThumbnailCache::waitingBytes() const {
+    return std::accumulate(
+        waiting_.cbegin(), waiting_.cend(), qint64{0},
+        [](qint64 sum, const Waiting& one) { return sum + one.thumbnail.sizeInBytes(); });
 }
 
 ThumbnailCache::Batch ThumbnailCache::nextBatch() const {

@@ -55,6 +55,8 @@ private:
     std::optional<StoredThumbnail> read(const FileStamp& file, int cell);
     void write(const std::stop_token& stop);
     bool isWork() const { return !waiting_.empty() || !used_.empty(); }
+    void gather(std::unique_lock<std::mutex>& lock, const std::stop_token& stop);
+    qint64 waitingBytes() const;
     Batch nextBatch() const;
     void writeBatch(ThumbnailFile& file, const Batch& batch, const std::vector<qint64>& used) const;
     void forget(const Batch& batch);
