@@ -1,5 +1,6 @@
 #include "imaging/ahead/cell_source.h"
 
+#include "imaging/decode/picture_size.h"
 #include "imaging/scale/scaling.h"
 #include "platform/files/paths.h"
 
@@ -18,6 +19,12 @@ bool canBeRead(const QString& file) {
         count = handle.read(piece.data(), piece.size());
     }
     return count == 0;
+}
+
+/// Whether a file that gave no bitmap will never give one. One with a picture's head may have
+/// failed for want of memory, and is tried again.
+bool isNoPicture(const QString& file) {
+    return PictureFileSize(file).isEmpty() && canBeRead(file);
 }
 
 /// A picture that cannot be decoded can be for no cell.
@@ -42,7 +49,7 @@ QImage CellSource::load(const QString& path, int side) const {
     const Picture picture = LoadPicture(path, Fit::cell(side));
     const QImage bitmap = fitted(picture, Fit::cell(side));
     if (isSettled && cache_->isUsable() && bitmap.isNull() == picture.isNull() &&
-        (!picture.isNull() || canBeRead(host)) && FileStamp::of(host) == file) {
+        (!picture.isNull() || isNoPicture(host)) && FileStamp::of(host) == file) {
         keep(file, side, bitmap, picture);
     }
     return bitmap;
