@@ -2,13 +2,15 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <QUrl>
 
 #include <chrono>
-#include <memory>
 
 namespace velorama {
+
+class HttpExchange;
 
 /// What one GET may cost.
 struct HttpLimits {
@@ -34,8 +36,7 @@ struct HttpAnswer {
     QByteArray body;
 };
 
-/// One GET over HTTP or HTTPS, through the system's proxy, but never to this machine itself. Its
-/// destruction ends it and its connection without a further word.
+/// One GET over HTTP or HTTPS. Its destruction ends it without a further word.
 class HttpRequest : public QObject {
     Q_OBJECT
 public:
@@ -47,17 +48,16 @@ signals:
     void finished(const velorama::HttpAnswer& answer);
 
 private:
-    struct Transfer;
-
     void ask(const QUrl& address);
-    void end(bool whole);
+    void take(bool whole);
     bool mayGoTo(const QUrl& target);
+    void end(bool ok);
 
     HttpLimits limits_;
     HttpAnswer answer_;
-    /// At its end the answer is told, whether it is there or not.
+    QPointer<HttpExchange> exchange_;
+    int redirects_ = 0;
     QTimer time_;
-    std::unique_ptr<Transfer> transfer_;
 };
 
 /// Whether the address is one that HttpRequest asks: HTTP or HTTPS with a host.
