@@ -15,10 +15,12 @@ namespace {
 
 constexpr std::chrono::seconds longestWait{5};
 
-/// A desktop: what it calls itself, who of it is on the bus, and the way to its background.
+/// A desktop: what it calls itself, how it is known where it does not (by who of it is on the bus,
+/// or by a variable it sets), and the way to its background.
 struct Desktop {
     std::array<const char*, 8> names;
     const char* service;
+    const char* variable;
     bool (*set)(const BackgroundSession&, const QString&);
 };
 
@@ -26,13 +28,17 @@ constexpr Desktop desktops[] = {
     {{"gnome", "gnome-flashback", "gnome-classic", "gnome-xorg", "ubuntu", "unity", "budgie",
       "pantheon"},
      "org.gnome.Shell",
+     nullptr,
      setGnomeBackground},
-    {{"x-cinnamon", "cinnamon"}, "org.Cinnamon", setCinnamonBackground},
-    {{"mate"}, "org.mate.Panel", setMateBackground},
-    {{"kde", "plasma", "plasmax11", "plasmawayland"}, "org.kde.plasmashell", setPlasmaBackground},
-    {{"xfce", "xubuntu"}, "org.xfce.xfdesktop", setXfceBackground},
-    {{"lxqt", "lubuntu"}, "org.pcmanfm.PCManFM", setLxqtBackground},
-    {{"sway"}, "", setSwayBackground},
+    {{"x-cinnamon", "cinnamon"}, "org.Cinnamon", nullptr, setCinnamonBackground},
+    {{"mate"}, "org.mate.Panel", nullptr, setMateBackground},
+    {{"kde", "plasma", "plasmax11", "plasmawayland"},
+     "org.kde.plasmashell",
+     nullptr,
+     setPlasmaBackground},
+    {{"xfce", "xubuntu"}, "org.xfce.xfdesktop", nullptr, setXfceBackground},
+    {{"lxqt", "lubuntu"}, "org.pcmanfm.PCManFM", nullptr, setLxqtBackground},
+    {{"sway"}, nullptr, "SWAYSOCK", setSwayBackground},
 };
 
 bool hasName(const Desktop& desktop, const QString& name) {
@@ -42,9 +48,8 @@ bool hasName(const Desktop& desktop, const QString& name) {
 }
 
 bool answers(const Desktop& desktop, const BackgroundSession& session) {
-    const QString service = QLatin1String(desktop.service);
-    return service.isEmpty() ? !session.variable("SWAYSOCK").isEmpty()
-                             : session.hasService(service);
+    return (desktop.service && session.hasService(QLatin1String(desktop.service))) ||
+           (desktop.variable && !session.variable(desktop.variable).isEmpty());
 }
 
 /// By what the session calls itself; where it is silent or lies, by who is there.
