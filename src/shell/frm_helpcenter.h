@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/browser/web_window.h"
 #include "controls/buttons/push_button.h"
-#include "controls/pages/web_window.h"
 
 #include <QLabel>
 #include <QPointer>

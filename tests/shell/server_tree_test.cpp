@@ -1,4 +1,4 @@
-#include "controls/pages/page_addresses.h"
+#include "controls/browser/page_addresses.h"
 #include "core/lib_txt.h"
 #include "platform/numbers.h"
 #include "shell/frm_helpcenter.h"

@@ -26,7 +26,8 @@ const QHash<QString, Ranks>& rooms() {
           row("")}},
         {QStringLiteral("imaging"), {row("ahead"), row("cache decode scale paint"), row("pixels")}},
         {QStringLiteral("controls"),
-         {row("dialogs pages lists"), row("buttons"), row("boxes"), row("input"), row("geometry")}},
+         {row("dialogs browser lists"), row("buttons"), row("boxes"), row("input"),
+          row("geometry")}},
         {QStringLiteral("ui"), {row(""), row("pages dialogs"), row("parts")}},
     };
     return all;

@@ -1,4 +1,4 @@
-#include "controls/pages/page_document.h"
+#include "controls/browser/page_document.h"
 
 namespace velorama {
 

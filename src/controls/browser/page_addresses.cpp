@@ -1,4 +1,4 @@
-#include "controls/pages/page_addresses.h"
+#include "controls/browser/page_addresses.h"
 
 #include "platform/web/http_request.h"
 

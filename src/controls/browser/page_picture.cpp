@@ -1,4 +1,4 @@
-#include "controls/pages/page_picture.h"
+#include "controls/browser/page_picture.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -1,4 +1,4 @@
-#include "controls/pages/web_window.h"
+#include "controls/browser/web_window.h"
 
 #include "support/http_server.h"
 #include "support/waiting.h"

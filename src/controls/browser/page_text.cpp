@@ -1,4 +1,4 @@
-#include "controls/pages/page_text.h"
+#include "controls/browser/page_text.h"
 
 #include <QRegularExpression>
 #include <QStringDecoder>

@@ -1,4 +1,4 @@
-#include "controls/pages/page_load.h"
+#include "controls/browser/page_load.h"
 
 #include "support/http_server.h"
 #include "support/waiting.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/pages/page_load.h"
-#include "controls/pages/web_page.h"
+#include "controls/browser/page_load.h"
+#include "controls/browser/web_page.h"
 
 #include <QPointer>
 #include <QTextBrowser>

@@ -1,6 +1,6 @@
-#include "controls/pages/page_load.h"
+#include "controls/browser/page_load.h"
 
-#include "controls/pages/page_picture.h"
+#include "controls/browser/page_picture.h"
 
 namespace velorama {
 namespace {

@@ -1,7 +1,7 @@
-#include "controls/pages/web_page.h"
+#include "controls/browser/web_page.h"
 
-#include "controls/pages/page_addresses.h"
-#include "controls/pages/page_cost.h"
+#include "controls/browser/page_addresses.h"
+#include "controls/browser/page_cost.h"
 
 namespace velorama {
 

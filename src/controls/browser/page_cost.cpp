@@ -1,4 +1,4 @@
-#include "controls/pages/page_cost.h"
+#include "controls/browser/page_cost.h"
 
 #include <QRegularExpression>
 

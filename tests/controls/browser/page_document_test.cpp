@@ -1,4 +1,4 @@
-#include "controls/pages/web_page.h"
+#include "controls/browser/web_page.h"
 
 #include "support/test_world.h"
 

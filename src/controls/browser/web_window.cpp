@@ -1,6 +1,6 @@
-#include "controls/pages/web_window.h"
+#include "controls/browser/web_window.h"
 
-#include "controls/pages/page_addresses.h"
+#include "controls/browser/page_addresses.h"
 
 #include <QEvent>
 #include <QScrollBar>

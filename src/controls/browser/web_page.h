@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/pages/page_document.h"
-#include "controls/pages/page_text.h"
+#include "controls/browser/page_document.h"
+#include "controls/browser/page_text.h"
 
 #include <QUrl>
 
