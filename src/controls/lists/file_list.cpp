@@ -1,11 +1,10 @@
 #include "controls/lists/file_list.h"
 
+#include "platform/files/name_order.h"
 #include "platform/files/paths.h"
 
 #include <QDir>
 #include <QDirIterator>
-
-#include <algorithm>
 
 namespace velorama {
 namespace {
@@ -42,7 +41,7 @@ void FileList::read() {
         entries.next();
         names_.append(entries.fileName());
     }
-    std::stable_sort(names_.begin(), names_.end(), sortsBefore);
+    NameOrder().sort(names_);
 }
 
 }  // namespace velorama

@@ -5,8 +5,8 @@
 
 namespace velorama {
 
-/// A hidden file list box: the names of the files of a folder that match a pattern, sorted by name
-/// without regard to letter case (then with it).
+/// A hidden file list box: the names of the files of a folder that match a pattern, sorted as of
+/// `NameOrder`.
 class FileList {
 public:
     QString Path() const { return path_; }

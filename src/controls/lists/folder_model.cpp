@@ -1,6 +1,7 @@
 #include "controls/lists/folder_model.h"
 
 #include "controls/buttons/icon.h"
+#include "platform/files/name_order.h"
 #include "platform/files/paths.h"
 
 #include <QDir>
@@ -107,8 +108,9 @@ void FolderModel::refresh(const QModelIndex& index) {
             fresh.push_back(std::make_unique<Folder>(known.text(), known.path));
         }
     }
-    std::sort(fresh.begin(), fresh.end(),
-              [](const auto& a, const auto& b) { return sortsBefore(a->text(), b->text()); });
+    std::sort(fresh.begin(), fresh.end(), [order = NameOrder()](const auto& a, const auto& b) {
+        return order(a->text(), b->text());
+    });
     folder.read = true;
     folder.hasAny = fresh.empty() ? 0 : 1;
     merge(folder, std::move(fresh));
@@ -178,13 +180,14 @@ FolderModel::Folder* FolderModel::child(Folder& parent, const QString& name) {
     if (!parent.read) {
         refresh(parent.index());
     }
+    const NameOrder order;
     int place = 0;
     for (int row = 0; row < parent.rowCount(); ++row) {
         Folder& each = childOf(parent, row);
         if (each.text() == name) {
             return QDir(each.path).exists() ? &each : nullptr;
         }
-        place += sortsBefore(each.text(), name) ? 1 : 0;
+        place += order(each.text(), name) ? 1 : 0;
     }
     const QString path = below(parent.path, name);
     if (!QDir(path).exists()) {

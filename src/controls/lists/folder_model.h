@@ -16,7 +16,7 @@ struct FolderRoot {
 /// The user's pictures folder and home folder, the whole computer, the mounted media of the moment.
 std::vector<FolderRoot> folderRoots();
 
-/// The folders below some roots, without hidden ones, sorted by name without regard to letter case.
+/// The folders below some roots, without hidden ones, sorted as of `NameOrder`.
 /// A folder is read when it is first opened.
 class FolderModel : public QStandardItemModel {
     Q_OBJECT

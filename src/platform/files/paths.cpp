@@ -175,11 +175,6 @@ QString lastSegment(const QString& path) {
     return path.mid(at + 1);
 }
 
-bool sortsBefore(const QString& name, const QString& other) {
-    const int order = name.compare(other, Qt::CaseInsensitive);
-    return order != 0 ? order < 0 : name < other;
-}
-
 QString hostFile(const QString& path) {
     if (!canBeName(path)) {
         return QString();

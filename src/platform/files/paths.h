@@ -27,10 +27,6 @@ QString joinPath(const QString& folder, const QString& name);
 /// occur; the whole path if neither does. Empty for a path that ends in its separator.
 QString lastSegment(const QString& path);
 
-/// Whether a name stands before another in the list of a folder: letter case counts only between
-/// names that are the same without it.
-bool sortsBefore(const QString& name, const QString& other);
-
 /// The file of this machine that a path means: the path itself if it exists; otherwise the one that
 /// differs only in letter case or in the kind of slash, as a case-blind system would find it;
 /// otherwise the path unchanged. The first match in name order wins. A path on a drive that the

@@ -1,5 +1,6 @@
 #include "controls/lists/file_list.h"
 
+#include "support/default_locale.h"
 #include "support/test_world.h"
 
 #include <QDir>
@@ -45,6 +46,15 @@ TEST(FileList, SortsWithoutRegardToLetterCaseThenWithIt) {
                     QStringLiteral("C.jpg"), QStringLiteral("a10.jpg"), QStringLiteral("a2.jpg")});
     EXPECT_EQ(listed(folder, pictures).join(u' '),
               QStringLiteral("A.jpg a.jpg a10.jpg a2.jpg b.jpg C.jpg"));
+}
+
+TEST(FileList, SortsAsTheUsersLanguageDoes) {
+    const test::DefaultLocale locale(QStringLiteral("de_DE"));
+    const QString folder = folderWith({QStringLiteral("Bild 10.jpg"), QStringLiteral("bild 9.jpg"),
+                                       QStringLiteral("Zug.jpg"), QStringLiteral("Äpfel.jpg"),
+                                       QStringLiteral("Apfel.jpg"), QStringLiteral("Bild 2.jpg")});
+    EXPECT_EQ(listed(folder, pictures).join(u'|'),
+              QStringLiteral("Apfel.jpg|Äpfel.jpg|Bild 2.jpg|bild 9.jpg|Bild 10.jpg|Zug.jpg"));
 }
 
 TEST(FileList, ThePatternHasSeveralPartsAndIgnoresLetterCase) {

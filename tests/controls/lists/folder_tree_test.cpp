@@ -1,6 +1,7 @@
 #include "controls/lists/folder_tree.h"
 
 #include "controls/lists/folder_model.h"
+#include "support/default_locale.h"
 #include "support/test_world.h"
 
 #include <QAbstractItemModelTester>
@@ -81,6 +82,15 @@ TEST_F(Tree, SettingThePathOpensTheTreeAndTellsOnce) {
     EXPECT_TRUE(tree.isExpanded(current().parent()));
     EXPECT_EQ(printed(tree, current().parent().parent()),
               QStringLiteral("Alps alps beach .day 1 .Day 2 Zoo "));
+}
+
+TEST_F(Tree, FoldersStandAsTheUsersLanguageSortsThem) {
+    const test::DefaultLocale locale(QStringLiteral("de_DE"));
+    make(base, {QStringLiteral("Reise/Tag 10"), QStringLiteral("Reise/Tag 9"),
+                QStringLiteral("Reise/Übrig"), QStringLiteral("Reise/Ufer"),
+                QStringLiteral("Reise/Vögel")});
+    tree.setPath(in("Reise/Tag 10"));
+    EXPECT_EQ(printed(tree, current().parent()), QStringLiteral("Tag 9 Tag 10 Übrig Ufer Vögel "));
 }
 
 TEST_F(Tree, SettingTheSamePathTellsAgain) {
