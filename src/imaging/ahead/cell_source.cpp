@@ -38,21 +38,24 @@ QImage fitted(const Picture& picture, const Fit& fit) {
     return fittedBitmap(picture.bitmap, fitTarget(picture.size, fit), white, picture.extent);
 }
 
-QImage CellSource::load(const QString& path, int side) const {
+Cell CellSource::cell(const QString& path, int side) const {
     const QString host = hostFile(path);
     const FileStamp file = FileStamp::of(host);
     if (std::optional<QImage> kept = cache_->find(file, side)) {
-        return *std::move(kept);
+        return {*std::move(kept), file};
     }
     // Asked before the file is read: a change from here on will show.
     const bool isSettled = file.isSettled();
     const Picture picture = LoadPicture(path, Fit::cell(side));
     const QImage bitmap = fitted(picture, Fit::cell(side));
+    if (FileStamp::of(host) != file) {
+        return {bitmap, {}};
+    }
     if (isSettled && cache_->isUsable() && bitmap.isNull() == picture.isNull() &&
-        (!picture.isNull() || isNoPicture(host)) && FileStamp::of(host) == file) {
+        (!picture.isNull() || isNoPicture(host))) {
         keep(file, side, bitmap, picture);
     }
-    return bitmap;
+    return {bitmap, file};
 }
 
 void CellSource::keep(const FileStamp& file, int side, const QImage& bitmap,

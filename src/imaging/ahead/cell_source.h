@@ -8,6 +8,13 @@
 
 namespace velorama {
 
+/// The bitmap of a thumbnail cell, and the state of the file that it was made from: that of no file
+/// where the file changed meanwhile.
+struct Cell {
+    QImage bitmap;
+    FileStamp file;
+};
+
 /// Where the bitmaps of thumbnail cells come from: the cache, or the picture. Which of the two
 /// makes no difference but in time. Cheap to copy; its loading is safe on any thread.
 class CellSource {
@@ -19,7 +26,16 @@ public:
     void setCells(const std::vector<int>& sides) { sides_ = sides; }
 
     /// The picture in a cell of `side` device pixels, as of `LookAhead::load`.
-    QImage load(const QString& path, int side) const;
+    QImage load(const QString& path, int side) const { return cell(path, side).bitmap; }
+    Cell cell(const QString& path, int side) const;
+
+    /// As of ThumbnailCache.
+    std::optional<QImage> find(const FileStamp& file, int side) const {
+        return cache_->find(file, side);
+    }
+    ThumbnailCache::Holding holds(const FileStamp& file, int side) const {
+        return cache_->holds(file, side);
+    }
 
 private:
     void keep(const FileStamp& file, int side, const QImage& bitmap, const Picture& picture) const;

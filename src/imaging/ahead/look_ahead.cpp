@@ -13,12 +13,13 @@
 namespace velorama {
 namespace {
 
-QImage loadFitted(const QString& path, const Fit& fit, const CellSource& cells) {
+/// What it was made from is told of cells alone.
+Cell loadFitted(const QString& path, const Fit& fit, const CellSource& cells) {
     if (fit.kind == Fit::Kind::Cell) {
-        return cells.load(path, fit.box.width());
+        return cells.cell(path, fit.box.width());
     }
     const Picture picture = LoadPicture(path, fit);
-    return fit.kind == Fit::Kind::Whole ? picture.bitmap : fitted(picture, fit);
+    return {fit.kind == Fit::Kind::Whole ? picture.bitmap : fitted(picture, fit), {}};
 }
 
 }  // namespace
@@ -69,13 +70,13 @@ void LookAhead::expect(const QStringList& paths, const Fit& fit) {
     drop(std::move(before));
 }
 
-QImage LookAhead::load(const QString& path, const Fit& fit) {
+Cell LookAhead::loadCell(const QString& path, const Fit& fit) {
     auto work = fit == fit_ ? works_.extract(path) : Works::node_type();
     if (work) {
         // Asking for a result that no thread has begun with makes it here.
         const Work done = work.mapped().result();
         if (done.file == stateOf(path)) {
-            return done.bitmap;
+            return done.cell;
         }
     }
     return loadFitted(path, fit, cells_);

@@ -33,7 +33,12 @@ public:
     /// it where it is see-through; the picture's own for Fit::whole(). From the work ahead where
     /// any has begun, else made now by the caller's thread; taken from it either way. Null for what
     /// cannot be loaded.
-    QImage load(const QString& path, const Fit& fit);
+    QImage load(const QString& path, const Fit& fit) { return loadCell(path, fit).bitmap; }
+    /// The same for Fit::cell(side), and what the cell was made from.
+    Cell cell(const QString& path, int side) { return loadCell(path, Fit::cell(side)); }
+
+    /// Where cells come from, for whoever wants one again later.
+    const CellSource& cells() const { return cells_; }
 
 private:
     struct FileState {
@@ -43,11 +48,12 @@ private:
     };
     struct Work {
         FileState file;
-        QImage bitmap;
+        Cell cell;
     };
     using Works = std::unordered_map<QString, QFuture<Work>>;
 
     static FileState stateOf(const QString& path);
+    Cell loadCell(const QString& path, const Fit& fit);
     static Work workOn(const QString& path, const Fit& fit, const CellSource& cells);
     static void drop(Works works);
 

@@ -52,8 +52,9 @@ std::optional<QImage> ThumbnailCache::find(const FileStamp& file, int cell) {
     if (bytes_ <= 0 || !file.isFile()) {
         return {};
     }
-    if (std::optional<QImage> waiting = findWaiting(file, cell)) {
-        return waiting;
+    const std::optional<Waiting> unwritten = waiting(file, cell);
+    if (unwritten && unwritten->file == file) {
+        return unwritten->thumbnail;
     }
     const std::optional<StoredThumbnail> stored = read(file, cell);
     if (!stored) {
@@ -64,11 +65,24 @@ std::optional<QImage> ThumbnailCache::find(const FileStamp& file, int cell) {
     return isWhole ? std::optional(std::move(found)) : std::nullopt;
 }
 
-std::optional<QImage> ThumbnailCache::findWaiting(const FileStamp& file, int cell) {
+ThumbnailCache::Holding ThumbnailCache::holds(const FileStamp& file, int cell) {
+    if (bytes_ <= 0 || !file.isFile()) {
+        return Holding::Nothing;
+    }
+    if (const std::optional<Waiting> unwritten = waiting(file, cell)) {
+        // That of a later state will soon take the place of ours.
+        return unwritten->file == file ? Holding::Unwritten : Holding::Nothing;
+    }
+    return read(file, cell) ? Holding::Written : Holding::Nothing;
+}
+
+/// What waits to be written for the cell, of whatever state of the file.
+std::optional<ThumbnailCache::Waiting> ThumbnailCache::waiting(const FileStamp& file, int cell) {
     const std::lock_guard lock(mutex_);
     const auto place = waiting_.constFind(ThumbnailFile::keyOf(file.path, cell));
-    const bool found = place != waiting_.cend() && place->file == file && place->cell == cell;
-    return found ? std::optional(place->thumbnail) : std::nullopt;
+    const bool found =
+        place != waiting_.cend() && place->file.path == file.path && place->cell == cell;
+    return found ? std::optional(*place) : std::nullopt;
 }
 
 std::optional<StoredThumbnail> ThumbnailCache::read(const FileStamp& file, int cell) {

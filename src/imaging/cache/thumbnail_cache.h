@@ -37,6 +37,10 @@ public:
     /// What was kept of exactly this state of the file, for a cell of `cell` device pixels. A null
     /// image: that the file is no picture.
     std::optional<QImage> find(const FileStamp& file, int cell);
+    enum class Holding { Nothing, Unwritten, Written };
+    /// Whether `find` would give something, and whether the file has it already: what is unwritten
+    /// may be lost to a full disk.
+    Holding holds(const FileStamp& file, int cell);
     /// Whether what is kept may last: known after the first `find`.
     bool isUsable();
     /// Formats as of `packPixels`. Not kept: what is of no file, and what comes faster than the
@@ -51,7 +55,7 @@ private:
     };
     using Batch = std::vector<Waiting>;
 
-    std::optional<QImage> findWaiting(const FileStamp& file, int cell);
+    std::optional<Waiting> waiting(const FileStamp& file, int cell);
     std::optional<StoredThumbnail> read(const FileStamp& file, int cell);
     void write(const std::stop_token& stop);
     bool isWork() const { return !waiting_.empty() || !used_.empty(); }

@@ -2,6 +2,7 @@
 
 #include "support/full_disk.h"
 #include "support/test_world.h"
+#include "support/waiting.h"
 
 #include <QDir>
 #include <QFile>
@@ -78,6 +79,24 @@ TEST_F(ThumbnailCacheTest, IsUsableWhereItsFileIs) {
     ThumbnailCache nowhere(QStringLiteral("/proc/velorama/thumbnails.sqlite"), plenty);
     nowhere.find(stampOf("a"), 64);
     EXPECT_FALSE(nowhere.isUsable());
+}
+
+TEST_F(ThumbnailCacheTest, TellsWhatItHoldsAndWhatIsOnlyWaiting) {
+    using Holding = ThumbnailCache::Holding;
+    ThumbnailCache cache(path, plenty);
+    EXPECT_EQ(cache.holds(stampOf("a"), 64), Holding::Nothing);
+    cache.keep(stampOf("a"), 64, grey(1));
+    EXPECT_EQ(cache.holds(stampOf("a"), 64), Holding::Unwritten);
+    EXPECT_EQ(cache.holds(stampOf("a"), 90), Holding::Nothing);
+    ASSERT_TRUE(test::comesTrue([&] { return cache.holds(stampOf("a"), 64) == Holding::Written; }));
+    FileStamp later = stampOf("a");
+    ++later.changed;
+    EXPECT_EQ(cache.holds(later, 64), Holding::Nothing);
+    cache.keep(later, 64, grey(2));
+    EXPECT_EQ(cache.holds(later, 64), Holding::Unwritten);
+    EXPECT_EQ(cache.holds(stampOf("a"), 64), Holding::Nothing) << "soon overwritten";
+    EXPECT_EQ(cache.holds({}, 64), Holding::Nothing);
+    EXPECT_EQ(ThumbnailCache().holds(stampOf("a"), 64), Holding::Nothing);
 }
 
 TEST_F(ThumbnailCacheTest, StandsInTheUsersFolderForWhatCanBeMadeAnew) {
