@@ -1,94 +1,39 @@
 #include "browse/thumbnails.h"
 
-#include "controls/geometry/twips.h"
 #include "imaging/scale/scaling.h"
-#include "platform/numbers.h"
 #include "platform/process/events.h"
 
 #include <QPainter>
 
-#include <algorithm>
-
 namespace velorama {
 namespace {
 
-constexpr double twipsPerPixel = twipsPerLogicalPixel;
-
-// Twips. The slide thumbnail sits this far off the centre and loses a rim of its picture.
-constexpr double slideShift = 45;
-constexpr double slideInset = 60;
-constexpr double slideRim = 90;
-
-int pixels(double twips) {
-    return static_cast<int>(roundHalfEven(twips / twipsPerPixel));
-}
-
-/// Left or top edge, in whole twips, of a box of `inner` pixels in one of `outer` pixels.
-double centred(int outer, int inner, double shift) {
-    const double free = (outer - inner) * twipsPerPixel;
-    return static_cast<double>(roundHalfEven(free * 0.5 + shift));
-}
-
-/// The file scaled to a square cell of `cell` pixels; null if it cannot be loaded.
-QImage resampledFile(LookAhead& pictures, const QString& path, int cell) {
-    const QImage picture = pictures.load(path, Fit::cell(cell));
-    return picture.isNull() ? picture : PictureResize(picture, picture.size(), white);
-}
-
-// The cells are painted in device pixels and learn their ratio only when they are done.
-
-void paintFound(QImage& cell, const QImage& picture) {
-    const int x = pixels(centred(cell.width(), picture.width(), 0));
-    const int y = pixels(centred(cell.height(), picture.height(), 0));
-    QPainter(&cell).drawImage(x, y, picture);
-}
-
-void paintFrame(QImage& cell, double ratio) {
-    const int line = std::max(1, static_cast<int>(roundHalfEven(ratio)));
-    const int far = cell.width() - line;
-    QPainter painter(&cell);
-    for (const QRect& edge :
-         {QRect(0, 0, line, cell.height()), QRect(0, 0, cell.width(), line),
-          QRect(far, 0, line, cell.height()), QRect(0, far, cell.width(), line)}) {
-        painter.fillRect(edge, Qt::black);
+/// The file scaled to a square cell; its bitmap is null if it cannot be loaded. Events run.
+Cell resampledFile(LookAhead& pictures, const QString& path, int side) {
+    Cell cell = pictures.cell(path, side);
+    if (!cell.bitmap.isNull()) {
+        cell.bitmap = PictureResize(cell.bitmap, cell.bitmap.size(), white);
     }
-}
-
-void paintSlide(QImage& cell, const QImage& picture, double ratio) {
-    const int rim = pixels(slideRim * ratio);
-    const QRect kept = picture.rect().adjusted(rim, rim, -rim, -rim);
-    if (kept.isEmpty()) {
-        return;
-    }
-    const double shift = slideShift * ratio;
-    const double inset = slideInset * ratio;
-    const int x = pixels(centred(cell.width(), picture.width(), shift) + inset);
-    const int y = pixels(centred(cell.height(), picture.height(), shift) + inset);
-    QPainter(&cell).drawImage(QPoint(x, y), picture, kept);
+    return cell;
 }
 
 }  // namespace
 
 Thumbnails::Thumbnails(ImageList& imlFOUNDICONS, ImageList& imlTHUMBNAILS, LookAhead& pictures,
                        double devicePixelRatio)
-    : imlFOUNDICONS_(&imlFOUNDICONS),
-      imlTHUMBNAILS_(&imlTHUMBNAILS),
-      pictures_(pictures),
-      ratio_(std::max(devicePixelRatio, 0.5)),
-      blankSlide_(blankCell(slideCell)) {
-    blankSlide_.setDevicePixelRatio(ratio_);
-    pictures_.setCells({devicePixels(foundCell), devicePixels(slideCell)});
+    : imlFOUNDICONS_(&imlFOUNDICONS), imlTHUMBNAILS_(&imlTHUMBNAILS), pictures_(pictures) {
+    using Kind = ThumbnailMaker::Kind;
+    const auto maker = [&](Kind kind) {
+        return std::make_shared<const ThumbnailMaker>(kind, devicePixelRatio, pictures_.cells());
+    };
+    pictures_.setCells({maker(Kind::Found)->side(), maker(Kind::Slide)->side()});
+    found_ = maker(Kind::Found);
+    slide_ = maker(Kind::Slide);
 }
 
-int Thumbnails::devicePixels(int cell) const {
-    return static_cast<int>(roundHalfEven(cell * ratio_));
-}
-
-QImage Thumbnails::blankCell(int cell) const {
-    const int side = devicePixels(cell);
-    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    return image;
+void Thumbnails::add(ImageList& list, const QString& path, const Cell& cell,
+                     const std::shared_ptr<const ThumbnailMaker>& maker) {
+    list.Add(path, maker->compose(cell.bitmap), originOf(maker, path, cell));
 }
 
 void Thumbnails::FoundThumbnailAdd(const QString& Path) {
@@ -100,16 +45,12 @@ void Thumbnails::FoundThumbnailAdd(const QString& Path) {
     }
     // A second image under the key would be refused: the picture need not be decoded for that.
     if (list->indexOf(Path) == 0) {
-        QImage cell = blankCell(foundCell);
-        const double ratio = ratio_;
-        const QImage picture = resampledFile(pictures_, Path, cell.width());
+        const std::shared_ptr<const ThumbnailMaker> maker = found_;
+        const Cell cell = resampledFile(pictures_, Path, maker->side());
         if (!list) {
             return;
         }
-        paintFound(cell, picture);
-        paintFrame(cell, ratio);
-        cell.setDevicePixelRatio(ratio);
-        list->Add(Path, cell);
+        add(*list, Path, cell, maker);
     }
     DoEvents();
 }
@@ -123,18 +64,12 @@ void Thumbnails::SlideThumbnailAdd(const QString& Path) {
     if (list->indexOf(Path) != 0) {
         return;
     }
-    QImage cell = blankSlide_;
-    const double ratio = ratio_;
-    const QImage picture = resampledFile(pictures_, Path, cell.width());
+    const std::shared_ptr<const ThumbnailMaker> maker = slide_;
+    const Cell cell = resampledFile(pictures_, Path, maker->side());
     if (!list) {
         return;
     }
-    if (!picture.isNull()) {
-        cell.setDevicePixelRatio(1);
-        paintSlide(cell, picture, ratio);
-        cell.setDevicePixelRatio(ratio);
-    }
-    list->Add(Path, cell);
+    add(*list, Path, cell, maker);
 }
 
 int Thumbnails::FoundIconIndex(const QString& Path) const {
@@ -146,16 +81,16 @@ int Thumbnails::SlideIconIndex(const QString& Path) const {
 }
 
 void Thumbnails::expectFound(const QStringList& paths) {
-    pictures_.expect(paths, Fit::cell(devicePixels(foundCell)));
+    pictures_.expect(paths, Fit::cell(found_->side()));
 }
 
 void Thumbnails::expectSlides(const QStringList& paths) {
-    pictures_.expect(paths, Fit::cell(devicePixels(slideCell)));
+    pictures_.expect(paths, Fit::cell(slide_->side()));
 }
 
 QImage Thumbnails::placeholder() const {
-    QImage cell = blankCell(foundCell);
-    cell.setDevicePixelRatio(ratio_);
+    QImage cell = found_->empty();
+    cell.setDevicePixelRatio(found_->ratio());
     QPainter painter(&cell);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(0x8c, 0x92, 0x99), 2));

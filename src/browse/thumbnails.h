@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browse/thumbnail_maker.h"
 #include "controls/lists/image_list.h"
 #include "imaging/ahead/look_ahead.h"
 
@@ -15,8 +16,7 @@ public:
     Thumbnails(ImageList& imlFOUNDICONS, ImageList& imlTHUMBNAILS, LookAhead& pictures,
                double devicePixelRatio = 1);
 
-    static constexpr int foundCell = 64;
-    static constexpr int slideCell = 90;
+    static constexpr int slideCell = ThumbnailMaker::slideCell;
 
     /// Adds an image to imlFOUNDICONS; lets pending events run before and after.
     void FoundThumbnailAdd(const QString& Path);
@@ -34,17 +34,16 @@ public:
     QImage placeholder() const;
 
 private:
-    /// Side of a cell in device pixels.
-    int devicePixels(int cell) const;
-    QImage blankCell(int cell) const;
+    static void add(ImageList& list, const QString& path, const Cell& cell,
+                    const std::shared_ptr<const ThumbnailMaker>& maker);
 
     // Events run while a thumbnail is made, the closing of the window among them.
     QPointer<ImageList> imlFOUNDICONS_;
     QPointer<ImageList> imlTHUMBNAILS_;
     LookAhead& pictures_;
-    double ratio_;
-    /// One for all files that cannot be loaded: an album of lost pictures takes no memory for them.
-    QImage blankSlide_;
+    // Shared with the origins of the images, which threads may be asking when this is gone.
+    std::shared_ptr<const ThumbnailMaker> found_;
+    std::shared_ptr<const ThumbnailMaker> slide_;
 };
 
 }  // namespace velorama

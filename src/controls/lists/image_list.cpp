@@ -1,6 +1,7 @@
 #include "controls/lists/image_list.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velorama {
 namespace {
@@ -16,15 +17,17 @@ QImage paintable(const QImage& image) {
 
 }  // namespace
 
-bool ImageList::Add(const QString& key, const QImage& image) {
+bool ImageList::Add(const QString& key, const QImage& image,
+                    std::shared_ptr<const ImageOrigin> origin) {
     if (key.isEmpty() || numbers_.contains(key)) {
         return false;
     }
     if (!size_.isValid() && !image.isNull()) {
         size_ = image.deviceIndependentSize().toSize();
     }
-    entries_.push_back({key, paintable(image)});
-    numbers_.insert(entries_.back().key, Count());
+    images_.add(paintable(image), std::move(origin));
+    keys_.push_back(key);
+    numbers_.insert(keys_.back(), Count());
     rememberLength(key);
     emit changed();
     return true;
@@ -41,18 +44,13 @@ void ImageList::rememberLength(const QString& key) {
 void ImageList::Clear() {
     numbers_.clear();
     lengths_.clear();
-    entries_.clear();
+    keys_.clear();
+    images_.clear();
     emit changed();
 }
 
-QImage ImageList::image(int index) const {
-    return index >= 1 && index <= Count() ? entries_[static_cast<size_t>(index) - 1].image
-                                          : QImage();
-}
-
 QString ImageList::Key(int index) const {
-    return index >= 1 && index <= Count() ? entries_[static_cast<size_t>(index) - 1].key
-                                          : QString();
+    return index >= 1 && index <= Count() ? keys_[static_cast<size_t>(index) - 1] : QString();
 }
 
 int ImageList::firstKeyWithin(const QString& text) const {
@@ -85,7 +83,7 @@ int ImageList::firstKeyAt(const QString& text, qsizetype start) const {
 }
 
 bool ImageList::setImageSize(QSize size) {
-    if (!entries_.empty()) {
+    if (!keys_.empty()) {
         return false;
     }
     size_ = size;

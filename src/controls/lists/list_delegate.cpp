@@ -61,6 +61,14 @@ void paintImage(QPainter& painter, const QImage& image, const QRect& area) {
 
 }  // namespace
 
+ListDelegate::ListDelegate(QAbstractItemView& view)
+    : QStyledItemDelegate(&view), late_(new LateImages(view)) {}
+
+void ListDelegate::setIcons(ImageList* icons) {
+    icons_ = icons;
+    late_->setIcons(icons);
+}
+
 QSize ListDelegate::cellSize(QSize image, const QFontMetrics& font) {
     return {qMax(image.width() + 4 * Padding, LeastWidth),
             qMax(image.height(), 0) + font.height() + 2 * Padding + 2 * Spacing};
@@ -90,8 +98,9 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     paintGround(*painter, option, content(option.rect, option.fontMetrics),
                 view != nullptr && view->currentIndex() == index);
     const int number = index.data(ListModel::IconRole).toInt();
-    if (icons_ != nullptr && number > 0) {
-        paintImage(*painter, icons_->image(number), imageArea(option.rect, option.fontMetrics));
+    const QImage image = number > 0 ? late_->painted(number, index) : QImage();
+    if (!image.isNull()) {
+        paintImage(*painter, image, imageArea(option.rect, option.fontMetrics));
     }
     const QRect area = captionArea(option.rect, option.fontMetrics);
     const QString caption = index.data(Qt::DisplayRole).toString().simplified();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/lists/image_list.h"
+#include "controls/lists/late_images.h"
 
 #include <QPointer>
 #include <QStyledItemDelegate>
@@ -12,9 +12,10 @@ namespace velorama {
 class ListDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    /// Of this view alone, and its child.
+    explicit ListDelegate(QAbstractItemView& view);
 
-    void setIcons(const ImageList* icons) { icons_ = icons; }
+    void setIcons(ImageList* icons);
 
     /// Size of a cell around an image of this size with a caption in this font.
     static QSize cellSize(QSize image, const QFontMetrics& font);
@@ -35,6 +36,7 @@ private:
     QRect content(const QRect& cell, const QFontMetrics& font) const;
 
     QPointer<const ImageList> icons_;
+    LateImages* late_;
 };
 
 }  // namespace velorama

@@ -13,7 +13,7 @@
 namespace velorama {
 
 ListView::ListView(QWidget* parent)
-    : QListView(parent), model_(new ListModel(*this)), delegate_(new ListDelegate(this)) {
+    : QListView(parent), model_(new ListModel(*this)), delegate_(new ListDelegate(*this)) {
     setItemDelegate(delegate_);
     setModel(model_);
     setFlow(LeftToRight);
