@@ -6,6 +6,7 @@
 #include "controls/input/keys.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
+#include "shell/shipped_help.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -63,6 +64,7 @@ void frmHELPCENTER::makeControls() {
     cbtnFORWARD->setEnabled(false);
     webWINDOW = make<velorama::webWINDOW>("webWINDOW", this);
     webWINDOW->setAccessibleName(QStringLiteral("Help page"));
+    webWINDOW->setSubstitute(shippedHelp());
     webWINDOW->setFocus();
 }
 

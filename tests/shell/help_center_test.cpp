@@ -167,6 +167,20 @@ TEST_F(Help, WithoutAServerThePageSaysSo) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(Help, WithoutAServerItHasTheFirstStepsAndTheKeys) {
+    server.shut();
+    openIndex();
+    for (const char* text : {"Your first show takes five steps.", "Esc ends it.", "Keep your work",
+                             "make the picture the wallpaper of the desktop",
+                             "leaves the show, even Shift alone", "closes the preview"}) {
+        EXPECT_TRUE(shown().contains(QLatin1String(text))) << text;
+    }
+    EXPECT_FALSE(shown().contains(QLatin1String("All topics")));
+    EXPECT_FALSE(shown().contains(QChar::ObjectReplacementCharacter)) << "a picture";
+    const QString html = form().webWINDOW->toHtml();
+    EXPECT_EQ(html.count(QLatin1String("<a href")), 1) << "to try again";
+}
+
 TEST_F(Help, F1GoesNoFurther) {
     openIndex();
     const auto before = server.asked.size();

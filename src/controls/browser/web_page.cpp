@@ -20,14 +20,15 @@ std::unique_ptr<PageDocument> makePage(const QString& text, PageKind kind, const
     return page;
 }
 
-QString errorPage(const QUrl& address) {
+QString errorPage(const QUrl& address, const QString& substitute) {
     const QString shown = address.toString(QUrl::RemoveUserInfo).toHtmlEscaped();
     const QString link = address.toString(QUrl::FullyEncoded).toHtmlEscaped();
     return QStringLiteral(
                "<h2>This page cannot be shown</h2><p>The server does not answer, or it has no such "
                "page.</p><p>%1</p><ul><li>Is this computer connected to the network?</li><li><a "
                "href=\"%2\">Try again</a> a little later.</li></ul>")
-        .arg(shown, link);
+               .arg(shown, link) +
+           substitute;
 }
 
 }  // namespace velorama

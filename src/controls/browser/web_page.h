@@ -13,7 +13,8 @@ namespace velorama {
 /// cells that it would take long to lay out is shown as it is written.
 std::unique_ptr<PageDocument> makePage(const QString& text, PageKind kind, const QUrl& address,
                                        const QFont& font);
-/// What is shown where a page cannot be had, with a link that tries again.
-QString errorPage(const QUrl& address);
+/// What is shown where a page cannot be had, with a link that tries again; `substitute`, HTML that
+/// may be empty, below it.
+QString errorPage(const QUrl& address, const QString& substitute);
 
 }  // namespace velorama

@@ -89,7 +89,8 @@ void webWINDOW::pageArrived(const HttpAnswer& answer, QUrl asked, Task task) {
     if (shownFailed_) {
         kind_ = PageKind::Html;
     }
-    text_ = shownFailed_ ? errorPage(address) : pageText(answer.body, answer.contentType);
+    text_ =
+        shownFailed_ ? errorPage(address, substitute_) : pageText(answer.body, answer.contentType);
     render();
     scrollToWanted();
     load_->fetchPictures(picturesOf(*page_));

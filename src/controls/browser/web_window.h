@@ -30,6 +30,8 @@ public:
     QString LocationURL() const;
     bool isLoading() const { return load_ != nullptr; }
 
+    /// HTML for the page that says that another cannot be had, below the reason. None at first.
+    void setSubstitute(const QString& html) { substitute_ = html; }
     void setLimits(const WebLimits& limits) { limits_ = limits; }
 
     enum Command : int { CommandForward = 1, CommandBack = 2 };
@@ -79,6 +81,7 @@ private:
     void scrollToWanted();
 
     WebLimits limits_;
+    QString substitute_;
     QPointer<PageLoad> load_;
 
     std::vector<Entry> history_;
