@@ -6,7 +6,7 @@
 #include "platform/process/termination.h"
 #include "platform/session/screen_saver.h"
 #include "platform/session/shell.h"
-#include "platform/sound/media_commands.h"
+#include "platform/sound/late_player.h"
 #include "platform/store/sqlite_registry_store.h"
 #include "platform/web/http_fetch.h"
 #include "shell/assoc_ext.h"
@@ -16,17 +16,27 @@
 
 #include <QApplication>
 #include <QDate>
-#include <QIcon>
+
+#include <clocale>
+#include <thread>
+
+#include <fontconfig/fontconfig.h>
 
 namespace velorama {
 namespace {
 
 void prepareApplication() {
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/velorama.svg")));
     limitPictureReaders();
     // The main window is hidden during a show, and no window is then the last one.
     QApplication::setQuitOnLastWindowClosed(false);
     fillTextConstants(QDate::currentDate().year(), ServerRoot());
+}
+
+/// Reads which fonts there are: that takes as long as all of Qt's own start, and is needed with the
+/// first text. The locale comes before it, since numbers are read by that.
+std::jthread readingFonts() {
+    std::setlocale(LC_ALL, "");
+    return std::jthread([] { FcInit(); });
 }
 
 }  // namespace
@@ -34,6 +44,7 @@ void prepareApplication() {
 
 int main(int argc, char** argv) {
     using namespace velorama;
+    const std::jthread fonts = readingFonts();
     QApplication::setApplicationName(QStringLiteral("velorama"));
     QApplication::setDesktopFileName(QStringLiteral("velorama"));
     QApplication app(argc, argv);
@@ -42,7 +53,7 @@ int main(int argc, char** argv) {
     SqliteRegistryStore store(SqliteRegistryStore::standardFile());
     const auto shell = makeDesktopShell();
     const auto screenSaver = makeSessionScreenSaver();
-    const auto device = makeMediaPlayer();
+    const auto device = makeLatePlayer(programLibrary(QStringLiteral("velorama-sound.so")));
     const auto desktop = makeDesktopBackground();
     makeServices(store, *shell);
     int result = 0;

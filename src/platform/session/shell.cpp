@@ -108,4 +108,16 @@ QString programFile(const QString& name) {
     return QFileInfo::exists(own) ? own : programDataFolder() + u'/' + name;
 }
 
+QString programLibrary(const QString& name) {
+    const QString beside = QCoreApplication::applicationDirPath();
+    for (const QString& folder :
+         QStringList{beside, beside + QStringLiteral("/../" VELORAMA_LIBRARY_PLACE)}) {
+        const QString path = folder + u'/' + name;
+        if (QFileInfo::exists(path)) {
+            return path;
+        }
+    }
+    return QStringLiteral(VELORAMA_LIBRARY_FOLDER "/") + name;
+}
+
 }  // namespace velorama

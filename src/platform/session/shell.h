@@ -36,5 +36,7 @@ QString programDataFolder();
 /// Full path of a file of the program's data: in the application's folder if it is there, otherwise
 /// in the installed data.
 QString programFile(const QString& name);
+/// Full path of a library of the program's own, which is loaded when it is needed.
+QString programLibrary(const QString& name);
 
 }  // namespace velorama

@@ -39,7 +39,7 @@ public:
 };
 
 /// The device over the system's sound output. Nothing is opened before the first `open`. It is used
-/// from one thread.
+/// from one thread. Who calls it needs the sound libraries: see `makeLatePlayer`.
 std::unique_ptr<MediaCommands> makeMediaPlayer();
 
 }  // namespace velorama

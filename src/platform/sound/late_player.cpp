@@ -1,0 +1,40 @@
+#include "platform/sound/late_player.h"
+
+#include <QLibrary>
+
+namespace velorama {
+namespace {
+
+class LatePlayer : public MediaCommands {
+public:
+    explicit LatePlayer(const QString& library) : library_(library) {
+        // Threads that wait for a sound server outlive the device.
+        library_.setLoadHints(QLibrary::PreventUnloadHint);
+    }
+
+    bool send(const QString& command, QString* answer) override {
+        // Nothing else succeeds before a track is open.
+        if (!device_ && command.trimmed().startsWith(QLatin1String("open"), Qt::CaseInsensitive)) {
+            load();
+        }
+        return device_ ? device_->send(command, answer) : MediaCommands::send(command, answer);
+    }
+
+private:
+    void load() {
+        if (const auto make = reinterpret_cast<SoundEntry>(library_.resolve(soundEntry))) {
+            device_.reset(make());
+        }
+    }
+
+    QLibrary library_;
+    std::unique_ptr<MediaCommands> device_;
+};
+
+}  // namespace
+
+std::unique_ptr<MediaCommands> makeLatePlayer(const QString& library) {
+    return std::make_unique<LatePlayer>(library);
+}
+
+}  // namespace velorama
