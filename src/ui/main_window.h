@@ -56,6 +56,8 @@ private:
     void closeEvent(QCloseEvent* event) override;
     void restore();
     void appear();
+    void awaitFirstPaint();
+    void fillUnseen();
     void Form_QueryUnload(bool& Cancel);
     void Form_Unload();
 

@@ -9,15 +9,20 @@
 #include "ui/main_menus.h"
 #include "ui/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QLayout>
+#include <QTimer>
+#include <QWindow>
 
 namespace velorama {
 namespace {
 
 const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
 const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
+// Milliseconds, from the request to show a window until it is on the screen.
+constexpr int longestMapping = 500;
+
 const QString viewSettings = QStringLiteral("\\mfrmPRGMAIN\\View");
 
 /// The album of the command line, or else that of the last session.
@@ -33,9 +38,7 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     FormLoading = true;
     const FoundControls& found = pages_->pictures->found;
     ListView& slides = *slideBar_->slides.lvwSLIDEBAR;
-    pages_->help->fill(popups_.Icon());
     pages_->webAlbum->load();
-    slides.setFont(QFont(QStringLiteral("Arial"), 7));
     if (services_.startUp) {
         services_.startUp(*this, commandLine);
     }
@@ -45,6 +48,7 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     restore();
     const QString albumPath = albumToOpen(commandLine);
     appear();
+    fillUnseen();
     found.flbFOUND->setPattern(pictureMask);
     DoEvents();
     DoEvents();
@@ -79,6 +83,25 @@ void mfrmPRGMAIN::appear() {
     QMainWindow::show();
     VBarLayout();
     DoEvents();
+    awaitFirstPaint();
+}
+
+// A window manager takes its time to map a window, and an album would be read before that. Where
+// none ever shows it, on another desktop, the program does not wait for long.
+void mfrmPRGMAIN::awaitFirstPaint() {
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.start(longestMapping);
+    while (!unloaded_ && !windowHandle()->isExposed() && limit.isActive()) {
+        WaitEvents();
+    }
+}
+
+// What the first paint need not wait for.
+void mfrmPRGMAIN::fillUnseen() {
+    QApplication::setWindowIcon(popups_.Icon());
+    pages_->help->fill(popups_.Icon());
+    slideBar_->slides.lvwSLIDEBAR->setFont(QFont(QStringLiteral("Arial"), 7));
 }
 
 void mfrmPRGMAIN::closeEvent(QCloseEvent* event) {

@@ -19,6 +19,10 @@ void DoEvents() {
     processEvents(QEventLoop::AllEvents);
 }
 
+void WaitEvents() {
+    processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
 void PaintEvents() {
     processEvents(QEventLoop::ExcludeUserInputEvents);
 }

@@ -6,6 +6,9 @@ namespace velorama {
 /// the program yields on purpose; handlers may run inside. On other threads it does nothing.
 void DoEvents();
 
+/// The same, but sleeps until there is an event if there is none.
+void WaitEvents();
+
 /// Lets windows paint and answer the system, and timers run, but keeps keys, clicks and the closing
 /// of windows for later. For long steps at which nobody may step in. On other threads it does
 /// nothing.
