@@ -1,5 +1,6 @@
 #include "album_window.h"
 
+#include "core/documents.h"
 #include "platform/files/paths.h"
 #include "platform/process/events.h"
 
@@ -47,6 +48,14 @@ void AlbumWindow::own(const QString& album) {
     album_.setTag(album);
     albums_.AlbumListAdd(album);
     DoEvents();
+}
+
+QString writtenAlbum(const QStringList& files, const QTemporaryDir& folder) {
+    const QString path = folder.filePath(QStringLiteral("bench.vlr"));
+    DocumentSaveText(QString::number(files.size()) + QLatin1String("\r\n") +
+                         files.join(QLatin1String("\r\n")) + QLatin1String("\r\n"),
+                     path);
+    return path;
 }
 
 }  // namespace velorama::bench

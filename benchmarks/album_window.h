@@ -3,6 +3,8 @@
 #include "albums/album_file.h"
 #include "imaging/ahead/look_ahead.h"
 
+#include <QTemporaryDir>
+
 namespace velorama::bench {
 
 /// Slide list, album list and album file as the main window has them, shown on the screen in
@@ -35,5 +37,8 @@ private:
     AlbumList albums_;
     AlbumFile album_;
 };
+
+/// An album of these files in a folder, as Save As writes it: its path.
+QString writtenAlbum(const QStringList& files, const QTemporaryDir& folder);
 
 }  // namespace velorama::bench

@@ -17,8 +17,10 @@
 namespace velorama::bench {
 namespace {
 
-constexpr int patience = 20'000;
-constexpr auto betweenLooks = std::chrono::microseconds(500);
+constexpr int patience = 120'000;
+constexpr std::chrono::microseconds betweenLooks(500);
+// Looking takes the server's time, of which a long work needs more.
+constexpr std::chrono::microseconds betweenTitles(5000);
 // Smaller windows are not the main window.
 constexpr int leastWidth = 400;
 constexpr int leastHeight = 300;
@@ -87,6 +89,17 @@ xcb_atom_t atom(xcb_connection_t* c, const QByteArray& name) {
     const Pointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
         c, xcb_intern_atom(c, 0, static_cast<quint16>(name.size()), name.constData()), nullptr));
     return reply ? reply->atom : 0;
+}
+
+QByteArray title(xcb_connection_t* c, xcb_window_t window) {
+    constexpr quint32 longest = 1024;  // of four bytes
+    const Pointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        c,
+        xcb_get_property(c, 0, window, atom(c, "_NET_WM_NAME"), atom(c, "UTF8_STRING"), 0, longest),
+        nullptr));
+    return reply ? QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                              xcb_get_property_value_length(reply.get()))
+                 : QByteArray();
 }
 
 void askToClose(xcb_connection_t* c, xcb_window_t window) {
@@ -163,23 +176,41 @@ QProcessEnvironment Desktop::environment() const {
 }
 
 std::optional<double> Desktop::timeToFirstPaint(const QString& program) {
+    return timeUntil(
+        program, {}, betweenLooks, [](xcb_window_t) { return true; }, 0);
+}
+
+std::optional<double> Desktop::timeToTitle(const QString& program, const QStringList& arguments,
+                                           const QString& wanted, int open) {
+    const auto isReached = [this, name = wanted.toUtf8()](xcb_window_t window) {
+        return title(connection_, window) == name;
+    };
+    return timeUntil(program, arguments, betweenTitles, isReached, open);
+}
+
+std::optional<double> Desktop::timeUntil(const QString& program, const QStringList& arguments,
+                                         std::chrono::microseconds pause,
+                                         const IsReached& isReached, int open) {
     QProcess process;
     process.setProcessEnvironment(environment());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     const Stopwatch watch;
-    process.start(program, QStringList());
+    process.start(program, arguments);
     xcb_window_t window = 0;
     QRect place;
-    while (window == 0 && watch.milliseconds() < patience) {
-        std::this_thread::sleep_for(betweenLooks);
+    bool reached = false;
+    while (!reached && watch.milliseconds() < patience) {
+        std::this_thread::sleep_for(pause);
         window = paintedWindow(connection_, place);
+        reached = window != 0 && isReached(window);
     }
     const double time = watch.milliseconds();
-    if (window == 0) {
+    if (!reached) {
         stop(process);
         return std::nullopt;
     }
+    std::this_thread::sleep_for(std::chrono::milliseconds(open));
     askToClose(connection_, window);
     if (!process.waitForFinished(patience)) {
         stop(process);

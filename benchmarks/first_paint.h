@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <chrono>
+#include <functional>
 #include <optional>
 
 struct xcb_connection_t;
@@ -28,6 +30,11 @@ public:
     /// black; it is then closed as a user closes it. Nothing if no such window comes.
     std::optional<double> timeToFirstPaint(const QString& program);
 
+    /// Milliseconds from the start of a program until its main window has this title; it is left
+    /// open for `open` milliseconds and then closed in the same way.
+    std::optional<double> timeToTitle(const QString& program, const QStringList& arguments,
+                                      const QString& title, int open);
+
     /// Where the first large window stands that shows anything but black; empty if none comes.
     QRect waitForWindow() const;
     /// True if such a window covers the whole screen.
@@ -37,6 +44,10 @@ public:
     QProcessEnvironment environment() const;
 
 private:
+    using IsReached = std::function<bool(quint32 window)>;
+    std::optional<double> timeUntil(const QString& program, const QStringList& arguments,
+                                    std::chrono::microseconds pause, const IsReached& isReached,
+                                    int open);
     /// Starts a process that prints one line when it is ready; the line, or empty.
     QString startServer(QProcess& process, const QString& program, const QStringList& arguments);
 

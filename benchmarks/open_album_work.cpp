@@ -4,8 +4,6 @@
 #include "stopwatch.h"
 #include "works.h"
 
-#include "core/documents.h"
-
 #include <QTemporaryDir>
 
 #include <memory>
@@ -24,21 +22,12 @@ std::optional<double> timeOfOpening(const QString& album) {
     return window.isComplete(slides) ? std::optional(time) : std::nullopt;
 }
 
-/// As Save As writes it.
-QString albumOf(const QStringList& files, const QTemporaryDir& folder) {
-    const QString path = folder.filePath(QStringLiteral("bench.vlr"));
-    DocumentSaveText(QString::number(files.size()) + QLatin1String("\r\n") +
-                         files.join(QLatin1String("\r\n")) + QLatin1String("\r\n"),
-                     path);
-    return path;
-}
-
 }  // namespace
 
 Contest openingAlbum() {
     const auto folder = std::make_shared<QTemporaryDir>();
     const QStringList files = filesOf(albumFolder(slides));
-    const QString album = albumOf(files, *folder);
+    const QString album = writtenAlbum(files, *folder);
     return {.work = QStringLiteral("opening an album of 1,000 JPEGs of 4.5 megapixels"),
             .unit = QStringLiteral("ms"),
             .rounds = 3,

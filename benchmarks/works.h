@@ -27,6 +27,7 @@ Contest wallpapersAgain();
 Contest cameraPicturesAgain();
 Contest listingWithCache();
 Contest addingWhatIsListed();
+Contest startWithAlbumAgain();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.
