@@ -1,17 +1,23 @@
 #include "imaging/ahead/look_ahead.h"
 
+#include "imaging/ahead/picture_threads.h"
 #include "imaging/decode/picture.h"
 #include "platform/files/paths.h"
+#include "platform/process/events.h"
 #include "platform/process/large_blocks.h"
 
+#include <qtconcurrenttask.h>
 #include <QDateTime>
 #include <QFileInfo>
-#include <QtConcurrentRun>
+#include <QFutureWatcher>
 
 #include <utility>
 
 namespace velorama {
 namespace {
+
+constexpr int behindOthers = 0;
+constexpr int aheadOfOthers = 1;
 
 /// What it was made from is told of cells alone.
 Cell loadFitted(const QString& path, const Fit& fit, const CellSource& cells) {
@@ -64,22 +70,59 @@ void LookAhead::expect(const QStringList& paths, const Fit& fit) {
         if (auto known = before.extract(path)) {
             works_.insert(std::move(known));
         } else {
-            works_.emplace(path, QtConcurrent::run(workOn, path, fit, cells_));
+            works_.emplace(path, begin(path, fit, cells_, behindOthers));
         }
     }
     drop(std::move(before));
 }
 
-Cell LookAhead::loadCell(const QString& path, const Fit& fit) {
+QFuture<LookAhead::Work> LookAhead::begin(const QString& path, const Fit& fit,
+                                          const CellSource& cells, int priority) {
+    return QtConcurrent::task([=] { return workOn(path, fit, cells); })
+        .onThreadPool(pictureThreads())
+        .withPriority(priority)
+        .spawn();
+}
+
+/// False if the work is for nobody any more.
+bool LookAhead::awaitEnd(QFuture<Work>& work, const std::function<bool()>& isLeft) {
+    QFutureWatcher<Work> waker;
+    waker.setFuture(work);
+    DoEventsUntil([&] { return work.isFinished() || isLeft(); });
+    const bool left = isLeft();
+    if (left) {
+        work.cancel();
+    }
+    return !left;
+}
+
+Cell LookAhead::await(const QString& path, int side, const std::function<bool()>& isLeft) {
+    const Fit fit = Fit::cell(side);
+    const CellSource cells = cells_;
+    auto known = fit == fit_ ? works_.extract(path) : Works::node_type();
+    QFuture<Work> work = known ? std::move(known.mapped()) : begin(path, fit, cells, aheadOfOthers);
+    // From here on this object may be gone.
+    if (!awaitEnd(work, isLeft)) {
+        return {};
+    }
+    Work done = work.takeResult();
+    if (done.file != stateOf(path)) {
+        work = begin(path, fit, cells, aheadOfOthers);
+        done = awaitEnd(work, isLeft) ? work.takeResult() : Work();
+    }
+    return done.cell;
+}
+
+QImage LookAhead::load(const QString& path, const Fit& fit) {
     auto work = fit == fit_ ? works_.extract(path) : Works::node_type();
     if (work) {
         // Asking for a result that no thread has begun with makes it here.
         const Work done = work.mapped().result();
         if (done.file == stateOf(path)) {
-            return done.cell;
+            return done.cell.bitmap;
         }
     }
-    return loadFitted(path, fit, cells_);
+    return loadFitted(path, fit, cells_).bitmap;
 }
 
 }  // namespace velorama

@@ -7,13 +7,14 @@
 #include <QImage>
 #include <QStringList>
 
+#include <functional>
 #include <unordered_map>
 
 namespace velorama {
 
-/// Loads pictures ahead of their use, on the threads of the program's pool. What `load` returns is
-/// what loading and fitting at that moment would return: work ahead counts only while the file's
-/// size and time of change are those it was made from.
+/// Loads pictures ahead of their use, on threads of their own. What `load` returns is what
+/// loading and fitting at that moment would return: work ahead counts only while the file's size
+/// and time of change are those it was made from.
 class LookAhead {
 public:
     /// Thumbnail cells come from `cache` where it has them, and go there.
@@ -33,9 +34,12 @@ public:
     /// it where it is see-through; the picture's own for Fit::whole(). From the work ahead where
     /// any has begun, else made now by the caller's thread; taken from it either way. Null for what
     /// cannot be loaded.
-    QImage load(const QString& path, const Fit& fit) { return loadCell(path, fit).bitmap; }
-    /// The same for Fit::cell(side), and what the cell was made from.
-    Cell cell(const QString& path, int side) { return loadCell(path, Fit::cell(side)); }
+    QImage load(const QString& path, const Fit& fit);
+    /// The same for Fit::cell(side), and what the cell was made from; but made on the threads
+    /// alone, however long it takes them, while events run. As soon as `isLeft`, which is asked
+    /// after each turn of events, the work is for nobody, and no bitmap comes back. A handler may
+    /// destroy this object meanwhile.
+    Cell await(const QString& path, int side, const std::function<bool()>& isLeft);
 
     /// Where cells come from, for whoever wants one again later.
     const CellSource& cells() const { return cells_; }
@@ -53,9 +57,11 @@ private:
     using Works = std::unordered_map<QString, QFuture<Work>>;
 
     static FileState stateOf(const QString& path);
-    Cell loadCell(const QString& path, const Fit& fit);
     static Work workOn(const QString& path, const Fit& fit, const CellSource& cells);
     static void drop(Works works);
+    static QFuture<Work> begin(const QString& path, const Fit& fit, const CellSource& cells,
+                               int priority);
+    static bool awaitEnd(QFuture<Work>& work, const std::function<bool()>& isLeft);
 
     CellSource cells_;
     Fit fit_;  // of all works

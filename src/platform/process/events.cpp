@@ -2,13 +2,23 @@
 
 #include <QCoreApplication>
 #include <QThread>
+#include <QTimer>
+
+#include <chrono>
 
 namespace velorama {
 namespace {
 
-void processEvents(QEventLoop::ProcessEventsFlags flags) {
+// What was to wake a wait may have been taken by another inside it.
+constexpr std::chrono::milliseconds longestSleep{10};
+
+bool isOnEventThread() {
     const QCoreApplication* app = QCoreApplication::instance();
-    if (app != nullptr && QThread::currentThread() == app->thread()) {
+    return app != nullptr && QThread::currentThread() == app->thread();
+}
+
+void processEvents(QEventLoop::ProcessEventsFlags flags) {
+    if (isOnEventThread()) {
         QCoreApplication::processEvents(flags);
     }
 }
@@ -21,6 +31,17 @@ void DoEvents() {
 
 void WaitEvents() {
     processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+void DoEventsUntil(const std::function<bool()>& isOver) {
+    if (!isOnEventThread() || isOver()) {
+        return;
+    }
+    QTimer alarm;
+    alarm.start(longestSleep);
+    while (!isOver()) {
+        processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
 }
 
 void PaintEvents() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace velorama {
 
 /// Lets pending events run, then returns. The user interface thread calls it at the places where
@@ -8,6 +10,11 @@ void DoEvents();
 
 /// The same, but sleeps until there is an event if there is none.
 void WaitEvents();
+
+/// Lets events run until `isOver`, which is asked before and after each turn of them and at least
+/// every ten milliseconds; sleeps where there are none. For what another thread has in hand. On
+/// other threads it does nothing.
+void DoEventsUntil(const std::function<bool()>& isOver);
 
 /// Lets windows paint and answer the system, and timers run, but keeps keys, clicks and the closing
 /// of windows for later. For long steps at which nobody may step in. On other threads it does

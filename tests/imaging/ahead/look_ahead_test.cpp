@@ -1,20 +1,22 @@
 #include "imaging/ahead/look_ahead.h"
+#include "imaging/ahead/picture_threads.h"
 #include "imaging/decode/picture.h"
 #include "imaging/samples.h"
 #include "imaging/scale/scaling.h"
+#include "support/busy_threads.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSemaphore>
-#include <QThreadPool>
+#include <QTimer>
 
 #include <algorithm>
 
 namespace velorama {
 namespace {
 
+using test::BusyThreads;
 using test::landscape;
 using test::sampleFile;
 
@@ -26,7 +28,7 @@ void write(const QString& path, const QByteArray& content) {
 
 /// Until all that is expected has been done.
 void waitForThreads() {
-    QThreadPool::globalInstance()->waitForDone();
+    pictureThreads().waitForDone();
 }
 
 QStringList sampleFiles(int count) {
@@ -73,26 +75,6 @@ TEST(LookAhead, loads_what_nobody_announced) {
     EXPECT_EQ(pictures.load(path, Fit::cell(64)), fitted(path, Fit::cell(64)));
     EXPECT_EQ(pictures.load(path, Fit::whole()), LoadPicture(path).bitmap);
 }
-
-/// Keeps every thread of the pool from its work.
-class BusyThreads {
-public:
-    BusyThreads() {
-        for (int i = 0; i < count_; ++i) {
-            QThreadPool::globalInstance()->start([this] { end_.acquire(); });
-        }
-    }
-    BusyThreads(const BusyThreads&) = delete;
-    BusyThreads& operator=(const BusyThreads&) = delete;
-    ~BusyThreads() {
-        end_.release(count_);
-        waitForThreads();
-    }
-
-private:
-    const int count_ = QThreadPool::globalInstance()->maxThreadCount();
-    QSemaphore end_;
-};
 
 TEST(LookAhead, loads_itself_what_no_thread_has_begun_with) {
     const QString path = sampleFiles(1).first();
@@ -235,6 +217,70 @@ TEST(LookAhead, may_end_with_much_still_to_do) {
         pictures.load(paths[i], Fit::cell(64));
         pictures.expect(paths.mid(i), Fit::cell(90));
     }
+}
+
+// -- awaited, while events run --
+
+bool isWanted() {
+    return false;
+}
+
+TEST(LookAhead, awaited_gives_the_same_whether_announced_or_not) {
+    const Fit fit = Fit::cell(64);
+    const QStringList paths = sampleFiles(6);
+    LookAhead pictures;
+    pictures.expect(paths.first(3), fit);
+    for (const QString& path : paths) {
+        EXPECT_EQ(pictures.await(path, 64, isWanted).bitmap, fitted(path, fit));
+    }
+    EXPECT_TRUE(pictures.await(QStringLiteral("/none.jpg"), 64, isWanted).bitmap.isNull());
+}
+
+TEST(LookAhead, awaited_lets_events_run_until_a_thread_is_done) {
+    const Fit fit = Fit::cell(64);
+    const QStringList paths = sampleFiles(2);
+    LookAhead pictures;
+    for (const bool isAnnounced : {true, false}) {
+        BusyThreads busy;
+        pictures.expect(isAnnounced ? paths : QStringList(), fit);
+        QTimer::singleShot(0, qApp, [&busy] { busy.release(); });
+        EXPECT_EQ(pictures.await(paths[0], 64, isWanted).bitmap, fitted(paths[0], fit));
+        EXPECT_FALSE(busy.isBusy());
+    }
+}
+
+TEST(LookAhead, awaited_is_left_at_once) {
+    const QString path = sampleFiles(1).first();
+    auto pictures = std::make_unique<LookAhead>();
+    const BusyThreads busy;
+    QTimer::singleShot(0, qApp, [&pictures] { pictures.reset(); });
+    EXPECT_TRUE(pictures->await(path, 64, [&pictures] { return !pictures; }).bitmap.isNull());
+    EXPECT_TRUE(busy.isBusy());
+}
+
+TEST(LookAhead, awaited_takes_a_changed_file_anew) {
+    const Fit fit = Fit::cell(64);
+    const QString path = sampleFiles(1).first();
+    LookAhead pictures;
+    pictures.expect({path}, fit);
+    waitForThreads();
+    write(path, test::jpegBytes(landscape(33, 44)));
+    EXPECT_EQ(pictures.await(path, 64, isWanted).bitmap.size(), QSize(48, 64));
+}
+
+TEST(LookAhead, awaited_inside_another_wait) {
+    const Fit fit = Fit::cell(64);
+    const QStringList paths = sampleFiles(2);
+    LookAhead pictures;
+    BusyThreads busy;
+    QImage inner;
+    QTimer::singleShot(0, qApp, [&] {
+        pictures.expect({}, fit);
+        busy.release();
+        inner = pictures.await(paths[1], 64, isWanted).bitmap;
+    });
+    EXPECT_EQ(pictures.await(paths[0], 64, isWanted).bitmap, fitted(paths[0], fit));
+    EXPECT_EQ(inner, fitted(paths[1], fit));
 }
 
 }  // namespace

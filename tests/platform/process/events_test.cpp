@@ -29,6 +29,43 @@ TEST(DoEvents, DoesNothingOnAnotherThread) {
     EXPECT_TRUE(ran);
 }
 
+TEST(DoEventsUntil, RunsEventsUntilItIsOver) {
+    bool ran = false;
+    std::thread other([&ran] {
+        QMetaObject::invokeMethod(
+            qApp, [&ran] { ran = true; }, Qt::QueuedConnection);
+    });
+    DoEventsUntil([&ran] { return ran; });
+    EXPECT_TRUE(ran);
+    other.join();
+}
+
+TEST(DoEventsUntil, AsksFirst) {
+    bool ran = false;
+    QMetaObject::invokeMethod(
+        qApp, [&ran] { ran = true; }, Qt::QueuedConnection);
+    DoEventsUntil([] { return true; });
+    EXPECT_FALSE(ran);
+    DoEvents();
+}
+
+TEST(DoEventsUntil, AsksAgainWhereNoEventComes) {
+    int asked = 0;
+    DoEventsUntil([&asked] { return ++asked == 5; });
+    EXPECT_EQ(asked, 5);
+}
+
+TEST(DoEventsUntil, DoesNothingOnAnotherThread) {
+    int asked = 0;
+    std::thread([&asked] {
+        DoEventsUntil([&asked] {
+            ++asked;
+            return false;
+        });
+    }).join();
+    EXPECT_EQ(asked, 0);
+}
+
 TEST(PaintEvents, RunsWhatIsPending) {
     bool ran = false;
     QMetaObject::invokeMethod(

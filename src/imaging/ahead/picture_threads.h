@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QThreadPool>
+
+namespace velorama {
+
+/// The threads that load pictures, as many as there are processors. The program's common pool is
+/// not for that: Qt paints and converts large images on it, and whoever paints would wait until
+/// pictures are loaded. What still waits at the end of the application is dropped, what runs is
+/// waited for.
+QThreadPool& pictureThreads();
+
+}  // namespace velorama
