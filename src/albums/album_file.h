@@ -72,6 +72,8 @@ private:
     void endReading();
     QString readSlides(AlbumFields& fields, const QString& count);
     void addSlide(const QString& path, const QString& picture);
+    /// The window is closing, or another command has taken the place of the read that runs.
+    bool isLeft() const;
     void expect(const AlbumFields& fields);
     void showProgress(const QString& count);
 

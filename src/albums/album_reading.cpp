@@ -60,7 +60,7 @@ void AlbumFile::endReading() {
 QString AlbumFile::readSlides(AlbumFields& fields, const QString& count) {
     const QPointer<AlbumFile> self = this;
     QString s;
-    while (self && !stopped_ && !turn_.isAwaited() && !fields.EndOfFile()) {
+    while (self && !isLeft() && !fields.EndOfFile()) {
         expect(fields);
         const QString path = fields.nextSlide(s);
         if (!path.isEmpty()) {
@@ -74,10 +74,14 @@ QString AlbumFile::readSlides(AlbumFields& fields, const QString& count) {
     return s;
 }
 
+bool AlbumFile::isLeft() const {
+    return stopped_ || turn_.isAwaited();
+}
+
 void AlbumFile::addSlide(const QString& path, const QString& picture) {
     const QPointer<AlbumFile> self = this;
-    thumbnails_.SlideThumbnailAdd(picture);
-    if (!self || stopped_) {
+    thumbnails_.SlideThumbnailAdd(picture, [self] { return !self || self->isLeft(); });
+    if (!self || isLeft()) {
         return;
     }
     c_.lvwSLIDEBAR->Add(c_.lvwSLIDEBAR->Count() + 1, path,

@@ -16,7 +16,7 @@ void SlideList::insert(const FoundFile& file) {
     }
     const bool first = c_.lvwSLIDEBAR->Count() == 0;
     const QPointer<SlideList> self = this;
-    thumbnails_.SlideThumbnailAdd(file.path);
+    thumbnails_.SlideThumbnailAdd(file.path, [self] { return !self || self->stopped_; });
     if (!self || stopped_) {
         return;
     }

@@ -99,16 +99,21 @@ void FoundList::ftvFOLDER_NodeChange(QString path) {  // NOLINT(performance-unne
     }
 }
 
+bool FoundList::isLeft(int listing) const {
+    return stopped_ || postponed_ || listing != listings_;
+}
+
 void FoundList::list(const QString& path) {
+    ++listings_;
+    thumbnails_.expectFound({});  // What was wanted of the folder before is not wanted any more.
     c_.flbFOUND->setPath(path);
     emptyList();
     c_.flbFOUND->setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
     emit FolderRead();
-    thumbnails_.expectFound({});  // What was wanted of the folder before is not wanted any more.
     const QPointer<FoundList> self = this;
     if (c_.flbFOUND->ListCount() >= 1) {
         fill();
-        if (!self || stopped_) {
+        if (!self || stopped_ || postponed_) {
             return;
         }
     }
@@ -141,9 +146,11 @@ void FoundList::fill() {
     setScreenPointer(ScreenPointer::Hourglass);
     c_.lvwFOUND->setVisible(false);
     const QPointer<FoundList> self = this;
-    // The count is read anew: another folder may have been listed in the midst of a round.
-    for (int i = 1; self && !stopped_ && i < c_.flbFOUND->ListCount() + 1; ++i) {
-        addRow(i);
+    const int listing = listings_;
+    // A folder listed in the midst of a round has all its rows by now: going on against it, as the
+    // round would, adds none.
+    for (int i = 1; self && !isLeft(listing) && i <= c_.flbFOUND->ListCount(); ++i) {
+        addRow(i, listing);
     }
     if (!self) {
         setScreenPointer(ScreenPointer::Default);
@@ -154,19 +161,17 @@ void FoundList::fill() {
     c_.lvwFOUND->setVisible(true);
 }
 
-void FoundList::addRow(int row) {
+void FoundList::addRow(int row, int listing) {
     const QPointer<FoundList> self = this;
     expectFrom(row);
     const QString path = joinPath(c_.flbFOUND->Path(), c_.flbFOUND->List(row - 1));
-    thumbnails_.FoundThumbnailAdd(path);
-    if (!self || stopped_) {
+    const auto left = [self, listing] { return !self || self->isLeft(listing); };
+    thumbnails_.FoundThumbnailAdd(path, left);
+    if (left()) {
         return;
     }
-    // A shorter folder may have been listed meanwhile: its rows stay one to one with its files.
-    if (row <= c_.flbFOUND->ListCount()) {
-        c_.lvwFOUND->Add(c_.lvwFOUND->Count() + 1, QString::number(row) + QLatin1Char('M'),
-                         c_.flbFOUND->List(row - 1), thumbnails_.FoundIconIndex(path));
-    }
+    c_.lvwFOUND->Add(c_.lvwFOUND->Count() + 1, QString::number(row) + QLatin1Char('M'),
+                     c_.flbFOUND->List(row - 1), thumbnails_.FoundIconIndex(path));
     prgBARSLIDES_.setMax(c_.flbFOUND->ListCount());
     prgBARSLIDES_.setValue(c_.lvwFOUND->Count());
     DoEvents();

@@ -45,9 +45,12 @@ private:
     void lvwFOUND_KeyDown(int KeyCode, int Shift);
     void lvwFOUND_MouseUp(int Button, float X, float Y);
     void list(const QString& path);
+    /// Listing number `listing` has no rows to add any more: the window is closing, or another
+    /// folder was chosen.
+    bool isLeft(int listing) const;
     void emptyList();
     void fill();
-    void addRow(int row);
+    void addRow(int row, int listing);
     void expectFrom(int row);
     void selectFirst();
     /// Lets events run; false if the window went meanwhile.
@@ -58,6 +61,7 @@ private:
     Thumbnails& thumbnails_;
     bool stopped_ = false;
     int depth_ = 0;
+    int listings_ = 0;
     QString chosen_;  // the folder of the latest node change
     std::optional<QString> postponed_;
 };

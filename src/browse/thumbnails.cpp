@@ -8,13 +8,20 @@
 namespace velorama {
 namespace {
 
-/// The file scaled to a square cell; its bitmap is null if it cannot be loaded. Events run.
-Cell resampledFile(LookAhead& pictures, const QString& path, int side) {
-    Cell cell = pictures.cell(path, side);
+/// The file scaled to a square cell; its bitmap is null if it cannot be loaded, or if the batch was
+/// left. Events run.
+Cell resampledFile(LookAhead& pictures, const QString& path, int side,
+                   const Thumbnails::IsLeft& isLeft) {
+    Cell cell = pictures.await(path, side, isLeft);
     if (!cell.bitmap.isNull()) {
         cell.bitmap = PictureResize(cell.bitmap, cell.bitmap.size(), white);
     }
     return cell;
+}
+
+/// Also true once the window, and its lists with it, has gone.
+Thumbnails::IsLeft orGone(const Thumbnails::IsLeft& isLeft, const QPointer<ImageList>& list) {
+    return [isLeft, list] { return !list || (isLeft && isLeft()); };
 }
 
 }  // namespace
@@ -36,18 +43,19 @@ void Thumbnails::add(ImageList& list, const QString& path, const Cell& cell,
     list.Add(path, maker->compose(cell.bitmap), originOf(maker, path, cell));
 }
 
-void Thumbnails::FoundThumbnailAdd(const QString& Path) {
+void Thumbnails::FoundThumbnailAdd(const QString& Path, const IsLeft& isLeft) {
     // After each yield the lists tell whether the window, and with it this object, is still there.
     const QPointer<ImageList> list = imlFOUNDICONS_;
+    const IsLeft left = orGone(isLeft, list);
     DoEvents();
-    if (!list) {
+    if (left()) {
         return;
     }
     // A second image under the key would be refused: the picture need not be decoded for that.
     if (list->indexOf(Path) == 0) {
         const std::shared_ptr<const ThumbnailMaker> maker = found_;
-        const Cell cell = resampledFile(pictures_, Path, maker->side());
-        if (!list) {
+        const Cell cell = resampledFile(pictures_, Path, maker->side(), left);
+        if (left()) {
             return;
         }
         add(*list, Path, cell, maker);
@@ -55,7 +63,7 @@ void Thumbnails::FoundThumbnailAdd(const QString& Path) {
     DoEvents();
 }
 
-void Thumbnails::SlideThumbnailAdd(const QString& Path) {
+void Thumbnails::SlideThumbnailAdd(const QString& Path, const IsLeft& isLeft) {
     const QPointer<ImageList> list = imlTHUMBNAILS_;
     if (!list) {
         return;
@@ -65,8 +73,9 @@ void Thumbnails::SlideThumbnailAdd(const QString& Path) {
         return;
     }
     const std::shared_ptr<const ThumbnailMaker> maker = slide_;
-    const Cell cell = resampledFile(pictures_, Path, maker->side());
-    if (!list) {
+    const IsLeft left = orGone(isLeft, list);
+    const Cell cell = resampledFile(pictures_, Path, maker->side(), left);
+    if (left()) {
         return;
     }
     add(*list, Path, cell, maker);

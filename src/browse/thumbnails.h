@@ -6,6 +6,8 @@
 
 #include <QPointer>
 
+#include <functional>
+
 namespace velorama {
 
 /// Makes the two kinds of thumbnail: 64 pixels with a black frame for the found list, 90 pixels for
@@ -18,10 +20,15 @@ public:
 
     static constexpr int slideCell = ThumbnailMaker::slideCell;
 
-    /// Adds an image to imlFOUNDICONS; lets pending events run before and after.
-    void FoundThumbnailAdd(const QString& Path);
-    /// Adds an image to imlTHUMBNAILS.
-    void SlideThumbnailAdd(const QString& Path);
+    /// Whether the batch that a thumbnail is made for has ended, or its window is gone.
+    using IsLeft = std::function<bool()>;
+
+    /// Adds an image to imlFOUNDICONS; lets pending events run before and after, and until the
+    /// picture is loaded. Adds nothing for a batch that was left meanwhile.
+    void FoundThumbnailAdd(const QString& Path, const IsLeft& isLeft = {});
+    /// Adds an image to imlTHUMBNAILS. Lets events run until the picture is loaded, but none if the
+    /// image is there. Adds nothing for a batch that was left meanwhile.
+    void SlideThumbnailAdd(const QString& Path, const IsLeft& isLeft = {});
     /// Number of the first image whose key occurs in the path, 0 if none.
     int FoundIconIndex(const QString& Path) const;
     int SlideIconIndex(const QString& Path) const;

@@ -1,5 +1,6 @@
 #include "controls/boxes/label.h"
 #include "core/frm_helpmessagebox.h"
+#include "support/busy_threads.h"
 #include "ui/window_world.h"
 
 #include <QLabel>
@@ -132,6 +133,21 @@ TEST_F(CloseTest, ASecondCloseDuringTheQuestionDoesNothing) {
     window->close();
     EXPECT_EQ(answer.forms, oneQuestion);
     EXPECT_FALSE(window->isUnloaded());
+}
+
+TEST_F(CloseTest, EndsTheListingOfAPictureThatTakesLong) {
+    browse({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+    test::BusyThreads threads;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [this] {
+        if (slideControls().prgBARSLIDES->isVisible()) {
+            window->close();
+        }
+    });
+    watch.start(0);
+    start();
+    EXPECT_TRUE(window->isUnloaded());
+    EXPECT_TRUE(threads.isBusy());
 }
 
 // -- what the end writes --

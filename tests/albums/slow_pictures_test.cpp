@@ -1,0 +1,99 @@
+// Batches of pictures that take long to load.
+
+#include "albums/album_world.h"
+#include "support/busy_threads.h"
+
+namespace velorama {
+namespace {
+
+class SlowPictures : public test::WithAlbums {
+protected:
+    /// Runs `action` when the batch has come to a picture that is not loaded yet.
+    void whileLoading(std::function<void()> action) { test::atNextYield(std::move(action)); }
+    const QString folder =
+        browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+    const QStringList all = {folder + QStringLiteral("/a.bmp"), folder + QStringLiteral("/b.bmp"),
+                             folder + QStringLiteral("/c.bmp")};
+    test::BusyThreads threads;
+};
+
+TEST_F(SlowPictures, newInTheMidstOfAddAll) {
+    whileLoading([&] {
+        EXPECT_TRUE(prgBARSLIDES->isVisible());
+        file->mnuFILENEW_Click();
+        EXPECT_EQ(keys(), QStringList());
+        threads.release();
+    });
+    list->AddAll();
+    EXPECT_EQ(keys(), all);
+    EXPECT_EQ(storedSlides(3), all);
+    EXPECT_TRUE(isModified());
+    EXPECT_EQ(imlTHUMBNAILS.Count(), 3);
+}
+
+TEST_F(SlowPictures, removeInTheMidstOfAddAll) {
+    threads.release();
+    list->SlideInsert(0);
+    test::BusyThreads again;
+    whileLoading([&] {
+        list->Clear();
+        again.release();
+    });
+    list->AddAll();
+    // The file in hand has lost the slide it was to go in front of.
+    EXPECT_EQ(keys(), QStringList({all[0], all[1]}));
+    EXPECT_EQ(storedSlides(2), keys());
+}
+
+TEST_F(SlowPictures, addInTheMidstOfAddAll) {
+    whileLoading([&] {
+        selectFound({2});
+        threads.release();
+        list->Add();
+        EXPECT_EQ(keys(), QStringList(all[1]));
+    });
+    list->AddAll();
+    EXPECT_EQ(storedSlides(lvwSLIDEBAR->Count()), keys());
+    EXPECT_EQ(QSet<QString>(all.begin(), all.end()).size(), lvwSLIDEBAR->Count());
+}
+
+TEST_F(SlowPictures, anotherFolderInTheMidstOfAddAll) {
+    whileLoading([&] {
+        browse({QStringLiteral("x.bmp")});
+        threads.release();
+    });
+    list->AddAll();
+    EXPECT_EQ(keys(), QStringList({flbFOUND.Path() + QStringLiteral("/x.bmp"), all[2]}));
+}
+
+TEST_F(SlowPictures, closingInTheMidstOfAddAll) {
+    whileLoading([&] { list->stop(); });
+    list->AddAll();
+    EXPECT_TRUE(threads.isBusy());
+    EXPECT_EQ(keys(), QStringList());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SlowPictures, newInTheMidstOfAReadEndsItAtOnce) {
+    const QString path = album(formA(all));
+    whileLoading([&] {
+        EXPECT_TRUE(prgBARSLIDES->isVisible());
+        file->mnuFILENEW_Click();
+    });
+    file->openFromList(path);
+    EXPECT_TRUE(threads.isBusy());
+    EXPECT_EQ(keys(), QStringList());
+    EXPECT_EQ(file->Tag(), QString());
+    EXPECT_TRUE(prgBARSLIDES->isHidden());
+}
+
+TEST_F(SlowPictures, closingInTheMidstOfARead) {
+    const QString path = album(formA(all));
+    whileLoading([&] { file->stop(); });
+    file->DocumentOpenText(path);
+    EXPECT_TRUE(threads.isBusy());
+    EXPECT_EQ(keys(), QStringList());
+}
+
+}  // namespace
+}  // namespace velorama
