@@ -43,6 +43,7 @@ constexpr Work works[] = {
     {"cameraagain", 1, cameraPicturesAgain},
     {"keeping", 1, listingWithCache},
     {"addlisted", 1, addingWhatIsListed},
+    {"answers", 1, answersDuringListing},
     {"startagain", 1, startWithAlbumAgain},
 };
 

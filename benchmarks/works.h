@@ -27,6 +27,7 @@ Contest wallpapersAgain();
 Contest cameraPicturesAgain();
 Contest listingWithCache();
 Contest addingWhatIsListed();
+Contest answersDuringListing();
 Contest startWithAlbumAgain();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
