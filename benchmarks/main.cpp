@@ -45,6 +45,7 @@ constexpr Work works[] = {
     {"addlisted", 1, addingWhatIsListed},
     {"answers", 1, answersDuringListing},
     {"startagain", 1, startWithAlbumAgain},
+    {"memorymany", 1, memoryOfManyPictures},
 };
 
 constexpr int quickRounds = 3;
@@ -168,6 +169,9 @@ int main(int argc, char** argv) {
     }
     if (arguments.size() == 3 && arguments[0] == QLatin1String("--hold-show")) {
         return holdShow(arguments[1], arguments[2]);
+    }
+    if (arguments.size() == 3 && arguments[0] == QLatin1String("--hold-pictures")) {
+        return holdPictures(arguments[1], arguments[2]);
     }
     if (arguments.size() == 3 && arguments[0] == QLatin1String("--list-pictures")) {
         return listPictures(arguments[1], arguments[2]);

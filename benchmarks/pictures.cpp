@@ -20,6 +20,7 @@ namespace {
 constexpr int cameraPictures = 40;
 constexpr QSize cameraSize(6000, 4000);
 constexpr int albumPictures = 50;
+constexpr int manyPictures = 500;
 constexpr QSize albumSize(2592, 1728);
 
 /// Runs `job` for 0 to count - 1 on all processors.
@@ -189,6 +190,18 @@ QString albumFolder(int count) {
     return filled(QStringLiteral("album-%1").arg(count), QStringLiteral("jpg"), count,
                   [&](int number, const QString& path) {
                       return hasLink(files.value(number % albumPictures), path);
+                  });
+}
+
+QString manyFolder(int count) {
+    const QStringList files = filesOf(filled(
+        QStringLiteral("many"), QStringLiteral("jpg"), manyPictures,
+        [](int number, const QString& path) {
+            return photographLike({160, 120}, static_cast<unsigned>(number)).save(path, "JPEG", 80);
+        }));
+    return filled(QStringLiteral("many-%1").arg(count), QStringLiteral("jpg"), count,
+                  [&](int number, const QString& path) {
+                      return hasLink(files.value(number % manyPictures), path);
                   });
 }
 

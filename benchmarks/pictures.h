@@ -25,6 +25,8 @@ QString smallFolder(int count);
 QString mediumFolder(int count);
 /// `count` JPEGs of 2592 x 1728, quality 90: 50 different ones under many names each.
 QString albumFolder(int count);
+/// `count` JPEGs of 160 x 120: 500 different ones under many names each.
+QString manyFolder(int count);
 /// `count` different BMPs of 4 x 4.
 QString tinyFolder(int count);
 

@@ -13,6 +13,7 @@ Contest fadeStep();
 Contest addingAll();
 Contest startOfProgram();
 Contest memoryOfSlides();
+Contest memoryOfManyPictures();
 Contest playingMusic();
 Contest wholeShow();
 Contest firstSound();
@@ -33,6 +34,11 @@ Contest startWithAlbumAgain();
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.
 int holdSlides(const QString& folder);
+
+/// Body of the processes that `memoryOfManyPictures` starts: a window that has listed and added all
+/// pictures of `folder`, with a cache at that path; prints the memory it then takes, in KiB. 0 if
+/// all went well.
+int holdPictures(const QString& folder, const QString& cacheFile);
 
 /// Body of the processes that list a folder with the cache file of that path, or with none where it
 /// is empty, and add all of it; prints the milliseconds that each of the two took.
