@@ -1,6 +1,8 @@
 #include "browse/thumbnail_maker.h"
 #include "imaging/cache/pixel_packing.h"
 
+#include <QFile>
+
 #include <utility>
 
 namespace velorama {
@@ -48,7 +50,7 @@ public:
             case ThumbnailCache::Holding::Unwritten:
                 return Kept::NotYet;
             default:
-                return Kept::No;
+                return isInTheFile() ? Kept::Yes : Kept::No;
         }
     }
     std::shared_ptr<const ImageOrigin> packed(const QImage& image) const override {
@@ -63,6 +65,14 @@ public:
     }
 
 private:
+    /// Tiny pictures by the ten thousand are decoded faster than a disk takes their thumbnails, and
+    /// would fill the memory. Then the file counts as where they are laid by, as it does for those
+    /// that the cache pushes out later.
+    bool isInTheFile() const {
+        return maker_->cells().hasRefused() &&
+               FileStamp::of(QFile::decodeName(file_.path)) == file_;
+    }
+
     std::shared_ptr<const ThumbnailMaker> maker_;
     QString path_;
     FileStamp file_;

@@ -158,6 +158,25 @@ TEST_F(ThumbnailOriginTest, ThumbnailsThatTheCacheDidNotTakeComeBack) {
     EXPECT_EQ(lists.cells(), before);
 }
 
+TEST_F(ThumbnailOriginTest, ThumbnailsTheCacheHadNoTimeForComeBackFromTheFile) {
+    const QStringList paths = pictures("rush");
+    const auto cache = newCache();
+    for (int i = 0; i < 5; ++i) {
+        cache->keep({.path = QByteArray::number(i), .size = 1}, 2048, test::plainImage({9, 9}));
+    }
+    ASSERT_TRUE(cache->hasRefused());
+    Lists lists(cache, 1);
+    lists.add(paths);
+    const QList<QImage> before = lists.cells();
+    const auto origin = lists.found.origin(1);
+    QFile::remove(paths[1]);
+    lists.pushOut();
+    EXPECT_EQ(lists.found.origin(1), origin) << "not packed";
+    EXPECT_FALSE(lists.found.atHand(1));
+    EXPECT_TRUE(lists.found.atHand(2)) << "of a file that is gone: packed";
+    EXPECT_EQ(lists.cells(), before);
+}
+
 TEST_F(ThumbnailOriginTest, ThumbnailsThatCouldNotBeWrittenComeBack) {
     const QStringList paths = pictures("full");
     letFilesSettle();

@@ -36,6 +36,7 @@ public:
     ThumbnailCache::Holding holds(const FileStamp& file, int side) const {
         return cache_->holds(file, side);
     }
+    bool hasRefused() const { return cache_->hasRefused(); }
 
 private:
     void keep(const FileStamp& file, int side, const QImage& bitmap, const Picture& picture) const;

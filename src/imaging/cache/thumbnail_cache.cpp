@@ -116,6 +116,8 @@ void ThumbnailCache::keep(const FileStamp& file, int cell, const QImage& thumbna
     if (waiting_.size() * each < mostWaiting) {
         waiting_.insert(ThumbnailFile::keyOf(file.path, cell), {file, cell, thumbnail});
         changed_.notify_all();
+    } else {
+        refused_ = true;
     }
 }
 

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QString>
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <memory>
@@ -46,6 +47,8 @@ public:
     /// Formats as of `packPixels`. Not kept: what is of no file, and what comes faster than the
     /// disk takes it.
     void keep(const FileStamp& file, int cell, const QImage& thumbnail);
+    /// Whether something was not kept because it came faster than the disk takes it.
+    bool hasRefused() const { return refused_; }
 
 private:
     struct Waiting {
@@ -73,6 +76,7 @@ private:
 
     std::mutex mutex_;
     std::condition_variable_any changed_;
+    std::atomic<bool> refused_ = false;
     /// By key: made or used, and not yet written.
     QHash<qint64, Waiting> waiting_;
     std::vector<qint64> used_;

@@ -163,7 +163,7 @@ TEST_F(HeldImagesTest, OnlyTheImagesOwnOriginRestoresIt) {
 
 TEST_F(HeldImagesTest, ALateAnswerIsForNobodyInAListThatWasCleared) {
     store->kept = ImageOrigin::Kept::No;
-    add(40);
+    add(bound + 1);
     list.Clear();
     store->kept = ImageOrigin::Kept::Yes;
     add(100);

@@ -154,6 +154,23 @@ TEST_F(CellSourceTest, TakesFromTheCacheWhatItHas) {
     EXPECT_EQ(loadInNewRun(path, foundCell), other);
 }
 
+TEST_F(CellSourceTest, TellsWhatACellWasMadeFrom) {
+    const QString path = sampleFile(QStringLiteral("p.jpg"), largeJpeg());
+    letFilesSettle();
+    const FileStamp state = FileStamp::of(path);
+    for (const char* from : {"the file", "the cache"}) {
+        const Cell cell = CellSource(newCache()).cell(path, foundCell);
+        EXPECT_EQ(cell.file, state) << from;
+        EXPECT_EQ(cell.bitmap, decoded(path, foundCell)) << from;
+    }
+    EXPECT_TRUE(isKept(path, foundCell));
+    LookAhead pictures;
+    EXPECT_EQ(pictures.cell(path, slideCell).file, state);
+    pictures.expect({path}, Fit::cell(slideCell));
+    EXPECT_EQ(pictures.cell(path, slideCell).file, state) << "made ahead";
+    EXPECT_FALSE(CellSource(newCache()).cell(path + QStringLiteral("x"), foundCell).file.isFile());
+}
+
 TEST_F(CellSourceTest, MakesBothCellsWhereOneDecodingServesThem) {
     const QString large = sampleFile(QStringLiteral("l.jpg"), largeJpeg());
     const QString medium =
@@ -224,15 +241,17 @@ TEST_F(CellSourceTest, KeepsNothingOfAFileThatChangesWhileItIsRead) {
     letFilesSettle();
     const FileStamp before = FileStamp::of(path);
     ASSERT_TRUE(before.isSettled());
+    Cell read{.bitmap = {}, .file = before};
     std::thread reader;
     {
         // Who reads a file waits for memory first.
         const MemoryShare all(fileMemory(), fileMemory().largest());
-        reader = std::thread([&] { loadInNewRun(path, foundCell); });
+        reader = std::thread([&] { read = CellSource(newCache()).cell(path, foundCell); });
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
         write(path, test::jpegBytes(landscape(901, 901)));
     }
     reader.join();
+    EXPECT_EQ(read.file, FileStamp()) << "of neither state";
     EXPECT_FALSE(newCache()->find(before, foundCell));
     EXPECT_FALSE(isKept(path, foundCell));
 }

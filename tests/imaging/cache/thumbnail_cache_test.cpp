@@ -99,6 +99,18 @@ TEST_F(ThumbnailCacheTest, TellsWhatItHoldsAndWhatIsOnlyWaiting) {
     EXPECT_EQ(ThumbnailCache().holds(stampOf("a"), 64), Holding::Nothing);
 }
 
+TEST_F(ThumbnailCacheTest, TellsThatMoreCameThanTheDiskTakes) {
+    constexpr int quarter = 2048;  // of what may wait, in bytes of a bitmap
+    ThumbnailCache cache(path, plenty);
+    for (const char* name : {"a", "b", "c", "d"}) {
+        cache.keep(stampOf(name), quarter, grey(1));
+    }
+    EXPECT_FALSE(cache.hasRefused());
+    cache.keep(stampOf("e"), quarter, grey(1));
+    EXPECT_TRUE(cache.hasRefused());
+    EXPECT_FALSE(cache.find(stampOf("e"), quarter));
+}
+
 TEST_F(ThumbnailCacheTest, StandsInTheUsersFolderForWhatCanBeMadeAnew) {
     EXPECT_EQ(ThumbnailCache::standardFile(), qEnvironmentVariable("XDG_CACHE_HOME") +
                                                   QStringLiteral("/velorama/thumbnails.sqlite"));
