@@ -43,9 +43,9 @@ constexpr Work works[] = {
     {"cameraagain", 1, cameraPicturesAgain},
     {"keeping", 1, listingWithCache},
     {"addlisted", 1, addingWhatIsListed},
+    {"memorymany", 1, memoryOfManyPictures},
     {"answers", 1, answersDuringListing},
     {"startagain", 1, startWithAlbumAgain},
-    {"memorymany", 1, memoryOfManyPictures},
 };
 
 constexpr int quickRounds = 3;

@@ -164,6 +164,7 @@ TEST_F(HeldImagesTest, OnlyTheImagesOwnOriginRestoresIt) {
 TEST_F(HeldImagesTest, ALateAnswerIsForNobodyInAListThatWasCleared) {
     store->kept = ImageOrigin::Kept::No;
     add(bound + 1);
+    ASSERT_TRUE(test::comesTrue([&] { return store->asked == bound + 1; }));
     list.Clear();
     store->kept = ImageOrigin::Kept::Yes;
     add(100);
