@@ -17,21 +17,23 @@ constexpr int stepsATime = 24;
 
 struct Bitmaps {
     Bitmaps() {
-        for (int i = 0; auto* bitmap : {&shown, &source}) {
-            bitmap->fill(QColor::fromHsv(100 * ++i, 120, 200));
-        }
+        source.fill(Qt::black);
+        begin();
     }
+    void begin() { shown.fill(Qt::white); }
     QImage shown{area, QImage::Format_RGB32};
     QImage source{area, QImage::Format_RGB32};
-    int alpha = 0;
+    CumulativeBlend blend;
 };
 
+/// The first steps of a fade from white to black: every row changes in each.
 std::optional<double> timeOfBlend(Bitmaps& bitmaps) {
+    bitmaps.begin();
     bool done = true;
     const Stopwatch watch;
-    for (int step = 0; step < stepsATime; ++step) {
-        bitmaps.alpha = bitmaps.alpha % 240 + 1;
-        done = AlphaBlend(bitmaps.shown, bitmaps.source, bitmaps.alpha) && done;
+    for (int alpha = 1; alpha <= stepsATime; ++alpha) {
+        const QRegion changed = bitmaps.blend.AlphaBlend(bitmaps.shown, bitmaps.source, alpha);
+        done = done && changed == QRegion(bitmaps.shown.rect());
     }
     const double time = watch.milliseconds() / stepsATime;
     return done ? std::optional(time) : std::nullopt;

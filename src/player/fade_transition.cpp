@@ -1,7 +1,6 @@
 #include "player/fade_transition.h"
 
 #include "core/globals.h"
-#include "imaging/paint/blend.h"
 #include "imaging/scale/scaling.h"
 
 namespace velorama {
@@ -46,8 +45,8 @@ void FadeTransition::step() {
         // The form was resized in the middle of the fade.
         picSLIDERESIZE_.setPicture(resampled(picSLIDERESIZE_.Picture(), target.size()));
     }
-    AlphaBlend(target, picSLIDERESIZE_.Image(), (BlendValue >> 16) & 0xFF);
-    picPREVIEW_.Refresh();
+    const int alpha = (BlendValue >> 16) & 0xFF;
+    picPREVIEW_.Refresh(blend_.AlphaBlend(target, picSLIDERESIZE_.Image(), alpha));
     if (FadeAlpha == lastStep) {
         tmrFADETRANS_.stop();
     }

@@ -4,6 +4,17 @@
 #include <QPainter>
 
 namespace velorama {
+namespace {
+
+/// The logical pixels that device pixels touch. Rounded outwards they stay enough where a
+/// fractional scale puts the box itself between two device pixels: rounding both by the same keeps
+/// the order.
+QRect touched(const QRect& part, qreal scale) {
+    return QRectF(part.x() / scale, part.y() / scale, part.width() / scale, part.height() / scale)
+        .toAlignedRect();
+}
+
+}  // namespace
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -62,6 +73,16 @@ void PictureBox::keepImage() {
 void PictureBox::Cls() {
     image_ = {};
     update();
+}
+
+void PictureBox::Refresh(const QRegion& part) {
+    QRegion area;
+    for (const QRect& each : part) {
+        area += touched(each, devicePixelRatioF());
+    }
+    if (!area.isEmpty()) {
+        repaint(area);
+    }
 }
 
 void PictureBox::paintEvent(QPaintEvent* event) {

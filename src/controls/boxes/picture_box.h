@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QRegion>
 #include <QWidget>
 
 namespace velorama {
@@ -39,6 +40,8 @@ public:
     QSize scaleSize() const { return devicePixels(*this); }
     /// Paints at once.
     void Refresh() { repaint(); }
+    /// The same of a part, in device pixels of the image; nothing where it is empty.
+    void Refresh(const QRegion& part);
 
 signals:
     /// Button 1 left, 2 right, 4 middle; of a move the sum of those held. Position in twips within

@@ -1,84 +1,36 @@
 #include "imaging/paint/blend.h"
 
+#include "imaging/paint/blend_row.h"
 #include "imaging/pixels/bands.h"
 
 #include <algorithm>
-
-#if defined(__x86_64__) && defined(__GNUC__)
-#define VELORAMA_BLEND_X86
-#include <immintrin.h>
-#endif
+#include <numeric>
 
 namespace velorama {
 namespace {
 
-/// Bitmaps from this many bytes on are worth waking a second thread for.
-constexpr qint64 largeBitmap = 1024 * 1024;
+/// From this many bytes on rows are worth waking a second thread for.
+constexpr qint64 worthAThread = 1024 * 1024;
+/// Rows that stay between two that change are painted with them: each rectangle of its own costs
+/// the painter and the X server more than some rows.
+constexpr int paintedGap = 32;
+/// What difference times alpha must reach, for the rounding to give 1 of 255.
+constexpr int leastMove = 128;
 
-/// One row: `above` over `below` into `out`, which may be `below`. `always` is added to each
-/// pixel's bits, for the alpha of opaque bitmaps.
-struct Row {
-    QRgb* out;
-    const QRgb* below;
-    const QRgb* above;
-    int count;
-    QRgb always;
-};
-
-/// t / 255 rounded, in 16 bits: exact for every sum that two weighted channels can give.
-quint32 blended(quint32 above, quint32 below, int shift, quint32 alpha) {
-    const quint32 t =
-        ((above >> shift) & 0xFF) * alpha + ((below >> shift) & 0xFF) * (255 - alpha) + 128;
-    return ((t + (t >> 8)) >> 8) << shift;
+QRgb alwaysSet(const QImage& target) {
+    return target.format() == QImage::Format_RGB32 ? 0xFF000000U : 0;
 }
 
-void blendRow(const Row& row, int from, quint32 alpha) {
-    for (int i = from; i < row.count; ++i) {
-        QRgb pixel = row.always;
-        for (const int shift : {0, 8, 16, 24}) {
-            pixel |= blended(row.above[i], row.below[i], shift, alpha);
-        }
-        row.out[i] = pixel;
-    }
+const QRgb* rowOf(const QImage& image, int y) {
+    return reinterpret_cast<const QRgb*>(image.constScanLine(y));
 }
 
-#ifdef VELORAMA_BLEND_X86
-// The one instruction that multiplies bytes and adds the products in pairs takes a signed operand.
-// Channels less 128 fit it, and the sum is then 255 x 128 too small; with the 128 of the rounding
-// that is 2^15, the top bit. Multiplying by 257 and taking the high half is the division.
-__attribute__((target("avx2"))) void blendRowAvx2(const Row& row, quint32 alpha) {
-    constexpr int atOnce = 8;
-    const __m256i weights = _mm256_set1_epi16(static_cast<short>(alpha | (255 - alpha) << 8));
-    const __m256i top8 = _mm256_set1_epi8(static_cast<char>(0x80));
-    const __m256i top16 = _mm256_set1_epi16(static_cast<short>(0x8000));
-    const __m256i divide = _mm256_set1_epi16(257);
-    const __m256i always = _mm256_set1_epi32(static_cast<int>(row.always));
-    int i = 0;
-    for (; i + atOnce <= row.count; i += atOnce) {
-        const auto* from = reinterpret_cast<const __m256i*>(row.above + i);
-        const auto* onto = reinterpret_cast<const __m256i*>(row.below + i);
-        const __m256i s = _mm256_xor_si256(_mm256_loadu_si256(from), top8);
-        const __m256i d = _mm256_xor_si256(_mm256_loadu_si256(onto), top8);
-        const __m256i low = _mm256_maddubs_epi16(weights, _mm256_unpacklo_epi8(s, d));
-        const __m256i high = _mm256_maddubs_epi16(weights, _mm256_unpackhi_epi8(s, d));
-        const __m256i a = _mm256_mulhi_epu16(_mm256_xor_si256(low, top16), divide);
-        const __m256i b = _mm256_mulhi_epu16(_mm256_xor_si256(high, top16), divide);
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(row.out + i),
-                            _mm256_or_si256(_mm256_packus_epi16(a, b), always));
+void inBandsIfMany(int rows, int width, const std::function<void(int, int)>& work) {
+    if (qint64(rows) * width * 4 < worthAThread) {
+        work(0, rows);
+    } else {
+        inBands(rows, work);
     }
-    blendRow(row, i, alpha);
-}
-#endif
-
-void blendFast(const Row& row, quint32 alpha) {
-#ifdef VELORAMA_BLEND_X86
-    static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
-    if (hasAvx2) {
-        blendRowAvx2(row, alpha);
-        return;
-    }
-#endif
-    blendRow(row, 0, alpha);
 }
 
 /// Where others share the target's pixels, copying them first would read and write them once more
@@ -92,39 +44,90 @@ QImage freshTarget(const QImage& target, QSize covered) {
     return fresh;
 }
 
+std::vector<int> allRows(int count) {
+    std::vector<int> rows(static_cast<size_t>(count));
+    std::iota(rows.begin(), rows.end(), 0);
+    return rows;
+}
+
+QRegion bandsOf(const std::vector<int>& rows, int width) {
+    QRegion bands;
+    for (size_t i = 0; i < rows.size();) {
+        const int first = rows[i];
+        int last = first;
+        for (; i < rows.size() && rows[i] - last <= paintedGap; ++i) {
+            last = rows[i];
+        }
+        bands += QRect(0, first, width, last - first + 1);
+    }
+    return bands;
+}
+
 }  // namespace
 
-bool AlphaBlend(QImage& target, const QImage& source, int alpha) {
+QRegion CumulativeBlend::AlphaBlend(QImage& target, const QImage& source, int alpha) {
     if (target.depth() != 32 || source.depth() != 32 || alpha < 0 || alpha > 255) {
-        return false;
+        return {};
     }
-    const int width = std::min(target.width(), source.width());
-    const int height = std::min(target.height(), source.height());
-    QImage fresh = freshTarget(target, {width, height});
+    const QSize shared = target.size().boundedTo(source.size());
+    if (target.cacheKey() != target_ || source.cacheKey() != source_) {
+        look(target, source, shared);
+    }
+    const std::vector<int> rows = rowsThatMove(alpha);
+    if (rows.empty() || !blendRows(rows, target, source, shared.width(), alpha)) {
+        return {};
+    }
+    return bandsOf(rows, shared.width());
+}
+
+void CumulativeBlend::look(const QImage& target, const QImage& source, QSize shared) {
+    apart_.assign(static_cast<size_t>(shared.height()), 0);
+    inBandsIfMany(shared.height(), shared.width(), [&](int first, int end) {
+        for (int y = first; y < end; ++y) {
+            apart_[y] = static_cast<uchar>(largestDifference(rowOf(target, y), rowOf(source, y),
+                                                             shared.width(), ~alwaysSet(target)));
+        }
+    });
+    target_ = target.cacheKey();
+    source_ = source.cacheKey();
+}
+
+std::vector<int> CumulativeBlend::rowsThatMove(int alpha) const {
+    std::vector<int> rows;
+    for (size_t y = 0; y < apart_.size(); ++y) {
+        if (apart_[y] * alpha >= leastMove) {
+            rows.push_back(static_cast<int>(y));
+        }
+    }
+    return rows;
+}
+
+/// False: there was no memory for a copy of shared pixels.
+bool CumulativeBlend::blendRows(const std::vector<int>& rows, QImage& target, const QImage& source,
+                                int width, int alpha) {
+    QImage fresh = freshTarget(target, {width, static_cast<int>(apart_.size())});
+    const std::vector<int> visited = fresh.isNull() ? rows : allRows(target.height());
     QImage& out = fresh.isNull() ? target : fresh;
     uchar* const pixels = out.bits();
     if (pixels == nullptr) {
-        return false;  // no memory for a copy of shared pixels
+        return false;
     }
     const qsizetype stride = out.bytesPerLine();
+    const QRgb always = alwaysSet(target);
     const QImage& below = target;
-    const QRgb always = target.format() == QImage::Format_RGB32 ? 0xFF000000U : 0;
-    const auto blendRows = [&](int first, int end) {
-        for (int y = first; y < end; ++y) {
-            blendFast({reinterpret_cast<QRgb*>(pixels + y * stride),
-                       reinterpret_cast<const QRgb*>(below.constScanLine(y)),
-                       reinterpret_cast<const QRgb*>(source.constScanLine(y)), width, always},
-                      static_cast<quint32>(alpha));
+    inBandsIfMany(static_cast<int>(visited.size()), width, [&](int first, int end) {
+        for (int i = first; i < end; ++i) {
+            const int y = visited[i];
+            const BlendedRow row{reinterpret_cast<QRgb*>(pixels + y * stride), rowOf(below, y),
+                                 rowOf(source, y), width, always};
+            blendRow(row, static_cast<quint32>(alpha));
+            apart_[y] = static_cast<uchar>(largestDifference(row.out, row.above, width, ~always));
         }
-    };
-    if (qint64(width) * height * 4 < largeBitmap) {
-        blendRows(0, height);
-    } else {
-        inBands(height, blendRows);
-    }
+    });
     if (!fresh.isNull()) {
         target = std::move(fresh);
     }
+    target_ = target.cacheKey();
     return true;
 }
 
