@@ -5,8 +5,10 @@
 #include "imaging/pixels/colours.h"
 #include "platform/numbers.h"
 
+#include <QCursor>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QWheelEvent>
 
 namespace velorama {
 namespace {
@@ -157,6 +159,19 @@ void ControlBar::pointerMoved(float formHeight, float y) {
     if (autoHide()) {
         setVisible(formHeight - pointerZone < y);
     }
+}
+
+// A pointer that has left with a button held down, or to another window, moves over nothing that
+// would tell.
+void ControlBar::leaveEvent(QEvent*) {
+    const int y = mapFromGlobal(QCursor::pos()).y();
+    if (y < 0) {
+        pointerMoved(Height(*parentWidget()), Top(*this) + toTwips(y));
+    }
+}
+
+void ControlBar::wheelEvent(QWheelEvent* event) {
+    emit Wheel(*event);
 }
 
 void ControlBar::paintEvent(QPaintEvent*) {

@@ -44,8 +44,14 @@ public:
     /// A move of the pointer at height `y` (twips) of the form.
     void pointerMoved(float formHeight, float y);
 
+signals:
+    /// The wheel was turned over the bar or one of its parts.
+    void Wheel(const QWheelEvent& event);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void designLabels();

@@ -47,7 +47,8 @@ frmSLIDESHOW::frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver)
       host_(host),
       screenSaver_(screenSaver),
       fitting_(*this, picPREVIEW, picBORDERFRAME, imgPREVIEW98),
-      fade_(picPREVIEW, picSLIDERESIZE, tmrFADETRANS, pictures_) {
+      fade_(picPREVIEW, picSLIDERESIZE, tmrFADETRANS, pictures_),
+      pauseMark_(this) {
     setObjectName(QStringLiteral("frmSLIDESHOW"));
     setWindowTitle(libTxt.ProductName);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
@@ -101,6 +102,7 @@ void frmSLIDESHOW::connectBar() {
     connect(&picCONTROLBAR.btnPAUSE, &picbtn::Click, this, &frmSLIDESHOW::Form_MouseUp);
     connect(&picCONTROLBAR.btnPLAY, &picbtn::Click, this, &frmSLIDESHOW::Form_MouseUp);
     connect(&picCONTROLBAR.btnEXIT, &picbtn::Click, this, &frmSLIDESHOW::btnEXIT_Click);
+    connect(&picCONTROLBAR, &ControlBar::Wheel, this, &frmSLIDESHOW::askByWheel);
 }
 
 void frmSLIDESHOW::load(QScreen* screen) {
@@ -267,6 +269,11 @@ void frmSLIDESHOW::togglePause() {
     copyMusic();
     ShowStatusLabels();
     picCONTROLBAR.showPaused(Paused);
+    if (Paused && picCONTROLBAR.isHidden()) {
+        pauseMark_.showBriefly();
+    } else {
+        pauseMark_.hide();
+    }
 }
 
 void frmSLIDESHOW::keepAwake(bool awake) {
@@ -295,6 +302,10 @@ void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
 
 void frmSLIDESHOW::mouseMoveEvent(QMouseEvent* event) {
     Form_MouseMove(toTwips(event->position().y()));
+}
+
+void frmSLIDESHOW::wheelEvent(QWheelEvent* event) {
+    askByWheel(*event);
 }
 
 void frmSLIDESHOW::resizeEvent(QResizeEvent*) {

@@ -6,9 +6,11 @@
 #include "platform/session/system_colours.h"
 #include "player/control_bar.h"
 #include "player/fade_transition.h"
+#include "player/pause_mark.h"
 #include "player/slide_fitting.h"
 #include "player/slide_sequence.h"
 #include "player/step_queue.h"
+#include "player/wheel_steps.h"
 
 #include <QTimer>
 
@@ -86,6 +88,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -102,6 +105,7 @@ private:
 
     // frm_slideshow_steps.cpp
     void ask(ShowStep step);
+    void askByWheel(const QWheelEvent& event);
     void takeSteps();
     void takeWaitingTick();
     void take(const QList<ShowStep>& steps);
@@ -119,9 +123,11 @@ private:
     LookAhead pictures_;
     SlideFitting fitting_;
     FadeTransition fade_;
+    PauseMark pauseMark_;
     QImage background_;
     int running_ = 0;
     StepQueue steps_;
+    WheelSteps wheel_;
     /// A step is being taken, or the load has not come to the first one.
     bool stepping_ = true;
     bool loaded_ = false;

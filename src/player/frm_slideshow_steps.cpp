@@ -5,12 +5,24 @@
 #include "platform/process/events.h"
 #include "player/running.h"
 
+#include <cstdlib>
 #include <optional>
 
 namespace velorama {
 
 void frmSLIDESHOW::ask(ShowStep step) {
     steps_.add(step);
+    if (!stepping_) {
+        takeSteps();
+    }
+}
+
+void frmSLIDESHOW::askByWheel(const QWheelEvent& event) {
+    const int steps = wheel_.take(event);
+    if (steps == 0 || unloaded_) {
+        return;
+    }
+    steps_.addOfWheel(steps > 0 ? ShowStep::Right : ShowStep::Left, std::abs(steps));
     if (!stepping_) {
         takeSteps();
     }

@@ -19,6 +19,15 @@ void StepQueue::add(ShowStep step) {
         dropTicks();
     }
     steps_.append(step);
+    ofWheel_ = 0;
+}
+
+void StepQueue::addOfWheel(ShowStep arrow, int count) {
+    steps_.resize(steps_.size() - std::min(ofWheel_, steps_.size()));
+    for (int i = 0; i < count; ++i) {
+        add(arrow);
+    }
+    ofWheel_ = count;
 }
 
 QList<ShowStep> StepQueue::takeNext() {

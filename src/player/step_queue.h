@@ -16,6 +16,10 @@ public:
     /// wait the timer has run out once. An arrow takes the ticks before it away.
     void add(ShowStep step);
 
+    /// `count` arrows at once, from the wheel. Those that it has asked for before and that wait at
+    /// the end of the queue give way to them: a wheel that spins on piles nothing up.
+    void addOfWheel(ShowStep arrow, int count);
+
     /// A period begins anew: the tick that waits was of the one before.
     void dropTicks() { steps_.removeAll(ShowStep::Tick); }
 
@@ -28,6 +32,8 @@ public:
 
 private:
     QList<ShowStep> steps_;
+    /// How many at the end are the wheel's.
+    qsizetype ofWheel_ = 0;
 };
 
 }  // namespace velorama

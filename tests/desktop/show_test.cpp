@@ -320,6 +320,38 @@ TEST_F(Show, ArrowsGoRoundAndPassOverMissingFiles) {
     EXPECT_TRUE(waitForSlide(0));
 }
 
+TEST_F(Show, WheelStepsAndPausesNothing) {
+    ASSERT_NO_FATAL_FAILURE(begin({.width = 800, .height = 600}, {kTall, kOrdinary, kOther}));
+    makeReferences();
+    const WindowId show = page->startShow();
+    ASSERT_TRUE(waitForSlide(0));
+    constexpr int up = 4;
+    constexpr int down = 5;
+    constexpr int right = 7;
+    const std::pair<int, int> turns[] = {{down, 1}, {up, 0}, {up, 2}, {right, 0}};
+    for (const auto& [button, slide] : turns) {
+        session->click(show, look->picture.center(), button);
+        EXPECT_TRUE(waitForSlide(slide)) << button << " to " << slide;
+    }
+}
+
+TEST_F(Show, PauseShowsForASecondWhereTheBarIsHidden) {
+    ASSERT_NO_FATAL_FAILURE(begin({.width = 800, .height = 600}, {kOrdinary}));
+    makeReferences();
+    const WindowId show = page->startShow();
+    ASSERT_TRUE(waitForSlide(0));
+    const QPoint middle(400, 300);
+    const auto glance = [&] { return session->glance(QRect(360, 260, 80, 80)); };
+    QImage before;
+    ASSERT_TRUE(waitFor([&] {
+        before = glance();
+        return !waitFor([&] { return glance() != before; }, std::chrono::seconds(1));
+    }));
+    session->click(show, middle);
+    EXPECT_TRUE(waitFor([&] { return glance() != before; }));
+    EXPECT_TRUE(waitFor([&] { return glance() == before; }));
+}
+
 TEST_F(Show, BeginsAgainAfterTheLastSlide) {
     ASSERT_NO_FATAL_FAILURE(
         begin({.width = 800, .height = 600}, {kTall, kOrdinary, kOther}, QStringLiteral("1")));

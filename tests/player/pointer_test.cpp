@@ -276,6 +276,27 @@ TEST_F(AutoHide, ThePointerThatGoesStraightOntoThePictureHidesTheBar) {
     }
 }
 
+// Dragged off a button and let go above: the moves in between were the button's.
+TEST_F(AutoHide, ThePointerThatLeavesUpwardsWithAButtonHeldHidesTheBar) {
+    makeSlides(1);
+    frmSLIDESHOW& show = openFaded();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&show));
+    const QPoint next =
+        show.picCONTROLBAR.btnNEXT.geometry().center() + show.picCONTROLBAR.geometry().topLeft();
+    const QPoint above(show.width() / 2, show.height() / 2);
+    show.Form_MouseMove(Height(show));
+    for (const QPoint& end : {next, above}) {
+        QTest::mouseMove(show.windowHandle(), next);
+        QTest::mousePress(show.windowHandle(), Qt::LeftButton, {}, next);
+        QCursor::setPos(show.mapToGlobal(end));
+        QTest::mouseMove(show.windowHandle(), end);
+        EXPECT_TRUE(shown(show));
+        QTest::mouseRelease(show.windowHandle(), Qt::LeftButton, {}, end);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(shown(show), end == next);
+    }
+}
+
 TEST_F(AutoHide, OffThePictureHidesNothing) {
     makeSlides(1);
     setTBAR("0");

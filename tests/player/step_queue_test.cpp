@@ -45,6 +45,31 @@ TEST(StepQueueTest, APauseKeepsItsPlaceAmongTheArrows) {
               (QList<QList<ShowStep>>{{Right}, {Pause}, {Left, Left}, {Pause}}));
 }
 
+TEST(StepQueueTest, OfTheWheelOnlyTheLastTurnWaits) {
+    StepQueue queue;
+    queue.addOfWheel(Right, 3);
+    queue.addOfWheel(Left, 2);
+    EXPECT_EQ(queue.takeNext(), (QList<ShowStep>{Left, Left}));
+    queue.addOfWheel(Right, 1);
+    EXPECT_EQ(queue.takeNext(), QList<ShowStep>{Right});
+    EXPECT_TRUE(queue.isEmpty());
+}
+
+TEST(StepQueueTest, TheWheelTakesNoKeyAwayAndNoPause) {
+    StepQueue queue;
+    queue.add(Tick);
+    queue.add(Left);
+    queue.addOfWheel(Right, 1);
+    queue.add(Left);
+    queue.addOfWheel(Right, 1);
+    queue.add(Pause);
+    queue.addOfWheel(Right, 2);
+    queue.addOfWheel(Right, 1);
+    EXPECT_EQ(queue.takeNext(), (QList<ShowStep>{Left, Right, Left, Right}));
+    EXPECT_EQ(queue.takeNext(), QList<ShowStep>{Pause});
+    EXPECT_EQ(queue.takeNext(), QList<ShowStep>{Right});
+}
+
 TEST(StepQueueTest, OnlyTheTickIsDroppedWithItsPeriod) {
     StepQueue queue;
     queue.add(Tick);
