@@ -42,6 +42,8 @@ public:
     /// A click of the left button at a place on the screen.
     void click(QPoint at) const;
     QProcessEnvironment environment() const;
+    /// The process of the X server.
+    const QProcess& server() const { return server_; }
 
 private:
     using IsReached = std::function<bool(quint32 window)>;

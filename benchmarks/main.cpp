@@ -46,6 +46,7 @@ constexpr Work works[] = {
     {"memorymany", 1, memoryOfManyPictures},
     {"answers", 1, answersDuringListing},
     {"startagain", 1, startWithAlbumAgain},
+    {"showserver", 1, serverOfShow},
 };
 
 constexpr int quickRounds = 3;

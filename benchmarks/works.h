@@ -16,6 +16,7 @@ Contest memoryOfSlides();
 Contest memoryOfManyPictures();
 Contest playingMusic();
 Contest wholeShow();
+Contest serverOfShow();
 Contest firstSound();
 Contest memoryOfLongShow();
 Contest pagesOfWebAlbum();
