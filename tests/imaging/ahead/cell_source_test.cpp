@@ -165,9 +165,10 @@ TEST_F(CellSourceTest, TellsWhatACellWasMadeFrom) {
     }
     EXPECT_TRUE(isKept(path, foundCell));
     LookAhead pictures;
-    EXPECT_EQ(pictures.cell(path, slideCell).file, state);
+    const auto stays = [] { return false; };
+    EXPECT_EQ(pictures.await(path, slideCell, stays).file, state);
     pictures.expect({path}, Fit::cell(slideCell));
-    EXPECT_EQ(pictures.cell(path, slideCell).file, state) << "made ahead";
+    EXPECT_EQ(pictures.await(path, slideCell, stays).file, state) << "made ahead";
     EXPECT_FALSE(CellSource(newCache()).cell(path + QStringLiteral("x"), foundCell).file.isFile());
 }
 
