@@ -182,9 +182,11 @@ void ThumbnailCache::writeBatch(ThumbnailFile& file, const Batch& batch,
 /// Those that have been made anew meanwhile go on waiting.
 void ThumbnailCache::forget(const Batch& batch) {
     for (const Waiting& done : batch) {
-        const auto place = waiting_.constFind(ThumbnailFile::keyOf(done.file.path, done.cell));
+        const qint64 key = ThumbnailFile::keyOf(done.file.path, done.cell);
+        const auto place = waiting_.constFind(key);
         if (place != waiting_.cend() && place->file == done.file) {
-            waiting_.erase(place);
+            // Erasing by iterator would look for the next one, all through a table grown empty.
+            waiting_.remove(key);
         }
     }
 }
