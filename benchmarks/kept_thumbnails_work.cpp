@@ -71,6 +71,24 @@ Contest again(const QString& work, const QString& folder, double goal, int round
                  .measure = measure(&Times::listing, folder, [file] { return file->newPath(); })}}};
 }
 
+/// Ten times as many pictures whose thumbnails are kept already. The goal leaves a tenth to what
+/// grows faster than the number of pictures, sorting among it.
+Contest tenfold(const QString& work, const QString& against, TimeOf what) {
+    constexpr int rounds = 3;
+    const QString few = gradientFolder(10'000);
+    const QString many = gradientFolder(100'000);
+    const auto file = std::make_shared<KeptFile>();
+    const auto path = [file] { return file->path(); };
+    timesWith(few, file->newPath());
+    timesWith(many, file->path());
+    return {.work = work,
+            .unit = QStringLiteral("ms"),
+            .rounds = rounds,
+            .ours = measure(what, many, path),
+            .against = {{.name = against, .goal = 11, .measure = measure(what, few, path)}},
+            .warmUp = false};
+}
+
 QString missingWallpapers(const QString& folder) {
     return folder.isEmpty() ? QStringLiteral(
                                   "the pictures of Debian's plasma-workspace-wallpapers are not "
@@ -135,6 +153,16 @@ Contest addingWhatIsListed() {
                          .measure =
                              measure(&Times::listing, folder, [file] { return file->newPath(); })}},
             .absent = missingWallpapers(folder)};
+}
+
+Contest listingHundredThousandAgain() {
+    return tenfold(QStringLiteral("listing 100,000 tiny pictures again in a new process"),
+                   QStringLiteral("the same with 10,000"), &Times::listing);
+}
+
+Contest addingHundredThousand() {
+    return tenfold(QStringLiteral("Add All of 100,000 tiny pictures just listed"),
+                   QStringLiteral("the same with 10,000"), &Times::adding);
 }
 
 }  // namespace velorama::bench

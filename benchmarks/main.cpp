@@ -47,6 +47,9 @@ constexpr Work works[] = {
     {"answers", 1, answersDuringListing},
     {"startagain", 1, startWithAlbumAgain},
     {"showserver", 1, serverOfShow},
+    {"viewers", 2, secondVisit},
+    {"manyagain", 1, listingHundredThousandAgain},
+    {"addmany", 1, addingHundredThousand},
 };
 
 constexpr int quickRounds = 3;

@@ -213,4 +213,12 @@ QString tinyFolder(int count) {
     });
 }
 
+QString gradientFolder(int count) {
+    const QString name = QStringLiteral("gradients-%1").arg(count);
+    return filled(name, QStringLiteral("bmp"), count, [](int number, const QString& path) {
+        std::minstd_rand random(static_cast<unsigned>(number) + 1);
+        return noise({2, 2}, random).save(path, "BMP");
+    });
+}
+
 }  // namespace velorama::bench

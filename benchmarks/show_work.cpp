@@ -3,9 +3,8 @@
 #include "pictures.h"
 #include "sound_server.h"
 #include "stopwatch.h"
+#include "stored_settings.h"
 #include "works.h"
-
-#include "platform/store/sqlite_registry_store.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -173,27 +172,14 @@ private:
     }
 
     void saveSettings(const QProcessEnvironment& environment, int transition) const {
-        SqliteRegistryStore store(environment.value(QStringLiteral("HOME")) +
-                                  QStringLiteral("/.config/velorama/registry.sqlite"));
-        const struct {
-            const char* key;
-            const char* name;
-            QString value;
-        } settings[] = {
-            {"frmSLIDESHOW\\Items", "Items", QStringLiteral("0")},
-            {"frmTOOLSSETTINGS\\Items", "Files Location", folder_},
-            {"frmCONFIG\\Items", "INTERVAL", QStringLiteral("4")},
-            {"frmCONFIG\\Items", "TRANSITION", QString::number(transition)},
-            {"mfrmPRGMAINAUD\\Items Total", "lstMUSICList Total", QStringLiteral("1")},
-            {"mfrmPRGMAINAUD\\Details", "lstMUSIC0", track_},
-        };
-        for (const auto& each : settings) {
-            store.setValue(
-                Hive::CurrentUser,
-                QStringLiteral("SOFTWARE\\Brightquay\\Velorama\\") + QLatin1String(each.key),
-                QLatin1String(each.name), {ValueType::Text, each.value.toUtf8()});
-        }
-        store.flush();
+        const auto text = [](const char* plain) { return QString::fromLatin1(plain); };
+        storeSettings(environment,
+                      {{text("frmSLIDESHOW\\Items"), text("Items"), text("0")},
+                       {text("frmTOOLSSETTINGS\\Items"), text("Files Location"), folder_},
+                       {text("frmCONFIG\\Items"), text("INTERVAL"), text("4")},
+                       {text("frmCONFIG\\Items"), text("TRANSITION"), QString::number(transition)},
+                       {text("mfrmPRGMAINAUD\\Items Total"), text("lstMUSICList Total"), text("1")},
+                       {text("mfrmPRGMAINAUD\\Details"), text("lstMUSIC0"), track_}});
     }
 
     Desktop desktop_;

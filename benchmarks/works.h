@@ -31,6 +31,9 @@ Contest listingWithCache();
 Contest addingWhatIsListed();
 Contest answersDuringListing();
 Contest startWithAlbumAgain();
+Contest secondVisit();
+Contest listingHundredThousandAgain();
+Contest addingHundredThousand();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.
