@@ -27,8 +27,10 @@ void FileList::setPath(const QString& path) {
 }
 
 void FileList::setPattern(const QString& pattern) {
-    pattern_ = pattern;
-    read();
+    if (pattern != pattern_) {
+        pattern_ = pattern;
+        read();
+    }
 }
 
 void FileList::read() {

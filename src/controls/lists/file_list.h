@@ -13,7 +13,8 @@ public:
     /// Lists the folder anew. A folder that cannot be read gives an empty list; the path stays.
     void setPath(const QString& path);
     QString Pattern() const { return pattern_; }
-    /// Wildcards separated by ";", letter case does not matter. Lists anew.
+    /// Wildcards separated by ";", letter case does not matter. Lists anew if it is another one: a
+    /// large folder takes its time.
     void setPattern(const QString& pattern);
     int ListCount() const { return static_cast<int>(names_.size()); }
     /// Name `index`, from 0; empty outside the list.

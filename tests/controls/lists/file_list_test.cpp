@@ -90,6 +90,19 @@ TEST(FileList, HoldsOnlyFilesThatShow) {
     EXPECT_EQ(listed(folder, pictures).join(u' '), QStringLiteral("a.jpg link.jpg"));
 }
 
+TEST(FileList, ReadsTheFolderOnceWhereThePatternStays) {
+    const QString folder = folderWith({QStringLiteral("a.jpg")});
+    FileList list;
+    list.setPattern(pictures);
+    list.setPath(folder);
+    QFile late(folder + QStringLiteral("/b.jpg"));
+    ASSERT_TRUE(late.open(QIODevice::WriteOnly));
+    list.setPattern(pictures);
+    EXPECT_EQ(list.ListCount(), 1);
+    list.setPath(folder);
+    EXPECT_EQ(list.ListCount(), 2);
+}
+
 TEST(FileList, AFolderThatCannotBeReadIsEmptyAndStaysThePath) {
     FileList list;
     list.setPath(folderWith({QStringLiteral("a.jpg")}));
