@@ -80,9 +80,21 @@ void SlideStore::read() {
         const QString path = kept.contains(i) ? kept.value(i) : loadSlide(i);
         if (!list_.Add(i, path, slideText(path), thumbnails_.SlideIconIndex(path))) {
             // A key that is there already. All further positions lie past the end of the list.
-            return;
+            break;
         }
     }
+    selectCurrent();
+}
+
+/// The slide that is framed is the one that Remove takes: with none selected it would be the last,
+/// off the screen.
+void SlideStore::selectCurrent() {
+    for (const int index : {1, 2}) {
+        if (ListItem* item = list_.item(index)) {
+            item->setSelected(index == 1);
+        }
+    }
+    list_.setSelectedItem(1);
 }
 
 int SlideStore::storedCount() const {
@@ -119,7 +131,7 @@ void SlideStore::writeAndRead() {
 }
 
 void SlideStore::putOff() {
-    list_.setSelectedItem(1);
+    selectCurrent();
     due_ = true;
     rebuilt_ = list_.changes();
 }

@@ -9,7 +9,7 @@ namespace velorama {
 ///
 /// Every slide that is added is followed by a write and a rebuild of the whole list from what was
 /// written. Where that would bring back the very list that is there, it may be put off; what it
-/// does besides, item 1 current and nothing selected, is done at once.
+/// does besides, item 1 current and alone selected, is done at once.
 class SlideStore {
 public:
     /// Both must outlive this object.
@@ -37,6 +37,7 @@ public:
     void settle();
 
 private:
+    void selectCurrent();
     bool writeAll() const;
     bool survives() const;
 

@@ -159,6 +159,9 @@ private:
             const bool kept = place < before.size() && before[place].key.size() > 254;
             addSlide(i, kept ? before[place].key : path);
         }
+        if (!slides.empty()) {
+            slides.front().selected = true;
+        }
     }
     void addSlide(int index, const QString& key) {
         for (const Slide& each : slides) {

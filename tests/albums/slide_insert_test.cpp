@@ -43,7 +43,22 @@ TEST_F(SlideInsertTest, furtherSlidesGoInAtTheCurrentItem) {
     list->Add();
     EXPECT_EQ(keys(), names(folder, {a, b, QStringLiteral("x.jpg"), c}));
     EXPECT_EQ(current(), 1);
-    EXPECT_TRUE(selected().empty());
+}
+
+TEST_F(SlideInsertTest, theSlideThatIsFramedIsTheOneThatGoes) {
+    const QString folder = browse({a, b, c});
+    list->AddAll();
+    EXPECT_EQ(current(), 1);
+    EXPECT_EQ(selected(), std::vector<int>{1});
+    const QStringList added = keys();
+    list->Clear();
+    EXPECT_EQ(keys(), added.mid(1));
+    selectFound({1});
+    list->Add();
+    EXPECT_EQ(selected(), std::vector<int>{1});
+    lvwSLIDEBAR->clearSelection();
+    list->Clear();
+    EXPECT_EQ(keys(), names(folder, {a, b}));
 }
 
 TEST_F(SlideInsertTest, addPutsEachFurtherFileFirst) {
