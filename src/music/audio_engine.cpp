@@ -105,6 +105,7 @@ void AudioEngine::AudioPlay() {
     openAndPlay();
     enableButtons({4, 3, 2}, true);
     enableList(true);
+    emit Changed();
 }
 
 void AudioEngine::AudioPause() {
@@ -113,6 +114,7 @@ void AudioEngine::AudioPause() {
     device_.send(playing ? QStringLiteral("pause CURRFILE") : QStringLiteral("Resume CURRFILE"));
     enableButtons({2}, true);
     enableList(!playing);
+    emit Changed();
 }
 
 void AudioEngine::AudioStop() {
@@ -123,17 +125,33 @@ void AudioEngine::AudioStop() {
     enableButtons({2}, true);
     enableButtons({4, 3}, false);
     enableList(true);
+    emit Changed();
 }
 
 void AudioEngine::closeDevice() {
     device_.send(QStringLiteral("close CURRFILE"));
 }
 
-int AudioEngine::askSeconds(const QString& what) {
+AudioEngine::State AudioEngine::state() const {
+    if (isPaused()) {
+        return State::Paused;
+    }
+    return c_.tmrMUSIC->isActive() ? State::Playing : State::Stopped;
+}
+
+qint64 AudioEngine::askMilliseconds(const QString& what) const {
     QString answer;
     device_.send(u"status CURRFILE " + what, &answer);
     // Milliseconds, whatever the time format was set to.
-    return static_cast<int>(roundHalfEven(numericValue(answer)) / 1000);
+    return static_cast<qint64>(roundHalfEven(numericValue(answer)));
+}
+
+qint64 AudioEngine::length() const {
+    return askMilliseconds(QStringLiteral("length"));
+}
+
+qint64 AudioEngine::position() const {
+    return askMilliseconds(QStringLiteral("position"));
 }
 
 void AudioEngine::showProgress(int length, int position) {
@@ -148,12 +166,13 @@ void AudioEngine::showProgress(int length, int position) {
 
 void AudioEngine::tmrMUSIC_Timer() {
     device_.send(QStringLiteral("set CURRFILE time format s"));
-    const int length = askSeconds(QStringLiteral("length"));
-    const int position = askSeconds(QStringLiteral("position"));
-    showProgress(length, position);
+    const auto wholeLength = static_cast<int>(length() / 1000);
+    const auto wholePosition = static_cast<int>(position() / 1000);
+    showProgress(wholeLength, wholePosition);
+    emit Changed();
     // Whole seconds on purpose: the end is seen in the track's last second. A file that did not
     // open has 0 of 0, and so is over too. A paused track waits there until it goes on.
-    if (position == length && !isPaused()) {
+    if (wholePosition == wholeLength && !isPaused()) {
         nextTrack();
     }
 }
@@ -172,6 +191,28 @@ void AudioEngine::nextTrack() {
     startPolling();
     c_.prgPLAY->setVisible(true);
     c_.lblFile->setCaption(currentRow());
+    emit Changed();
+}
+
+void AudioEngine::stepRow(int by) {
+    const int rows = c_.lstMUSIC->ListCount();
+    if (rows == 0) {
+        return;
+    }
+    const State before = state();
+    if (before != State::Stopped) {
+        AudioStop();
+    }
+    const int row = c_.lstMUSIC->ListIndex();
+    // Without a selected row the first step leads to an end of the list.
+    const int from = row < 0 && by < 0 ? 0 : row;
+    c_.lstMUSIC->setListIndex(((from + by) % rows + rows) % rows);
+    if (before != State::Stopped) {
+        AudioPlay();
+    }
+    if (before == State::Paused) {
+        AudioPause();
+    }
 }
 
 void AudioEngine::lstMUSIC_DblClick() {

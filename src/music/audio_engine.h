@@ -23,6 +23,17 @@ public:
     void AudioPlay();
     void AudioPause();
     void AudioStop();
+    /// Goes to the row `by` places on, or back where that is below 0, round the list's ends, as a
+    /// double click on it does. What is stopped stays so, and what is paused stays paused, at the
+    /// new track's start.
+    void stepRow(int by);
+
+    enum class State { Stopped, Playing, Paused };
+    State state() const;
+    /// Of the open track, in milliseconds, from the device itself; 0 for none.
+    qint64 length() const;
+    qint64 position() const;
+
     /// Closes the device and leaves the controls alone: for the end of the program.
     void closeDevice();
 
@@ -31,12 +42,16 @@ public:
     void cbtnAUDIO_Click(int Index);
     void lstMUSIC_DblClick();
 
+signals:
+    /// What `state`, `length` and `position` tell may have changed.
+    void Changed();
+
 private:
     void connectEvents();
     void stoppedState();
     void nextTrack();
     void openAndPlay();
-    int askSeconds(const QString& what);
+    qint64 askMilliseconds(const QString& what) const;
     void showProgress(int length, int position);
     QString currentRow() const;
     bool isPaused() const;

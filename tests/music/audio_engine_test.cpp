@@ -342,5 +342,77 @@ TEST_F(MusicFocus, ATrackChangeLeavesItWhereItIs) {
     EXPECT_EQ(page.focusWidget(), cbtnAUDIO[4]);
 }
 
+TEST_F(AudioEngineTest, AStepToAnotherRowPlaysItAsADoubleClickDoes) {
+    fill({a, b, c}, 1);
+    engine->AudioPlay();
+    device.taken();
+    engine->stepRow(1);
+    EXPECT_EQ(lstMUSIC.ListIndex(), 2);
+    EXPECT_EQ(device.taken(), QStringList({closeCommand, openCommand(c), playCommand}));
+    expectPlaying();
+    engine->stepRow(-1);
+    EXPECT_EQ(lstMUSIC.ListIndex(), 1);
+    EXPECT_EQ(device.taken(), QStringList({closeCommand, openCommand(b), playCommand}));
+}
+
+TEST_F(AudioEngineTest, StepsGoRoundTheListsEnds) {
+    struct Step {
+        int rows;
+        int from;
+        int by;
+        int to;
+    };
+    for (const Step& step : {Step{3, 2, 1, 0},
+                             {3, 0, -1, 2},
+                             {1, 0, 1, 0},
+                             {1, 0, -1, 0},
+                             {3, -1, 1, 0},
+                             {3, -1, -1, 2}}) {
+        lstMUSIC.clear();
+        fill(QStringList({a, b, c}).mid(0, step.rows), step.from);
+        engine->stepRow(step.by);
+        EXPECT_EQ(lstMUSIC.ListIndex(), step.to) << step.from << " by " << step.by;
+        EXPECT_EQ(device.taken(), QStringList()) << "what is stopped stays so";
+    }
+    lstMUSIC.clear();
+    engine->AudioPlay();
+    device.taken();
+    engine->stepRow(1);
+    EXPECT_EQ(device.taken(), QStringList()) << "in an empty list there is none";
+}
+
+TEST_F(AudioEngineTest, AStepLeavesAPauseAtTheNewTracksStart) {
+    fill({a, b}, 0);
+    engine->AudioPlay();
+    engine->AudioPause();
+    device.taken();
+    engine->stepRow(1);
+    EXPECT_EQ(device.taken(),
+              QStringList({closeCommand, openCommand(b), playCommand, pauseCommand}));
+    EXPECT_EQ(engine->state(), AudioEngine::State::Paused);
+    EXPECT_FALSE(lstMUSIC.Enabled());
+}
+
+TEST_F(AudioEngineTest, TellsItsStateAndWhenItChanges) {
+    int changes = 0;
+    QObject::connect(engine.get(), &AudioEngine::Changed, &page, [&changes] { ++changes; });
+    const auto changed = [&changes] { return std::exchange(changes, 0) > 0; };
+    fill({a, b}, 0);
+    EXPECT_EQ(engine->state(), AudioEngine::State::Stopped);
+    engine->AudioPlay();
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(engine->state(), AudioEngine::State::Playing);
+    engine->AudioPause();
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(engine->state(), AudioEngine::State::Paused);
+    poll(QStringLiteral("61500"), QStringLiteral("1250"));
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(engine->length(), 61500);
+    EXPECT_EQ(engine->position(), 1250);
+    engine->AudioStop();
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(engine->state(), AudioEngine::State::Stopped);
+}
+
 }  // namespace
 }  // namespace velorama
