@@ -1,12 +1,12 @@
 #include "platform/session/session_screen_saver.h"
 
+#include "support/private_bus.h"
 #include "support/test_world.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
-#include <QProcess>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -43,16 +43,8 @@ public:
 class ScreenSaverOnABus : public testing::Test {
 protected:
     void SetUp() override {
-        daemon_.start(QStringLiteral("dbus-daemon"),
-                      {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                       QStringLiteral("--print-address")});
-        ASSERT_TRUE(daemon_.waitForStarted());
-        ASSERT_TRUE(daemon_.waitForReadyRead());
-        address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
-        serviceBus = std::make_unique<QDBusConnection>(
-            QDBusConnection::connectToBus(address_, QStringLiteral("service")));
-        clientBus = std::make_unique<QDBusConnection>(
-            QDBusConnection::connectToBus(address_, QStringLiteral("client")));
+        serviceBus = std::make_unique<QDBusConnection>(bus_.connection(QStringLiteral("service")));
+        clientBus = std::make_unique<QDBusConnection>(bus_.connection(QStringLiteral("client")));
         ASSERT_TRUE(serviceBus->isConnected());
         ASSERT_TRUE(clientBus->isConnected());
     }
@@ -60,10 +52,6 @@ protected:
     void TearDown() override {
         serviceBus.reset();
         clientBus.reset();
-        QDBusConnection::disconnectFromBus(QStringLiteral("service"));
-        QDBusConnection::disconnectFromBus(QStringLiteral("client"));
-        daemon_.terminate();
-        daemon_.waitForFinished();
     }
 
     void serve(const QString& name) {
@@ -81,8 +69,7 @@ protected:
     std::unique_ptr<QDBusConnection> clientBus;
 
 private:
-    QProcess daemon_;
-    QString address_;
+    test::PrivateBus bus_;
 };
 
 const QString screenSaverName = QStringLiteral("org.freedesktop.ScreenSaver");
