@@ -2,6 +2,8 @@
 
 #include <QLibrary>
 
+#include <utility>
+
 namespace velorama {
 namespace {
 
@@ -20,15 +22,24 @@ public:
         return device_ ? device_->send(command, answer) : MediaCommands::send(command, answer);
     }
 
+    void whenPulled(std::function<void()> told) override {
+        told_ = std::move(told);
+        if (device_) {
+            device_->whenPulled(told_);
+        }
+    }
+
 private:
     void load() {
         if (const auto make = reinterpret_cast<SoundEntry>(library_.resolve(soundEntry))) {
             device_.reset(make());
+            device_->whenPulled(told_);
         }
     }
 
     QLibrary library_;
     std::unique_ptr<MediaCommands> device_;
+    std::function<void()> told_;
 };
 
 }  // namespace

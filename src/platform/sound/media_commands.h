@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace velorama {
@@ -36,6 +37,10 @@ public:
         }
         return false;
     }
+
+    /// From the first track on, `told` is called from the event loop when the output that plays is
+    /// pulled out (`OutputWatch`). An empty function ends that.
+    virtual void whenPulled(std::function<void()> /*told*/) {}
 };
 
 /// The device over the system's sound output. Nothing is opened before the first `open`. It is used

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 namespace velorama {
 
@@ -44,6 +45,13 @@ bool MediaPlayer::send(const QString& command, QString* answer) {
     return done;
 }
 
+void MediaPlayer::whenPulled(std::function<void()> told) {
+    watch_.reset();
+    if (told) {
+        watch_ = std::make_unique<OutputWatch>(std::move(told));
+    }
+}
+
 /// A track whose device did not come after all is one that could not be opened.
 void MediaPlayer::forgetUnheard() {
     if (source_ && output_.failed()) {
@@ -69,6 +77,9 @@ bool MediaPlayer::open(const QString& rest, QString&) {
     if (!source_ || !output_.open(*source_)) {
         source_.reset();
         return false;
+    }
+    if (watch_) {
+        watch_->renew();
     }
     alias_ = match.captured(2);
     started_ = false;

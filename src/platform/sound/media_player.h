@@ -4,6 +4,7 @@
 #include "platform/sound/audio_source.h"
 #include "platform/sound/media_commands.h"
 #include "platform/sound/midi_source.h"
+#include "platform/sound/output_watch.h"
 
 namespace velorama {
 
@@ -15,6 +16,7 @@ public:
     ~MediaPlayer() override;
 
     bool send(const QString& command, QString* answer = nullptr) override;
+    void whenPulled(std::function<void()> told) override;
 
 private:
     struct Verb;
@@ -39,6 +41,7 @@ private:
     AudioOutput output_;
     QString alias_;
     bool started_ = false;
+    std::unique_ptr<OutputWatch> watch_;
 };
 
 }  // namespace velorama
