@@ -4,6 +4,7 @@
 #include "imaging/decode/reader_limit.h"
 #include "platform/background/desktop_background.h"
 #include "platform/process/termination.h"
+#include "platform/session/media_remote.h"
 #include "platform/session/screen_saver.h"
 #include "platform/session/shell.h"
 #include "platform/sound/late_player.h"
@@ -68,7 +69,7 @@ int main(int argc, char** argv) {
                                     instance.InstanceStartup(window, words);
                                     association.AssociationCheck();
                                 },
-                                keptThumbnails()});
+                                keptThumbnails(), makeSessionMediaRemote()});
         // Every way of closing is the same: the system's too.
         const TerminationWatch watch([&mainWindow] { mainWindow.close(); });
         mainWindow.Form_Load(commandLine(QApplication::arguments()));

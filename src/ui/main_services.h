@@ -2,6 +2,7 @@
 
 #include "imaging/cache/thumbnail_cache.h"
 #include "platform/background/desktop_background.h"
+#include "platform/session/media_remote.h"
 #include "platform/session/screen_saver.h"
 #include "platform/sound/media_commands.h"
 #include "platform/web/http_fetch.h"
@@ -23,6 +24,7 @@ struct MainServices {
     /// instances, the file type.
     std::function<void(QWidget& mainWindow, const QString& commandLine)> startUp = {};
     std::shared_ptr<ThumbnailCache> thumbnails = std::make_shared<ThumbnailCache>();
+    std::shared_ptr<MediaRemote> mediaRemote = std::make_shared<MediaRemote>();
 };
 
 }  // namespace velorama

@@ -29,7 +29,9 @@ mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
       works_(*this, *pages_, *slideBar_, commands_, cdlDIALOG_, services_),
       help_(*this, commands_, services_.netCHECKUPDATE, popups_.Icon()),
       settings_(*this, works_.album, *pages_->slideshows->albums.lvwALBUMS),
-      show_(*this, services_.screenSaver, works_.audio, pages_->music->controls, settings_) {
+      show_(*this, services_.screenSaver, works_.audio, pages_->music->controls, settings_),
+      mediaKeys_(*this, works_.audio, pages_->music->controls, show_, services_.device,
+                 services_.mediaRemote) {
     design();
     connectEvents();
     connectCommands();

@@ -4,6 +4,7 @@
 #include "ui/dialogs/settings_form.h"
 #include "ui/frm_resourcemainstore.h"
 #include "ui/help_commands.h"
+#include "ui/media_keys.h"
 #include "ui/parts/surface.h"
 #include "ui/show_start.h"
 #include "ui/workshop.h"
@@ -73,6 +74,7 @@ private:
     HelpCommands help_;
     SettingsForm settings_;
     ShowStart show_;
+    MediaKeys mediaKeys_;
     /// Where the window stood when it was hidden.
     QPoint place_;
     bool loaded_ = false;

@@ -60,6 +60,9 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     DoEvents();
     Form_Resize();
     FormLoading = false;
+    if (!unloaded_) {
+        mediaKeys_.start();
+    }
     found.ftvFOLDER->setPath(
         loadSetting(toolSettings, QStringLiteral("Files Location"), firstFolder()));
 }
@@ -129,6 +132,7 @@ void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
 
 void mfrmPRGMAIN::Form_Unload() {
     unloaded_ = true;
+    mediaKeys_.stop();
     works_.stop();
     pages_->save();
     works_.slides.SELECTIONSAVE();

@@ -22,6 +22,11 @@ void ShowStart::start() {
     form_->load(window_.screen());
 }
 
+void ShowStart::setVisible(bool visible) {
+    window_.setVisible(visible);
+    emit Changed();
+}
+
 void ShowStart::unload() {
     if (form_) {
         form_->Unload();

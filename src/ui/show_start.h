@@ -9,7 +9,8 @@
 namespace velorama {
 
 /// Starts the show over the main window, and stands for that window while it runs.
-class ShowStart : private ShowHost {
+class ShowStart : public QObject, private ShowHost {
+    Q_OBJECT
 public:
     /// What it is given must outlive this object.
     ShowStart(QWidget& window, ScreenSaver& screenSaver, AudioEngine& audio,
@@ -22,8 +23,12 @@ public:
     void unload();
     QPointer<frmSLIDESHOW> form() const { return form_; }
 
+signals:
+    /// A show has begun or ended.
+    void Changed();
+
 private:
-    void setVisible(bool visible) override { window_.setVisible(visible); }
+    void setVisible(bool visible) override;
     void AudioPlay() override { audio_.AudioPlay(); }
     void AudioPause() override { audio_.AudioPause(); }
     QString track() const override { return music_.lstMUSIC->List(music_.lstMUSIC->ListIndex()); }

@@ -123,7 +123,8 @@ TEST_F(StartWithAlbum, LoadsNoSoundBeforeThereIsMusic) {
     ASSERT_TRUE(maps.open(QIODevice::ReadOnly));
     const QByteArray loaded = maps.readAll();
     ASSERT_TRUE(loaded.contains("libQt6Widgets"));
-    for (const char* library : {"libSDL2", "libfluidsynth", "libmpg123", "libsndfile", "libpulse"}) {
+    for (const char* library :
+         {"libSDL2", "libfluidsynth", "libmpg123", "libsndfile", "libpulse"}) {
         EXPECT_FALSE(loaded.contains(library)) << library;
     }
     EXPECT_EQ(page->close(), 0);

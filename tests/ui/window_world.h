@@ -24,7 +24,9 @@ public:
         commands.append(command);
         return MediaCommands::send(command, answer);
     }
+    void whenPulled(std::function<void()> told) override { pulled = std::move(told); }
     QStringList commands;
+    std::function<void()> pulled;
 };
 
 /// No server answers.
