@@ -6,9 +6,12 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace velorama {
@@ -28,6 +31,25 @@ void addMedia(std::vector<FolderRoot>& roots, const QString& base) {
     for (const QString& name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         roots.push_back({name, folder.absoluteFilePath(name)});
     }
+}
+
+// Entries of a folder that are looked at for a folder among them: a few milliseconds' worth.
+constexpr int mostLookedAt = 10'000;
+
+/// Whether a folder has folders that are not hidden. One of very many files is taken to have some
+/// until it is opened: the tree asks for every row in sight and must not keep the window waiting.
+bool mayHaveFolders(const QString& path) {
+    std::error_code failed;
+    int looks = mostLookedAt;
+    std::filesystem::directory_iterator entry(QFile::encodeName(path).toStdString(), failed);
+    for (; !failed && entry != std::filesystem::directory_iterator(); entry.increment(failed)) {
+        std::error_code unknown;
+        const bool isHidden = entry->path().filename().native().front() == '.';
+        if (--looks < 0 || (!isHidden && entry->is_directory(unknown))) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -207,8 +229,7 @@ bool FolderModel::hasChildren(const QModelIndex& parent) const {
         return folder.hasChildren();
     }
     if (folder.hasAny < 0) {
-        QDirIterator entries(folder.path, QDir::Dirs | QDir::NoDotAndDotDot);
-        folder.hasAny = entries.hasNext() ? 1 : 0;
+        folder.hasAny = mayHaveFolders(folder.path) ? 1 : 0;
     }
     return folder.hasAny == 1;
 }
