@@ -130,15 +130,41 @@ void SlideStore::writeAndRead() {
     rebuilt_ = written && survives() ? list_.changes() : -1;
 }
 
+std::vector<int> SlideStore::selected() const {
+    std::vector<int> indices;
+    for (int i = 1; i <= list_.Count(); ++i) {
+        if (list_.item(i)->Selected()) {
+            indices.push_back(i);
+        }
+    }
+    return indices;
+}
+
 void SlideStore::putOff() {
+    // Nearly always the slide that was first before; else the user has been at the list.
+    const ListItem* const current = list_.SelectedItem();
+    if (current != list_.item(1) && current != list_.item(2)) {
+        list_.clearSelection();
+    }
     selectCurrent();
     due_ = true;
     rebuilt_ = list_.changes();
 }
 
+// The rebuild comes late: what has been selected since it was due holds.
 void SlideStore::settle() {
     if (due_) {
+        const std::vector<int> chosen = selected();
+        const int current = list_.SelectedItem() ? list_.SelectedItem()->Index() : 0;
         writeAndRead();
+        list_.clearSelection();
+        for (const int index : chosen) {
+            // Another instance may have written a shorter list meanwhile.
+            if (ListItem* item = list_.item(index)) {
+                item->setSelected(true);
+            }
+        }
+        list_.setSelectedItem(current);
     }
     // Whoever settles goes on to change something, be it no more than the selection.
     rebuilt_ = -1;

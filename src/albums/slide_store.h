@@ -3,6 +3,8 @@
 #include "browse/thumbnails.h"
 #include "controls/lists/list_view.h"
 
+#include <vector>
+
 namespace velorama {
 
 /// The copy of the slide list in the settings, Items and Selection, which the show reads.
@@ -38,6 +40,7 @@ public:
 
 private:
     void selectCurrent();
+    std::vector<int> selected() const;
     bool writeAll() const;
     bool survives() const;
 

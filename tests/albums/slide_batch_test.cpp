@@ -312,6 +312,37 @@ TEST_F(SlideBatchTest, listChangedByOthersInsideIsTakenAsItIs) {
     EXPECT_EQ(storedCount(), QStringLiteral("4"));
 }
 
+TEST_F(SlideBatchTest, slideChosenInsideIsTheOneThatGoes) {
+    browseBoth(0);
+    QStringList left;
+    QObject::connect(&imlTHUMBNAILS, &ImageList::changed, list.get(), [&] {
+        if (imlTHUMBNAILS.Count() == 2) {
+            test::atNextYield([&] {
+                lvwSLIDEBAR->clearSelection();
+                lvwSLIDEBAR->item(2)->setSelected(true);
+                list->Clear();
+                left = keys();
+            });
+        }
+    });
+    list->AddAll();
+    EXPECT_EQ(left, QStringList(folders[0] + QStringLiteral("/B.JPG")));
+    EXPECT_EQ(keys(), QStringList({folders[0] + QStringLiteral("/a.bmp"),
+                                   folders[0] + QStringLiteral("/B.JPG")}));
+}
+
+TEST_F(SlideBatchTest, slideChosenInsideIsNoLongerSelectedAfterTheNext) {
+    browseBoth(0);
+    QObject::connect(&imlTHUMBNAILS, &ImageList::changed, list.get(), [&] {
+        if (imlTHUMBNAILS.Count() == 2) {
+            test::atNextYield([&] { lvwSLIDEBAR->item(2)->setSelected(true); });
+        }
+    });
+    list->AddAll();
+    EXPECT_EQ(selected(), std::vector<int>{1});
+    EXPECT_EQ(current(), 1);
+}
+
 TEST_F(SlideBatchTest, textEditedInsideRevertsWithTheNextSlide) {
     browseBoth(0);
     QStringList seen;
