@@ -69,7 +69,7 @@ private:
     /// would fill the memory. Then the file counts as where they are laid by, as it does for those
     /// that the cache pushes out later.
     bool isInTheFile() const {
-        return maker_->cells().hasRefused() &&
+        return file_.isFile() && maker_->cells().hasRefused() &&
                FileStamp::of(QFile::decodeName(file_.path)) == file_;
     }
 
