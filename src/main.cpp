@@ -54,7 +54,7 @@ int main(int argc, char** argv) {
     SqliteRegistryStore store(SqliteRegistryStore::standardFile());
     const auto shell = makeDesktopShell();
     const auto screenSaver = makeSessionScreenSaver();
-    const auto device = makeLatePlayer(programLibrary(QStringLiteral("velorama-sound.so")));
+    const auto device = makeLatePlayer(programLibrary(QStringLiteral(VELORAMA_SOUND_LIBRARY)));
     const auto desktop = makeDesktopBackground();
     makeServices(store, *shell);
     int result = 0;

@@ -7,6 +7,14 @@
 namespace velorama {
 namespace {
 
+/// Nothing succeeds before a track is open, and none opens without a path: an empty music list asks
+/// for that each second.
+bool opensTrack(const QString& command) {
+    const QString plain = command.simplified();
+    return plain.startsWith(QLatin1String("open"), Qt::CaseInsensitive) &&
+           !plain.startsWith(QLatin1String("open \"\""), Qt::CaseInsensitive);
+}
+
 class LatePlayer : public MediaCommands {
 public:
     explicit LatePlayer(const QString& library) : library_(library) {
@@ -15,8 +23,7 @@ public:
     }
 
     bool send(const QString& command, QString* answer) override {
-        // Nothing else succeeds before a track is open.
-        if (!device_ && command.trimmed().startsWith(QLatin1String("open"), Qt::CaseInsensitive)) {
+        if (!device_ && opensTrack(command)) {
             load();
         }
         return device_ ? device_->send(command, answer) : MediaCommands::send(command, answer);

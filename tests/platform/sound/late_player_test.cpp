@@ -9,7 +9,8 @@ namespace {
 
 class LatePlayerTest : public test::WithMediaPlayer {
 protected:
-    QString library = QCoreApplication::applicationDirPath() + QStringLiteral("/velorama-sound.so");
+    QString library =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/" VELORAMA_SOUND_LIBRARY);
     QString track = test::saved(folder, QStringLiteral("tone.wav"), test::wavFile(1000));
 };
 
