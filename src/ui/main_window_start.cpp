@@ -95,7 +95,7 @@ void mfrmPRGMAIN::awaitFirstPaint() {
     QTimer limit;
     limit.setSingleShot(true);
     limit.start(longestMapping);
-    while (!unloaded_ && !windowHandle()->isExposed() && limit.isActive()) {
+    while (!unloaded_ && !isMinimized() && !windowHandle()->isExposed() && limit.isActive()) {
         WaitEvents();
     }
 }
