@@ -75,8 +75,8 @@ Contest again(const QString& work, const QString& folder, double goal, int round
 /// grows faster than the number of pictures, sorting among it.
 Contest tenfold(const QString& work, const QString& against, TimeOf what) {
     constexpr int rounds = 3;
-    const QString few = gradientFolder(10'000);
-    const QString many = gradientFolder(100'000);
+    const QString few = plainFolder(10'000);
+    const QString many = plainFolder(100'000);
     const auto file = std::make_shared<KeptFile>();
     const auto path = [file] { return file->path(); };
     timesWith(few, file->newPath());

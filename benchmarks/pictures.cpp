@@ -213,11 +213,12 @@ QString tinyFolder(int count) {
     });
 }
 
-QString gradientFolder(int count) {
-    const QString name = QStringLiteral("gradients-%1").arg(count);
+QString plainFolder(int count) {
+    const QString name = QStringLiteral("plain-%1").arg(count);
     return filled(name, QStringLiteral("bmp"), count, [](int number, const QString& path) {
-        std::minstd_rand random(static_cast<unsigned>(number) + 1);
-        return noise({2, 2}, random).save(path, "BMP");
+        QImage picture(2, 2, QImage::Format_RGB32);
+        picture.fill(static_cast<QRgb>(number) * 2654435761U);
+        return picture.save(path, "BMP");
     });
 }
 

@@ -29,8 +29,8 @@ QString albumFolder(int count);
 QString manyFolder(int count);
 /// `count` different BMPs of 4 x 4.
 QString tinyFolder(int count);
-/// `count` different BMPs of 2 x 2, whose thumbnails take so little that the cache holds those of
-/// 100,000.
-QString gradientFolder(int count);
+/// `count` BMPs of 2 x 2, each of one colour: so plain that the cache holds both thumbnails of
+/// 100,000 of them.
+QString plainFolder(int count);
 
 }  // namespace velorama::bench

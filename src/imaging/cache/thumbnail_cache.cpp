@@ -6,7 +6,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
-#include <numeric>
+#include <iterator>
 #include <utility>
 
 namespace velorama {
@@ -111,14 +111,19 @@ void ThumbnailCache::keep(const FileStamp& file, int cell, const QImage& thumbna
     if (bytes_ <= 0 || !file.isFile()) {
         return;
     }
-    const qint64 each = qint64{4} * cell * cell;
+    const Waiting one{file, cell, thumbnail};
+    const qint64 key = one.key();
     const std::lock_guard lock(mutex_);
-    if (waiting_.size() * each < mostWaiting) {
-        waiting_.insert(ThumbnailFile::keyOf(file.path, cell), {file, cell, thumbnail});
-        changed_.notify_all();
-    } else {
+    if (waitingBytes_ + one.bytes() > mostWaiting) {
         refused_ = true;
+        return;
     }
+    if (!waiting_.contains(key)) {
+        order_.push_back(key);
+        waitingBytes_ += one.bytes();
+    }
+    waiting_.insert(key, one);
+    changed_.notify_all();
 }
 
 void ThumbnailCache::write(const std::stop_token& stop) {
@@ -140,24 +145,18 @@ void ThumbnailCache::write(const std::stop_token& stop) {
 
 void ThumbnailCache::gather(std::unique_lock<std::mutex>& lock, const std::stop_token& stop) {
     qsizetype before = -1;
-    while (!stop.stop_requested() && waiting_.size() != before && waitingBytes() < mostGathered) {
+    while (!stop.stop_requested() && waiting_.size() != before && waitingBytes_ < mostGathered) {
         before = waiting_.size();
         changed_.wait_for(lock, stop, gathering, [] { return false; });
     }
 }
 
-qint64 ThumbnailCache::waitingBytes() const {
-    return std::accumulate(
-        waiting_.cbegin(), waiting_.cend(), qint64{0},
-        [](qint64 sum, const Waiting& one) { return sum + one.thumbnail.sizeInBytes(); });
-}
-
 ThumbnailCache::Batch ThumbnailCache::nextBatch() const {
     Batch batch;
     qint64 bytes = 0;
-    for (auto one = waiting_.cbegin(); one != waiting_.cend() && bytes < mostInBatch; ++one) {
-        bytes += one->thumbnail.sizeInBytes();
-        batch.push_back(*one);
+    for (auto key = order_.cbegin(); key != order_.cend() && bytes < mostInBatch; ++key) {
+        batch.push_back(*waiting_.constFind(*key));
+        bytes += batch.back().bytes();
     }
     // A folder's thumbnails lie together, in the order in which they will be asked for.
     std::ranges::sort(batch, {}, [](const Waiting& one) { return one.file.path; });
@@ -179,15 +178,23 @@ void ThumbnailCache::writeBatch(ThumbnailFile& file, const Batch& batch,
     file.shrink(bytes_);
 }
 
-/// Those that have been made anew meanwhile go on waiting.
 void ThumbnailCache::forget(const Batch& batch) {
+    // What came meanwhile stands behind.
+    order_.erase(order_.begin(), order_.begin() + std::ssize(batch));
     for (const Waiting& done : batch) {
-        const qint64 key = ThumbnailFile::keyOf(done.file.path, done.cell);
-        const auto place = waiting_.constFind(key);
-        if (place != waiting_.cend() && place->file == done.file) {
-            // Erasing by iterator would look for the next one, all through a table grown empty.
-            waiting_.remove(key);
-        }
+        forget(done);
+    }
+}
+
+/// One that has been made anew meanwhile waits again.
+void ThumbnailCache::forget(const Waiting& done) {
+    const qint64 key = done.key();
+    if (waiting_.constFind(key)->file == done.file) {
+        // Erasing by iterator would look for the next one, all through a table grown empty.
+        waiting_.remove(key);
+        waitingBytes_ -= done.bytes();
+    } else {
+        order_.push_back(key);
     }
 }
 

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -55,6 +56,9 @@ private:
         FileStamp file;
         int cell = 0;
         QImage thumbnail;
+        qint64 key() const { return ThumbnailFile::keyOf(file.path, cell); }
+        /// Of the bitmap, also where a file that is no picture has none.
+        qint64 bytes() const { return qint64{4} * cell * cell; }
     };
     using Batch = std::vector<Waiting>;
 
@@ -63,10 +67,10 @@ private:
     void write(const std::stop_token& stop);
     bool isWork() const { return !waiting_.empty() || !used_.empty(); }
     void gather(std::unique_lock<std::mutex>& lock, const std::stop_token& stop);
-    qint64 waitingBytes() const;
     Batch nextBatch() const;
     void writeBatch(ThumbnailFile& file, const Batch& batch, const std::vector<qint64>& used) const;
     void forget(const Batch& batch);
+    void forget(const Waiting& done);
 
     const QString path_;
     const qint64 bytes_;
@@ -77,8 +81,12 @@ private:
     std::mutex mutex_;
     std::condition_variable_any changed_;
     std::atomic<bool> refused_ = false;
-    /// By key: made or used, and not yet written.
+    /// By key: made and not yet written.
     QHash<qint64, Waiting> waiting_;
+    /// Their keys, in the order in which they came and are written.
+    std::deque<qint64> order_;
+    qint64 waitingBytes_ = 0;
+    /// Keys of what was used and is not yet marked.
     std::vector<qint64> used_;
     std::chrono::steady_clock::time_point end_ = std::chrono::steady_clock::time_point::max();
     std::jthread writer_;
