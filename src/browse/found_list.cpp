@@ -5,7 +5,7 @@
 #include "controls/input/keys.h"
 #include "core/globals.h"
 #include "platform/files/paths.h"
-#include "platform/process/events.h"
+#include "platform/process/await_work.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,6 +15,8 @@ namespace {
 
 // Pictures announced to the work ahead: enough to keep every processor busy, few enough to hold.
 constexpr int lookAhead = 16;
+
+const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
 
 // Listings inside listings. A held arrow key starts one for every folder it passes; the stack would
 // not bear a whole disk of them.
@@ -104,18 +106,16 @@ bool FoundList::isLeft(int listing) const {
 }
 
 void FoundList::list(const QString& path) {
-    ++listings_;
-    thumbnails_.expectFound({});  // What was wanted of the folder before is not wanted any more.
-    c_.flbFOUND->setPath(path);
-    emptyList();
-    c_.flbFOUND->setPattern(QStringLiteral("*.bmp;*.jpg;*.gif"));
-    emit FolderRead();
+    const int listing = ++listings_;
     const QPointer<FoundList> self = this;
-    if (c_.flbFOUND->ListCount() >= 1) {
-        fill();
-        if (!self || stopped_ || postponed_) {
-            return;
-        }
+    thumbnails_.expectFound({});  // What was wanted of the folder before is not wanted any more.
+    const auto left = [self, listing] { return !self || self->isLeft(listing); };
+    const auto names = awaitWork([path] { return FileList::namesIn(path, pictureMask); }, left);
+    if (names) {
+        show(path, *names);
+    }
+    if (!self || stopped_ || postponed_) {
+        return;
     }
     if (c_.flbFOUND->ListCount() >= 1) {
         selectFirst();
@@ -130,6 +130,16 @@ void FoundList::list(const QString& path) {
         return;
     }
     emit Listed();
+}
+
+void FoundList::show(const QString& path, const QStringList& names) {
+    c_.flbFOUND->setPattern(pictureMask);
+    c_.flbFOUND->setPath(path, names);
+    emptyList();
+    emit FolderRead();
+    if (c_.flbFOUND->ListCount() >= 1) {
+        fill();
+    }
 }
 
 void FoundList::emptyList() {

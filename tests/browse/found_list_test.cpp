@@ -36,6 +36,12 @@ protected:
     void connect(void (FoundList::*signal)(), const QString& name) {
         QObject::connect(list.get(), signal, list.get(), [this, name] { log.append(name); });
     }
+    /// When the names are known and rows are being added.
+    void atNextYieldOfListing(const std::function<void()>& action) {
+        QObject::connect(
+            list.get(), &FoundList::FolderRead, list.get(), [action] { test::atNextYield(action); },
+            Qt::SingleShotConnection);
+    }
     QString folderWith(const QStringList& names) {
         const QString folder = test::temporaryFolder();
         for (const QString& name : names) {
@@ -192,7 +198,7 @@ TEST_F(FoundListTest, treeStartsTheListing) {
 TEST_F(FoundListTest, hourglassAndBarShowDuringTheListing) {
     const QString folder = folderWith({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
     int seen = 0;
-    test::atNextYield([&] {
+    atNextYieldOfListing([&] {
         ++seen;
         ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
         EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
@@ -202,6 +208,37 @@ TEST_F(FoundListTest, hourglassAndBarShowDuringTheListing) {
     list->ftvFOLDER_NodeChange(folder);
     EXPECT_EQ(seen, 1);
     expectAtRest();
+}
+
+TEST_F(FoundListTest, theFolderBeforeStaysUntilTheNamesAreRead) {
+    const QString before = folderWith({QStringLiteral("a.bmp")});
+    const QString next = folderWith({QStringLiteral("x.bmp"), QStringLiteral("y.bmp")});
+    list->ftvFOLDER_NodeChange(before);
+    int seen = 0;
+    test::atNextYield([&] {
+        ++seen;
+        EXPECT_EQ(flbFOUND.Path(), before);
+        EXPECT_EQ(texts(), QStringList(QStringLiteral("a.bmp")));
+        EXPECT_EQ(imlFOUNDICONS.Count(), 2);
+        expectAtRest();
+    });
+    list->ftvFOLDER_NodeChange(next);
+    EXPECT_EQ(seen, 1);
+    EXPECT_EQ(flbFOUND.Path(), next);
+    expectAligned();
+}
+
+TEST_F(FoundListTest, anotherFolderInTheMidstOfTheRowsTakesOver) {
+    const QString outer = folderWith({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
+    const QString inner = folderWith({QStringLiteral("x.bmp"), QStringLiteral("y.bmp"),
+                                      QStringLiteral("z.bmp"), QStringLiteral("zz.bmp")});
+    atNextYieldOfListing([&] { list->ftvFOLDER_NodeChange(inner); });
+    list->ftvFOLDER_NodeChange(outer);
+    EXPECT_EQ(flbFOUND.Path(), inner);
+    expectAligned();
+    EXPECT_EQ(lvwFOUND->Count(), 4);
+    expectAtRest();
+    EXPECT_EQ(stored(), inner);
 }
 
 TEST_F(FoundListTest, anotherFolderInsideAListingTakesOver) {

@@ -41,8 +41,11 @@ protected:
     }
     /// Runs `action` when the listing has come to a picture that is not loaded yet: not in the
     /// yield before it, in which what has been posted first runs.
-    static void whileLoading(std::function<void()> action) {
-        test::atNextYield([action] { test::atNextYield(action); });
+    void whileLoading(const std::function<void()>& action) {
+        QObject::connect(
+            list.get(), &FoundList::FolderRead, list.get(),
+            [action] { test::atNextYield([action] { test::atNextYield(action); }); },
+            Qt::SingleShotConnection);
     }
 
     QWidget form;

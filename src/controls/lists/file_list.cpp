@@ -33,17 +33,27 @@ void FileList::setPattern(const QString& pattern) {
     }
 }
 
+void FileList::setPath(const QString& path, const QStringList& names) {
+    path_ = path;
+    names_ = names;
+}
+
 void FileList::read() {
-    names_.clear();
-    if (path_.isEmpty()) {
-        return;
+    names_ = namesIn(path_, pattern_);
+}
+
+QStringList FileList::namesIn(const QString& path, const QString& pattern) {
+    QStringList names;
+    if (path.isEmpty()) {
+        return names;
     }
-    QDirIterator entries(hostFile(path_), wildcards(pattern_), QDir::Files);
+    QDirIterator entries(hostFile(path), wildcards(pattern), QDir::Files);
     while (entries.hasNext()) {
         entries.next();
-        names_.append(entries.fileName());
+        names.append(entries.fileName());
     }
-    NameOrder().sort(names_);
+    NameOrder().sort(names);
+    return names;
 }
 
 }  // namespace velorama

@@ -3,13 +3,12 @@
 #include "imaging/ahead/picture_threads.h"
 #include "imaging/decode/picture.h"
 #include "platform/files/paths.h"
-#include "platform/process/events.h"
+#include "platform/process/await_work.h"
 #include "platform/process/large_blocks.h"
 
 #include <qtconcurrenttask.h>
 #include <QDateTime>
 #include <QFileInfo>
-#include <QFutureWatcher>
 
 #include <utility>
 
@@ -86,14 +85,11 @@ QFuture<LookAhead::Work> LookAhead::begin(const QString& path, const Fit& fit,
 
 /// False if the work is for nobody any more.
 bool LookAhead::awaitEnd(QFuture<Work>& work, const std::function<bool()>& isLeft) {
-    QFutureWatcher<Work> waker;
-    waker.setFuture(work);
-    DoEventsUntil([&] { return work.isFinished() || isLeft(); });
-    const bool left = isLeft();
-    if (left) {
+    const bool stayed = awaitFuture(work, isLeft);
+    if (!stayed) {
         work.cancel();
     }
-    return !left;
+    return stayed;
 }
 
 Cell LookAhead::await(const QString& path, int side, const std::function<bool()>& isLeft) {

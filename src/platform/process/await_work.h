@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/process/detached_thread.h"
+#include "platform/process/events.h"
+
+#include <QFutureWatcher>
+#include <QPromise>
+
+#include <functional>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+namespace velorama {
+
+/// Lets events run until `future` is finished or `isLeft`, which is asked after each turn of them.
+/// False if it was left.
+template <typename Result>
+bool awaitFuture(const QFuture<Result>& future, const std::function<bool()>& isLeft) {
+    QFutureWatcher<Result> waker;
+    waker.setFuture(future);
+    DoEventsUntil([&] { return future.isFinished() || isLeft(); });
+    return !isLeft();
+}
+
+/// What `work` gives, made on a thread of its own while events run, at least for one turn. Nothing
+/// as soon as `isLeft`: the work then goes on for nobody, be it for ever on a disk that hangs, so
+/// it has to own what it works on. Where no thread is to be had, the caller's does it.
+template <typename Work>
+std::optional<std::invoke_result_t<Work>> awaitWork(const Work& work,
+                                                    const std::function<bool()>& isLeft) {
+    using Result = std::invoke_result_t<Work>;
+    QPromise<Result> promise;
+    const QFuture<Result> future = promise.future();
+    promise.start();
+    const bool started = startDetached([promise = std::move(promise), work]() mutable {
+        promise.addResult(work());
+        promise.finish();
+    });
+    DoEvents();
+    if (!awaitFuture(future, isLeft)) {
+        return std::nullopt;
+    }
+    return started ? future.result() : work();
+}
+
+}  // namespace velorama
