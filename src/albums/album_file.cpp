@@ -56,6 +56,7 @@ QString AlbumFile::captionOf(const QString& path) const {
 bool AlbumFile::choose(bool save) {
     CommonDialog& dialog = cdlDIALOG_;
     dialog.FileName.clear();
+    dialog.StandIn = QStandardPaths::DocumentsLocation;
     dialog.Filter = albumKinds;
     dialog.Flags = albumFlags;
     dialog.CancelError = true;

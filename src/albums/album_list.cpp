@@ -90,6 +90,7 @@ void AlbumList::AlbumListSelect(const QString& Path) {
 void AlbumList::btnADD_Click() {
     CommonDialog& dialog = cdlDIALOG_;
     dialog.InitDir = loadSetting(folderKey, folderName, applicationFolder());
+    dialog.StandIn = QStandardPaths::DocumentsLocation;
     dialog.DialogTitle = QStringLiteral("Insert a Slideshow album");
     dialog.Flags = FlagHideReadOnly + FlagExplorer + FlagLongNames;
     dialog.Filter = QStringLiteral("Velorama Album File (*.vlr)|*.vlr|All Files|*.*");

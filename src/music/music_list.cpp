@@ -45,6 +45,7 @@ void MusicList::enableRestart(bool enabled) const {
 /// Full paths in the dialog's order, none if it was cancelled.
 QStringList MusicList::chooseFiles() {
     cdlDIALOG_.InitDir = loadSetting(folderKey, folderName, applicationFolder());
+    cdlDIALOG_.StandIn = QStandardPaths::MusicLocation;
     cdlDIALOG_.Filter = musicFilter;
     cdlDIALOG_.FilterIndex = 1;
     cdlDIALOG_.DialogTitle = QStringLiteral("Browse for music files");

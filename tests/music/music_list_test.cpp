@@ -92,6 +92,14 @@ TEST_F(MusicListTest, BrowseAsksForMusicFiles) {
     EXPECT_EQ(requests.front().fileName, QString());
 }
 
+TEST_F(MusicListTest, ThatHasNoFolderYetBrowsesTheMusic) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    ASSERT_FALSE(QDir(applicationFolder()).exists());
+    press(0);
+    EXPECT_EQ(requests.front().folder, folder);
+}
+
 TEST_F(MusicListTest, BrowseAddsTheFilesInTheDialogsOrder) {
     fill(texts("x"), 0);
     cbtnAUDIO[2]->setEnabled(false);

@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 namespace velorama {
 namespace {
@@ -19,13 +18,15 @@ CommonDialog::ColourAnswer& colourAnswerer() {
     return answer;
 }
 
-QString existingFolder(const QString& wanted) {
-    const QString folder = hostFile(wanted);
-    if (!folder.isEmpty() && QFileInfo(folder).isDir()) {
-        return folder;
+QString existingFolder(const QString& wanted, QStandardPaths::StandardLocation standIn) {
+    for (const QString& folder :
+         {hostFile(wanted), QStandardPaths::writableLocation(standIn),
+          QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)}) {
+        if (!folder.isEmpty() && QFileInfo(folder).isDir()) {
+            return folder;
+        }
     }
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+    return QDir::homePath();
 }
 
 }  // namespace
@@ -58,7 +59,7 @@ FileDialogRequest CommonDialog::request(bool save) const {
     request.kinds = fileKinds(Filter);
     const auto count = static_cast<int>(request.kinds.size());
     request.filterIndex = FilterIndex >= 1 && FilterIndex <= count ? FilterIndex : qMin(1, count);
-    request.folder = existingFolder(InitDir);
+    request.folder = existingFolder(InitDir, StandIn);
     request.fileName = FileName;
     request.several = !save && (Flags & FlagAllowMultiselect) != 0;
     request.overwritePrompt = (Flags & FlagOverwritePrompt) != 0;

@@ -4,6 +4,7 @@
 #include "controls/dialogs/file_dialog.h"
 
 #include <QPointer>
+#include <QStandardPaths>
 #include <QWidget>
 
 #include <functional>
@@ -32,8 +33,11 @@ public:
     QString Filter;
     /// From 1. After a showing: the kind that the user left chosen.
     int FilterIndex = 1;
-    /// Where the dialog starts. A folder that is not there gives the documents folder.
+    /// Where the dialog starts.
     QString InitDir;
+    /// Where it starts if that folder is not there: the place for files of its kind, without which
+    /// it is the documents folder.
+    QStandardPaths::StandardLocation StandIn = QStandardPaths::DocumentsLocation;
     /// Sum of DialogFlag. The read-only box, the explorer style and long names need nothing here.
     int Flags = 0;
     /// Whether a cancel counts as a failure.

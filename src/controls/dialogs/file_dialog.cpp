@@ -3,8 +3,11 @@
 #include "controls/input/one_line.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
+#include <QStandardPaths>
 #include <QTreeView>
+#include <QUrl>
 
 namespace velorama {
 namespace {
@@ -39,6 +42,27 @@ void offerKinds(QFileDialog& dialog, const FileDialogRequest& request) {
     dialog.selectNameFilter(filters.value(request.filterIndex - 1));
 }
 
+/// The ending that the first kind has, with its point; empty where any file will do.
+QString firstEnding(const QList<FileKind>& kinds) {
+    const QString pattern = kinds.isEmpty() ? QString() : kinds.first().patterns.value(0);
+    return pattern.startsWith(QStringLiteral("*.")) ? pattern.mid(1) : QString();
+}
+
+/// Folders that people keep such files in and that the side bar does not have yet.
+QList<QUrl> missingPlaces(const QList<QUrl>& places) {
+    QList<QUrl> missing;
+    for (const auto location : {QStandardPaths::PicturesLocation, QStandardPaths::MusicLocation,
+                                QStandardPaths::DocumentsLocation}) {
+        const QString folder = QStandardPaths::writableLocation(location);
+        const QUrl place = QUrl::fromLocalFile(folder);
+        // Without a folder of its own such a place is the home folder, which stands there already.
+        if (QFileInfo(folder).isDir() && !places.contains(place) && !missing.contains(place)) {
+            missing.append(place);
+        }
+    }
+    return missing;
+}
+
 /// The base opens what is selected before what is typed, and selects on its own: the folders that a
 /// typed path passes through, and, when the line is emptied, the folder that is shown. That one
 /// stayed selected beside what was then picked, and was entered anew instead of opening it.
@@ -49,6 +73,8 @@ public:
         // The program's own dialog, as a desktop's may come up in another process and cannot be
         // placed.
         setOption(QFileDialog::DontUseNativeDialog);
+        added_ = missingPlaces(sidebarUrls());
+        setSidebarUrls(sidebarUrls() + added_);
         // The one line and the one list with columns that such a dialog has.
         line_ = findChild<QLineEdit*>();
         const auto* list = findChild<QTreeView*>();
@@ -67,6 +93,21 @@ public:
         });
     }
 
+    // The base keeps the places of the side bar for every program that has this dialog: those of
+    // this one alone are taken out again, what the user has put there stays.
+    ~TypedFileDialog() override {
+        QList<QUrl> places = sidebarUrls();
+        places.removeIf([this](const QUrl& place) { return added_.contains(place); });
+        setSidebarUrls(places);
+    }
+
+    /// Shown where no name has been typed.
+    void offerEnding(const QString& ending) {
+        if (line_ && !ending.isEmpty()) {
+            line_->setPlaceholderText(QStringLiteral("name") + ending);
+        }
+    }
+
     void accept() override {
         if (typed_ && !line_->text().isEmpty()) {
             selection_->clearSelection();
@@ -78,6 +119,7 @@ private:
     QLineEdit* line_ = nullptr;
     QItemSelectionModel* selection_ = nullptr;
     bool typed_ = false;
+    QList<QUrl> added_;
 };
 
 }  // namespace
@@ -90,6 +132,9 @@ FileDialogAnswer askForFiles(const FileDialogRequest& request, QWidget* owner) {
                        : request.several ? QFileDialog::ExistingFiles
                                          : QFileDialog::ExistingFile);
     offerKinds(dialog, request);
+    if (request.save) {
+        dialog.offerEnding(firstEnding(request.kinds));
+    }
     if (!request.fileName.isEmpty()) {
         dialog.selectFile(request.fileName);
     }

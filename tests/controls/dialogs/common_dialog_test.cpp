@@ -156,6 +156,24 @@ TEST_F(AnsweredDialog, StartsInTheFolderAskedForOrInOneThatIsThere) {
     EXPECT_TRUE(QDir(asked.folder).exists());
 }
 
+TEST_F(AnsweredDialog, AFolderThatIsGoneGivesThePlaceForFilesOfTheKind) {
+    const auto place = [](QStandardPaths::StandardLocation location) {
+        return QStandardPaths::writableLocation(location);
+    };
+    ASSERT_TRUE(QDir().mkpath(place(QStandardPaths::DocumentsLocation)));
+    ASSERT_TRUE(QDir().mkpath(place(QStandardPaths::MusicLocation)));
+    cdlDIALOG.InitDir = test::temporaryFolder() + QStringLiteral("/gone");
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_EQ(asked.folder, place(QStandardPaths::DocumentsLocation));
+    cdlDIALOG.StandIn = QStandardPaths::MusicLocation;
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_EQ(asked.folder, place(QStandardPaths::MusicLocation));
+    // Nobody has to keep music there.
+    ASSERT_TRUE(QDir(place(QStandardPaths::MusicLocation)).removeRecursively());
+    EXPECT_TRUE(cdlDIALOG.ShowOpen());
+    EXPECT_EQ(asked.folder, place(QStandardPaths::DocumentsLocation));
+}
+
 // Runs as soon as the real dialog is up.
 template <typename Act>
 void onceShown(Act act) {
@@ -355,6 +373,54 @@ TEST(RealDialog, SavesUnderTheNameAsTyped) {
     });
     EXPECT_TRUE(dialog.ShowSave());
     EXPECT_EQ(dialog.FileName, folder + QStringLiteral("/trip"));
+}
+
+TEST(RealDialog, TheEmptyLineTellsTheEndingOfWhatIsSaved) {
+    CommonDialog dialog;
+    dialog.InitDir = test::temporaryFolder();
+    const auto line = [](const QFileDialog& shown) {
+        return shown.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    };
+    const auto hint = [&line](QString& text) {
+        return [&](QFileDialog& shown) {
+            text = line(shown)->text() + line(shown)->placeholderText();
+            shown.reject();
+        };
+    };
+    QString text;
+    dialog.Filter = QStringLiteral("Velorama Album Files (*.vlr)|*.vlr|All Files|*.*");
+    onceShown(hint(text));
+    dialog.ShowSave();
+    EXPECT_EQ(text, QStringLiteral("name.vlr"));
+    onceShown(hint(text));
+    dialog.ShowOpen();
+    EXPECT_EQ(text, QString());
+    dialog.Filter = QStringLiteral("All Files|*.*");
+    onceShown(hint(text));
+    dialog.ShowSave();
+    EXPECT_EQ(text, QString());
+}
+
+TEST(RealDialog, PicturesMusicAndDocumentsStandAtItsSide) {
+    QList<QUrl> places;
+    for (const auto location : {QStandardPaths::PicturesLocation, QStandardPaths::MusicLocation,
+                                QStandardPaths::DocumentsLocation}) {
+        const QString folder = QStandardPaths::writableLocation(location);
+        ASSERT_TRUE(QDir().mkpath(folder));
+        places.append(QUrl::fromLocalFile(folder));
+    }
+    const QList<QUrl> before = QFileDialog().sidebarUrls();
+    CommonDialog dialog;
+    dialog.InitDir = test::temporaryFolder();
+    const QUrl own = QUrl::fromLocalFile(test::temporaryFolder());
+    onceShown([&](QFileDialog& shown) {
+        EXPECT_EQ(shown.sidebarUrls(), before + places);
+        shown.setSidebarUrls(shown.sidebarUrls() + QList<QUrl>{own});
+        shown.reject();
+    });
+    dialog.ShowOpen();
+    // Other programs have the same dialog: they get what the user has put there, and no more.
+    EXPECT_EQ(QFileDialog().sidebarUrls(), before + QList<QUrl>{own});
 }
 
 TEST(RealDialog, SavesUnderTheFirstLineOfWhatWasPasted) {
