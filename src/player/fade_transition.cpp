@@ -2,13 +2,9 @@
 
 #include "core/globals.h"
 #include "imaging/scale/scaling.h"
+#include "player/show_timing.h"
 
 namespace velorama {
-namespace {
-
-constexpr qint32 lastStep = 240;
-
-}  // namespace
 
 FadeTransition::FadeTransition(PictureBox& picPREVIEW, PictureBox& picSLIDERESIZE,
                                QTimer& tmrFADETRANS, LookAhead& pictures)
@@ -38,7 +34,7 @@ void FadeTransition::loadUnscaled(const QString& SlidePath) {
 }
 
 void FadeTransition::step() {
-    FadeAlpha = qMin(FadeAlpha, lastStep) + 1;
+    FadeAlpha = qMin(FadeAlpha, fadeSteps) + 1;
     BlendValue = FadeAlpha << 16;
     QImage& target = picPREVIEW_.Image();
     if (!picSLIDERESIZE_.Picture().isNull() && picSLIDERESIZE_.Picture().size() != target.size()) {
@@ -47,7 +43,7 @@ void FadeTransition::step() {
     }
     const int alpha = (BlendValue >> 16) & 0xFF;
     picPREVIEW_.Refresh(blend_.AlphaBlend(target, picSLIDERESIZE_.Image(), alpha));
-    if (FadeAlpha == lastStep) {
+    if (FadeAlpha == fadeSteps) {
         tmrFADETRANS_.stop();
     }
 }

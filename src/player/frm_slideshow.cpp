@@ -7,6 +7,7 @@
 #include "core/show_colours.h"
 #include "platform/numbers.h"
 #include "player/running.h"
+#include "player/show_timing.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -14,27 +15,12 @@
 #include <QScreen>
 #include <QToolTip>
 
-#include <limits>
-
 namespace velorama {
 namespace {
 
-constexpr int designInterval = 6000;
-constexpr int designTransition = 15;
 constexpr int musicInterval = 100;
 // A step that no fade reaches: the show has been left by its button.
 constexpr qint32 leftByButton = 242;
-
-// A timer runs on whole milliseconds above 0; any other value leaves it as it was.
-void setInterval(QTimer& timer, std::optional<double> milliseconds) {
-    if (milliseconds && *milliseconds >= 0.5 && *milliseconds <= std::numeric_limits<int>::max()) {
-        timer.setInterval(static_cast<int>(roundHalfEven(*milliseconds)));
-    }
-}
-
-QString configured(const QString& name, const QString& fallback) {
-    return loadSetting(QStringLiteral("\\frmCONFIG\\Items"), name, fallback);
-}
 
 }  // namespace
 
@@ -119,7 +105,8 @@ void frmSLIDESHOW::load(QScreen* screen) {
     paintBackground();
     host_.AudioPlay();
     tmrMUSIC.start();
-    readIntervals();
+    tmrSLIDESHOW.setInterval(slideInterval());
+    tmrFADETRANS.setInterval(transitionInterval());
     picPREVIEW.hide();
     slides.begin();
     tmrSLIDESHOW.start();
@@ -153,14 +140,6 @@ void frmSLIDESHOW::Unload() {
     keepAwake(false);
     host_.setVisible(true);
     hide();
-}
-
-void frmSLIDESHOW::readIntervals() {
-    const auto seconds = decimalNumber(configured(QStringLiteral("INTERVAL"), QStringLiteral("4")));
-    setInterval(tmrSLIDESHOW, seconds ? std::optional(*seconds * 1000) : std::nullopt);
-    const auto milliseconds =
-        wholeNumber(configured(QStringLiteral("TRANSITION"), QStringLiteral("15")));
-    setInterval(tmrFADETRANS, milliseconds ? std::optional<double>(*milliseconds) : std::nullopt);
 }
 
 void frmSLIDESHOW::paintBackground() {

@@ -97,7 +97,6 @@ protected:
 private:
     class Running;
     void designControls();
-    void readIntervals();
     void paintBackground();
     void ShowStatusLabels();
     void togglePause();

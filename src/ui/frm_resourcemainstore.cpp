@@ -17,12 +17,13 @@ frmRESOURCEMAINSTORE::frmRESOURCEMAINSTORE(QWidget* parent, Commands& commands)
     mnuSELECTEDTOP->setTitle(QStringLiteral("&Selected Files Pop up"));
     commands.add.addTo(*mnuFOUNDTOP, "mnuFOUNDADD", "&Add");
     commands.addAll.addTo(*mnuFOUNDTOP, "mnuFOUNDADDALL", "A&dd All");
-    commands.wallpaper.addTo(*mnuFOUNDTOP, "mnuFOUNDDESTOP", "Set As Desktop &Wallpaper");
-    commands.preview.addTo(*mnuFOUNDTOP, "mnuFOUNDPREVIEW", "&Preview");
+    commands.wallpaper.addFollowing(*mnuFOUNDTOP, "mnuFOUNDDESTOP", "Set As Desktop &Wallpaper");
+    commands.preview.addFollowing(*mnuFOUNDTOP, "mnuFOUNDPREVIEW", "&Preview");
     commands.remove.addTo(*mnuSELECTEDTOP, "mnuSELECTEDCLEAR", "&Remove");
     commands.removeAll.addTo(*mnuSELECTEDTOP, "mnuSELECTEDCLEARALL", "Remo&ve All");
-    commands.wallpaper.addTo(*mnuSELECTEDTOP, "mnuSELECTEDDESKTOP", "Set As Desktop &Wallpaper");
-    commands.preview.addTo(*mnuSELECTEDTOP, "mnuSELECTEDPREVIEW", "&Preview");
+    commands.wallpaper.addFollowing(*mnuSELECTEDTOP, "mnuSELECTEDDESKTOP",
+                                    "Set As Desktop &Wallpaper");
+    commands.preview.addFollowing(*mnuSELECTEDTOP, "mnuSELECTEDPREVIEW", "&Preview");
 }
 
 void frmRESOURCEMAINSTORE::popup(const PopupRequest& request, const QWidget& page) {

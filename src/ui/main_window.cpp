@@ -69,8 +69,10 @@ void mfrmPRGMAIN::connectEvents() {
 
 void mfrmPRGMAIN::connectCommands() {
     connect(&commands_.start, &Command::triggered, this, &mfrmPRGMAIN::mnuFILESTART_Click);
-    connect(&commands_.settings, &Command::triggered, this,
-            [this] { settings_.mnuTOOLSOPTIONS_Click(); });
+    connect(&commands_.settings, &Command::triggered, this, [this] {
+        settings_.mnuTOOLSOPTIONS_Click();
+        slideBar_->showLength();
+    });
     connect(&commands_.exit, &Command::triggered, this, &mfrmPRGMAIN::close);
 }
 

@@ -4,6 +4,8 @@
 #include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/show_colours.h"
+#include "player/show_timing.h"
+#include "ui/parts/show_length.h"
 
 namespace velorama {
 namespace {
@@ -12,6 +14,7 @@ constexpr Colour buttonFace = systemColour(15);
 constexpr Colour highlight = systemColour(13);
 constexpr int activeCaption = 2;
 constexpr int rim = 8;  // logical pixels
+constexpr float lengthGap = 180;
 
 struct Design {
     std::size_t index;
@@ -38,12 +41,16 @@ SlideBar::SlideBar(QWidget& surface, Commands& commands)
     : QObject(&surface),
       shpSLIDEBAR(make<SlideBarShape>("shpSLIDEBAR", &surface)),
       slides(surface),
-      picbarCONTROLS(make<QWidget>("picbarCONTROLS", &surface)) {
+      picbarCONTROLS(make<QWidget>("picbarCONTROLS", &surface)),
+      lblSLIDECOUNT(make<Label>("lblSLIDECOUNT", picbarCONTROLS)) {
     // The list reaches further right than the rounded ground it stands on; its contents do not.
     slides.lvwSLIDEBAR->setRightRim(rim);
     place(*picbarCONTROLS, 0, 4020, 11040, 540);
     picbarCONTROLS->setAutoFillBackground(true);
     makeToolbar(commands);
+    // Told once when a batch has ended, however many slides it had.
+    connect(slides.lvwSLIDEBAR->model(), &QAbstractItemModel::modelReset, this,
+            &SlideBar::showLength);
 }
 
 void SlideBar::makeToolbar(Commands& commands) {
@@ -105,6 +112,19 @@ void SlideBar::layOut(float surfaceWidth, float surfaceHeight) {
     cbtn& settings = *cbtnCONTROLS[8];
     setLeft(start, surfaceWidth - Width(start) - 45);
     setLeft(settings, Left(start) - 120 - Width(settings));
+    showLength();
+}
+
+void SlideBar::showLength() {
+    const int count = slides.lvwSLIDEBAR->Count();
+    const cbtn& before = *cbtnCONTROLS[5];
+    const float left = Left(before) + Width(before) + lengthGap;
+    place(*lblSLIDECOUNT, left, Top(before), Left(*cbtnCONTROLS[8]) - lengthGap - left,
+          Height(before));
+    const QString text = showLengthText(count, slideInterval());
+    const bool fits =
+        lblSLIDECOUNT->fontMetrics().horizontalAdvance(text) <= lblSLIDECOUNT->width();
+    lblSLIDECOUNT->setCaption(fits ? text : slidesText(count));
 }
 
 QLineF SlideBar::separator(float surfaceWidth) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browse/slide_controls.h"
+#include "controls/boxes/label.h"
 #include "controls/buttons/push_button.h"
 #include "core/commands.h"
 #include "ui/parts/slide_bar_shape.h"
@@ -23,6 +24,7 @@ public:
     QWidget* const picbarCONTROLS;
     /// The toolbar's items 0 to 6 and 8; there is no item 7.
     std::array<cbtn*, 9> cbtnCONTROLS{};
+    Label* const lblSLIDECOUNT;
 
     /// Hangs band, toolbar and list below one another.
     void hangBelow(float tabsBottom, float surfaceWidth);
@@ -34,6 +36,8 @@ public:
     /// The line behind the controls, in logical pixels of the surface.
     QLineF separator(float surfaceWidth) const;
     QList<QWidget*> tabOrder() const;
+    /// Says in the toolbar how many slides there are and, where there is room, how long they take.
+    void showLength();
 
 signals:
     /// A button of the toolbar has done its work.

@@ -23,6 +23,7 @@ Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& co
       audio(pages.music->controls, services.device, cdlDIALOG),
       webAlbum(slideBar.slides, commands, [&pages] { return pages.webAlbum->values(); }),
       form_(form),
+      commands_(commands),
       pages_(pages),
       slideBar_(slideBar),
       boxes_(*slideBar.slides.lvwSLIDEBAR->parentWidget()),
@@ -33,11 +34,13 @@ Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& co
     connectFound();
     connectSlides();
     connectWebAlbum();
-    connectCommands(commands);
+    connectCommands();
+    enablePictureCommands();
 }
 
 void Workshop::connectFound() {
     connect(&found, &FoundList::FolderRead, pages_.pictures, &PicturesPage::showCount);
+    connect(&found, &FoundList::FolderRead, this, &Workshop::enablePictureCommands);
     connect(&found, &FoundList::Clicked, &slides, &SlideList::FoundButtonsCheck);
     connect(&found, &FoundList::Listed, &slides, [this] {
         slides.FoundButtonsCheck();
@@ -46,6 +49,13 @@ void Workshop::connectFound() {
     });
     connect(&found, &FoundList::Chosen, &slides, &SlideList::Add);
     connect(&found, &FoundList::KeyDown, &slides, &SlideList::ListKeysCheck);
+}
+
+// Without a found picture they do nothing, also where there are slides.
+void Workshop::enablePictureCommands() {
+    const bool acts = pages_.pictures->found.flbFOUND->ListCount() > 0;
+    commands_.preview.setEnabled(acts);
+    commands_.wallpaper.setEnabled(acts);
 }
 
 void Workshop::connectSlides() {
@@ -64,15 +74,15 @@ void Workshop::connectWebAlbum() {
 }
 
 // Those of slides and albums are connected by who carries them out.
-void Workshop::connectCommands(const Commands& commands) {
+void Workshop::connectCommands() {
     const auto on = [this](const Command& command, auto handler) {
         connect(&command, &Command::triggered, this, handler);
     };
     connect(&preview_, &Preview::Ready, this, &Workshop::showPreview);
-    on(commands.preview, [this] { preview_.PicturePreview(); });
-    on(commands.wallpaper, [this] { wallpaper_.DESKTOPWALLPAPER(); });
-    on(commands.createWebAlbum, [this] { webAlbum.cbtnWEBALBUM_Click(); });
-    on(commands.viewWebAlbum,
+    on(commands_.preview, [this] { preview_.PicturePreview(); });
+    on(commands_.wallpaper, [this] { wallpaper_.DESKTOPWALLPAPER(); });
+    on(commands_.createWebAlbum, [this] { webAlbum.cbtnWEBALBUM_Click(); });
+    on(commands_.viewWebAlbum,
        [this] { webAlbum.cbtnVIEWWEBALB_Click(QString::number(form_.winId())); });
 }
 

@@ -48,9 +48,11 @@ private:
     void showPreview() const;
     void connectFound();
     void connectSlides();
-    void connectCommands(const Commands& commands);
+    void connectCommands();
+    void enablePictureCommands();
 
     QWidget& form_;
+    Commands& commands_;
     Pages& pages_;
     SlideBar& slideBar_;
     const WallpaperBoxes boxes_;

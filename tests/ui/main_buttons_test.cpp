@@ -156,6 +156,31 @@ TEST_F(ButtonsTest, BrowseButtonsForwardToTheirEntries) {
     EXPECT_EQ(forwards(*buttons[1], commands().wallpaper), 1);
 }
 
+TEST_F(ButtonsTest, PreviewAndWallpaperAreOffWithoutAFoundPicture) {
+    const QString pictures = browse({QStringLiteral("a.bmp")});
+    const auto on = [this] {
+        QList<bool> states{commands().preview.isEnabled(), commands().wallpaper.isEnabled()};
+        for (const char* name :
+             {"mnuFOUNDPREVIEW", "mnuFOUNDDESTOP", "mnuSELECTEDPREVIEW", "mnuSELECTEDDESKTOP"}) {
+            states.append(entry(name)->isEnabled());
+        }
+        for (const cbtn* button : pages().pictures->cbtnBROWSEBTNS) {
+            states.append(button->isEnabled());
+        }
+        return QSet<bool>(states.begin(), states.end());
+    };
+    start(album(2));
+    EXPECT_EQ(on(), QSet<bool>{true});
+    foundControls().ftvFOLDER->setPath(test::temporaryFolder());
+    EXPECT_EQ(slides().size(), 2);
+    EXPECT_EQ(on(), QSet<bool>{false});
+    foundControls().ftvFOLDER->setPath(pictures);
+    EXPECT_EQ(on(), QSet<bool>{true});
+    setToolSetting("Files Location", test::temporaryFolder());
+    start();
+    EXPECT_EQ(on(), QSet<bool>{false});
+}
+
 TEST_F(ButtonsTest, HelpButtonsForwardToTheirEntries) {
     for (QAction* entry : menu("mnuHELPTOP")->actions()) {
         QObject::disconnect(entry, &QAction::triggered, nullptr, nullptr);

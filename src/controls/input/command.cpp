@@ -17,11 +17,18 @@ void Command::addButton(QAbstractButton& button) {
     connect(&button, &QAbstractButton::clicked, this, &QAction::trigger);
 }
 
-void Command::addTo(QMenu& popup, const char* name, const char* caption) {
+QAction* Command::addTo(QMenu& popup, const char* name, const char* caption) {
     QAction* entry = popup.addAction(icon(), QLatin1String(caption));
     entry->setObjectName(QLatin1String(name));
     entry->setAutoRepeat(false);
     connect(entry, &QAction::triggered, this, &QAction::triggered);
+    return entry;
+}
+
+void Command::addFollowing(QMenu& popup, const char* name, const char* caption) {
+    QAction* entry = addTo(popup, name, caption);
+    entry->setEnabled(isEnabled());
+    connect(this, &QAction::enabledChanged, entry, &QAction::setEnabled);
 }
 
 }  // namespace velorama

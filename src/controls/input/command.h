@@ -16,8 +16,10 @@ public:
     /// From here on the button gives the command, and is on and off with it.
     void addButton(QAbstractButton& button);
     /// The same command in a popup menu. Its entry is always on and gives the command even where
-    /// that is off.
-    void addTo(QMenu& popup, const char* name, const char* caption);
+    /// that is off. Returns the entry.
+    QAction* addTo(QMenu& popup, const char* name, const char* caption);
+    /// The same for an entry that is on and off with the command.
+    void addFollowing(QMenu& popup, const char* name, const char* caption);
 };
 
 }  // namespace velorama

@@ -40,6 +40,7 @@ bool isDigits(const QString& text) {
 
 updown::updown(QWidget* parent) : QAbstractSpinBox(parent) {
     lineEdit()->setValidator(new FieldValidator(this));
+    connect(lineEdit(), &QLineEdit::textChanged, this, &updown::Change);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     guardFromWheel(*this);
 }

@@ -38,6 +38,10 @@ public:
     QValidator::State validate(QString& input, int& position) const override;
     void fixup(QString& input) const override;
 
+signals:
+    /// Another text stands in the field.
+    void Change();
+
 protected:
     StepEnabled stepEnabled() const override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -4,8 +4,11 @@
 #include "core/globals.h"
 #include "core/show_colours.h"
 #include "platform/numbers.h"
+#include "player/show_timing.h"
+#include "ui/parts/show_length.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 
 namespace velorama {
 namespace {
@@ -48,7 +51,19 @@ void frmTOOLSSETTINGS::Form_Load(const QString& albumPath, const ReportView& lvw
     }
     loadInto(*udnINTERVAL, QStringLiteral("INTERVAL"));
     loadInto(*udnTRANSITIONVAL, QStringLiteral("TRANSITION"));
+    showFade();
     paintSample();
+}
+
+void frmTOOLSSETTINGS::showFade() {
+    const qint64 fade = qint64{fadeSteps} * udnTRANSITIONVAL->Value();
+    const bool cut = fade > qint64{1000} * udnINTERVAL->Value();
+    lblFADE->setText(
+        QStringLiteral("The fade lasts ") + durationText(fade) +
+        (cut ? QStringLiteral(", longer than a picture stays.") : QStringLiteral(".")));
+    QFont font = this->font();
+    font.setBold(cut);
+    lblFADE->setFont(font);
 }
 
 void frmTOOLSSETTINGS::paintSample() {

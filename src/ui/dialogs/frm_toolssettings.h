@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 class QBoxLayout;
+class QLabel;
 
 namespace velorama {
 
@@ -51,12 +52,14 @@ private:
 
     void Form_Load(const QString& albumPath, const ReportView& lvwALBUMS);
     void paintSample();
+    void showFade();
     void unload();
 
     CommonDialog cdlDIALOG{this};
     QCheckBox* chkTBAR = nullptr;
     updown* udnINTERVAL = nullptr;
     updown* udnTRANSITIONVAL = nullptr;
+    QLabel* lblFADE = nullptr;
     /// With cddGRADSHDW, btnBACK and darBACKGROUND.
     ColourField* picBACKGROUND = nullptr;
     /// With cddGRAD, btnGRADCOLOR and darGRAD.

@@ -43,6 +43,10 @@ void frmTOOLSSETTINGS::makeControls() {
     chkTBAR->setText(QStringLiteral("&Auto-hide slideshow toolbar"));
     udnINTERVAL = spinner("udnINTERVAL", QStringLiteral("4"), this);
     udnTRANSITIONVAL = spinner("udnTRANSITIONVAL", QStringLiteral("15"), this);
+    lblFADE = makeText(this, "lblFADE");
+    for (updown* field : {udnINTERVAL, udnTRANSITIONVAL}) {
+        connect(field, &updown::Change, this, &frmTOOLSSETTINGS::showFade);
+    }
     picBACKGROUND = new ColourField(
         {"picBACKGROUND", "cddGRADSHDW", "btnBACK", "darBACKGROUND", "Background color"}, cdlDIALOG,
         this);
@@ -88,6 +92,7 @@ QWidget* frmTOOLSSETTINGS::intervalGroup() {
     content->addWidget(
         labelFor(udnTRANSITIONVAL, QStringLiteral("T&ransition Interval (Default 15ms):")), 1, 0);
     content->addWidget(udnTRANSITIONVAL, 1, 1);
+    content->addWidget(lblFADE, 2, 0, 1, 2);
     content->setColumnStretch(0, 1);
     return group(QStringLiteral(" Slide Interval Time "), content, this);
 }
@@ -112,9 +117,12 @@ QWidget* frmTOOLSSETTINGS::colourGroup() {
 }
 
 QWidget* frmTOOLSSETTINGS::descriptionGroup() {
-    auto* content = new QHBoxLayout;
-    content->addWidget(labelFor(txtDESC, QStringLiteral("&Text:")));
-    content->addWidget(txtDESC);
+    auto* content = new QGridLayout;
+    content->addWidget(labelFor(txtDESC, QStringLiteral("&Text:")), 0, 0);
+    content->addWidget(txtDESC, 0, 1);
+    const QString hint = QStringLiteral("Only shown here: what you change is not saved.");
+    txtDESC->setAccessibleDescription(hint);
+    content->addWidget(makeText(this, "lblDESCHINT", hint), 1, 0, 1, 2);
     return group(QStringLiteral(" Slideshow Description "), content, this);
 }
 

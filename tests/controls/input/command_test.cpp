@@ -49,6 +49,18 @@ TEST(CommandTest, AnEntryOfAPopupGivesItWhereItIsOffToo) {
     EXPECT_EQ(given.count(), 1);
 }
 
+TEST(CommandTest, AnEntryThatFollowsIsOffWithTheCommand) {
+    Command command("mnuX", "&X");
+    command.setEnabled(false);
+    QMenu popup;
+    command.addFollowing(popup, "mnuPOPUPX", "X &here");
+    const QAction* entry = popup.findChild<QAction*>(QStringLiteral("mnuPOPUPX"));
+    ASSERT_NE(entry, nullptr);
+    EXPECT_FALSE(entry->isEnabled());
+    command.setEnabled(true);
+    EXPECT_TRUE(entry->isEnabled());
+}
+
 TEST(CommandTest, AHeldKeyGivesItOnce) {
     const Command command("mnuX", "&X", {}, Qt::Key_F5);
     EXPECT_EQ(command.shortcut(), QKeySequence(Qt::Key_F5));

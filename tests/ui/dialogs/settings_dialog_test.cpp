@@ -128,7 +128,8 @@ TEST_F(SettingsDialog, EveryLabelLeadsToItsControl) {
         {"&Gradient:", "btnGRADCOLOR"},
         {"&Text:", "txtDESC"},
     };
-    const auto labels = form_->findChildren<QLabel*>();
+    QList<QLabel*> labels = form_->findChildren<QLabel*>();
+    labels.removeIf([](const QLabel* label) { return label->buddy() == nullptr; });
     EXPECT_EQ(labels.size(), 5);
     for (const auto& row : rows) {
         const auto label = std::find_if(labels.begin(), labels.end(), [&row](const QLabel* l) {
@@ -197,6 +198,40 @@ TEST_F(SettingsDialog, IntervalsThatTheSpinnersRefuseLeaveTheirDesignValues) {
         EXPECT_EQ(udnINTERVAL().Value(), row.interval) << row.stored;
         EXPECT_EQ(udnTRANSITIONVAL().Value(), row.transition) << row.stored;
     }
+}
+
+TEST_F(SettingsDialog, TellsHowLongAFadeLastsAndWarnsOfOneThatIsCut) {
+    load();
+    const QLabel& fade = control<QLabel>("lblFADE");
+    EXPECT_EQ(fade.text(), QStringLiteral("The fade lasts 3.6 s."));
+    EXPECT_FALSE(fade.font().bold());
+    const struct {
+        int interval;
+        int transition;
+        const char* text;
+        bool warns;
+    } rows[] = {
+        {4, 1, "The fade lasts 0.2 s.", false},
+        {4, 16, "The fade lasts 3.8 s.", false},
+        {4, 17, "The fade lasts 4.1 s, longer than a picture stays.", true},
+        {3, 17, "The fade lasts 4.1 s, longer than a picture stays.", true},
+        {6, 25, "The fade lasts 6 s.", false},
+        {5, 25, "The fade lasts 6 s, longer than a picture stays.", true},
+        {240, 1000, "The fade lasts 4 min 00 s.", false},
+    };
+    for (const auto& row : rows) {
+        udnINTERVAL().setValue(row.interval);
+        udnTRANSITIONVAL().setValue(row.transition);
+        EXPECT_EQ(fade.text(), QLatin1String(row.text));
+        EXPECT_EQ(fade.font().bold(), row.warns) << row.text;
+    }
+}
+
+TEST_F(SettingsDialog, SaysThatTheDescriptionIsOnlyShown) {
+    load();
+    const QString hint = QStringLiteral("Only shown here: what you change is not saved.");
+    EXPECT_EQ(control<QLabel>("lblDESCHINT").text(), hint);
+    EXPECT_EQ(txtDESC().accessibleDescription(), hint);
 }
 
 TEST_F(SettingsDialog, OnlyAOneChecksTheToolbarBox) {
