@@ -1,5 +1,6 @@
 #include "controls/lists/empty_text.h"
 
+#include <QApplication>
 #include <QPainter>
 
 namespace velorama {
@@ -10,7 +11,8 @@ void paintEmptyText(QAbstractItemView& list, const QString& text) {
     constexpr float strength = 0.75F;
     QPainter painter(list.viewport());
     const QRect ground = list.viewport()->rect();
-    if (list.hasFocus()) {
+    // A list with a frame shows it there.
+    if (list.hasFocus() && list.frameWidth() == 0) {
         painter.setPen(list.palette().color(QPalette::Active, QPalette::Highlight));
         painter.drawRect(ground.adjusted(1, 1, -2, -2));
     }
@@ -20,6 +22,8 @@ void paintEmptyText(QAbstractItemView& list, const QString& text) {
         QColor colour = list.palette().color(QPalette::Text);
         colour.setAlphaF(strength);
         painter.setPen(colour);
+        // The captions of the list may be small. This is no caption.
+        painter.setFont(QApplication::font(&list));
         painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, text);
     }
 }

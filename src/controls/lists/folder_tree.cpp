@@ -2,6 +2,7 @@
 
 #include "controls/input/keys.h"
 #include "controls/lists/folder_model.h"
+#include "controls/lists/list_frame.h"
 #include "platform/files/paths.h"
 
 #include <QDir>
@@ -10,11 +11,36 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 
 namespace velorama {
+namespace {
+
+/// On the quiet ground of a folder that is marked while the keyboard is elsewhere, its icon has the
+/// colour of the others: that of an active mark would not be seen.
+class FolderDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->state.testFlag(QStyle::State_Selected) &&
+            !option->state.testFlag(QStyle::State_Active) && option->widget != nullptr) {
+            const QPixmap plain =
+                option->icon.pixmap(option->decorationSize, option->widget->devicePixelRatioF());
+            option->icon = QIcon(plain);
+            option->icon.addPixmap(plain, QIcon::Selected);
+        }
+    }
+};
+
+}  // namespace
 
 FolderTree::FolderTree(QWidget* parent) : QTreeView(parent), model_(new FolderModel(this)) {
+    setListFrame(*this);
+    setItemDelegate(new FolderDelegate(this));
     setModel(model_);
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -44,6 +70,12 @@ void FolderTree::dimIdleSelection() {
     if (changed != palette()) {
         setPalette(changed);
     }
+}
+
+bool FolderTree::event(QEvent* event) {
+    const bool handled = QTreeView::event(event);
+    paintListFrame(*this, *event);
+    return handled;
 }
 
 void FolderTree::changeEvent(QEvent* event) {

@@ -1,6 +1,8 @@
 #include "controls/lists/list_box.h"
 
 #include "controls/buttons/icon.h"
+#include "controls/lists/empty_text.h"
+#include "controls/lists/list_frame.h"
 
 #include <QHelpEvent>
 #include <QMimeData>
@@ -13,7 +15,6 @@
 namespace velorama {
 namespace {
 
-constexpr int EmptyTextMargin = 12;
 constexpr int SymbolMargin = 1;
 constexpr float HeldTint = 0.24F;
 
@@ -73,6 +74,7 @@ private:
 };
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
+    setListFrame(*this);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle);
@@ -160,14 +162,15 @@ bool ListBox::viewportEvent(QEvent* event) {
 
 void ListBox::paintEvent(QPaintEvent* event) {
     QListWidget::paintEvent(event);
-    if (count() > 0 || emptyText_.isEmpty()) {
-        return;
+    if (count() == 0 && !emptyText_.isEmpty()) {
+        paintEmptyText(*this, emptyText_);
     }
-    const int margin = EmptyTextMargin;
-    QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+bool ListBox::event(QEvent* event) {
+    const bool handled = QListWidget::event(event);
+    paintListFrame(*this, *event);
+    return handled;
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {

@@ -42,6 +42,7 @@ signals:
     void FilesDropped(const QStringList& paths);
 
 protected:
+    bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

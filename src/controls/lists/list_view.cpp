@@ -4,6 +4,7 @@
 #include "controls/input/keys.h"
 #include "controls/lists/empty_text.h"
 #include "controls/lists/list_delegate.h"
+#include "controls/lists/list_frame.h"
 #include "controls/lists/list_model.h"
 
 #include <QMouseEvent>
@@ -14,6 +15,7 @@ namespace velorama {
 
 ListView::ListView(QWidget* parent)
     : QListView(parent), model_(new ListModel(*this)), delegate_(new ListDelegate(*this)) {
+    setListFrame(*this);
     setItemDelegate(delegate_);
     setModel(model_);
     setFlow(LeftToRight);
@@ -183,7 +185,9 @@ bool ListView::event(QEvent* event) {
         default:
             break;
     }
-    return QListView::event(event);
+    const bool handled = QListView::event(event);
+    paintListFrame(*this, *event);
+    return handled;
 }
 
 bool ListView::viewportEvent(QEvent* event) {

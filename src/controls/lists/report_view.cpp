@@ -2,8 +2,9 @@
 
 #include "controls/geometry/twips.h"
 #include "controls/lists/empty_text.h"
+#include "controls/lists/list_frame.h"
+#include "controls/lists/report_header.h"
 
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -56,6 +57,8 @@ int widthInPixels(float twips) {
 }  // namespace
 
 ReportView::ReportView(QWidget* parent) : QTreeWidget(parent) {
+    setListFrame(*this);
+    setHeader(new ReportHeader(this));
     setItemDelegate(new CellDelegate(this));
     setSelectionMode(SingleSelection);
     setSelectionBehavior(SelectRows);
@@ -69,32 +72,18 @@ ReportView::ReportView(QWidget* parent) : QTreeWidget(parent) {
     setExpandsOnDoubleClick(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
-    header()->setSectionsMovable(false);
-    // The owner lays the columns out to the twip, and 0 is a width too.
-    header()->setStretchLastSection(false);
-    header()->setMinimumSectionSize(0);
-    header()->setTextElideMode(Qt::ElideRight);
     connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
         if (!placing_ && width < LeastDraggedWidth) {
             header()->resizeSection(column, LeastDraggedWidth);
         }
     });
     setColumns({QString()});
-    paintHeaderToTheEnd();
 }
 
-// Behind the last column the header goes on in the colour of its sections, not of the page.
-void ReportView::paintHeaderToTheEnd() {
-    QPalette ground = header()->palette();
-    ground.setColor(QPalette::Window, palette().color(QPalette::Button));
-    header()->setPalette(ground);
-}
-
-void ReportView::changeEvent(QEvent* event) {
-    QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        paintHeaderToTheEnd();
-    }
+bool ReportView::event(QEvent* event) {
+    const bool handled = QTreeWidget::event(event);
+    paintListFrame(*this, *event);
+    return handled;
 }
 
 void ReportView::setColumns(const QStringList& headers) {

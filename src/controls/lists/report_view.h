@@ -58,7 +58,7 @@ signals:
     void KeyPress(int keyAscii);
 
 protected:
-    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -73,7 +73,6 @@ protected:
                           const QItemSelection& deselected) override;
 
 private:
-    void paintHeaderToTheEnd();
     bool hasColumn(int column) const { return column >= 1 && column <= columnCount(); }
     void paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;
 

@@ -5,11 +5,15 @@
 #include "support/test_world.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace velorama {
 namespace {
@@ -307,6 +311,47 @@ TEST(FolderModel, AnUnreadableFolderHasNoChildren) {
     model.fetchMore(model.index(1, 0));
     EXPECT_EQ(model.rowCount(model.index(1, 0)), 0);
     QFile::setPermissions(closed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+// Relative luminance, and the contrast of two, as web guidelines have them.
+double luminance(const QColor& colour) {
+    const auto linear = [](float channel) {
+        return channel <= 0.04045F ? channel / 12.92F : std::pow((channel + 0.055F) / 1.055F, 2.4F);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const auto [less, more] = std::minmax({luminance(one), luminance(other)});
+    return (more + 0.05) / (less + 0.05);
+}
+
+TEST_F(Tree, TheIconOfTheMarkedFolderIsSeenWithoutTheKeyboard) {
+    tree.setPath(in("Zoo"));
+    QWidget form;
+    QLineEdit field(&form);
+    tree.setParent(&form);
+    form.resize(tree.size());
+    form.show();
+    form.activateWindow();
+    field.setFocus();
+    QApplication::processEvents();
+    tree.scrollTo(current());
+    ASSERT_FALSE(tree.hasFocus());
+    const QImage image = tree.viewport()->grab().toImage();
+    const QRect row = tree.visualRect(current());
+    const QColor ground = image.pixelColor(row.right() - 3, row.center().y());
+    ASSERT_NE(ground, tree.palette().color(QPalette::Base));
+    double most = 0;
+    constexpr int iconSide = 16;
+    for (int x = row.left(); x < row.left() + iconSide; ++x) {
+        for (int y = row.top(); y <= row.bottom(); ++y) {
+            most = std::max(most, contrast(image.pixelColor(x, y), ground));
+        }
+    }
+    EXPECT_GT(most, 3);
+    tree.setParent(nullptr);
 }
 
 }  // namespace

@@ -1,0 +1,66 @@
+#include "controls/lists/list_frame.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace velorama {
+namespace {
+
+// Logical pixels: the frame's room, and how much of it the accent takes and the quiet line.
+constexpr int room = 2;
+constexpr int accentWidth = 2;
+constexpr int quietWidth = 1;
+
+QColor quiet(const QPalette& palette) {
+    constexpr float share = 0.3F;
+    const QColor ground = palette.color(QPalette::Active, QPalette::Base);
+    const QColor ink = palette.color(QPalette::Active, QPalette::Text);
+    const auto mixed = [](float a, float b) { return a + (b - a) * share; };
+    return QColor::fromRgbF(mixed(ground.redF(), ink.redF()), mixed(ground.greenF(), ink.greenF()),
+                            mixed(ground.blueF(), ink.blueF()));
+}
+
+/// What is left of `outer` inside an edge of so many pixels.
+QRegion edge(const QRect& outer, int width) {
+    return QRegion(outer) - QRegion(outer.adjusted(width, width, -width, -width));
+}
+
+void paint(QAbstractScrollArea& list) {
+    QPainter painter(&list);
+    const QTransform toDevice = painter.deviceTransform();
+    const QRect outer = toDevice.mapRect(list.rect());
+    const bool focus = list.hasFocus();
+    const QColor line =
+        focus ? list.palette().color(QPalette::Active, QPalette::Highlight) : quiet(list.palette());
+    const qreal scale = list.devicePixelRatioF();
+    const int width = std::max(1, qRound((focus ? accentWidth : quietWidth) * scale));
+    const auto fill = [&](const QRegion& region, const QColor& colour) {
+        for (const QRect& part : region) {
+            painter.fillRect(toDevice.inverted().mapRect(QRectF(part)), colour);
+        }
+    };
+    fill(edge(outer, qRound(room * scale) + 1), list.palette().color(QPalette::Base));
+    fill(edge(outer, width), line);
+}
+
+}  // namespace
+
+void setListFrame(QAbstractScrollArea& list) {
+    list.setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    list.setLineWidth(room);
+}
+
+void paintListFrame(QAbstractScrollArea& list, const QEvent& event) {
+    if (list.frameWidth() == 0) {
+        return;
+    }
+    if (event.type() == QEvent::Paint) {
+        paint(list);
+    } else if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) {
+        list.update(edge(list.rect(), room));
+    }
+}
+
+}  // namespace velorama
