@@ -1,7 +1,8 @@
 #!/bin/bash
-# screenshots.sh [PROGRAM [OUT [SCALE [SIZE]]]]: takes the pictures of docs/screenshots/ on an X server
-# in memory, light and dark. OUT is docs/screenshots, SCALE 1 and SIZE 1280x860 unless given. The
-# pictures show the home folder of a user who does not exist: it is mounted over /home for this script
+# screenshots.sh [PROGRAM [OUT [SCALE [SIZE [FONT]]]]]: takes the pictures of docs/screenshots/ on an X
+# server in memory, light and dark. OUT is docs/screenshots, SCALE 1 and SIZE 1280x860 unless given;
+# SIZE "own" leaves the window as it comes up. With a FONT, as "Cantarell 11", there are also the
+# other windows of the program and what it shows a new user, and no show. The pictures show the home folder of a user who does not exist: it is mounted over /home for this script
 # alone, as root or where users may have namespaces of their own. Needs the packages of the groups
 # build and screen, sqlite3, and qt6-gtk-platformtheme for the dark ones.
 set -euo pipefail
@@ -21,13 +22,13 @@ if [[ ${1:-} != --inside ]]; then
         as_root=()
     fi
     (cd "$work" && unshare "${as_root[@]}" --mount bash "$work/screenshots.sh" --inside "$work" \
-        "${3:-1}" "${4:-1280x860}")
+        "${3:-1}" "${4:-1280x860}" "${5:-}")
     mkdir -p "$out"
     cp "$work"/out/* "$out/"
     exit
 fi
 
-work=$2 scale=$3 size=$4
+work=$2 scale=$3 size=$4 font=$5
 source "$work/settings_store.sh"
 source "$work/desktop.sh"
 
@@ -76,7 +77,6 @@ make_home() {
 put() { store_put "$HOME/.config" "$1" "$2" "$3"; }
 
 choose_settings() {
-    rm -rf "$HOME/.config/velorama"
     put 'mfrmPRGMAIN\View' TABIDX 1
     put 'mfrmPRGMAIN\View' Slideshow "$HOME/Pictures/Calm evenings.vlr"
     put 'frmTOOLSSETTINGS\Items' 'Files Location' "$HOME/Pictures/Landscapes"
@@ -110,14 +110,19 @@ dialog() {
 
 # The pointer rests where it lights nothing up.
 start_program() {
-    choose_settings
+    rm -rf "$HOME/.config/velorama"
+    if [[ ${1:-} != fresh ]]; then
+        choose_settings
+    fi
     (cd "$HOME" && exec "$work/velorama") 2>"$work/errors" &
     running=$!
     pids+=("$running")
     until_true main_window || fail "no window came up"
     window=$(main_window)
-    xdotool windowactivate --sync "$window" windowsize "$window" "${size%x*}" "${size#*x}" \
-        windowmove "$window" 100 100 mousemove 2550 1700
+    xdotool windowactivate --sync "$window" mousemove $((screen_width - 10)) $((screen_height - 20))
+    if [[ $size != own ]]; then
+        xdotool windowsize "$window" "${size%x*}" "${size#*x}" windowmove "$window" 100 100
+    fi
     sleep 4
 }
 
@@ -139,7 +144,7 @@ take_pages() {
     local page
     for page in slideshows pictures music webalbum help; do
         sleep 1
-        take "page-$page" "$window"
+        take "${1:-}page-$page" "$window"
         press ctrl+Tab
     done
 }
@@ -169,6 +174,35 @@ take_settings() {
     sleep 0.5
 }
 
+# chosen NAME KEY...: the dialog that the keys bring up.
+take_chosen() {
+    local name=$1
+    shift
+    press "$1"
+    sleep 0.3
+    if (($# > 1)); then
+        press "${@:2}"
+    fi
+    take_dialog "$name"
+    press Escape
+    until_true main_window
+    xdotool windowactivate --sync "$window"
+    sleep 0.5
+}
+
+take_others() {
+    take_chosen preview F11
+    take_chosen about alt+h a
+    take_chosen update alt+h u
+    take_chosen help F1
+}
+
+end_program() {
+    # Every picture is taken, and nothing of this home is to be kept.
+    kill -KILL "$running"
+    wait "$running" 2>/dev/null || true
+}
+
 # A slide has been removed, so that there is something to save.
 take_question() {
     press alt+d
@@ -184,19 +218,34 @@ run_once() {
     start_program
     take_pages
     take_settings
-    if [[ -z $suffix ]]; then  # a show has its own colours
+    if [[ -n $font ]]; then
+        take_others
+    elif [[ -z $suffix ]]; then  # a show has its own colours
         take_show
     fi
     take_question
-    # Every picture is taken, and nothing of this home is to be kept.
-    kill -KILL "$running"
-    wait "$running" 2>/dev/null || true
+    end_program
+    if [[ -n $font ]]; then
+        start_program fresh
+        take_pages new-
+        end_program
+    fi
 }
 
 make_home
 export QT_SCALE_FACTOR=$scale
-start_desktop "$work" 2560x1720
-run_once ''
+screen_width=2560 screen_height=1720
+if [[ $size != own && ${size%x*} -gt 2400 ]]; then
+    screen_width=$((${size%x*} + 200)) screen_height=$((${size#*x} + 200))
+fi
+start_desktop "$work" "${screen_width}x$screen_height"
 # The theme of the desktop, asked for by the means of desktops.
-export QT_QPA_PLATFORMTHEME=gtk3 GTK_THEME=Adwaita:dark QT_STYLE_OVERRIDE=Fusion
+use_theme() { export QT_QPA_PLATFORMTHEME=gtk3 QT_STYLE_OVERRIDE=Fusion GTK_THEME=$1; }
+if [[ -n $font ]]; then
+    mkdir -p "$HOME/.config/gtk-3.0"
+    printf '[Settings]\ngtk-font-name=%s\n' "$font" >"$HOME/.config/gtk-3.0/settings.ini"
+    use_theme Adwaita
+fi
+run_once ''
+use_theme Adwaita:dark
 run_once -dark
