@@ -2,6 +2,7 @@
 
 #include "controls/buttons/control_making.h"
 #include "controls/buttons/icon.h"
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 
 #include <QCoreApplication>
@@ -13,7 +14,7 @@ namespace {
 
 cbtn* rowButton(QWidget& page, const char* name, const char* tooltip, const char* caption) {
     cbtn* button = makeButton(&page, QLatin1String(name), "", tooltip, caption);
-    place(*button, 0, 2950, 1080, 330);
+    placeDesign(*button, 0, 2950, 1080, 330);
     return button;
 }
 

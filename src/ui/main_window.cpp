@@ -47,6 +47,7 @@ void mfrmPRGMAIN::design() {
     setContextMenuPolicy(Qt::NoContextMenu);
     setMinimumSize(smallest);
     resize(toPixels(designWidth), toPixels(designHeight) + menuBar()->sizeHint().height());
+    boundByScreen(*this);
     centreOnScreen(*this);
 }
 
@@ -93,6 +94,7 @@ void mfrmPRGMAIN::Form_Resize() {
     const float W = Width(*surface_);
     const float H = Height(*surface_);
     pages_->stretch(W, H);
+    pages_->makeRoom();
     slideBar_->hangBelow(Top(*pages_->tabPAGES) + Height(*pages_->tabPAGES), W);
     VBarLayout();
     slideBar_->tint();
@@ -126,6 +128,8 @@ void mfrmPRGMAIN::changeEvent(QEvent* event) {
     }
     if (event->type() == QEvent::PaletteChange) {
         pages_->tint();
+        Form_Resize();
+    } else if (event->type() == QEvent::FontChange) {
         Form_Resize();
     } else if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         Form_Resize();

@@ -1,7 +1,19 @@
 #include "ui/window_world.h"
 
+#include <QScreen>
+
 namespace velorama {
 namespace {
+
+/// Without the tests of the design's size.
+class SmallScreenWindow : public test::WithWindow {
+public:
+    using test::WithWindow::start;
+    using test::WithWindow::window;
+
+private:
+    void TestBody() override {}
+};
 
 class MainLayoutTest : public test::WithWindow {
 protected:
@@ -179,6 +191,17 @@ TEST_F(MainLayoutTest, TheSmallestWindowIs500By400AndShowsEveryPageWhole) {
             }
         }
     }
+}
+
+TEST(SmallScreen, TheFirstWindowIsNoLargerThanTheScreen) {
+    if (QGuiApplication::primaryScreen()->size() != QSize(700, 450)) {
+        GTEST_SKIP() << "for a screen of 1400 x 900 at the scale 2";
+    }
+    SmallScreenWindow world;
+    world.start();
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(world.window->geometry()));
+    EXPECT_LT(world.window->height(), screen.height() - 10);
 }
 
 TEST_F(MainLayoutTest, ComingBackToTheFrontLaysOutAnew) {

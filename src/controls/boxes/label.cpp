@@ -1,5 +1,6 @@
 #include "controls/boxes/label.h"
 
+#include "controls/geometry/caption_room.h"
 #include "controls/input/keys.h"
 
 #include <QMouseEvent>
@@ -44,7 +45,8 @@ void Label::paintEvent(QPaintEvent*) {
     // A file name may hold a line break; one line is all there is.
     QString line = caption_;
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    const QString shown = fontMetrics().elidedText(line, Qt::ElideMiddle, width());
+    painter.setFont(fontForHeight(font(), height()));
+    const QString shown = painter.fontMetrics().elidedText(line, Qt::ElideMiddle, width());
     setToolTip(shown == line ? QString() : plainTooltip(caption_));
     painter.setPen(foreColor_.isValid() ? foreColor_ : palette().color(foregroundRole()));
     painter.drawText(rect(), static_cast<int>(alignment_ | Qt::TextSingleLine), shown);

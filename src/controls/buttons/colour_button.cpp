@@ -7,6 +7,9 @@ namespace velorama {
 namespace {
 
 constexpr int Margin = 6;
+constexpr int LowMargin = 4;
+// Above and below a line of text, as fields have it.
+constexpr int LineMargin = 3;
 
 }  // namespace
 
@@ -15,7 +18,7 @@ ColourButton::ColourButton(QWidget* parent)
     setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(Margin, Margin, Margin, Margin);
+    row->setContentsMargins(Margin, LowMargin, Margin, LowMargin);
     row->setSpacing(Margin);
     row->addWidget(swatch_, 1);
     row->addWidget(arrow_);
@@ -28,9 +31,9 @@ void ColourButton::showColour(Colour colour) {
 }
 
 QSize ColourButton::sizeHint() const {
-    // As high as the buttons with a text beside it.
+    // As high as a field with a text beside it.
     const QSize content = layout()->sizeHint();
-    return {content.width(), qMax(content.height(), fontMetrics().height() + 2 * Margin)};
+    return {content.width(), qMax(content.height(), fontMetrics().height() + 2 * LineMargin)};
 }
 
 void ColourButton::keyPressEvent(QKeyEvent* event) {

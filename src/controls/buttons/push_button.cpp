@@ -1,6 +1,7 @@
 #include "controls/buttons/push_button.h"
 
 #include "controls/buttons/icon.h"
+#include "controls/geometry/caption_room.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -26,6 +27,9 @@ cbtn::cbtn(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setIconSize({20, 20});
+    // What lies below a button does not shine through it.
+    setBackgroundRole(QPalette::Window);
+    setAutoFillBackground(true);
     connect(this, &QAbstractButton::clicked, this, &cbtn::Click);
 }
 
@@ -126,8 +130,9 @@ void cbtn::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     paintGround(painter);
 
+    painter.setFont(fontForHeight(font(), height() - 2));
     const int textWidth =
-        text().isEmpty() ? 0 : fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+        text().isEmpty() ? 0 : painter.fontMetrics().size(Qt::TextShowMnemonic, text()).width();
     const int gap = hasIcon() && textWidth > 0 ? Gap : 0;
     const int iconWidth = hasIcon() ? iconSize().width() : 0;
     QRect content(0, 0, qMin(iconWidth + gap + textWidth, width() - 2), height());

@@ -1,6 +1,7 @@
 #include "controls/buttons/tab_strip.h"
 
 #include "controls/buttons/tab_strip_access.h"
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 
 #include <QAccessible>
@@ -123,7 +124,7 @@ void tab::Redraw() {
 
 // The right end of the tab comes back.
 float tab::layOut(Tab& each, float left, float top) const {
-    const QFontMetricsF font(this->font());
+    const QFontMetricsF font(captionFont());
     const float captionWidth = toTwips(qCeil(font.horizontalAdvance(each.caption)));
     const float captionHeight = toTwips(qCeil(font.height()));
     const float middleWidth = captionWidth + 2 * CaptionPadding;
@@ -136,6 +137,11 @@ float tab::layOut(Tab& each, float left, float top) const {
     left += middleWidth;
     each.parts.right = QRectF(left, top, EndWidth, TabHeight);
     return left + EndWidth;
+}
+
+// The tabs keep their height, whatever the font: a larger one would run into the page.
+QFont tab::captionFont() const {
+    return fontForHeight(font(), toPixels(TabHeight));
 }
 
 void tab::SetFont(const QFont& font) {
@@ -307,6 +313,7 @@ void tab::paintCaption(QPainter& painter, int number) const {
         colour.setAlphaF(0.8F);
     }
     painter.setPen(colour);
+    painter.setFont(captionFont());
     painter.drawText(caption, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip,
                      Caption(number));
     if (number == active_ && hasFocus()) {

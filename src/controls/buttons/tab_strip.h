@@ -84,6 +84,7 @@ private:
 
     bool holds(int number) const { return number >= 1 && number <= Tabcount(); }
     float layOut(Tab& each, float left, float top) const;
+    QFont captionFont() const;
     void setHovered(int number);
     void paintTab(QPainter& painter, int number) const;
     void paintCaption(QPainter& painter, int number) const;

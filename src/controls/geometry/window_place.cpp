@@ -4,6 +4,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -65,6 +66,15 @@ void centreOnScreen(QWidget& window) {
     };
     setLeft(window, middle(screen.x(), screen.width(), Width(window)));
     setTop(window, middle(screen.y(), screen.height(), Height(window)));
+}
+
+void boundByScreen(QWidget& window) {
+    if (const QScreen* screen = screenOf(window)) {
+        // The desktop's frame is known only when it is there; its title bar is about as high as the
+        // style's.
+        const QSize frame(2, window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+        window.resize(window.size().boundedTo(screen->availableSize() - frame));
+    }
 }
 
 void keepOnScreen(QWidget& window) {

@@ -24,6 +24,9 @@ QSize frameOf(const QWidget& window);
 /// Puts a window that has not been shown in the middle of the screen that it belongs to.
 void centreOnScreen(QWidget& window);
 
+/// Makes a window that has not been shown no larger than its screen, frame and all.
+void boundByScreen(QWidget& window);
+
 /// Moves a window that hangs off its screen, frame and all, back onto it; the upper left corner
 /// counts where it is larger. Others, and maximised ones, stay where they are.
 void keepOnScreen(QWidget& window);

@@ -73,8 +73,12 @@ void FolderTree::dimIdleSelection() {
 }
 
 bool FolderTree::event(QEvent* event) {
+    updateListFrame(*this, event->type());
+    const bool painted = event->type() == QEvent::Paint;
     const bool handled = QTreeView::event(event);
-    paintListFrame(*this, *event);
+    if (painted) {
+        paintListFrame(*this);
+    }
     return handled;
 }
 

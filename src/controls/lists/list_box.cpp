@@ -168,8 +168,12 @@ void ListBox::paintEvent(QPaintEvent* event) {
 }
 
 bool ListBox::event(QEvent* event) {
+    updateListFrame(*this, event->type());
+    const bool painted = event->type() == QEvent::Paint;
     const bool handled = QListWidget::event(event);
-    paintListFrame(*this, *event);
+    if (painted) {
+        paintListFrame(*this);
+    }
     return handled;
 }
 

@@ -1,6 +1,5 @@
 #include "controls/lists/list_frame.h"
 
-#include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -27,7 +26,17 @@ QRegion edge(const QRect& outer, int width) {
     return QRegion(outer) - QRegion(outer.adjusted(width, width, -width, -width));
 }
 
-void paint(QAbstractScrollArea& list) {
+}  // namespace
+
+void setListFrame(QAbstractScrollArea& list) {
+    list.setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    list.setLineWidth(room);
+}
+
+void paintListFrame(QAbstractScrollArea& list) {
+    if (list.frameWidth() == 0) {
+        return;
+    }
     QPainter painter(&list);
     const QTransform toDevice = painter.deviceTransform();
     const QRect outer = toDevice.mapRect(list.rect());
@@ -41,24 +50,14 @@ void paint(QAbstractScrollArea& list) {
             painter.fillRect(toDevice.inverted().mapRect(QRectF(part)), colour);
         }
     };
-    fill(edge(outer, qRound(room * scale) + 1), list.palette().color(QPalette::Base));
+    // What the style has painted there goes, and what stands inside stays.
+    painter.setClipRegion(edge(list.rect(), room));
+    painter.fillRect(list.rect(), list.palette().color(QPalette::Base));
     fill(edge(outer, width), line);
 }
 
-}  // namespace
-
-void setListFrame(QAbstractScrollArea& list) {
-    list.setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
-    list.setLineWidth(room);
-}
-
-void paintListFrame(QAbstractScrollArea& list, const QEvent& event) {
-    if (list.frameWidth() == 0) {
-        return;
-    }
-    if (event.type() == QEvent::Paint) {
-        paint(list);
-    } else if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) {
+void updateListFrame(QAbstractScrollArea& list, QEvent::Type type) {
+    if (list.frameWidth() > 0 && (type == QEvent::FocusIn || type == QEvent::FocusOut)) {
         list.update(edge(list.rect(), room));
     }
 }

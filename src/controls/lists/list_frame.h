@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QEvent>
 
 namespace velorama {
 
@@ -8,7 +9,11 @@ namespace velorama {
 void setListFrame(QAbstractScrollArea& list);
 
 /// The frame of a list, in whole pixels of the screen at any scale, and in the accent while the
-/// list has the keyboard. For the list's event(), after its own handling.
-void paintListFrame(QAbstractScrollArea& list, const QEvent& event);
+/// list has the keyboard. For the list's event(), when it has handled a paint event.
+void paintListFrame(QAbstractScrollArea& list);
+
+/// Has the frame painted anew where the keyboard comes or goes. For the list's event(), before its
+/// own handling: a handler may delete the list.
+void updateListFrame(QAbstractScrollArea& list, QEvent::Type type);
 
 }  // namespace velorama

@@ -185,8 +185,12 @@ bool ListView::event(QEvent* event) {
         default:
             break;
     }
+    updateListFrame(*this, event->type());
+    const bool painted = event->type() == QEvent::Paint;
     const bool handled = QListView::event(event);
-    paintListFrame(*this, *event);
+    if (painted) {
+        paintListFrame(*this);
+    }
     return handled;
 }
 

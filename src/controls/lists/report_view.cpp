@@ -81,8 +81,12 @@ ReportView::ReportView(QWidget* parent) : QTreeWidget(parent) {
 }
 
 bool ReportView::event(QEvent* event) {
+    updateListFrame(*this, event->type());
+    const bool painted = event->type() == QEvent::Paint;
     const bool handled = QTreeWidget::event(event);
-    paintListFrame(*this, *event);
+    if (painted) {
+        paintListFrame(*this);
+    }
     return handled;
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/commands.h"
 #include "ui/pages/page.h"
+#include "ui/parts/scrolled_content.h"
 
 #include <QLabel>
 
@@ -15,11 +16,17 @@ public:
 
     /// The texts of the start, and the program's icon.
     void fill(const QIcon& icon);
-    /// All places are the design's.
-    void layOut() override {}
+    void makeRoom() override;
+    /// The buttons stand beside the texts or below them, as the width allows. Where there is too
+    /// little room the page scrolls.
+    void layOut() override;
     QWidget* firstFocus() const override { return cbtnHELP; }
     QList<QWidget*> tabOrder() const override;
 
+private:
+    ScrolledContent* scroll_;
+
+public:
     QLabel* imgICON;
     QLabel* lblMAINTITLE;
     QLabel* lblVERSION;
@@ -31,9 +38,14 @@ public:
     cbtn* cbtnABOUT;
 
 private:
-    QLabel* line(const char* name, float top, float height);
+    QLabel* line(const char* name);
     struct Design;
     cbtn* button(const Design& design, Command& command);
+    QBoxLayout* head();
+    QBoxLayout* buttons();
+    int textWidth() const;
+
+    QBoxLayout* row_;
 };
 
 }  // namespace velorama

@@ -11,6 +11,9 @@ class Page : public QWidget {
 public:
     Page(const char* name, QWidget& surface);
 
+    /// Gives the controls with captions the room that these need in the font of the moment, before
+    /// anything is placed by their sizes.
+    virtual void makeRoom() {}
     /// Places the controls that follow the page's size.
     virtual void layOut() = 0;
     /// Where the keyboard goes when the page comes up.
@@ -28,6 +31,8 @@ protected:
 
 /// The row of buttons at the foot of every page.
 constexpr float footHeight = 400;
+/// How high they may become in it.
+constexpr float mostFootHeight = 390;
 /// What a list leaves free below it.
 constexpr float belowList = 500;
 

@@ -89,6 +89,12 @@ void Pages::stretch(float surfaceWidth, float surfaceHeight) {
     pictures->stretch();
 }
 
+void Pages::makeRoom() {
+    for (Page* page : all()) {
+        page->makeRoom();
+    }
+}
+
 bool Pages::placeBySplitter(float surfaceWidth) {
     if (!pictures->holdSplitter(surfaceWidth)) {
         return false;

@@ -33,6 +33,8 @@ public:
 
     /// Frames and splitter follow the surface, before the lists do.
     void stretch(float surfaceWidth, float surfaceHeight);
+    /// See Page.
+    void makeRoom();
     /// By the splitter. False where that has come too far to the left for anything to follow it.
     bool placeBySplitter(float surfaceWidth);
     void layOut();

@@ -1,6 +1,7 @@
 #include "ui/pages/pictures_page.h"
 
 #include "controls/buttons/control_making.h"
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 #include "controls/input/keys.h"
 #include "core/globals.h"
@@ -29,7 +30,7 @@ PicturesPage::PicturesPage(QWidget& surface, Commands& commands)
     place(*picVBAR, 3585, 90, 75, 3260);
     picVBAR->setCursor(Qt::SplitHCursor);
     picVBAR->setAccessibleName(QStringLiteral("Divider between folders and pictures"));
-    place(*lblFOUNDCOUNT, 3705, 2950, 3600, 330);
+    placeDesign(*lblFOUNDCOUNT, 3705, 2950, 3600, 330);
     makeButtons(commands);
     connectSplitter();
 }
@@ -40,7 +41,7 @@ void PicturesPage::makeButtons(Commands& commands) {
                       makeButton(this, QStringLiteral("cbtnBROWSEBTNS1"), "wallpaper",
                                  "Set the selected photo as your wallpaper", "Wallpaper")};
     for (cbtn* button : cbtnBROWSEBTNS) {
-        place(*button, 0, 2950, 1440, 330);
+        placeDesign(*button, 0, 2950, 1440, 330);
     }
     commands.preview.addButton(*cbtnBROWSEBTNS[0]);
     commands.wallpaper.addButton(*cbtnBROWSEBTNS[1]);
@@ -83,6 +84,13 @@ void PicturesPage::saveSplitter() const {
 void PicturesPage::stretch() {
     setHeight(*found.ftvFOLDER, Height(*this) - 180 - 60);
     setHeight(*picVBAR, Height(*this) - Top(*picVBAR));
+}
+
+void PicturesPage::makeRoom() {
+    for (QWidget* below :
+         std::initializer_list<QWidget*>{cbtnBROWSEBTNS[0], cbtnBROWSEBTNS[1], lblFOUNDCOUNT}) {
+        giveRoom(*below, mostFootHeight);
+    }
 }
 
 bool PicturesPage::holdSplitter(float surfaceWidth) {

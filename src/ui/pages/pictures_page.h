@@ -17,6 +17,7 @@ class PicturesPage : public Page {
 public:
     PicturesPage(QWidget& surface, Commands& commands);
 
+    void makeRoom() override;
     void layOut() override;
     QWidget* firstFocus() const override { return found.ftvFOLDER; }
     QList<QWidget*> tabOrder() const override;

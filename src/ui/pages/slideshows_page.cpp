@@ -1,10 +1,18 @@
 #include "ui/pages/slideshows_page.h"
 
 #include "controls/buttons/control_making.h"
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 
 namespace velorama {
 namespace {
+
+// Twips.
+constexpr float columnLeft = 105;
+constexpr float columnTop = 90;
+constexpr float columnGap = 45;
+constexpr float buttonWidth = 1440;
+constexpr float buttonHeight = 345;
 
 struct Design {
     const char* symbol;
@@ -24,16 +32,23 @@ constexpr std::array<Design, 4> slidesButtons = {{
 
 SlideshowsPage::SlideshowsPage(QWidget& surface, Commands& commands)
     : Page("picframSLIDEHSOW", surface) {
-    float top = 90;
     for (std::size_t index = 0; index < slidesButtons.size(); ++index) {
         const Design& design = slidesButtons.at(index);
         cbtn* button = makeButton(this, QStringLiteral("cbtnSLIDES%1").arg(index), design.symbol,
                                   design.tooltip, design.caption);
-        place(*button, 105, top, 1440, 345);
+        placeDesign(*button, columnLeft, columnTop, buttonWidth, buttonHeight);
         button->setLeading(true);
         (commands.*design.command).addButton(*button);
         cbtnSLIDES.at(index) = button;
-        top += 390;
+    }
+}
+
+void SlideshowsPage::makeRoom() {
+    const QList<QWidget*> column(cbtnSLIDES.begin(), cbtnSLIDES.end());
+    const float right = giveRoomInColumn(column, columnGap, Height(*this) - Top(*albums.lvwALBUMS));
+    setLeft(*albums.lvwALBUMS, right + columnLeft);
+    for (cbtn* button : {albums.btnADD, albums.btnREMOVE, albums.btnView}) {
+        giveRoom(*button, mostFootHeight);
     }
 }
 

@@ -14,6 +14,7 @@ class SlideshowsPage : public Page {
 public:
     SlideshowsPage(QWidget& surface, Commands& commands);
 
+    void makeRoom() override;
     void layOut() override;
     QWidget* firstFocus() const override { return albums.lvwALBUMS; }
     QList<QWidget*> tabOrder() const override;

@@ -2,19 +2,27 @@
 
 #include "controls/buttons/colour_button.h"
 #include "controls/buttons/control_making.h"
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
+#include "controls/input/choice_box.h"
 #include "controls/input/one_line.h"
 #include "controls/input/wheel_guard.h"
 #include "core/globals.h"
 #include "platform/numbers.h"
 
-#include <QGridLayout>
 #include <QLabel>
 
 namespace velorama {
 namespace {
 
 const QString webAlbumSettings = QStringLiteral("\\mfrmPRGMAIN\\webalbum");
+
+// Logical pixels.
+constexpr int Gap = 10;
+constexpr int RowGap = 3;
+// Smaller ones cannot be read, and larger ones not be looked over at a glance.
+constexpr qreal leastScale = 0.8;
+constexpr qreal mostScale = 3;
 
 // Defaults of the design, 0x00BBGGRR.
 constexpr Colour designBackground = 16708836;
@@ -44,11 +52,9 @@ const QStringList sizeEntries = {QStringLiteral("1 (8 pt)"),  QStringLiteral("2 
 
 QComboBox* combo(const char* name, const QStringList& entries, const QString& design,
                  QWidget* parent) {
-    auto* made = make<QComboBox>(name, parent);
+    auto* made = make<ChoiceBox>(name, parent);
     made->addItems(entries);
     made->setCurrentText(design);
-    made->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    made->setMinimumContentsLength(9);
     guardFromWheel(*made);
     return made;
 }
@@ -69,19 +75,19 @@ void setFamily(QWidget& widget, const QString& family) {
     widget.setFont(font);
 }
 
-using Field = std::pair<const char*, QWidget*>;
-
-void addPair(QGridLayout& grid, int row, int column, const char* caption, QWidget* control) {
+void addPair(QGridLayout& grid, int row, const char* caption, QWidget* control) {
     auto* label = new QLabel(QLatin1String(caption), control->parentWidget());
     label->setBuddy(control);
-    grid.addWidget(label, row, column);
-    grid.addWidget(control, row, column + 1);
+    grid.addWidget(label, row, 0);
+    // A text may be as long as the column is wide; other fields have the width of what they hold.
+    const bool grows = qobject_cast<QLineEdit*>(control) != nullptr;
+    grid.addWidget(control, row, 1, grows ? Qt::Alignment() : Qt::AlignLeft);
 }
 
 QGridLayout* columnOfRows() {
     auto* grid = new QGridLayout;
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setVerticalSpacing(3);
+    grid->setVerticalSpacing(RowGap);
     grid->setHorizontalSpacing(8);
     return grid;
 }
@@ -90,24 +96,18 @@ QGridLayout* columnOfRows() {
 
 WebAlbumPage::WebAlbumPage(QWidget& surface, Commands& commands, CommonDialog& cdlDIALOG)
     : Page("picframWEBALBM", surface),
-      scroll_(new QScrollArea(this)),
-      content_(new QWidget(scroll_)) {
+      scroll_(new ScrolledContent(this)),
+      content_(&scroll_->content()) {
     makeControls(cdlDIALOG);
     commands.createWebAlbum.addButton(*cbtnWEBALBUM);
     commands.viewWebAlbum.addButton(*cbtnVIEWWEBALB);
-    auto* row = new QHBoxLayout(content_);
-    row->setContentsMargins(7, 6, 7, 0);
-    row->setSpacing(10);
-    row->addLayout(settings());
-    row->addLayout(panes());
-    row->addStretch();
-    scroll_->setWidget(content_);
-    scroll_->setWidgetResizable(true);
-    scroll_->setFrameShape(QFrame::NoFrame);
-    scroll_->setFocusPolicy(Qt::NoFocus);
-    // The page's own colour shows through.
-    scroll_->viewport()->setAutoFillBackground(false);
-    content_->setAutoFillBackground(false);
+    settings_ = settings();
+    row_ = new QHBoxLayout(content_);
+    row_->setContentsMargins(7, 6, 7, 0);
+    row_->setSpacing(Gap);
+    row_->addLayout(settings_);
+    row_->addLayout(panes());
+    row_->addStretch(1);
     WebAlbumSampleUpdate();
 }
 
@@ -125,8 +125,8 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
                               "Write the slides out as a web album", "Create WebAlbum");
     cbtnVIEWWEBALB = makeButton(this, QStringLiteral("cbtnVIEWWEBALB"), "preview",
                                 "Open the web album in the browser", "View WebAlbum");
-    place(*cbtnWEBALBUM, 0, 2950, 2250, 330);
-    place(*cbtnVIEWWEBALB, 0, 2950, 2100, 330);
+    placeDesign(*cbtnWEBALBUM, 0, 2950, 2250, 330);
+    placeDesign(*cbtnVIEWWEBALB, 0, 2950, 2100, 330);
     samples_ = std::make_unique<WebAlbumSamples>(content_);
 }
 
@@ -165,43 +165,51 @@ void WebAlbumPage::makeFonts() {
     }
 }
 
-QLayout* WebAlbumPage::settings() {
+QLayout* WebAlbumPage::columnOf(std::initializer_list<Field> fields) {
     QGridLayout* grid = columnOfRows();
-    const auto add = [&](int column, std::initializer_list<Field> fields) {
-        int row = 0;
-        for (const auto& [caption, control] : fields) {
-            addPair(*grid, row++, column, caption, control);
-            fields_.append(control);
-        }
-    };
-    add(0, {{"Pa&ge Title:", txtTITLE},
-            {"&Page Color:", picBACKGROUND->button()},
-            {"&Text Color:", picTEXTCOLOR->button()},
-            {"Control &Bar:", picBARCOL->button()},
-            {"T&itle Bar:", picTITLEBARCOL->button()},
-            {"Tit&le Bar Text:", picTITLEBARTEXTCOL->button()}});
-    add(3, {{"Text &Font:", cboFONTS},
-            {"Text Font Siz&e:", cboFONTSIZE},
-            {"Bar F&ont:", cboFONTSBAR},
-            {"B&ar Font Size:", cboFONTSSIZEBAR},
-            {"Photo Si&ze:", udnPHOTO},
-            {"Thumb&nail Size:", udnTHUMBNAIL}});
-    grid->setColumnMinimumWidth(1, 100);
-    grid->setColumnMinimumWidth(2, 2);
-    grid->setRowStretch(grid->rowCount(), 1);
+    int row = 0;
+    for (const auto& [caption, control] : fields) {
+        addPair(*grid, row++, caption, control);
+        fields_.append(control);
+    }
+    grid->setRowStretch(row, 1);
+    columns_.append(grid);
     return grid;
 }
 
-QLayout* WebAlbumPage::panes() {
-    QGridLayout* grid = columnOfRows();
-    const auto pane = [&](int column, PictureBox* box) {
-        grid->addWidget(new QLabel(box->accessibleName(), content_), 0, column);
-        grid->addWidget(box, 1, column);
-    };
-    pane(0, samples_->picWAMAIN);
-    pane(1, samples_->picWASLIDE);
-    grid->setRowStretch(2, 1);
-    return grid;
+QBoxLayout* WebAlbumPage::settings() {
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(Gap);
+    columns->addLayout(columnOf({{"Pa&ge Title:", txtTITLE},
+                                 {"&Page Color:", picBACKGROUND->button()},
+                                 {"&Text Color:", picTEXTCOLOR->button()},
+                                 {"Control &Bar:", picBARCOL->button()},
+                                 {"T&itle Bar:", picTITLEBARCOL->button()},
+                                 {"Tit&le Bar Text:", picTITLEBARTEXTCOL->button()}}));
+    columns->addLayout(columnOf({{"Text &Font:", cboFONTS},
+                                 {"Text Font Siz&e:", cboFONTSIZE},
+                                 {"Bar F&ont:", cboFONTSBAR},
+                                 {"B&ar Font Size:", cboFONTSSIZEBAR},
+                                 {"Photo Si&ze:", udnPHOTO},
+                                 {"Thumb&nail Size:", udnTHUMBNAIL}}));
+    return columns;
+}
+
+QBoxLayout* WebAlbumPage::panes() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Gap);
+    for (PictureBox* box : {samples_->picWAMAIN, samples_->picWASLIDE}) {
+        auto* heading = new QLabel(box->accessibleName(), content_);
+        heading->setWordWrap(true);
+        auto* pane = new QVBoxLayout;
+        pane->setSpacing(RowGap);
+        pane->addWidget(heading);
+        pane->addWidget(box, 0, Qt::AlignLeft);
+        pane->addStretch(1);
+        row->addLayout(pane);
+    }
+    row->addStretch(1);
+    return row;
 }
 
 void WebAlbumPage::load() {
@@ -294,9 +302,41 @@ void WebAlbumPage::WebAlbumSampleUpdate() {
     s.shpTTLMAINCOL->setFillColor(shownColour(picTITLEBARCOL->BackColor()));
 }
 
+void WebAlbumPage::makeRoom() {
+    for (cbtn* button : {cbtnVIEWWEBALB, cbtnWEBALBUM}) {
+        giveRoom(*button, mostFootHeight);
+    }
+    // Rows that stand side by side are of one height.
+    int height = 0;
+    for (const QWidget* field : std::as_const(fields_)) {
+        height = std::max(height, field->sizeHint().height());
+    }
+    for (QGridLayout* column : std::as_const(columns_)) {
+        for (int row = 0; row < column->rowCount() - 1; ++row) {
+            column->setRowMinimumHeight(row, height);
+        }
+    }
+}
+
 void WebAlbumPage::layOut() {
     placeRow({cbtnVIEWWEBALB, cbtnWEBALBUM});
     scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this) - belowList));
+    samples_->setScale(leastScale);
+    scroll_->arrange({row_, settings_});
+    growSamples();
+}
+
+// Both alike, by what is free beside the settings and below the headings.
+void WebAlbumPage::growSamples() {
+    if (row_->direction() != QBoxLayout::LeftToRight) {
+        return samples_->setScale(1);
+    }
+    const QSize spare = scroll_->size() - row_->sizeHint();
+    const int height =
+        scroll_->height() - row_->contentsMargins().top() - Gap - fontMetrics().height();
+    constexpr int side = WebAlbumSamples::side;
+    const int room = std::min(samples_->picWAMAIN->width() + spare.width() / 2, height);
+    samples_->setScale(std::clamp(static_cast<qreal>(room) / side, leastScale, mostScale));
 }
 
 QList<QWidget*> WebAlbumPage::tabOrder() const {

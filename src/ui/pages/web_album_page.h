@@ -5,11 +5,12 @@
 #include "ui/pages/page.h"
 #include "ui/pages/web_album_samples.h"
 #include "ui/parts/colour_field.h"
+#include "ui/parts/scrolled_content.h"
 #include "webalbum/web_album_values.h"
 
 #include <QComboBox>
+#include <QGridLayout>
 #include <QLineEdit>
-#include <QScrollArea>
 
 namespace velorama {
 
@@ -44,7 +45,9 @@ public:
     WebAlbumValues values() const;
     const WebAlbumSamples& samples() const { return *samples_; }
 
-    /// Where the settings have too little room they scroll.
+    void makeRoom() override;
+    /// Settings and samples stand side by side or below one another, as the width allows, and the
+    /// samples take what room is left. Where there is too little they scroll.
     void layOut() override;
     QWidget* firstFocus() const override { return txtTITLE; }
     QList<QWidget*> tabOrder() const override;
@@ -53,12 +56,19 @@ private:
     void makeControls(CommonDialog& cdlDIALOG);
     void makeColours(CommonDialog& cdlDIALOG);
     void makeFonts();
-    QLayout* settings();
-    QLayout* panes();
+    using Field = std::pair<const char*, QWidget*>;
+    QLayout* columnOf(std::initializer_list<Field> fields);
+    QBoxLayout* settings();
+    QBoxLayout* panes();
+    void growSamples();
     void WebAlbumSampleUpdate();
 
-    QScrollArea* scroll_;
+    ScrolledContent* scroll_;
     QWidget* content_;
+    /// The two columns of fields; these and the samples.
+    QBoxLayout* settings_ = nullptr;
+    QBoxLayout* row_ = nullptr;
+    QList<QGridLayout*> columns_;
     /// The fields in the order of the Tab key.
     QList<QWidget*> fields_;
     std::unique_ptr<WebAlbumSamples> samples_;

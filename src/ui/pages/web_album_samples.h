@@ -4,6 +4,7 @@
 #include "controls/boxes/picture_box.h"
 
 #include <array>
+#include <vector>
 
 namespace velorama {
 
@@ -17,9 +18,14 @@ public:
 };
 
 /// The two small panes that imitate an index page and a slide page in the colours and fonts
-/// chosen. Sizes are fixed, in logical pixels.
+/// chosen.
 struct WebAlbumSamples {
     explicit WebAlbumSamples(QWidget* parent);
+
+    /// Width and height of a pane at the scale 1, in logical pixels.
+    static constexpr int side = 132;
+    /// Panes and what they show become `scale` times as large as their design.
+    void setScale(qreal scale);
 
     PictureBox* picWAMAIN;
     SampleShape* shpTTLMAINCOL;
@@ -29,11 +35,21 @@ struct WebAlbumSamples {
 
     PictureBox* picWASLIDE;
     SampleShape* shpSLIDEBARCOL;
-    Label* lbltxtSLIDECOL;
+    Label* lbltxtSLIDECOL = nullptr;
 
 private:
+    struct Part {
+        QWidget* widget;
+        QRect place;   // on its pane
+        qreal points;  // of its font; 0 for one without a text
+    };
+
     void designMainPage();
     void designSlidePage();
+    Label* caption(const QString& name, const char* text, const Part& design);
+
+    std::vector<Part> parts_;
+    qreal scale_ = 0;
 };
 
 }  // namespace velorama

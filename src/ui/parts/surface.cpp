@@ -6,8 +6,9 @@ namespace velorama {
 
 void Surface::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    // Nearly all of it lies behind controls; the rest is no more than a shade.
-    painter.setPen(palette().color(QPalette::Midlight));
+    // Its ends are those of the design, and what of it no control hides divides nothing: it has the
+    // colour of its ground.
+    painter.setPen(palette().color(QPalette::Window));
     painter.drawLine(separator_);
 }
 

@@ -106,6 +106,50 @@ TEST_F(WebAlbumPageTest, LabelsLeadToTheirControls) {
     EXPECT_EQ(samples().picWASLIDE->accessibleName(), QStringLiteral("Slide Page Sample"));
 }
 
+// -- the layout --
+
+class WebAlbumLayout : public test::WithWebAlbumPage {
+protected:
+    void layOut(int width, int height) {
+        page->resize(width, height);
+        page->makeRoom();
+        page->layOut();
+        QApplication::processEvents();
+    }
+    QScrollArea& area() { return *page->findChild<QScrollArea*>(); }
+};
+
+TEST_F(WebAlbumLayout, NothingScrollsInTheDesignWindow) {
+    layOut(726, 223);
+    EXPECT_LE(area().widget()->width(), area().viewport()->width());
+    EXPECT_LE(area().widget()->height(), area().viewport()->height());
+    EXPECT_GT(samples().picWASLIDE->mapTo(page.get(), QPoint()).x(), 400);
+}
+
+TEST_F(WebAlbumLayout, TheSmallestWindowScrollsDownwardsOnly) {
+    layOut(490, 121);
+    EXPECT_LE(area().widget()->width(), area().viewport()->width());
+    EXPECT_GT(area().widget()->height(), area().viewport()->height());
+    const QPoint sample = samples().picWAMAIN->mapTo(area().widget(), QPoint());
+    EXPECT_GT(sample.y(), page->udnTHUMBNAIL->y());
+}
+
+TEST_F(WebAlbumLayout, InALargeWindowTheSamplesGrowAndTheFieldsAreAsWideAsTheirContents) {
+    layOut(726, 223);
+    const int before = samples().picWAMAIN->width();
+    layOut(1910, 900);
+    EXPECT_GT(samples().picWAMAIN->width(), 2 * before);
+    EXPECT_EQ(samples().picWASLIDE->size(), samples().picWAMAIN->size());
+    for (const ColourField* field : fields()) {
+        EXPECT_EQ(field->button()->width(), field->button()->sizeHint().width());
+    }
+    for (const QComboBox* list : {page->cboFONTS, page->cboFONTSBAR}) {
+        EXPECT_EQ(list->width(), list->sizeHint().width());
+    }
+    layOut(726, 223);
+    EXPECT_EQ(samples().picWAMAIN->width(), before);
+}
+
 // -- the settings --
 
 TEST_F(WebAlbumPageTest, AllElevenComeBackAsTheyWereSaved) {

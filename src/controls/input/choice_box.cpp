@@ -1,0 +1,55 @@
+#include "controls/input/choice_box.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QToolTip>
+
+namespace velorama {
+namespace {
+
+constexpr int leastCharacters = 9;
+// On both sides of an entry, in logical pixels.
+constexpr int entryMargin = 2;
+
+}  // namespace
+
+ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
+    setSizeAdjustPolicy(AdjustToContents);
+    setMinimumContentsLength(leastCharacters);
+}
+
+QString ChoiceBox::fitted() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width() - 2 * entryMargin);
+}
+
+void ChoiceBox::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    option.currentText = fitted();
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+bool ChoiceBox::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && fitted() != currentText()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                           currentText().toHtmlEscaped(), this);
+        return true;
+    }
+    return QComboBox::event(event);
+}
+
+void ChoiceBox::showPopup() {
+    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + entryMargin);
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + margins);
+    QComboBox::showPopup();
+}
+
+}  // namespace velorama

@@ -1,0 +1,50 @@
+#include "ui/parts/scrolled_content.h"
+
+#include <QStyle>
+
+namespace velorama {
+namespace {
+
+// A layout hears of a change inside it when events run, and here sizes are asked for before that.
+void refresh(QLayout& layout) {
+    for (int i = 0; i < layout.count(); ++i) {
+        if (QLayout* inside = layout.itemAt(i)->layout()) {
+            refresh(*inside);
+        }
+    }
+    layout.invalidate();
+}
+
+}  // namespace
+
+ScrolledContent::ScrolledContent(QWidget* page) : QScrollArea(page) {
+    setWidget(new QWidget(this));
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    viewport()->setAutoFillBackground(false);
+    widget()->setAutoFillBackground(false);
+}
+
+void ScrolledContent::arrange(std::initializer_list<QBoxLayout*> boxes) {
+    arrangeIn(width(), boxes);
+    if (widget()->layout()->minimumSize().height() > height()) {
+        arrangeIn(width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this), boxes);
+    }
+}
+
+void ScrolledContent::arrangeIn(int width, std::initializer_list<QBoxLayout*> boxes) {
+    for (QBoxLayout* box : boxes) {
+        box->setDirection(QBoxLayout::LeftToRight);
+    }
+    refresh(*widget()->layout());
+    for (QBoxLayout* box : boxes) {
+        if (widget()->layout()->minimumSize().width() <= width) {
+            return;
+        }
+        box->setDirection(QBoxLayout::TopToBottom);
+        refresh(*widget()->layout());
+    }
+}
+
+}  // namespace velorama

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QBoxLayout>
+#include <QScrollArea>
+
+namespace velorama {
+
+/// A part of a page that a layout fills and that scrolls where it has too little room. The page's
+/// colour shows through. Its place is the page's to give.
+class ScrolledContent : public QScrollArea {
+    Q_OBJECT
+public:
+    explicit ScrolledContent(QWidget* page);
+
+    /// What the controls are made on, and what the layout is set on.
+    QWidget& content() const { return *widget(); }
+    /// Puts what the boxes hold side by side, or, from the first box on, one below the other until
+    /// the width suffices.
+    void arrange(std::initializer_list<QBoxLayout*> boxes);
+
+private:
+    void arrangeIn(int width, std::initializer_list<QBoxLayout*> boxes);
+};
+
+}  // namespace velorama
