@@ -33,8 +33,10 @@ AlbumFile::AlbumFile(const SlideControls& controls, Commands& commands, CommonDi
       cdlDIALOG_(cdlDIALOG),
       slides_(slides),
       thumbnails_(thumbnails),
-      albums_(albums) {
+      albums_(albums),
+      open_(slides.history().album()) {
     connectCommands();
+    connectHistory();
     connect(&albums, &AlbumList::OpenAsked, this, &AlbumFile::openAsked);
 }
 
@@ -48,8 +50,34 @@ void AlbumFile::connectCommands() {
     on(commands_.saveAs, &AlbumFile::mnuFILESAVEAS_Click);
 }
 
+void AlbumFile::connectHistory() {
+    open_ = {.caption = captionOf(QString())};
+    connect(&slides_.history(), &SlideHistory::Arrived, this, [this](bool album) {
+        if (album) {
+            emit CaptionChanged(open_.caption);
+            saveSetting(viewKey, albumName, open_.remembered);
+            albums_.AlbumListSelect(open_.path);
+        }
+    });
+}
+
 QString AlbumFile::captionOf(const QString& path) const {
     return path.isEmpty() ? libTxt.ProductName : QString(path + separator + libTxt.ProductName);
+}
+
+void AlbumFile::setCaption(const QString& caption) {
+    open_.caption = caption;
+    emit CaptionChanged(caption);
+}
+
+void AlbumFile::remember(const QString& path) {
+    open_.remembered = path;
+    saveSetting(viewKey, albumName, path);
+}
+
+void AlbumFile::setSaved() {
+    setUnmodified();
+    slides_.history().saved();
 }
 
 /// False if the user chose no file.
@@ -78,6 +106,7 @@ void AlbumFile::takeTurn(const std::function<void()>& command) {
     turn_.runLast([this, command] {
         // A window that is closed has saved all that lasts: its album is no other one any more.
         if (!stopped_) {
+            const SlideHistory::Recording step(slides_.history());
             command();
         }
     });
@@ -88,12 +117,12 @@ void AlbumFile::mnuFILENEW_Click() {
 }
 
 void AlbumFile::makeNew() {
-    slides_.ClearAll();
-    tag_.clear();
-    emit CaptionChanged(captionOf(tag_));
+    slides_.empty();
+    open_.path.clear();
+    setCaption(captionOf(open_.path));
     slides_.selectFirstSlide();
     slides_.lvwSLIDEBAR_Click();
-    saveSetting(viewKey, albumName, QString());
+    remember(QString());
     slides_.SelectChk();
     slides_.FoundButtonsCheck();
     setUnmodified();
@@ -123,7 +152,7 @@ void AlbumFile::open(const QString& file) {
         return;
     }
     saveSetting(folderKey, folderName, gFileFoldr->FolderPathFromFilename(file));
-    saveSetting(viewKey, albumName, file);
+    remember(file);
     albums_.AlbumListSelect(file);
     slides_.selectFirstSlide();
     slides_.lvwSLIDEBAR_Click();
@@ -136,8 +165,8 @@ void AlbumFile::read(const QString& path) {
     const QPointer<AlbumFile> self = this;
     DocumentOpenText(path);
     if (self) {
-        tag_ = path;
-        emit CaptionChanged(captionOf(tag_));
+        open_.path = path;
+        setCaption(captionOf(open_.path));
     }
 }
 
@@ -147,7 +176,7 @@ bool AlbumFile::mayLeaveAlbum() {
         return true;
     }
     const QPointer<AlbumFile> self = this;
-    const qint32 answer = gStatus->MessageBoxQuestionOpen(saveQuestion, tag_);
+    const qint32 answer = gStatus->MessageBoxQuestionOpen(saveQuestion, open_.path);
     if (!self || answer == AnswerCancel) {
         return false;
     }
@@ -184,7 +213,7 @@ void AlbumFile::openKnown(const QString& path) {
     if (!self) {
         return;
     }
-    saveSetting(viewKey, albumName, path);
+    remember(path);
     slides_.selectFirstSlide();
     slides_.SelectChk();
     slides_.FoundButtonsCheck();
@@ -192,7 +221,8 @@ void AlbumFile::openKnown(const QString& path) {
 }
 
 void AlbumFile::openAtStart(const QString& path) {
-    tag_.clear();
+    open_.path.clear();
+    open_.remembered = loadSetting(viewKey, albumName, QString());
     if (!path.isEmpty()) {
         turn_.run([this, path] { openLast(path); });
     }
@@ -204,9 +234,9 @@ void AlbumFile::openLast(const QString& path) {
     if (!self) {
         return;
     }
-    tag_ = path;
+    open_.path = path;
     // Other than after an Open, the name comes first.
-    emit CaptionChanged(libTxt.ProductName + separator + path);
+    setCaption(libTxt.ProductName + separator + path);
     joinAlbumList(path);
 }
 
@@ -237,21 +267,22 @@ QByteArray AlbumFile::text(const QString& firstLine) const {
 
 /// What such an album holds is only replaced by those who name it in Save As, which asks.
 bool AlbumFile::wouldReplaceUnread() const {
-    return !isRead_ && gFileFoldr->FileExists(tag_);
+    return !open_.isRead && gFileFoldr->FileExists(open_.path);
 }
 
 void AlbumFile::mnuFILESAVE_Click() {
     const QPointer<AlbumFile> self = this;
-    if (tag_.isEmpty() || wouldReplaceUnread()) {
+    if (open_.path.isEmpty() || wouldReplaceUnread()) {
         mnuFILESAVEAS_Click();
     } else {
         const QString count = decimalText(c_.lvwSLIDEBAR->Count());
-        DocumentSaveBytes(text(count + QLatin1Char('|') + note_ + QLatin1Char(' ')), tag_);
+        DocumentSaveBytes(text(count + QLatin1Char('|') + open_.note + QLatin1Char(' ')),
+                          open_.path);
         // A disk that comes back may still hold the album that was not read.
-        isRead_ = isRead_ || gFileFoldr->FileExists(tag_);
-        emit CaptionChanged(captionOf(tag_));
-        setUnmodified();
-        albums_.AlbumListAdd(tag_);
+        open_.isRead = open_.isRead || gFileFoldr->FileExists(open_.path);
+        setCaption(captionOf(open_.path));
+        setSaved();
+        albums_.AlbumListAdd(open_.path);
     }
     if (self) {
         albums_.save();
@@ -269,12 +300,12 @@ void AlbumFile::mnuFILESAVEAS_Click() {
     }
     const QString file = cdlDIALOG_.FileName;
     DocumentSaveBytes(content, file);
-    tag_ = file;
-    isRead_ = true;
-    emit CaptionChanged(captionOf(tag_));
-    joinAlbumList(tag_);
-    saveSetting(viewKey, albumName, tag_);
-    setUnmodified();
+    open_.path = file;
+    open_.isRead = true;
+    setCaption(captionOf(open_.path));
+    joinAlbumList(open_.path);
+    remember(open_.path);
+    setSaved();
     SaveCancelled = false;
 }
 

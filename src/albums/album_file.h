@@ -22,10 +22,10 @@ public:
               SlideList& slides, Thumbnails& thumbnails, AlbumList& albums);
 
     /// Path of the open album, the main form's Tag; empty for none.
-    QString Tag() const { return tag_; }
-    void setTag(const QString& path) { tag_ = path; }
+    QString Tag() const { return open_.path; }
+    void setTag(const QString& path) { open_.path = path; }
     /// The note of the open album, the Tag of lvwALBUMS.
-    QString note() const { return note_; }
+    QString note() const { return open_.note; }
     bool isModified() const { return commands_.save.isEnabled(); }
     void setUnmodified() { commands_.save.setEnabled(false); }
 
@@ -53,12 +53,18 @@ signals:
 
 private:
     void connectCommands();
+    void connectHistory();
     QString captionOf(const QString& path) const;
+    void setCaption(const QString& caption);
+    /// The album of the next start.
+    void remember(const QString& path);
+    void setSaved();
     bool choose(bool save);
     QByteArray text(const QString& firstLine) const;
     bool wouldReplaceUnread() const;
     /// If the settings let albums join it.
     void joinAlbumList(const QString& path);
+    /// As one step for undo.
     void takeTurn(const std::function<void()>& command);
     void openAsked(const QString& path);
     void read(const QString& path);
@@ -85,11 +91,8 @@ private:
     AlbumList& albums_;
     /// The commands that change which album is open.
     CommandTurn turn_;
-    QString tag_;
-    QString note_;
-    /// The list holds what is in the open album's file, and not nothing because that could not be
-    /// read.
-    bool isRead_ = true;
+    /// Undone and done again with the list.
+    OpenAlbum& open_;
     bool stopped_ = false;
 };
 

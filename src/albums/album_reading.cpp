@@ -19,15 +19,15 @@ constexpr qsizetype longestPath = 32767;
 
 QString AlbumFile::DocumentOpenText(const QString& Path) {
     beginReading();
-    isRead_ = false;
+    open_.isRead = false;
     QString last;
     if (gFileFoldr->FileExists(Path)) {
         const QPointer<AlbumFile> self = this;
         std::optional<QByteArray> bytes = albumBytes(Path);
-        isRead_ = bytes.has_value();
+        open_.isRead = bytes.has_value();
         AlbumFields fields(std::move(bytes).value_or(QByteArray()));
         const AlbumHeader header = fields.readHeader();
-        note_ = header.note;
+        open_.note = header.note;
         last = readSlides(fields, header.count);
         if (!self) {
             setScreenPointer(ScreenPointer::Default);

@@ -30,6 +30,7 @@ void SlideList::Add() {
 }
 
 void SlideList::runAdd(const std::function<void()>& insertFiles) {
+    const SlideHistory::Recording step(history_);
     store_.settle();
     found_.lvwFOUND->setVisible(false);
     hideSlides();
@@ -82,6 +83,7 @@ void SlideList::AddAll() {
 }
 
 void SlideList::runAddAll(const std::function<void()>& insertFiles) {
+    const SlideHistory::Recording step(history_);
     store_.settle();
     hideSlides();
     c_.prgBARSLIDES->setValue(0);

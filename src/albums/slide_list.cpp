@@ -15,9 +15,11 @@ SlideList::SlideList(const SlideControls& controls, const FoundControls& found, 
       commands_(commands),
       thumbnails_(thumbnails),
       files_(found, *controls.imlTHUMBNAILS, thumbnails),
-      store_(*controls.lvwSLIDEBAR, thumbnails) {
+      store_(*controls.lvwSLIDEBAR, thumbnails),
+      history_(controls, commands, thumbnails) {
     connectEvents();
     connectCommands();
+    connectHistory();
 }
 
 void SlideList::hideSlides() {
@@ -32,7 +34,13 @@ void SlideList::showSlides() {
     }
 }
 
+void SlideList::stop() {
+    stopped_ = true;
+    history_.stop();
+}
+
 void SlideList::Clear() {
+    const SlideHistory::Recording step(history_);
     store_.settle();
     hideSlides();
     FoundButtonsCheck();
@@ -62,6 +70,11 @@ bool SlideList::removeSelected() {
 }
 
 void SlideList::ClearAll() {
+    const SlideHistory::Recording step(history_);
+    empty();
+}
+
+void SlideList::empty() {
     store_.settle();
     hideSlides();
     const int stored = store_.storedCount();
@@ -71,6 +84,16 @@ void SlideList::ClearAll() {
     SelectChk();
     markModified();
     showSlides();
+}
+
+void SlideList::MoveBack() {
+    const SlideHistory::Recording step(history_);
+    move(-1);
+}
+
+void SlideList::MoveForward() {
+    const SlideHistory::Recording step(history_);
+    move(1);
 }
 
 void SlideList::move(int step) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "albums/found_files.h"
+#include "albums/slide_history.h"
 #include "albums/slide_store.h"
 #include "browse/found_controls.h"
 #include "browse/popup_request.h"
@@ -35,9 +36,11 @@ public:
     /// Removes the selected slides, or the last one if none is selected.
     void Clear();
     void ClearAll();
+    /// The same as part of another command, with which it is undone.
+    void empty();
     /// The current slide one place towards the start or the end.
-    void MoveBack() { move(-1); }
-    void MoveForward() { move(1); }
+    void MoveBack();
+    void MoveForward();
 
     /// Makes entry `Index` (from 0) of flbFOUND a slide: at the current item, or first in an empty
     /// list.
@@ -63,7 +66,8 @@ public:
     /// If the list holds items: selects item 1, and only that, and runs the list's click handler.
     void selectFirstSlide();
     /// The window is closing: a running Add or AddAll ends at its next file.
-    void stop() { stopped_ = true; }
+    void stop();
+    SlideHistory& history() { return history_; }
 
 signals:
     /// In the coordinates of the surface.
@@ -72,6 +76,8 @@ signals:
 private:
     void connectEvents();
     void connectCommands();
+    void connectHistory();
+    void historyArrived();
     void lvwSLIDEBAR_KeyDown(int KeyCode, int Shift);
     void lvwSLIDEBAR_MouseUp(int Button, float X, float Y);
 
@@ -110,6 +116,7 @@ private:
     Thumbnails& thumbnails_;
     FoundFiles files_;
     SlideStore store_;
+    SlideHistory history_;
     bool stopped_ = false;
     /// The keyboard was in lvwSLIDEBAR when it was hidden.
     bool hadFocus_ = false;

@@ -13,7 +13,27 @@ void SlideList::connectEvents() {
     connect(list, &ListView::CurrentMoved, this, &SlideList::SelectChk);
     connect(list, &ListView::MouseUp, this,
             [this](int button, int, float x, float y) { lvwSLIDEBAR_MouseUp(button, x, y); });
-    connect(list, &ListView::AfterLabelEdit, this, &SlideList::lvwSLIDEBAR_AfterLabelEdit);
+    connect(list, &ListView::BeforeLabelChange, &history_, &SlideHistory::begin);
+    connect(list, &ListView::AfterLabelEdit, this, [this](const QString& text) {
+        lvwSLIDEBAR_AfterLabelEdit(text);
+        history_.end();
+    });
+}
+
+void SlideList::connectHistory() {
+    connect(&history_, &SlideHistory::Leaving, this, [this] {
+        store_.settle();
+        hideSlides();
+    });
+    connect(&history_, &SlideHistory::Arrived, this, &SlideList::historyArrived);
+}
+
+void SlideList::historyArrived() {
+    FoundButtonsCheck();
+    SelectChk();
+    SELECTIONSAVE();
+    showSlides();
+    c_.lvwSLIDEBAR->scrollTo(c_.lvwSLIDEBAR->currentIndex());
 }
 
 void SlideList::connectCommands() {

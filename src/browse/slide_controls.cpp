@@ -23,8 +23,16 @@ SlideControls::SlideControls(QWidget& surface)
     lvwSLIDEBAR->setArrangement(ListView::Arrangement::Strip);
     lvwSLIDEBAR->setFrameShape(QFrame::NoFrame);
     lvwSLIDEBAR->setAccessibleName(QStringLiteral("Slideshow List"));
+    setEmptyText(false);
+}
+
+void SlideControls::setEmptyText(bool canUndo) const {
     lvwSLIDEBAR->setEmptyText(
-        QCoreApplication::translate("SlideControls", "Add pictures from above to make a show."));
+        canUndo ? QCoreApplication::translate(
+                      "SlideControls",
+                      "Add pictures from above to make a show. Ctrl+Z brings back what was here.")
+                : QCoreApplication::translate("SlideControls",
+                                              "Add pictures from above to make a show."));
 }
 
 }  // namespace velorama

@@ -47,5 +47,8 @@ private:
 /// that could not be loaded, which takes no memory of its own.
 std::shared_ptr<const ImageOrigin> originOf(std::shared_ptr<const ThumbnailMaker> maker,
                                             const QString& path, const Cell& cell);
+/// The same for a cell that has not been made yet.
+std::shared_ptr<const ImageOrigin> originOf(std::shared_ptr<const ThumbnailMaker> maker,
+                                            const QString& path);
 
 }  // namespace velorama

@@ -87,4 +87,11 @@ std::shared_ptr<const ImageOrigin> originOf(std::shared_ptr<const ThumbnailMaker
                : std::make_shared<KeptThumbnail>(std::move(maker), path, cell.file);
 }
 
+// Without the state of the file it is looked for in the cache when it is made, on the thread that
+// does it: asking for the states of ten thousand files takes its time too.
+std::shared_ptr<const ImageOrigin> originOf(std::shared_ptr<const ThumbnailMaker> maker,
+                                            const QString& path) {
+    return std::make_shared<KeptThumbnail>(std::move(maker), path, FileStamp());
+}
+
 }  // namespace velorama

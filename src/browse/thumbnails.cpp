@@ -81,6 +81,13 @@ void Thumbnails::SlideThumbnailAdd(const QString& Path, const IsLeft& isLeft) {
     add(*list, Path, cell, maker);
 }
 
+void Thumbnails::SlideThumbnailLater(const QString& Path) {
+    if (imlTHUMBNAILS_) {
+        imlTHUMBNAILS_->setImageSize(QSize(slideCell, slideCell));
+        imlTHUMBNAILS_->Add(Path, QImage(), originOf(slide_, Path));
+    }
+}
+
 int Thumbnails::FoundIconIndex(const QString& Path) const {
     return imlFOUNDICONS_ ? imlFOUNDICONS_->firstKeyWithin(Path) : 0;
 }

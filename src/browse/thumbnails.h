@@ -29,6 +29,8 @@ public:
     /// Adds an image to imlTHUMBNAILS. Lets events run until the picture is loaded, but none if the
     /// image is there. Adds nothing for a batch that was left meanwhile.
     void SlideThumbnailAdd(const QString& Path, const IsLeft& isLeft = {});
+    /// Adds an image to imlTHUMBNAILS that is made once it is painted. Nothing if it is there.
+    void SlideThumbnailLater(const QString& Path);
     /// Number of the first image whose key occurs in the path, 0 if none.
     int FoundIconIndex(const QString& Path) const;
     int SlideIconIndex(const QString& Path) const;

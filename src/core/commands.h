@@ -33,6 +33,8 @@ struct Commands {
     Command about{"mnuHELPABOUT", "&About", symbolIcon("about")};
 
     // In no menu.
+    Command undo{"undo", "Undo", {}, Qt::CTRL | Qt::Key_Z};
+    Command redo{"redo", "Redo", {}, Qt::CTRL | Qt::SHIFT | Qt::Key_Z};
     Command moveBack;
     Command moveForward;
     Command createWebAlbum;

@@ -43,6 +43,7 @@ void mfrmPRGMAIN::design() {
     mnutxt1_.setObjectName(QStringLiteral("mnutxt1"));
     setWindowTitle(libTxt.ProductName);
     fillMenuBar(*menuBar(), commands_);
+    addActions({&commands_.undo, &commands_.redo});
     setCentralWidget(surface_);
     setContextMenuPolicy(Qt::NoContextMenu);
     setMinimumSize(smallest);

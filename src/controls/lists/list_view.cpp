@@ -165,6 +165,7 @@ void ListView::selectionChanged(const QItemSelection& selected, const QItemSelec
 }
 
 void ListView::textEdited(ListItem& item, const QString& text) {
+    emit BeforeLabelChange();
     item.setText(text);
     emit AfterLabelEdit(text);
 }

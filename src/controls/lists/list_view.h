@@ -67,6 +67,8 @@ signals:
     void CurrentMoved();
     /// Button 1 left, 2 right, 4 middle; position in twips within the control.
     void MouseUp(int button, int shift, float x, float y);
+    /// The user has edited the caption of the current item, which still has the old one.
+    void BeforeLabelChange();
     /// After the user has edited the caption of the current item; the item has the new text
     /// already.
     void AfterLabelEdit(const QString& newText);

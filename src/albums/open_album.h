@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+namespace velorama {
+
+/// Which album is open.
+struct OpenAlbum {
+    /// Empty for none.
+    QString path{};
+    QString note{};
+    /// What the main form is called by it.
+    QString caption{};
+    /// What the settings have for the next start, which an album of the command line leaves alone.
+    QString remembered{};
+    /// The list was read from the album's file, and is not empty because that could not be read.
+    bool isRead = true;
+
+    bool operator==(const OpenAlbum&) const = default;
+};
+
+}  // namespace velorama
