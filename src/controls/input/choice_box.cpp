@@ -1,6 +1,5 @@
 #include "controls/input/choice_box.h"
 
-#include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
@@ -44,12 +43,6 @@ bool ChoiceBox::event(QEvent* event) {
         return true;
     }
     return QComboBox::event(event);
-}
-
-void ChoiceBox::showPopup() {
-    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + entryMargin);
-    view()->setMinimumWidth(view()->sizeHintForColumn(0) + margins);
-    QComboBox::showPopup();
 }
 
 }  // namespace velorama

@@ -6,13 +6,10 @@ namespace velorama {
 
 /// A list that drops down from the entry chosen. It asks for the width of its longest entry and may
 /// get less: an entry that does not fit ends in an ellipsis, and the tooltip has the whole of it.
-/// The list itself is as wide as its entries.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
 public:
     explicit ChoiceBox(QWidget* parent = nullptr);
-
-    void showPopup() override;
 
 protected:
     bool event(QEvent* event) override;
