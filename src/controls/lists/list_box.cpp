@@ -3,30 +3,19 @@
 #include "controls/buttons/icon.h"
 #include "controls/lists/empty_text.h"
 #include "controls/lists/list_frame.h"
+#include "controls/lists/local_files.h"
 
 #include <QHelpEvent>
-#include <QMimeData>
 #include <QPainter>
 #include <QStyle>
 #include <QStyledItemDelegate>
 #include <QToolTip>
-#include <QUrl>
 
 namespace velorama {
 namespace {
 
 constexpr int SymbolMargin = 1;
 constexpr float HeldTint = 0.24F;
-
-QStringList localFiles(const QMimeData* data) {
-    QStringList paths;
-    for (const QUrl& url : data->urls()) {
-        if (url.isLocalFile()) {
-            paths.append(url.toLocalFile());
-        }
-    }
-    return paths;
-}
 
 /// The line that waits: not pale as the others are, but without the fill of a selected one.
 void paintHeld(QPainter& painter, const QStyleOptionViewItem& option, const QString& symbol) {
@@ -206,7 +195,7 @@ void ListBox::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void ListBox::dragMoveEvent(QDragMoveEvent* event) {
-    if (localFiles(event->mimeData()).isEmpty()) {
+    if (localFiles(*event->mimeData()).isEmpty()) {
         event->ignore();
         return;
     }
@@ -216,7 +205,7 @@ void ListBox::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void ListBox::dropEvent(QDropEvent* event) {
-    const QStringList paths = localFiles(event->mimeData());
+    const QStringList paths = localFiles(*event->mimeData());
     if (paths.isEmpty()) {
         event->ignore();
         return;

@@ -124,9 +124,12 @@ bool ListModel::setData(const QModelIndex& index, const QVariant& value, int rol
 }
 
 Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable |
-                                 Qt::ItemNeverHasChildren
-                           : Qt::NoItemFlags;
+    if (!index.isValid()) {
+        return Qt::NoItemFlags;
+    }
+    const Qt::ItemFlags flags =
+        Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemNeverHasChildren;
+    return list_.dragEnabled() ? flags | Qt::ItemIsDragEnabled : flags;
 }
 
 }  // namespace velorama

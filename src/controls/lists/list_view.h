@@ -22,10 +22,18 @@ public:
 
     /// Rows that wrap and scroll down, or a single row that scrolls sideways.
     void setArrangement(Arrangement arrangement);
+    bool isStrip() const { return arrangement_ == Arrangement::Strip; }
     /// Leaves the last `pixels` (logical) at the right to what is behind the list.
     void setRightRim(int pixels);
     /// The caption painted in the middle of an empty list, and only there.
     void setEmptyText(const QString& text);
+
+    // -- Of a strip, list_view_strip.cpp --
+    /// The gap between two items that is nearest to a place of the viewport, told by the number of
+    /// items before it.
+    int gapAt(const QPoint& place);
+    /// Where on the viewport a line stands in that gap; at its edge if the gap is out of sight.
+    QRect gapLine(int gap);
 
     /// Grows whenever an item comes or goes, or changes its key, its caption or its picture.
     qint64 changes() const { return items_.changes(); }
@@ -69,6 +77,9 @@ signals:
     void MouseUp(int button, int shift, float x, float y);
     /// The user has edited the caption of the current item, which still has the old one.
     void BeforeLabelChange();
+    /// The selected items are being dragged off; where a list can be dragged from. The drag is over
+    /// when this returns, and a Click follows.
+    void DragOff();
     /// After the user has edited the caption of the current item; the item has the new text
     /// already.
     void AfterLabelEdit(const QString& newText);
@@ -82,6 +93,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void startDrag(Qt::DropActions actions) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void paintEvent(QPaintEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
