@@ -2,6 +2,9 @@
 
 #include "platform/files/paths.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace velorama {
@@ -22,7 +25,30 @@ QString pathIn(const QString& folder, const QString& entry) {
     return isRoot ? QString(folder + entry) : joinPath(folder, entry);
 }
 
+void appendFolder(QList<FoundFile>& files, const QString& folder, const QString& pattern) {
+    for (const QString& name : FileList::namesIn(folder, pattern)) {
+        files.append({name, pathIn(folder, name)});
+    }
+}
+
 }  // namespace
+
+QList<FoundFile> picturesOf(const QStringList& paths, const QString& pattern) {
+    QList<FoundFile> files;
+    for (const QString& path : paths) {
+        const QFileInfo there(QDir::cleanPath(path));
+        if (there.isRelative()) {
+            continue;
+        }
+        if (there.isDir()) {
+            appendFolder(files, there.filePath(), pattern);
+        } else if (there.isFile()) {
+            files.append({there.fileName(), there.filePath()});
+        }
+    }
+    files.removeIf([](const FoundFile& file) { return !file.isPicture(); });
+    return files;
+}
 
 bool FoundFile::isPicture() const {
     const QString kind = extension(entry);
@@ -67,7 +93,7 @@ void FoundFiles::expectSelected(int row) {
     for (int i = row, seen = 0; i <= end && seen < lookAhead; ++i) {
         if (found_.lvwFOUND->item(i)->Selected()) {
             ++seen;
-            appendIfNew(next, i - 1);
+            appendIfNew(next, file(i - 1));
         }
     }
     thumbnails_.expectSlides(next);
@@ -76,13 +102,21 @@ void FoundFiles::expectSelected(int row) {
 void FoundFiles::expectBackwards(int index) {
     QStringList next;
     for (int i = index; i >= 0 && i > index - lookAhead; --i) {
-        appendIfNew(next, i);
+        appendIfNew(next, file(i));
     }
     thumbnails_.expectSlides(next);
 }
 
-void FoundFiles::appendIfNew(QStringList& paths, int index) const {
-    const FoundFile found = file(index);
+void FoundFiles::expectOf(const QList<FoundFile>& files, qsizetype index) {
+    QStringList next;
+    const qsizetype end = std::min<qsizetype>(files.size(), index + lookAhead);
+    for (qsizetype i = index; i < end; ++i) {
+        appendIfNew(next, files[i]);
+    }
+    thumbnails_.expectSlides(next);
+}
+
+void FoundFiles::appendIfNew(QStringList& paths, const FoundFile& found) const {
     if (found.isPicture() && imlTHUMBNAILS_.indexOf(found.path) == 0) {
         paths.append(found.path);
     }

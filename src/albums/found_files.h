@@ -15,6 +15,10 @@ struct FoundFile {
     bool operator==(const FoundFile&) const = default;
 };
 
+/// The pictures among files and folders of this machine that need not be on show, in their order:
+/// files that are there, and of a folder those in it that match `pattern` (`FileList`), by name.
+QList<FoundFile> picturesOf(const QStringList& paths, const QString& pattern);
+
 /// The folder on show, as the files that may become slides. Row i of lvwFOUND is entry i - 1 of
 /// flbFOUND.
 class FoundFiles {
@@ -33,9 +37,11 @@ public:
     void expectSelected(int row);
     /// Announces the files from entry `index` on towards the start.
     void expectBackwards(int index);
+    /// Announces the files of a list from its entry `index` on.
+    void expectOf(const QList<FoundFile>& files, qsizetype index);
 
 private:
-    void appendIfNew(QStringList& paths, int index) const;
+    void appendIfNew(QStringList& paths, const FoundFile& found) const;
 
     const FoundControls& found_;
     const ImageList& imlTHUMBNAILS_;

@@ -116,14 +116,15 @@ void SlideList::exchange(ListItem& s, ListItem& t) {
     const QString a = s.Key();
     const QString b = t.Key();
     s.setKey(a + QDateTime::currentDateTime().toString(Qt::ISODateWithMs));
-    const auto give = [this](ListItem& item, const QString& key) {
-        item.setKey(key);
-        item.setText(slideText(item.Key()));
-        item.setIcon(thumbnails_.SlideIconIndex(item.Key()));
-    };
-    give(t, a);
+    fill(t, a);
     s.setKey(QString());
-    give(s, b);
+    fill(s, b);
+}
+
+void SlideList::fill(ListItem& item, const QString& key) {
+    item.setKey(key);
+    item.setText(slideText(item.Key()));
+    item.setIcon(thumbnails_.SlideIconIndex(item.Key()));
 }
 
 void SlideList::SELECTIONSAVE() {

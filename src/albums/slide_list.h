@@ -10,6 +10,7 @@
 #include "platform/process/command_turn.h"
 
 #include <QObject>
+#include <QSet>
 
 #include <functional>
 
@@ -41,6 +42,18 @@ public:
     /// The current slide one place towards the start or the end.
     void MoveBack();
     void MoveForward();
+
+    // -- slide_drop.cpp: gaps are told by the number of slides before them --
+    /// Brings the selected slides together into a gap, in their order: what so many exchanges with
+    /// their neighbours come to. They stay selected; where they are there already, nothing happens.
+    void MoveSelectedTo(int gap);
+    /// Add, and what it has added is then brought to the gap in the order of the folder, and
+    /// selected.
+    void AddAt(int gap);
+    /// Adds picture files, and those that lie in a folder itself, in their order, as AddAll does,
+    /// and brings what is new to the gap. What is missing or no picture is passed over; if there is
+    /// nothing else, nothing happens. They are looked for on another thread while events run.
+    void AddFiles(const QStringList& paths, int gap);
 
     /// Makes entry `Index` (from 0) of flbFOUND a slide: at the current item, or first in an empty
     /// list.
@@ -103,9 +116,22 @@ private:
     void addFolder();
     void insertAll(const QList<FoundFile>& files);
 
+    // slide_drop.cpp
+    QString slideBehind(int gap) const;
+    QSet<QString> keys() const;
+    void addDropped(const QList<FoundFile>& files, const QString& before);
+    void insertAt(const QString& before, const QList<FoundFile>& files,
+                  const std::function<void()>& insertFiles);
+    void insertDropped(const QList<FoundFile>& files);
+    void bringNew(const QList<FoundFile>& files, const QSet<QString>& known, const QString& before);
+    bool bring(const QStringList& slides, const QString& before);
+    bool arrange(const QStringList& order);
+    void select(const QStringList& slides, const QString& current);
+
     bool removeSelected();
     void move(int step);
     void exchange(ListItem& s, ListItem& t);
+    void fill(ListItem& item, const QString& key);
     void enableStart();
     void markModified();
     void nudgeWidth();
@@ -123,6 +149,8 @@ private:
 
     Batch add_;
     Batch addAll_;
+    /// Files of other programs: the next are looked for when the ones before are in.
+    CommandTurn drop_;
 };
 
 }  // namespace velorama

@@ -4,6 +4,7 @@
 #include "browse/popup_request.h"
 #include "browse/thumbnails.h"
 #include "controls/boxes/progress_bar.h"
+#include "platform/process/command_turn.h"
 
 #include <QObject>
 
@@ -23,6 +24,12 @@ public:
     /// Takes its own copy of the path: the tree may move on to another while events run.
     void ftvFOLDER_NodeChange(QString path);
     void lvwFOUND_Click();
+    /// Shows the folder of the first that is a folder or a picture, and selects the pictures among
+    /// `paths` that lie in it, in the place of what was selected. Where none is either, nothing
+    /// happens. They are looked for on another thread; the folder is listed from the event loop.
+    void showDropped(const QStringList& paths);
+    /// Paths of the selected pictures.
+    QStringList selectedFiles() const;
     /// The window is closing: listings under way end at their next picture, later ones do not
     /// begin.
     void stop() { stopped_ = true; }
@@ -54,6 +61,12 @@ private:
     void addRow(int row, int listing);
     void expectFrom(int row);
     void selectFirst();
+    // found_drop.cpp
+    void fulfil(const QString& folder, const QStringList& names);
+    /// That folder is on show, and its listing is over.
+    bool shows(const QString& folder) const;
+    bool lists(const QStringList& names) const;
+    void select(const QStringList& names);
     /// Lets events run; false if the window went meanwhile.
     bool yield();
 
@@ -65,6 +78,8 @@ private:
     int listings_ = 0;
     QString chosen_;  // the folder of the latest node change
     std::optional<QString> postponed_;
+    /// Of files dropped while others are looked for, the last alone count.
+    CommandTurn drop_;
 };
 
 }  // namespace velorama

@@ -1,0 +1,168 @@
+// What is dragged into the slide bar: slides to another place, pictures of the found list, files of
+// other programs.
+
+#include "albums/slide_list.h"
+#include "platform/process/await_work.h"
+
+#include <algorithm>
+
+namespace velorama {
+
+void SlideList::MoveSelectedTo(int gap) {
+    const SlideHistory::Recording step(history_);
+    store_.settle();
+    QStringList slides;
+    QString before;
+    for (int i = 1; i <= c_.lvwSLIDEBAR->Count(); ++i) {
+        const ListItem& slide = *c_.lvwSLIDEBAR->item(i);
+        if (slide.Selected()) {
+            slides.append(slide.Key());
+        } else if (i > gap && before.isEmpty()) {
+            before = slide.Key();
+        }
+    }
+    const ListItem* current = c_.lvwSLIDEBAR->SelectedItem();
+    const QString held = current ? current->Key() : QString();
+    if (bring(slides, before)) {
+        select(slides, held);
+    }
+    lvwSLIDEBAR_Click();
+}
+
+void SlideList::AddAt(int gap) {
+    const QList<FoundFile> files = files_.selected();
+    const QString before = slideBehind(gap);
+    const auto selected = [this] { addSelected(); };
+    const auto noted = [this, files] { insertAll(files); };
+    press(
+        add_, files, [=, this] { runAdd([=, this] { insertAt(before, files, selected); }); },
+        [=, this] { runAdd([=, this] { insertAt(before, files, noted); }); });
+}
+
+void SlideList::AddFiles(const QStringList& paths, int gap) {
+    drop_.run([this, paths, before = slideBehind(gap)] {
+        const QPointer<SlideList> self = this;
+        const auto left = [self] { return !self || self->stopped_; };
+        const auto look = [paths, pattern = found_.flbFOUND->Pattern()] {
+            return picturesOf(paths, pattern);
+        };
+        const auto files = awaitWork(look, left);
+        if (!left() && files && !files->isEmpty()) {
+            addDropped(*files, before);
+        }
+    });
+}
+
+void SlideList::addDropped(const QList<FoundFile>& files, const QString& before) {
+    const auto dropped = [this, files] { insertDropped(files); };
+    const auto add = [=, this] { runAddAll([=, this] { insertAt(before, files, dropped); }); };
+    press(addAll_, files, add, add);
+}
+
+/// The place is told by the slide behind it: while events run, or while this waits, others may come
+/// and go.
+void SlideList::insertAt(const QString& before, const QList<FoundFile>& files,
+                         const std::function<void()>& insertFiles) {
+    const QPointer<SlideList> self = this;
+    const QSet<QString> known = keys();
+    insertFiles();
+    if (self && !stopped_) {
+        store_.settle();
+        bringNew(files, known, before);
+    }
+}
+
+void SlideList::insertDropped(const QList<FoundFile>& files) {
+    const QPointer<SlideList> self = this;
+    c_.prgBARSLIDES->setMax(static_cast<float>(files.size()));
+    for (qsizetype i = 0; self && !stopped_ && i < files.size(); ++i) {
+        c_.prgBARSLIDES->setValue(static_cast<float>(i));
+        files_.expectOf(files, i);
+        insert(files[i]);
+    }
+}
+
+void SlideList::bringNew(const QList<FoundFile>& files, const QSet<QString>& known,
+                         const QString& before) {
+    QStringList added;
+    for (const FoundFile& file : files) {
+        if (!known.contains(file.path) && c_.lvwSLIDEBAR->item(file.path)) {
+            added.append(file.path);
+        }
+    }
+    added.removeDuplicates();
+    if (!added.isEmpty()) {
+        bring(added, before);
+        select(added, added.first());
+    }
+}
+
+QString SlideList::slideBehind(int gap) const {
+    const ListItem* slide = c_.lvwSLIDEBAR->item(gap + 1);
+    return slide ? slide->Key() : QString();
+}
+
+QSet<QString> SlideList::keys() const {
+    QSet<QString> all;
+    for (int i = 1; i <= c_.lvwSLIDEBAR->Count(); ++i) {
+        all.insert(c_.lvwSLIDEBAR->item(i)->Key());
+    }
+    return all;
+}
+
+/// `before` is empty for the end. False if the slides are there already.
+bool SlideList::bring(const QStringList& slides, const QString& before) {
+    const QSet<QString> moving(slides.begin(), slides.end());
+    QStringList order;
+    for (int i = 1; i <= c_.lvwSLIDEBAR->Count(); ++i) {
+        const QString key = c_.lvwSLIDEBAR->item(i)->Key();
+        if (key == before) {
+            order += slides;
+        }
+        if (!moving.contains(key)) {
+            order.append(key);
+        }
+    }
+    // At the end, or where the slide behind the place has gone meanwhile.
+    if (order.size() < c_.lvwSLIDEBAR->Count()) {
+        order += slides;
+    }
+    return arrange(order);
+}
+
+/// The items stay and their contents change places: a run of exchanges at once, whose cost does not
+/// grow with the way. As there, a slide that keeps its place keeps its text.
+bool SlideList::arrange(const QStringList& order) {
+    std::vector<int> changed;
+    for (int i = 1; i <= c_.lvwSLIDEBAR->Count(); ++i) {
+        if (c_.lvwSLIDEBAR->item(i)->Key() != order.at(i - 1)) {
+            changed.push_back(i);
+        }
+    }
+    for (const int i : changed) {
+        c_.lvwSLIDEBAR->item(i)->setKey(QString());
+    }
+    for (const int i : changed) {
+        fill(*c_.lvwSLIDEBAR->item(i), order.at(i - 1));
+    }
+    if (!changed.empty()) {
+        markModified();
+        SELECTIONSAVE();
+    }
+    return !changed.empty();
+}
+
+/// As by a move: the selection travels with the pictures.
+void SlideList::select(const QStringList& slides, const QString& current) {
+    c_.lvwSLIDEBAR->clearSelection();
+    for (const QString& key : slides) {
+        if (ListItem* slide = c_.lvwSLIDEBAR->item(key)) {
+            slide->setSelected(true);
+        }
+    }
+    if (const ListItem* slide = c_.lvwSLIDEBAR->item(current)) {
+        c_.lvwSLIDEBAR->setSelectedItem(slide->Index());
+    }
+}
+
+}  // namespace velorama
