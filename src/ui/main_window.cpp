@@ -27,6 +27,7 @@ mfrmPRGMAIN::mfrmPRGMAIN(MainServices services)
       pages_(new Pages(*surface_, commands_, cdlDIALOG_)),
       slideBar_(new SlideBar(*surface_, commands_)),
       works_(*this, *pages_, *slideBar_, commands_, cdlDIALOG_, services_),
+      keys_(*surface_, *pages_, *slideBar_),
       help_(*this, commands_, services_.netCHECKUPDATE, popups_.Icon()),
       settings_(*this, works_.album, *pages_->slideshows->albums.lvwALBUMS),
       show_(*this, services_.screenSaver, works_.audio, pages_->music->controls, settings_),

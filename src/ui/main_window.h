@@ -7,6 +7,7 @@
 #include "ui/media_keys.h"
 #include "ui/parts/surface.h"
 #include "ui/show_start.h"
+#include "ui/window_keys.h"
 #include "ui/workshop.h"
 
 #include <QMainWindow>
@@ -71,6 +72,7 @@ private:
     SlideBar* slideBar_;
     mnutxt mnutxt1_{this};
     Workshop works_;
+    WindowKeys keys_;
     HelpCommands help_;
     SettingsForm settings_;
     ShowStart show_;

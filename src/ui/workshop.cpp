@@ -22,6 +22,7 @@ Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& co
       album(slideBar.slides, commands, cdlDIALOG, slides, thumbnails_, albums),
       audio(pages.music->controls, services.device, cdlDIALOG),
       webAlbum(slideBar.slides, commands, [&pages] { return pages.webAlbum->values(); }),
+      drags_(pages.pictures->found, slideBar.slides, found, slides),
       form_(form),
       commands_(commands),
       pages_(pages),

@@ -6,6 +6,7 @@
 #include "browse/wallpaper.h"
 #include "music/audio_engine.h"
 #include "ui/dialogs/frm_picturepreview.h"
+#include "ui/drags.h"
 #include "ui/main_services.h"
 #include "ui/pages/pages.h"
 #include "ui/slide_bar.h"
@@ -42,6 +43,7 @@ public:
     WebAlbum webAlbum;
 
 private:
+    Drags drags_;
     void connectWebAlbum();
     /// The preview window, loaded at its first use; it unloads when it is closed.
     const PreviewControls& previewWindow();

@@ -1,4 +1,4 @@
-#include "desktop/main_window.h"
+#include "desktop/file_manager.h"
 #include "sound/sound_server.h"
 #include "support/sound_files.h"
 
@@ -54,53 +54,17 @@ protected:
     std::optional<MainWindow> page;
 };
 
-/// Files dragged out of another program's window.
-class DroppedMusic : public MusicPageWorld {
-protected:
-    void startSource(const QStringList& paths) {
-        source = std::make_unique<Program>(QStringLiteral(VELORAMA_DRAG_SOURCE), paths,
-                                           session.environment(), session.home());
-        sourceWindow = session.waitForWindow(QStringLiteral("Files"), source->pid());
-        ASSERT_NE(sourceWindow, 0U);
-        // Beside the program's window.
-        session.run(QStringLiteral("xdotool"),
-                    {QStringLiteral("windowmove"), QString::number(sourceWindow),
-                     QStringLiteral("1150"), QStringLiteral("30")});
-        ASSERT_TRUE(waitFor([&] { return session.geometry(sourceWindow).x() > 1100; }));
-    }
-    void button(const char* what) {
-        session.run(QStringLiteral("xdotool"), {QString::fromLatin1(what), QStringLiteral("1")});
-    }
-    /// As a hand does it: on to the list, a look at the pointer, and then let go.
-    bool dragOnTo(const QPoint& place) {
-        session.moveMouse(sourceWindow, {60, 60});
-        button("mousedown");
-        session.moveMouse(sourceWindow, {50, 60});
-        session.moveMouse(sourceWindow, {20, 60});
-        int step = 0;
-        const bool taken = waitFor([&] {
-            session.moveMouse(page->window(), place + QPoint(step++ % 8, 0));
-            return source->output().contains(QStringLiteral("would be copied\n"));
-        });
-        button("mouseup");
-        return taken;
-    }
-
-    std::unique_ptr<Program> source;
-    WindowId sourceWindow = 0;
-};
-
-TEST_F(DroppedMusic, IsAddedInLowerCaseAndHeard) {
+TEST_F(MusicPageWorld, DroppedMusicIsAddedInLowerCaseAndHeard) {
     const QString track =
         test::saved(session.home(), QStringLiteral("Mixed Case.WAV"), test::wavFile(20500, 660));
     test::saved(session.home(), QStringLiteral("Other Song.mp3"), QByteArray(3000, 'a'));
     const QString other = session.home() + QStringLiteral("/other song.mp3");
     const QString text = test::saved(session.home(), QStringLiteral("words.txt"), "words");
     ASSERT_NO_FATAL_FAILURE(open());
-    ASSERT_NO_FATAL_FAILURE(startSource({other, text, track}));
+    const FileManager source(session, {other, text, track});
+    ASSERT_NE(source.window(), 0U);
     const QImage empty = look();
-    ASSERT_TRUE(dragOnTo(page->onPage(listX + listWidth / 2, listY + listHeight / 2)));
-    EXPECT_TRUE(waitFor([&] { return source->output().endsWith(QStringLiteral("\ncopied\n")); }));
+    ASSERT_TRUE(source.dropOn(*page, page->onPage(listX + listWidth / 2, listY + listHeight / 2)));
     EXPECT_TRUE(changesFrom(empty));
 
     // The last row is selected, and plays though its file is written otherwise.

@@ -18,6 +18,8 @@ public:
     virtual void layOut() = 0;
     /// Where the keyboard goes when the page comes up.
     virtual QWidget* firstFocus() const = 0;
+    /// The controls that the key F6 walks to on this page.
+    virtual QList<QWidget*> parts() const { return {firstFocus()}; }
     /// All that the Tab key reaches, in its order.
     virtual QList<QWidget*> tabOrder() const = 0;
     /// Takes the colour of all pages from the system's.

@@ -7,6 +7,8 @@
 
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace velorama {
 namespace {
 
@@ -58,6 +60,13 @@ void Pages::tabPAGES_Click(const QString& caption) {
         page->setVisible(page == up);
     }
     up->firstFocus()->setFocus();
+}
+
+const Page& Pages::shown() const {
+    const auto pages = all();
+    const auto up = std::find_if(pages.begin(), pages.end(),
+                                 [](const Page* page) { return !page->isHidden(); });
+    return up != pages.end() ? **up : *pages.front();
 }
 
 void Pages::show(int number) {

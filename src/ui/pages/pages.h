@@ -25,6 +25,8 @@ public:
 
     /// In the order of their tabs.
     std::array<Page*, 5> all() const { return {slideshows, pictures, music, webAlbum, help}; }
+    /// The one that is up.
+    const Page& shown() const;
     /// The strip's selected index from 1, and what its own click then does.
     void show(int number);
     /// As the last session left it: the first, if that was none of the first three.

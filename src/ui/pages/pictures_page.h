@@ -20,6 +20,7 @@ public:
     void makeRoom() override;
     void layOut() override;
     QWidget* firstFocus() const override { return found.ftvFOLDER; }
+    QList<QWidget*> parts() const override { return {found.ftvFOLDER, found.lvwFOUND}; }
     QList<QWidget*> tabOrder() const override;
     void tint() override;
 
