@@ -79,11 +79,11 @@ protected:
         const QImage image = bar();
         for (int x = 0; x < image.width(); ++x) {
             int blue = 0;
-            for (int y = 10; y < 50; ++y) {
+            for (int y = 20; y < 50; ++y) {
                 const QRgb pixel = image.pixel(x, y);
                 blue += qBlue(pixel) > qRed(pixel) + 80;
             }
-            if (blue == 40) {
+            if (blue == 30) {
                 return true;
             }
         }
