@@ -109,6 +109,9 @@ void SlideList::runAddAll(const std::function<void()>& insertFiles) {
 /// The first round lies past the end and adds nothing; the bar stands at nought meanwhile.
 void SlideList::addFolder() {
     const QPointer<SlideList> self = this;
+    const int most = c_.lvwSLIDEBAR->Count() + found_.flbFOUND->ListCount();
+    c_.lvwSLIDEBAR->reserve(most);
+    c_.imlTHUMBNAILS->reserve(most);
     for (int i = found_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
         c_.prgBARSLIDES->setMax(found_.flbFOUND->ListCount());
         c_.prgBARSLIDES->setValue(found_.flbFOUND->ListCount() - i);

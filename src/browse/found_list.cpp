@@ -148,6 +148,8 @@ void FoundList::emptyList() {
     c_.imlFOUNDICONS->Clear();
     c_.imlFOUNDICONS->Add(QStringLiteral("dummy"), thumbnails_.placeholder());
     c_.lvwFOUND->setIcons(c_.imlFOUNDICONS);
+    c_.imlFOUNDICONS->reserve(c_.flbFOUND->ListCount() + 1);
+    c_.lvwFOUND->reserve(c_.flbFOUND->ListCount());
 }
 
 void FoundList::fill() {

@@ -49,6 +49,11 @@ void ImageList::Clear() {
     emit changed();
 }
 
+void ImageList::reserve(int count) {
+    keys_.reserve(static_cast<size_t>(count));
+    numbers_.reserve(count);
+}
+
 QString ImageList::Key(int index) const {
     return index >= 1 && index <= Count() ? keys_[static_cast<size_t>(index) - 1] : QString();
 }

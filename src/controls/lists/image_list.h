@@ -24,6 +24,8 @@ public:
     bool Add(const QString& key, const QImage& image,
              std::shared_ptr<const ImageOrigin> origin = nullptr);
     void Clear();
+    /// Makes room for so many in all: tables that grow on the way hold the window up.
+    void reserve(int count);
     /// Image `index` (from 1), made anew if need be; a null image outside the list.
     QImage image(int index) const { return images_.image(index - 1); }
     /// The same for painting: nothing if the image would have to be made, which `origin` can do on

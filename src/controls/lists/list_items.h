@@ -56,6 +56,7 @@ public:
     ListItem* insert(int index, std::unique_ptr<ListItem> made);
     void remove(int index);
     void clear();
+    void reserve(int count) { keys_.reserve(count); }
     /// False, and nothing changes, if another item has this key.
     bool rename(ListItem& item, const QString& key);
     int positionOf(const ListItem& item) const;

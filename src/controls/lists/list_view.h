@@ -52,6 +52,8 @@ public:
     /// current, or the last.
     bool Remove(int index);
     void Clear();
+    /// Makes room for so many in all: a table that grows on the way holds the window up.
+    void reserve(int count) { items_.reserve(count); }
     /// The current item; null only in an empty list. It need not be selected.
     ListItem* SelectedItem() const { return current_; }
     /// Makes an item current without selecting it. Outside 1 to Count: nothing.

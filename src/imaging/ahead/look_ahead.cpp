@@ -7,8 +7,6 @@
 #include "platform/process/large_blocks.h"
 
 #include <qtconcurrenttask.h>
-#include <QDateTime>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -38,9 +36,9 @@ LookAhead::~LookAhead() {
 }
 
 LookAhead::FileState LookAhead::stateOf(const QString& path) {
-    const QFileInfo info(hostFile(path));
-    return info.exists() ? FileState{info.size(), info.lastModified().toMSecsSinceEpoch()}
-                         : FileState{};
+    // A date of the base library would have all threads wait for the lock of the time zone.
+    const FileStamp stamp = FileStamp::of(hostFile(path));
+    return {stamp.size, stamp.modified};
 }
 
 LookAhead::Work LookAhead::workOn(const QString& path, const Fit& fit, const CellSource& cells) {

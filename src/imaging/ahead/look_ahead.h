@@ -46,8 +46,8 @@ public:
 
 private:
     struct FileState {
-        qint64 size = -1;
-        qint64 changed = -1;
+        qint64 size = -1;     // bytes
+        qint64 changed = -1;  // nanoseconds
         bool operator==(const FileState&) const = default;
     };
     struct Work {
