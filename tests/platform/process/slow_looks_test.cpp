@@ -1,0 +1,66 @@
+#include "platform/process/slow_looks.h"
+
+#include "support/waiting.h"
+
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <future>
+#include <stdexcept>
+
+namespace velorama {
+namespace {
+
+using Answer = SlowLooks::Answer;
+
+TEST(SlowLooksTest, LookElsewhereAndAnswerHere) {
+    SlowLooks looks;
+    std::atomic<QThread*> looked = nullptr;
+    QThread* answered = nullptr;
+    looks.ask([&]() -> Answer {
+        looked = QThread::currentThread();
+        return [&] { answered = QThread::currentThread(); };
+    });
+    EXPECT_EQ(answered, nullptr);
+    ASSERT_TRUE(test::comesTrue([&] { return answered != nullptr; }));
+    EXPECT_EQ(answered, QThread::currentThread());
+    EXPECT_NE(looked, QThread::currentThread());
+}
+
+TEST(SlowLooksTest, OneThatHangsHoldsNoOtherUpAndNoEnd) {
+    auto gate = std::make_shared<std::promise<void>>();
+    auto opened = std::make_shared<std::future<void>>(gate->get_future());
+    std::atomic<bool> isOver = false;
+    bool hung = false;
+    int answered = 0;
+    {
+        SlowLooks looks;
+        looks.ask([opened, &hung, &isOver]() -> Answer {
+            opened->wait();
+            isOver = true;
+            return [&hung] { hung = true; };
+        });
+        for (int i = 0; i < 20; ++i) {
+            looks.ask([&answered]() -> Answer { return [&answered] { ++answered; }; });
+        }
+        EXPECT_TRUE(test::comesTrue([&] { return answered == 20; }));
+    }
+    gate->set_value();
+    ASSERT_TRUE(test::comesTrue([&] { return isOver.load(); }));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(hung) << "answered to somebody who is gone";
+}
+
+TEST(SlowLooksTest, OneThatFailsAnswersNothingAndTheNextOneComes) {
+    SlowLooks looks;
+    bool answered = false;
+    looks.ask([]() -> Answer { throw std::runtime_error("no memory"); });
+    looks.ask([]() -> Answer { return {}; });
+    looks.ask([&]() -> Answer { return [&] { answered = true; }; });
+    EXPECT_TRUE(test::comesTrue([&] { return answered; }));
+}
+
+}  // namespace
+}  // namespace velorama
