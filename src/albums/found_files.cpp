@@ -26,7 +26,7 @@ QString pathIn(const QString& folder, const QString& entry) {
 }
 
 void appendFolder(QList<FoundFile>& files, const QString& folder, const QString& pattern) {
-    for (const QString& name : FileList::namesIn(folder, pattern)) {
+    for (const QString& name : FileList::filesIn(folder, pattern, {}).names) {
         files.append({name, pathIn(folder, name)});
     }
 }

@@ -1,9 +1,9 @@
 #include "browse/found_controls.h"
 
+#include "browse/found_counts.h"
+#include "browse/other_pictures.h"
 #include "controls/buttons/control_making.h"
 #include "controls/geometry/twips.h"
-
-#include <QCoreApplication>
 
 namespace velorama {
 
@@ -19,9 +19,8 @@ FoundControls::FoundControls(QWidget& page)
     lvwFOUND->setIcons(imlFOUNDICONS);
     lvwFOUND->setArrangement(ListView::Arrangement::Wrapped);
     lvwFOUND->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lvwFOUND->setEmptyText(QCoreApplication::translate(
-        "FoundControls",
-        "No pictures in this folder.\nChoose a folder of photographs on the left."));
+    lvwFOUND->setEmptyText(nothingFound(0));
+    flbFOUND->setOthers(OtherPictures());
 }
 
 }  // namespace velorama

@@ -110,9 +110,13 @@ void FoundList::list(const QString& path) {
     const QPointer<FoundList> self = this;
     thumbnails_.expectFound({});  // What was wanted of the folder before is not wanted any more.
     const auto left = [self, listing] { return !self || self->isLeft(listing); };
-    const auto names = awaitWork([path] { return FileList::namesIn(path, pictureMask); }, left);
-    if (names) {
-        show(path, *names);
+    const auto files = awaitWork(
+        [path, isOther = c_.flbFOUND->Others()] {
+            return FileList::filesIn(path, pictureMask, isOther);
+        },
+        left);
+    if (files) {
+        show(path, *files);
     }
     if (!self || stopped_ || postponed_) {
         return;
@@ -132,9 +136,9 @@ void FoundList::list(const QString& path) {
     emit Listed();
 }
 
-void FoundList::show(const QString& path, const QStringList& names) {
+void FoundList::show(const QString& path, const FolderFiles& files) {
     c_.flbFOUND->setPattern(pictureMask);
-    c_.flbFOUND->setPath(path, names);
+    c_.flbFOUND->setPath(path, files);
     emptyList();
     emit FolderRead();
     if (c_.flbFOUND->ListCount() >= 1) {

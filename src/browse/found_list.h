@@ -52,7 +52,7 @@ private:
     void lvwFOUND_KeyDown(int KeyCode, int Shift);
     void lvwFOUND_MouseUp(int Button, float X, float Y);
     void list(const QString& path);
-    void show(const QString& path, const QStringList& names);
+    void show(const QString& path, const FolderFiles& files);
     /// Listing number `listing` has no rows to add any more: the window is closing, or another
     /// folder was chosen.
     bool isLeft(int listing) const;

@@ -19,6 +19,13 @@ Cell resampledFile(LookAhead& pictures, const QString& path, int side,
     return cell;
 }
 
+FileState stateOf(const Cell& cell) {
+    if (!cell.bitmap.isNull()) {
+        return FileState::Readable;
+    }
+    return cell.file.isFile() ? FileState::Unreadable : FileState::NotFound;
+}
+
 /// Also true once the window, and its lists with it, has gone.
 Thumbnails::IsLeft orGone(const Thumbnails::IsLeft& isLeft, const QPointer<ImageList>& list) {
     return [isLeft, list] { return !list || (isLeft && isLeft()); };
@@ -78,6 +85,10 @@ void Thumbnails::SlideThumbnailAdd(const QString& Path, const IsLeft& isLeft) {
     if (left()) {
         return;
     }
+    if (list->Count() == 0) {
+        slideFiles_.clear();
+    }
+    learn(Path, stateOf(cell));
     add(*list, Path, cell, maker);
 }
 

@@ -10,6 +10,9 @@
 
 namespace velorama {
 
+/// Whether a picture's file is there, and is a picture. Sought: somebody is looking.
+enum class FileState { Unknown, Sought, Readable, NotFound, Unreadable };
+
 /// Makes the two kinds of thumbnail: 64 pixels with a black frame for the found list, 90 pixels for
 /// the slide list. Images are keyed by the picture's full path.
 class Thumbnails {
@@ -31,6 +34,11 @@ public:
     void SlideThumbnailAdd(const QString& Path, const IsLeft& isLeft = {});
     /// Adds an image to imlTHUMBNAILS that is made once it is painted. Nothing if it is there.
     void SlideThumbnailLater(const QString& Path);
+
+    /// What is known of a slide's file, from the making of its thumbnail or from a later look.
+    FileState slideFile(const QString& path) const { return slideFiles_.value(path); }
+    void learn(const QString& path, FileState state) { slideFiles_.insert(path, state); }
+
     /// Number of the first image whose key occurs in the path, 0 if none.
     int FoundIconIndex(const QString& Path) const;
     int SlideIconIndex(const QString& Path) const;
@@ -50,6 +58,7 @@ private:
     QPointer<ImageList> imlFOUNDICONS_;
     QPointer<ImageList> imlTHUMBNAILS_;
     LookAhead& pictures_;
+    QHash<QString, FileState> slideFiles_;
     // Shared with the origins of the images, which threads may be asking when this is gone.
     std::shared_ptr<const ThumbnailMaker> found_;
     std::shared_ptr<const ThumbnailMaker> slide_;

@@ -5,19 +5,36 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <vector>
 
 namespace velorama {
 namespace {
 
-QStringList wildcards(const QString& pattern) {
-    QStringList list;
-    for (const QString& part : pattern.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-        const QString wildcard = part.trimmed();
-        // "*.*" means any file, also one without a dot.
-        list.append(wildcard == QLatin1String("*.*") ? QStringLiteral("*") : wildcard);
+/// The parts of a pattern; without any, every name matches.
+class Wildcards {
+public:
+    explicit Wildcards(const QString& pattern) {
+        for (const QString& part : pattern.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+            const QString wildcard = part.trimmed();
+            // "*.*" means any file, also one without a dot.
+            parts_.push_back(QRegularExpression::fromWildcard(
+                wildcard == QLatin1String("*.*") ? QStringLiteral("*") : wildcard,
+                Qt::CaseInsensitive));
+        }
     }
-    return list;
-}
+    bool match(const QString& name) const {
+        return parts_.empty() ||
+               std::any_of(parts_.begin(), parts_.end(), [&](const QRegularExpression& part) {
+                   return part.match(name).hasMatch();
+               });
+    }
+
+private:
+    std::vector<QRegularExpression> parts_;
+};
 
 }  // namespace
 
@@ -33,27 +50,33 @@ void FileList::setPattern(const QString& pattern) {
     }
 }
 
-void FileList::setPath(const QString& path, const QStringList& names) {
+void FileList::setPath(const QString& path, FolderFiles files) {
     path_ = path;
-    names_ = names;
+    files_ = std::move(files);
 }
 
 void FileList::read() {
-    names_ = namesIn(path_, pattern_);
+    files_ = filesIn(path_, pattern_, isOther_);
 }
 
-QStringList FileList::namesIn(const QString& path, const QString& pattern) {
-    QStringList names;
+FolderFiles FileList::filesIn(const QString& path, const QString& pattern, Teller isOther) {
+    FolderFiles files;
     if (path.isEmpty()) {
-        return names;
+        return files;
     }
-    QDirIterator entries(hostFile(path), wildcards(pattern), QDir::Files);
+    const Wildcards listed(pattern);
+    QDirIterator entries(hostFile(path), QDir::Files);
     while (entries.hasNext()) {
         entries.next();
-        names.append(entries.fileName());
+        const QString name = entries.fileName();
+        if (listed.match(name)) {
+            files.names.append(name);
+        } else if (isOther && isOther(name)) {
+            ++files.others;
+        }
     }
-    NameOrder().sort(names);
-    return names;
+    NameOrder().sort(files.names);
+    return files;
 }
 
 }  // namespace velorama

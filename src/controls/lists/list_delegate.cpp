@@ -1,6 +1,7 @@
 #include "controls/lists/list_delegate.h"
 
 #include "controls/input/one_line.h"
+#include "controls/lists/item_mark.h"
 #include "controls/lists/list_model.h"
 
 #include <QAbstractItemView>
@@ -102,6 +103,7 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (!image.isNull()) {
         paintImage(*painter, image, imageArea(option.rect, option.fontMetrics));
     }
+    paintMarkOf(*painter, option, index);
     const QRect area = captionArea(option.rect, option.fontMetrics);
     const QString caption = index.data(Qt::DisplayRole).toString().simplified();
     painter->setFont(option.font);
@@ -112,6 +114,16 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->drawText(area, Qt::AlignCenter,
                       option.fontMetrics.elidedText(caption, Qt::ElideMiddle, area.width()));
     painter->restore();
+}
+
+void ListDelegate::paintMarkOf(QPainter& painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+    const auto mark = index.data(ListModel::MarkRole).value<ItemMark>();
+    if (!mark.isNull() && icons_ != nullptr) {
+        QRect picture(QPoint(), icons_->ImageSize());
+        picture.moveCenter(imageArea(option.rect, option.fontMetrics).center());
+        paintMark(painter, mark, picture, option.palette);
+    }
 }
 
 QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {

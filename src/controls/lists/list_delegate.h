@@ -7,8 +7,8 @@
 
 namespace velorama {
 
-/// Paints a cell of a ListView: the image, centred, and the caption below it in one line, elided in
-/// the middle. Edits the caption in its place.
+/// Paints a cell of a ListView: the image, centred, the mark over it, and the caption below it in
+/// one line, elided in the middle. Edits the caption in its place.
 class ListDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
@@ -34,6 +34,8 @@ public:
 
 private:
     QRect content(const QRect& cell, const QFontMetrics& font) const;
+    void paintMarkOf(QPainter& painter, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) const;
 
     QPointer<const ImageList> icons_;
     LateImages* late_;

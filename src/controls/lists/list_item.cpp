@@ -32,7 +32,7 @@ int ListItem::Index() const {
 }
 
 void ListItem::setSelected(bool selected) {
-    selected_ = selected;
+    list_.items_.select(*this, selected);
     if (selected) {
         list_.current_ = this;
     }

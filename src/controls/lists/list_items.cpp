@@ -24,6 +24,7 @@ ListItem* ListItems::insert(int index, std::unique_ptr<ListItem> made) {
 
 void ListItems::remove(int index) {
     ++changes_;
+    select(*at(index), false);
     keys_.remove(at(index)->key_);
     items_.erase(items_.begin() + (index - 1));
     numbered_ = false;
@@ -34,6 +35,7 @@ void ListItems::clear() {
     keys_.clear();
     items_.clear();
     numbered_ = true;
+    selected_ = 0;
 }
 
 bool ListItems::rename(ListItem& item, const QString& key) {
@@ -61,6 +63,11 @@ int ListItems::positionOf(const ListItem& item) const {
         numbered_ = true;
     }
     return item.position_;
+}
+
+void ListItems::select(ListItem& item, bool selected) {
+    selected_ += static_cast<int>(selected) - static_cast<int>(item.selected_);
+    item.selected_ = selected;
 }
 
 }  // namespace velorama

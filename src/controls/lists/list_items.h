@@ -60,6 +60,8 @@ public:
     /// False, and nothing changes, if another item has this key.
     bool rename(ListItem& item, const QString& key);
     int positionOf(const ListItem& item) const;
+    void select(ListItem& item, bool selected);
+    int selectedCount() const { return selected_; }
 
     /// Grows whenever an item comes or goes, or changes its key, its caption or its picture.
     qint64 changes() const { return changes_; }
@@ -71,6 +73,7 @@ private:
     QHash<QString, ListItem*> keys_;
     mutable bool numbered_ = true;
     qint64 changes_ = 0;
+    int selected_ = 0;
 };
 
 }  // namespace velorama

@@ -103,12 +103,15 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
         case Qt::DisplayRole:
-        case Qt::ToolTipRole:
             return shortened(item->Text());
         case Qt::EditRole:
             return item->Text();
         case IconRole:
             return item->Icon();
+        case MarkRole:
+            return QVariant::fromValue(list_.markOf(*item));
+        case Qt::AccessibleDescriptionRole:
+            return list_.markOf(*item).text;
         default:
             return {};
     }

@@ -8,7 +8,8 @@ namespace velorama {
 class ListView;
 
 /// The items of a ListView as Qt's views read them: the text as display and edit role, the number
-/// of the image under IconRole.
+/// of the image under IconRole, the mark under MarkRole, and what it means as the description for
+/// those who do not see it.
 ///
 /// The items are the truth; the model is withdrawn at the first change of the rows, has none then,
 /// and is published again when something is to be seen or touched. So thousands of changes in one
@@ -16,7 +17,7 @@ class ListView;
 class ListModel : public QAbstractListModel {
     Q_OBJECT
 public:
-    enum Role { IconRole = Qt::UserRole };
+    enum Role { IconRole = Qt::UserRole, MarkRole };
 
     explicit ListModel(ListView& list);
 

@@ -56,8 +56,10 @@ void ListView::setRightRim(int pixels) {
 }
 
 void ListView::setEmptyText(const QString& text) {
-    emptyText_ = text;
-    viewport()->update();
+    if (text != emptyText_) {
+        emptyText_ = text;
+        viewport()->update();
+    }
 }
 
 ListItem* ListView::Add(int index, const QString& key, const QString& text, int icon) {
@@ -110,7 +112,7 @@ void ListView::setSelectedItem(int index) {
 
 void ListView::clearSelection() {
     for (int index = 1; index <= Count(); ++index) {
-        item(index)->selected_ = false;
+        items_.select(*item(index), false);
     }
     selectionModel()->clearSelection();
 }
@@ -153,7 +155,7 @@ void ListView::selectionChanged(const QItemSelection& selected, const QItemSelec
     const auto mark = [this](const QItemSelection& ranges, bool on) {
         for (const QItemSelectionRange& range : ranges) {
             for (int row = range.top(); row <= range.bottom() && row < Count(); ++row) {
-                item(row + 1)->selected_ = on;
+                items_.select(*item(row + 1), on);
             }
         }
     };
@@ -162,6 +164,7 @@ void ListView::selectionChanged(const QItemSelection& selected, const QItemSelec
         mark(selected, true);
     }
     QListView::selectionChanged(selected, deselected);
+    emit SelectionChanged();
 }
 
 void ListView::textEdited(ListItem& item, const QString& text) {
@@ -202,9 +205,12 @@ bool ListView::viewportEvent(QEvent* event) {
         case QEvent::MouseButtonDblClick:
         case QEvent::MouseMove:
         case QEvent::Wheel:
-        case QEvent::ToolTip:
             model_->publish();
             break;
+        case QEvent::ToolTip:
+            model_->publish();
+            showTip(*static_cast<QHelpEvent*>(event));
+            return true;
         default:
             break;
     }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "controls/lists/image_list.h"
+#include "controls/lists/item_notes.h"
 #include "controls/lists/list_items.h"
+#include "controls/lists/row_tip.h"
 
 #include <QListView>
 #include <QPointer>
@@ -27,6 +29,10 @@ public:
     void setRightRim(int pixels);
     /// The caption painted in the middle of an empty list, and only there.
     void setEmptyText(const QString& text);
+
+    /// Who tells of marks and tooltips, as long as it lives. Without notes the tooltip is the
+    /// caption.
+    void setNotes(ItemNotes* notes);
 
     // -- Of a strip, list_view_strip.cpp --
     /// The gap between two items that is nearest to a place of the viewport, told by the number of
@@ -59,6 +65,8 @@ public:
     /// Makes an item current without selecting it. Outside 1 to Count: nothing.
     void setSelectedItem(int index);
     void clearSelection();
+    /// How many items are selected.
+    int SelectedCount() const { return items_.selectedCount(); }
 
     ImageList* Icons() const { return icons_; }
     void setIcons(ImageList* icons);
@@ -75,6 +83,8 @@ signals:
     void KeyPress(int keyAscii);
     /// A key has made another item current: after KeyDown, which comes while the old one still is.
     void CurrentMoved();
+    /// Other items are selected than before. Not where none is left in the list.
+    void SelectionChanged();
     /// Button 1 left, 2 right, 4 middle; position in twips within the control.
     void MouseUp(int button, int shift, float x, float y);
     /// The user has edited the caption of the current item, which still has the old one.
@@ -111,6 +121,13 @@ private:
 
     void layOutCells();
     void iconsChanged();
+
+    // list_view_notes.cpp
+    ItemMark markOf(const ListItem& item) const;
+    const ListItem* itemAt(const QPoint& place) const;
+    QStringList tipAt(const QPoint& place) const;
+    void showTip(const QHelpEvent& event);
+
     void textEdited(ListItem& item, const QString& text);
 
     ListItems items_;
@@ -119,6 +136,8 @@ private:
     ListModel* model_;
     ListDelegate* delegate_;
     QPointer<ImageList> icons_;
+    QPointer<ItemNotes> notes_;
+    RowTip tip_{*this};
     QString emptyText_;
     Arrangement arrangement_ = Arrangement::Wrapped;
     bool pressed_ = false;

@@ -1,5 +1,7 @@
 #include "controls/lists/report_item.h"
 
+#include "controls/lists/report_view.h"
+
 namespace velorama {
 
 QString ReportItem::SubItems(int column) const {
@@ -21,6 +23,23 @@ void ReportItem::setSelected(bool selected) {
         treeWidget()->setCurrentItem(this);
     }
     QTreeWidgetItem::setSelected(selected);
+}
+
+QVariant ReportItem::data(int column, int role) const {
+    // Still to be read, on dark ground and on light.
+    constexpr float strength = 0.55F;
+    const auto* list = qobject_cast<const ReportView*>(treeWidget());
+    const bool asked = role == Qt::ForegroundRole || role == Qt::AccessibleDescriptionRole;
+    const QString lack = asked && list != nullptr ? list->lackOf(key_) : QString();
+    if (lack.isEmpty()) {
+        return QTreeWidgetItem::data(column, role);
+    }
+    if (role == Qt::AccessibleDescriptionRole) {
+        return lack;
+    }
+    QColor colour = list->palette().color(QPalette::Text);
+    colour.setAlphaF(strength);
+    return QBrush(colour);
 }
 
 }  // namespace velorama

@@ -20,6 +20,9 @@ public:
     /// Selects the row and makes it the current one.
     void setSelected(bool selected);
 
+    /// A row whose key the list's notes mark is faint, and described by what the mark means.
+    QVariant data(int column, int role) const override;
+
 private:
     QString key_;
 };

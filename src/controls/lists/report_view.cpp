@@ -5,13 +5,11 @@
 #include "controls/lists/list_frame.h"
 #include "controls/lists/report_header.h"
 
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QStyle>
 #include <QStyledItemDelegate>
-#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -29,20 +27,12 @@ constexpr float SelectedTint = 0.38F;
 constexpr float IdleTint = 0.24F;
 constexpr float HoverTint = 0.12F;
 
-/// One line, short enough to be measured at every painting.
-QString inOneLine(const QString& text) {
-    constexpr qsizetype most = 1000;
-    const QString shown =
-        text.size() > 2 * most ? text.left(most) + QChar(0x2026) + text.right(most) : text;
-    return shown.simplified();
-}
-
 /// The row paints the ground under its cells, and a cell only what stands on it.
 class CellDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
     QString displayText(const QVariant& value, const QLocale&) const override {
-        return inOneLine(value.toString());
+        return ReportView::inOneLine(value.toString());
     }
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
@@ -181,43 +171,6 @@ ReportItem* ReportView::SelectedItem() const {
 QModelIndex ReportView::indexAt(const QPoint& point) const {
     const QModelIndex hit = QTreeWidget::indexAt(point);
     return hit.isValid() ? hit : QTreeWidget::indexAt({columnViewportPosition(0) + 1, point.y()});
-}
-
-QString ReportView::cutText(const QPoint& point) const {
-    const QModelIndex cell = indexAt(point);
-    if (!cell.isValid()) {
-        return QString();
-    }
-    QStyleOptionViewItem option;
-    initViewItemOption(&option);
-    option.rect = visualRect(cell);
-    option.features = QStyleOptionViewItem::HasDisplay;
-    option.text = inOneLine(cell.data().toString());
-    if (cell.column() == 0 && !icon_.isNull()) {
-        option.features |= QStyleOptionViewItem::HasDecoration;
-        option.decorationSize = iconSize();
-    }
-    const QRect place = style()->subElementRect(QStyle::SE_ItemViewItemText, &option, this);
-    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    // To the fraction, as the style measures it.
-    const bool fits =
-        QFontMetricsF(font()).horizontalAdvance(option.text) <= place.width() - 2 * margin;
-    return fits ? QString() : option.text;
-}
-
-bool ReportView::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        const QString text = cutText(help->pos());
-        // A note is no markup, whatever it looks like.
-        QToolTip::showText(
-            help->globalPos(),
-            text.isEmpty() ? QString()
-                           : u"<p style='white-space:pre-wrap'>" + text.toHtmlEscaped() + u"</p>",
-            viewport());
-        return true;
-    }
-    return QTreeWidget::viewportEvent(event);
 }
 
 void ReportView::paintEvent(QPaintEvent* event) {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "controls/lists/item_notes.h"
 #include "controls/lists/report_item.h"
+#include "controls/lists/row_tip.h"
 
 #include <QHash>
 #include <QIcon>
+#include <QPointer>
 #include <QTreeWidget>
 
 #include <vector>
@@ -30,6 +33,12 @@ public:
     /// The small picture of every row.
     void setSmallIcon(const QIcon& icon);
 
+    /// Who tells more of the rows in their tooltips, as long as it lives. A row with a mark is
+    /// faint, and its symbol is not shown.
+    void setNotes(ItemNotes* notes);
+    /// What the mark of the row with that key means; empty for none.
+    QString lackOf(const QString& key) const;
+
     int Count() const { return topLevelItemCount(); }
     /// At the end, not selected. Null, and nothing changes, if `key` is empty or another item has
     /// it.
@@ -47,6 +56,8 @@ public:
 
     /// The whole text of the cell at a place of the viewport if it is cut there; empty otherwise.
     QString cutText(const QPoint& point) const;
+    /// One line, short enough to be measured at every painting.
+    static QString inOneLine(const QString& text);
     /// A place beside the columns belongs to its row too.
     QModelIndex indexAt(const QPoint& point) const override;
 
@@ -74,12 +85,16 @@ protected:
 
 private:
     bool hasColumn(int column) const { return column >= 1 && column <= columnCount(); }
+    const ReportItem* pointedAt(const QPoint& place) const;
+    QStringList tipAt(const QPoint& place) const;
     void paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;
 
     QHash<QString, ReportItem*> keys_;
     std::vector<float> widths_;  // twips, -1 for a column never set
     QString emptyText_;
     QIcon icon_;
+    QPointer<ItemNotes> notes_;
+    RowTip tip_{*this};
     bool placing_ = false;
 };
 

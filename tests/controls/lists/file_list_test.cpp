@@ -103,6 +103,39 @@ TEST(FileList, ReadsTheFolderOnceWhereThePatternStays) {
     EXPECT_EQ(list.ListCount(), 2);
 }
 
+TEST(FileList, CountsOthersInTheSameReading) {
+    const QString folder =
+        folderWith({QStringLiteral("a.jpg"), QStringLiteral("b.png"), QStringLiteral("c.PNG"),
+                    QStringLiteral("d.txt"), QStringLiteral(".hidden.png")});
+    QDir(folder).mkdir(QStringLiteral("folder.png"));
+    FileList list;
+    list.setPattern(pictures);
+    QStringList asked;
+    list.setOthers([&asked](const QString& name) {
+        asked.append(name);
+        return name.endsWith(QLatin1String("png"), Qt::CaseInsensitive);
+    });
+    EXPECT_EQ(list.OtherCount(), 0);
+    list.setPath(folder);
+    EXPECT_EQ(namesOf(list), QStringList(QStringLiteral("a.jpg")));
+    EXPECT_EQ(list.OtherCount(), 2);
+    asked.sort();
+    EXPECT_EQ(asked.join(u' '), QStringLiteral("b.png c.PNG d.txt"));
+    list.setPath(QStringLiteral("/no/such/folder"));
+    EXPECT_EQ(list.OtherCount(), 0);
+}
+
+TEST(FileList, EachReadingAsksACopyOfTheTeller) {
+    FileList list;
+    list.setPattern(pictures);
+    list.setOthers([seen = 0](const QString&) mutable { return ++seen == 1; });
+    const QString folder = folderWith({QStringLiteral("a.png"), QStringLiteral("b.png")});
+    for (int reading = 0; reading < 3; ++reading) {
+        list.setPath(folder);
+        EXPECT_EQ(list.OtherCount(), 1);
+    }
+}
+
 TEST(FileList, AFolderThatCannotBeReadIsEmptyAndStaysThePath) {
     FileList list;
     list.setPath(folderWith({QStringLiteral("a.jpg")}));
