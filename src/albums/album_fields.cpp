@@ -4,6 +4,7 @@
 #include "platform/files/paths.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
@@ -29,7 +30,47 @@ AlbumHeader headerOf(const QString& field) {
             field.contains(bar) ? StringPieceArr(field, bar, 1) : QString()};
 }
 
+/// Counts the lines below the first that hold more than blanks.
+class SlideLines {
+public:
+    void take(const QByteArray& bytes) {
+        for (const char c : bytes) {
+            if (c == '\r' || c == '\n') {
+                end();
+            } else {
+                hasText_ = hasText_ || c != ' ';
+            }
+        }
+    }
+    qint64 count() const { return isHeader_ ? 0 : lines_ + (hasText_ ? 1 : 0); }
+
+private:
+    void end() {
+        lines_ += !isHeader_ && hasText_ ? 1 : 0;
+        isHeader_ = false;
+        hasText_ = false;
+    }
+
+    qint64 lines_ = 0;
+    bool isHeader_ = true;
+    bool hasText_ = false;
+};
+
 }  // namespace
+
+std::optional<qint64> albumSlides(const QString& path) {
+    QFile file(hostFile(path));
+    // A pipe or a device might never end.
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly) ||
+        file.size() > largestAlbum) {
+        return std::nullopt;
+    }
+    SlideLines lines;
+    while (!file.atEnd() && file.error() == QFileDevice::NoError) {
+        lines.take(file.read(mostHeaderBytes));
+    }
+    return file.error() == QFileDevice::NoError ? std::optional(lines.count()) : std::nullopt;
+}
 
 AlbumHeader albumHeader(const QString& path) {
     QFile file(hostFile(path));

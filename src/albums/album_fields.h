@@ -16,6 +16,10 @@ struct AlbumHeader {
 /// The header of an album on disk; empty if it cannot be read.
 AlbumHeader albumHeader(const QString& path);
 
+/// How many slides an album on disk has, a line for each; whether their files are there is not
+/// asked. Nothing if it cannot be read, or is too large for an album. Safe on any thread.
+std::optional<qint64> albumSlides(const QString& path);
+
 /// Nothing if the file cannot be read to its end, or is too large for an album.
 std::optional<QByteArray> albumBytes(const QString& path);
 

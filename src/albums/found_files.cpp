@@ -60,13 +60,16 @@ bool FoundFile::isGif() const {
     return extension(entry) == QLatin1String("GIF");
 }
 
+FoundFile foundFileIn(const QString& folder, const QString& entry) {
+    return {entry, pathIn(folder, entry)};
+}
+
 FoundFiles::FoundFiles(const FoundControls& found, const ImageList& imlTHUMBNAILS,
                        Thumbnails& thumbnails)
     : found_(found), imlTHUMBNAILS_(imlTHUMBNAILS), thumbnails_(thumbnails) {}
 
 FoundFile FoundFiles::file(int index) const {
-    const QString entry = found_.flbFOUND->List(index);
-    return {entry, pathIn(found_.flbFOUND->Path(), entry)};
+    return foundFileIn(found_.flbFOUND->Path(), found_.flbFOUND->List(index));
 }
 
 QList<FoundFile> FoundFiles::selected() const {

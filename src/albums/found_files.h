@@ -19,6 +19,9 @@ struct FoundFile {
 /// files that are there, and of a folder those in it that match `pattern` (`FileList`), by name.
 QList<FoundFile> picturesOf(const QStringList& paths, const QString& pattern);
 
+/// The file of that name in a folder.
+FoundFile foundFileIn(const QString& folder, const QString& entry);
+
 /// The folder on show, as the files that may become slides. Row i of lvwFOUND is entry i - 1 of
 /// flbFOUND.
 class FoundFiles {

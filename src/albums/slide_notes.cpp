@@ -1,0 +1,67 @@
+#include "albums/slide_notes.h"
+
+#include "albums/slide_store.h"
+#include "browse/picture_facts.h"
+
+namespace velorama {
+namespace {
+
+FileState stateOf(const PictureFacts& facts) {
+    if (!facts.isThere) {
+        return FileState::NotFound;
+    }
+    return facts.pixels.isEmpty() ? FileState::Unreadable : FileState::Readable;
+}
+
+}  // namespace
+
+SlideNotes::SlideNotes(const SlideControls& controls, Thumbnails& thumbnails)
+    : c_(controls), thumbnails_(thumbnails) {
+    controls.lvwSLIDEBAR->setNotes(this);
+}
+
+ItemMark SlideNotes::mark(const QString& key) {
+    switch (thumbnails_.slideFile(key)) {
+        case FileState::NotFound:
+            return {QStringLiteral("picture-missing"), fileNotFound, ItemMark::Place::Middle};
+        case FileState::Unreadable:
+            return {QStringLiteral("picture-broken"), cannotBeRead, ItemMark::Place::Middle};
+        case FileState::Unknown:
+            thumbnails_.learn(key, FileState::Sought);
+            look(key);
+            return {};
+        default:
+            return {};
+    }
+}
+
+QStringList SlideNotes::tip(const QString& key) {
+    const ListItem* slide = c_.lvwSLIDEBAR->item(key);
+    const bool isRenamed = slide != nullptr && slide->Text() != slideText(key);
+    QStringList lines = isRenamed ? QStringList(slide->Text()) : QStringList();
+    lines += key;
+    const ItemMark lack = mark(key);
+    if (!lack.isNull()) {
+        lines += lack.text;
+    }
+    return lines;
+}
+
+void SlideNotes::look(const QString& key) {
+    looks_.ask([this, key]() -> SlowLooks::Answer {
+        const FileState seen = stateOf(pictureFacts(key));
+        return [this, key, seen] { learn(key, seen); };
+    });
+}
+
+/// A head that can be read does not make up for a picture that could not.
+void SlideNotes::learn(const QString& path, FileState seen) {
+    const FileState known = thumbnails_.slideFile(path);
+    const bool isWorse = known == FileState::Unreadable && seen == FileState::Readable;
+    if (seen != known && !isWorse) {
+        thumbnails_.learn(path, seen);
+        emit Changed();
+    }
+}
+
+}  // namespace velorama
