@@ -1,6 +1,9 @@
 #pragma once
 
 #include "albums/album_file.h"
+#include "albums/album_notes.h"
+#include "albums/found_notes.h"
+#include "albums/slide_notes.h"
 #include "browse/found_list.h"
 #include "browse/preview.h"
 #include "browse/wallpaper.h"
@@ -59,6 +62,9 @@ private:
     SlideBar& slideBar_;
     const WallpaperBoxes boxes_;
     QPointer<frmPICTUREPREVIEW> previewForm_;
+    FoundNotes foundNotes_;
+    SlideNotes slideNotes_;
+    AlbumNotes albumNotes_;
     const TouchedPicture touched_;
     Preview preview_;
     Wallpaper wallpaper_;

@@ -262,7 +262,8 @@ TEST_F(StartTest, TheStoredFolderIsListedWithTheWindowUp) {
     ASSERT_EQ(foundControls().lvwFOUND->Count(), 2);
     EXPECT_TRUE(foundControls().lvwFOUND->item(1)->Selected());
     EXPECT_TRUE(commands().add.isEnabled());
-    EXPECT_EQ(pages().pictures->lblFOUNDCOUNT->Caption(), QStringLiteral("2 pictures"));
+    EXPECT_EQ(pages().pictures->lblFOUNDCOUNT->Caption(),
+              QStringLiteral("2 pictures, 1 other not shown"));
 }
 
 TEST_F(StartTest, TheFolderTreeIsSilentWhileTheWindowLoads) {

@@ -1,5 +1,6 @@
 #include "ui/pages/pictures_page.h"
 
+#include "browse/found_counts.h"
 #include "controls/buttons/control_making.h"
 #include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
@@ -33,6 +34,7 @@ PicturesPage::PicturesPage(QWidget& surface, Commands& commands)
     placeDesign(*lblFOUNDCOUNT, 3705, 2950, 3600, 330);
     makeButtons(commands);
     connectSplitter();
+    connect(found.lvwFOUND, &ListView::SelectionChanged, this, &PicturesPage::showCount);
 }
 
 void PicturesPage::makeButtons(Commands& commands) {
@@ -140,9 +142,11 @@ void PicturesPage::tint() {
 }
 
 void PicturesPage::showCount() {
-    const int count = found.flbFOUND->ListCount();
-    const QString noun = count == 1 ? QStringLiteral(" picture") : QStringLiteral(" pictures");
-    lblFOUNDCOUNT->setCaption(count == 0 ? QString() : decimalText(count) + noun);
+    const QString nothing = nothingFound(found.flbFOUND->OtherCount());
+    const bool isEmpty = found.flbFOUND->ListCount() == 0;
+    found.lvwFOUND->setEmptyText(nothing);
+    found.lvwFOUND->setAccessibleDescription(isEmpty ? nothing : QString());
+    lblFOUNDCOUNT->setCaption(foundCount(found));
 }
 
 }  // namespace velorama

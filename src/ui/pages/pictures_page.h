@@ -35,7 +35,7 @@ public:
     void placeBySplitter(float surfaceWidth, float right);
     /// The splitter moves by `step`, or not at all where that is too far left.
     void moveSplitter(float step);
-    /// Tells how many pictures the folder on show has.
+    /// Tells how many pictures the folder on show has, and how many are selected or left out.
     void showCount();
 
     const FoundControls found{*this};
