@@ -103,6 +103,7 @@ void AlbumFile::joinAlbumList(const QString& path) {
 }
 
 void AlbumFile::takeTurn(const std::function<void()>& command) {
+    slides_.history().forgetWaiting();
     turn_.runLast([this, command] {
         // A window that is closed has saved all that lasts: its album is no other one any more.
         if (!stopped_) {

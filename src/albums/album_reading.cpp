@@ -24,7 +24,8 @@ QString AlbumFile::DocumentOpenText(const QString& Path) {
     if (gFileFoldr->FileExists(Path)) {
         const QPointer<AlbumFile> self = this;
         std::optional<QByteArray> bytes = albumBytes(Path);
-        open_.isRead = bytes.has_value();
+        const bool isReadable = bytes.has_value();
+        open_.isRead = isReadable;
         AlbumFields fields(std::move(bytes).value_or(QByteArray()));
         const AlbumHeader header = fields.readHeader();
         open_.note = header.note;
@@ -33,6 +34,9 @@ QString AlbumFile::DocumentOpenText(const QString& Path) {
             setScreenPointer(ScreenPointer::Default);
             return last;
         }
+        // Undo may bring back the part of an album whose read was left, and what its file holds
+        // besides is not in the list. Left at its last slide, it may lack that one.
+        open_.isRead = isReadable && fields.EndOfFile() && !isLeft();
         thumbnails_.expectSlides({});
         // Without a file to read the bar stays in sight.
         c_.prgBARSLIDES->setVisible(false);

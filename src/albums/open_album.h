@@ -13,7 +13,8 @@ struct OpenAlbum {
     QString caption{};
     /// What the settings have for the next start, which an album of the command line leaves alone.
     QString remembered{};
-    /// The list was read from the album's file, and is not empty because that could not be read.
+    /// The list was read from the album's file, to its end: it is not empty, nor a part, because
+    /// that could not be read or was left.
     bool isRead = true;
 
     bool operator==(const OpenAlbum&) const = default;

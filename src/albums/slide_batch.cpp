@@ -23,6 +23,7 @@ void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::fu
 }
 
 void SlideList::Add() {
+    history_.forgetWaiting();
     const QList<FoundFile> files = add_.turn.isRunning() ? files_.selected() : QList<FoundFile>();
     press(
         add_, files, [this] { runAdd([this] { addSelected(); }); },
@@ -75,6 +76,7 @@ void SlideList::insertAll(const QList<FoundFile>& files) {
 }
 
 void SlideList::AddAll() {
+    history_.forgetWaiting();
     const QList<FoundFile> files =
         addAll_.turn.isRunning() ? files_.backwards() : QList<FoundFile>();
     press(

@@ -9,6 +9,7 @@
 namespace velorama {
 
 void SlideList::MoveSelectedTo(int gap) {
+    history_.forgetWaiting();
     const SlideHistory::Recording step(history_);
     store_.settle();
     QStringList slides;
@@ -30,6 +31,7 @@ void SlideList::MoveSelectedTo(int gap) {
 }
 
 void SlideList::AddAt(int gap) {
+    history_.forgetWaiting();
     const QList<FoundFile> files = files_.selected();
     const QString before = slideBehind(gap);
     const auto selected = [this] { addSelected(); };
@@ -40,6 +42,7 @@ void SlideList::AddAt(int gap) {
 }
 
 void SlideList::AddFiles(const QStringList& paths, int gap) {
+    history_.forgetWaiting();
     drop_.run([this, paths, before = slideBehind(gap)] {
         const QPointer<SlideList> self = this;
         const auto left = [self] { return !self || self->stopped_; };

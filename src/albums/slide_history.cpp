@@ -194,13 +194,20 @@ void SlideHistory::turn(Steps& from, Steps& to) {
         return;
     }
     emit Leaving();
+    // A text that was being typed is taken when the list goes out of sight: a step of its own.
+    forgetIfForeign();
+    emit Arrived(!from.empty() && goStep(from, to));
+}
+
+/// True if another album is open now.
+bool SlideHistory::goStep(Steps& from, Steps& to) {
     Step step = std::move(from.back());
     from.pop_back();
     const bool album = step.album.has_value();
     to.push_back(carryOut(step));
     known_ = c_.lvwSLIDEBAR->changes();
     offer();
-    emit Arrived(album);
+    return album;
 }
 
 /// The step back.

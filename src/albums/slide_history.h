@@ -54,6 +54,9 @@ public:
     void undo();
     /// Does nothing while something is being recorded.
     void redo();
+    /// Another command has been pressed: an undo that waits would take that one back, and does not
+    /// follow.
+    void forgetWaiting() { undoWaits_ = false; }
     /// The window is closing: what waits does not follow.
     void stop() { stopped_ = true; }
 
@@ -100,6 +103,7 @@ private:
     void followUp();
     void offer() const;
     void turn(Steps& from, Steps& to);
+    bool goStep(Steps& from, Steps& to);
     Step carryOut(Step& step);
     SlideChange carryOut(const SlideChange& change);
     int imageOf(const QString& picture);

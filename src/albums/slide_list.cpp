@@ -40,6 +40,7 @@ void SlideList::stop() {
 }
 
 void SlideList::Clear() {
+    history_.forgetWaiting();
     const SlideHistory::Recording step(history_);
     store_.settle();
     hideSlides();
@@ -70,6 +71,7 @@ bool SlideList::removeSelected() {
 }
 
 void SlideList::ClearAll() {
+    history_.forgetWaiting();
     const SlideHistory::Recording step(history_);
     empty();
 }
@@ -87,11 +89,13 @@ void SlideList::empty() {
 }
 
 void SlideList::MoveBack() {
+    history_.forgetWaiting();
     const SlideHistory::Recording step(history_);
     move(-1);
 }
 
 void SlideList::MoveForward() {
+    history_.forgetWaiting();
     const SlideHistory::Recording step(history_);
     move(1);
 }

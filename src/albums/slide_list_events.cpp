@@ -13,7 +13,10 @@ void SlideList::connectEvents() {
     connect(list, &ListView::CurrentMoved, this, &SlideList::SelectChk);
     connect(list, &ListView::MouseUp, this,
             [this](int button, int, float x, float y) { lvwSLIDEBAR_MouseUp(button, x, y); });
-    connect(list, &ListView::BeforeLabelChange, &history_, &SlideHistory::begin);
+    connect(list, &ListView::BeforeLabelChange, this, [this] {
+        history_.forgetWaiting();
+        history_.begin();
+    });
     connect(list, &ListView::AfterLabelEdit, this, [this](const QString& text) {
         lvwSLIDEBAR_AfterLabelEdit(text);
         history_.end();
