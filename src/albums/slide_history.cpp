@@ -29,6 +29,8 @@ SlideHistory::SlideHistory(const SlideControls& controls, Commands& commands,
     : c_(controls), commands_(commands), thumbnails_(thumbnails) {
     connect(&commands.undo, &Command::triggered, this, &SlideHistory::undo);
     connect(&commands.redo, &Command::triggered, this, &SlideHistory::redo);
+    // A show plays the list that it began with.
+    connect(&commands.start, &Command::triggered, this, &SlideHistory::forgetWaiting);
 }
 
 void SlideHistory::begin() {

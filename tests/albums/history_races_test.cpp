@@ -133,6 +133,17 @@ TEST_F(HistoryRaces, AWaitingUndoLeavesNoLaterCommandUndone) {
     }
 }
 
+// The list of a show stays as it was when the show began.
+TEST_F(HistoryRaces, AWaitingUndoDoesNotFollowIntoAShow) {
+    const int steps = history().steps();
+    addWithUndoWaiting(QStringLiteral("d.jpg"));
+    ASSERT_TRUE(commands.start.isEnabled());
+    commands.start.trigger();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(keys().size(), p.size() + 1);
+    EXPECT_EQ(history().steps(), steps + 1);
+}
+
 TEST_F(HistoryRaces, ATextTypedWhenRedoIsPressedIsTheLastStep) {
     list->MoveForward();
     undo();
