@@ -65,6 +65,7 @@ TEST_F(HistoryRaces, APartOfAnAlbumThatIsNamedInSaveAsIsItsList) {
     file->mnuFILESAVEAS_Click();
     const QStringList part = keys();
     asked.clear();
+    modify();
     commands.save.trigger();
     EXPECT_TRUE(asked.empty());
     EXPECT_TRUE(bytes(other).contains(part[0].toUtf8()));
