@@ -66,8 +66,10 @@ std::optional<qint64> albumSlides(const QString& path) {
         return std::nullopt;
     }
     SlideLines lines;
-    while (!file.atEnd() && file.error() == QFileDevice::NoError) {
-        lines.take(file.read(mostHeaderBytes));
+    // Until nothing comes: some files tell more bytes than they give.
+    for (QByteArray part = file.read(mostHeaderBytes); !part.isEmpty();
+         part = file.read(mostHeaderBytes)) {
+        lines.take(part);
     }
     return file.error() == QFileDevice::NoError ? std::optional(lines.count()) : std::nullopt;
 }

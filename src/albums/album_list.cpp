@@ -76,6 +76,8 @@ bool AlbumList::AlbumKnown(const QString& Path) const {
 void AlbumList::AlbumListAdd(const QString& Path) {
     if (!AlbumKnown(Path)) {
         addAlbum(Path);
+    } else {
+        emit JoinedAgain();
     }
 }
 

@@ -37,6 +37,8 @@ public:
 signals:
     /// The user wants the selected album opened; its path is empty if none is selected.
     void OpenAsked(const QString& path);
+    /// An album that is known already was opened or written; its file may have been missing.
+    void JoinedAgain();
 
 private:
     ReportItem* addAlbum(const QString& path);

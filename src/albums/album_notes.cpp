@@ -35,7 +35,6 @@ bool AlbumNotes::eventFilter(QObject* list, QEvent* event) {
     return ItemNotes::eventFilter(list, event);
 }
 
-/// Once for all that join in one go.
 void AlbumNotes::lookSoon() {
     if (!isDue_) {
         isDue_ = true;
@@ -43,16 +42,25 @@ void AlbumNotes::lookSoon() {
     }
 }
 
+/// One look for all: albums on a place that does not answer must not take every thread.
 void AlbumNotes::lookAtAll() {
     isDue_ = false;
+    QStringList albums;
     for (int i = 1; c_.lvwALBUMS->isVisible() && i <= c_.lvwALBUMS->Count(); ++i) {
-        lookWhetherThere(c_.lvwALBUMS->item(i)->Key());
+        albums.append(c_.lvwALBUMS->item(i)->Key());
     }
-}
-
-void AlbumNotes::lookWhetherThere(const QString& path) {
-    looks_.ask([this, path]() -> SlowLooks::Answer {
-        return [this, path, found = isThere(path)] { learn(path, found); };
+    looks_.ask([this, albums]() -> SlowLooks::Answer {
+        QSet<QString> missing;
+        for (const QString& album : albums) {
+            if (!isThere(album)) {
+                missing.insert(album);
+            }
+        }
+        return [this, albums, missing] {
+            for (const QString& album : albums) {
+                learn(album, !missing.contains(album));
+            }
+        };
     });
 }
 

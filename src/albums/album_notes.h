@@ -22,13 +22,13 @@ public:
     ItemMark mark(const QString& key) override;
     QStringList tip(const QString& key) override;
     void look(const QString& key) override;
+    /// At all albums, once for what is asked in one go.
+    void lookSoon();
 
     bool eventFilter(QObject* list, QEvent* event) override;
 
 private:
-    void lookSoon();
     void lookAtAll();
-    void lookWhetherThere(const QString& path);
     void learn(const QString& path, bool isThere);
 
     const AlbumControls& c_;

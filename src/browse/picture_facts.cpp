@@ -26,7 +26,9 @@ QStringList factLines(const PictureFacts& facts) {
                              : decimalText(facts.pixels.width()) + u" \u00D7 " +
                                    decimalText(facts.pixels.height()) + u" pixels";
     const QLocale locale;
-    const QString bytes = locale.formattedDataSize(facts.bytes, 1, QLocale::DataSizeSIFormat);
+    const QString bytes = facts.bytes == 1
+                              ? QStringLiteral("1 byte")
+                              : locale.formattedDataSize(facts.bytes, 1, QLocale::DataSizeSIFormat);
     return {size + u", " + bytes, locale.toString(facts.changed, QLocale::ShortFormat)};
 }
 

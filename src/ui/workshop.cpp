@@ -64,6 +64,7 @@ void Workshop::enablePictureCommands() {
 
 void Workshop::connectSlides() {
     connect(&slideBar_, &SlideBar::Pressed, &slides, &SlideList::SelectChk);
+    connect(&albums, &AlbumList::JoinedAgain, &albumNotes_, &AlbumNotes::lookSoon);
     connect(pages_.pictures, &PicturesPage::KeyDown, &slides, &SlideList::ListKeysCheck);
 }
 

@@ -48,6 +48,8 @@ protected:
     bool describes(const QString& name, const QStringList& wanted) const {
         return waitFor([&] { return tree.descriptions(name) == wanted; });
     }
+    /// The name is there, and nothing is told of it.
+    bool isPlain(const QString& name) const { return tells(name) && describes(name, {}); }
     /// The tooltip of a place in the window; 0 if none comes.
     WindowId tip(const QPoint& place) const {
         session.moveMouse(page->window(), place - QPoint(3, 3));
@@ -79,13 +81,13 @@ TEST_F(Marks, CountLineAndTicksFollowTheHand) {
     session.key(QStringLiteral("shift+Right"));
     session.key(QStringLiteral("shift+Right"));
     EXPECT_TRUE(tells(QStringLiteral("3 of 5 selected, 1 other not shown")));
-    EXPECT_EQ(tree.descriptions(QStringLiteral("a.jpg")), QStringList());
+    EXPECT_TRUE(isPlain(QStringLiteral("a.jpg")));
     session.key(QStringLiteral("Insert"));
     EXPECT_TRUE(describes(QStringLiteral("a.jpg"), {QStringLiteral("in the show")}));
     EXPECT_TRUE(describes(QStringLiteral("b.jpg"), {QStringLiteral("in the show")}));
-    EXPECT_TRUE(describes(QStringLiteral("e.jpg"), {}));
+    EXPECT_TRUE(isPlain(QStringLiteral("e.jpg")));
     page->press(RemoveAll);
-    EXPECT_TRUE(describes(QStringLiteral("a.jpg"), {}));
+    EXPECT_TRUE(isPlain(QStringLiteral("a.jpg")));
     EXPECT_EQ(page->close(), 0);
 }
 
@@ -113,7 +115,7 @@ TEST_F(Marks, SlidesWhoseFilesAreGoneOrBrokenSaySo) {
     page.emplace(session, session.start({album}, tree.environment()));
     ASSERT_NE(page->window(), 0U);
     EXPECT_TRUE(describes(QStringLiteral("broken.jpg"), {QStringLiteral("cannot be read")}));
-    EXPECT_TRUE(describes(QStringLiteral("gone.jpg"), {}));
+    EXPECT_TRUE(isPlain(QStringLiteral("gone.jpg")));
     ASSERT_TRUE(QFile::remove(folder + QStringLiteral("/gone.jpg")));
     const QPoint third = page->firstSlide() + QPoint(2 * cellWidth, 0);
     EXPECT_NE(tip(third), 0U);
@@ -128,12 +130,12 @@ TEST_F(Marks, AnAlbumThatGoesWhileTheProgramRunsIsTold) {
     page.emplace(session, session.start({}, tree.environment()));
     ASSERT_NE(page->window(), 0U);
     ASSERT_TRUE(page->turnTo(SlideshowsPage));
-    EXPECT_TRUE(describes(QStringLiteral("gone.vlr"), {}));
+    EXPECT_TRUE(isPlain(QStringLiteral("gone.vlr")));
     ASSERT_TRUE(page->turnTo(FoldersPage));
     QFile::remove(gone);
     ASSERT_TRUE(page->turnTo(SlideshowsPage));
     EXPECT_TRUE(describes(QStringLiteral("gone.vlr"), {QStringLiteral("file not found")}));
-    EXPECT_TRUE(describes(QStringLiteral("there.vlr"), {}));
+    EXPECT_TRUE(isPlain(QStringLiteral("there.vlr")));
     EXPECT_EQ(page->close(), 0);
 }
 

@@ -1,5 +1,7 @@
 #include "ui/window_world.h"
 
+#include <QScrollArea>
+
 namespace velorama {
 namespace {
 
@@ -130,6 +132,23 @@ TEST_F(PagesTest, ThePageIsWrittenAtTheEndWhicheverItIs) {
     }
     start();
     EXPECT_EQ(shown(), 1);
+}
+
+TEST_F(PagesTest, TheKeyboardBringsAFieldIntoSight) {
+    start(album(1));
+    window->resize(500, 400);
+    window->activateWindow();
+    pages().tabPAGES->press(4);
+    QWidget* button = pages().webAlbum->cbtnWEBALBUM;
+    button->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button, Qt::Key_Tab, Qt::ShiftModifier);
+    QWidget* field = QApplication::focusWidget();
+    ASSERT_NE(field, nullptr);
+    const auto* area = pages().webAlbum->findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    ASSERT_TRUE(area->widget()->isAncestorOf(field));
+    EXPECT_FALSE(field->visibleRegion().isEmpty());
+    EXPECT_EQ(field->visibleRegion().boundingRect(), field->rect());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "ui/parts/scrolled_content.h"
 
+#include <QApplication>
 #include <QStyle>
 
 namespace velorama {
@@ -24,6 +25,17 @@ ScrolledContent::ScrolledContent(QWidget* page) : QScrollArea(page) {
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { follow(now); });
+}
+
+// The base does so only for steps of the Tab key that begin inside. What the mouse is pressing must
+// not move from under it.
+void ScrolledContent::follow(QWidget* focused) {
+    const bool isPressed = QGuiApplication::mouseButtons() != Qt::NoButton;
+    if (focused != nullptr && widget()->isAncestorOf(focused) && !isPressed) {
+        ensureWidgetVisible(focused);
+    }
 }
 
 void ScrolledContent::arrange(std::initializer_list<QBoxLayout*> boxes) {

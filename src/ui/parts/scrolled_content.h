@@ -19,6 +19,7 @@ public:
     void arrange(std::initializer_list<QBoxLayout*> boxes);
 
 private:
+    void follow(QWidget* focused);
     void arrangeIn(int width, std::initializer_list<QBoxLayout*> boxes);
 };
 

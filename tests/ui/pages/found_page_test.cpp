@@ -50,6 +50,9 @@ TEST_F(FoundPage, AFolderOfOtherPicturesSaysSo) {
 TEST_F(FoundPage, WhatIsInTheShowIsMarked) {
     open({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
     EXPECT_EQ(found().accessibleDescription(), QString());
+    // Adding gives the list the keyboard, and its selection another colour.
+    window->activateWindow();
+    found().setFocus();
     const QImage before = found().grab().toImage();
     EXPECT_EQ(description(1), QString());
     commands().add.trigger();
@@ -77,6 +80,21 @@ TEST_F(FoundPage, SlidesAndAlbumsHaveTheirMarks) {
         return albums.model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString() ==
                QStringLiteral("file not found");
     }));
+}
+
+TEST_F(FoundPage, AnAlbumWrittenWhereItWasMissingIsGreyNoLonger) {
+    open({});
+    const QString album = test::temporaryFolder() + QStringLiteral("/a.vlr");
+    ReportView& albums = *albumControls().lvwALBUMS;
+    pages().tabPAGES->press(1);
+    albums.Add(album, QStringLiteral("a.vlr"));
+    const auto told = [&albums] {
+        return albums.model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString();
+    };
+    EXPECT_TRUE(test::comesTrue([&] { return told() == QStringLiteral("file not found"); }));
+    chosen = album;
+    commands().saveAs.trigger();
+    EXPECT_TRUE(test::comesTrue([&] { return told().isEmpty(); }));
 }
 
 }  // namespace
