@@ -26,6 +26,8 @@ public:
     bool isPublishing() const { return publishing_; }
     void withdraw();
     void publish();
+    /// The selection and the current item of a list that is published.
+    void publishSelection();
     /// Published next, the list begins at its first item.
     void forgetScroll() { scroll_ = {}; }
     /// Withdraws for good, without a word.
@@ -40,7 +42,6 @@ public:
 private:
     void setPublished(bool published);
     void publishIfVisible();
-    void publishSelection();
 
     ListView& list_;
     QPoint scroll_;

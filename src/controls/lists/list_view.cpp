@@ -117,6 +117,22 @@ void ListView::clearSelection() {
     selectionModel()->clearSelection();
 }
 
+void ListView::select(const std::vector<int>& places, int current) {
+    for (int index = 1; index <= Count(); ++index) {
+        items_.select(*item(index), false);
+    }
+    for (const int place : places) {
+        if (ListItem* const chosen = item(place)) {
+            items_.select(*chosen, true);
+        }
+    }
+    // First, so that the list scrolls to it: with the selection it would stay where it is.
+    setSelectedItem(current);
+    if (model_->isPublished()) {
+        model_->publishSelection();
+    }
+}
+
 void ListView::setIcons(ImageList* icons) {
     if (icons_ != nullptr) {
         icons_->disconnect(this);

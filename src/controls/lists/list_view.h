@@ -8,6 +8,8 @@
 #include <QListView>
 #include <QPointer>
 
+#include <vector>
+
 namespace velorama {
 
 class ListDelegate;
@@ -65,6 +67,10 @@ public:
     /// Makes an item current without selecting it. Outside 1 to Count: nothing.
     void setSelectedItem(int index);
     void clearSelection();
+    /// Selects the items at `places`, from 1, and no others, and makes `current` the current one as
+    /// setSelectedItem does. However many they are, the change is told once. Places outside the
+    /// list are passed over.
+    void select(const std::vector<int>& places, int current);
     /// How many items are selected.
     int SelectedCount() const { return items_.selectedCount(); }
 

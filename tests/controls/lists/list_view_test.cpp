@@ -183,6 +183,38 @@ TEST_F(List, SelectingMakesCurrentButNotTheOtherWayRound) {
 }
 
 // Each batch is compared with the model that Qt works on once it is to be seen.
+TEST_F(List, ThousandsAreSelectedInOneGo) {
+    fill(20000);
+    show();
+    list.item(7)->setSelected(true);
+    std::vector<int> places = {0, 20001};
+    for (int place = 20000; place > 100; --place) {
+        places.push_back(place);
+    }
+    const QSignalSpy told(list.selectionModel(), &QItemSelectionModel::selectionChanged);
+    list.select(places, 15000);
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_EQ(list.SelectedCount(), 19900);
+    EXPECT_EQ(list.selectionModel()->selectedRows().size(), 19900);
+    EXPECT_FALSE(list.item(7)->Selected());
+    EXPECT_EQ(current(), 15000);
+    EXPECT_EQ(list.currentIndex().row(), 14999);
+    EXPECT_TRUE(list.viewport()->rect().contains(cell(15000)));
+    list.select({}, 0);
+    EXPECT_EQ(list.SelectedCount(), 0);
+    EXPECT_FALSE(list.selectionModel()->hasSelection());
+    EXPECT_EQ(current(), 15000);
+}
+
+TEST_F(List, WhatIsSelectedWithoutTheViewComesWithIt) {
+    fill(5);
+    list.select({2, 4}, 3);
+    EXPECT_EQ(selected(), QStringLiteral("2 4"));
+    show();
+    EXPECT_EQ(list.selectionModel()->selectedRows().size(), 2);
+    EXPECT_EQ(list.currentIndex().row(), 2);
+}
+
 TEST_F(List, TheModelStandsUpToTheTester) {
     const QAbstractItemModelTester tester(list.model(), Mode::Fatal);
     show();
