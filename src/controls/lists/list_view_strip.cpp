@@ -39,8 +39,12 @@ QModelIndex ListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     return model_->index(std::clamp(currentIndex().row() + step * page, 0, Count() - 1));
 }
 
-// The release that ends a drag goes elsewhere.
+// The release that ends a drag goes elsewhere. A hand that trembles at the right button wants the
+// menu, which comes with the release.
 void ListView::startDrag(Qt::DropActions) {
+    if (!pressed_) {
+        return;
+    }
     pressed_ = false;
     entered_ = false;
     const QPointer<ListView> alive(this);

@@ -91,12 +91,15 @@ protected:
     /// The button is let go. A display of the tests ends a drag before it has begun, so what hung
     /// on the pointer was made by hand.
     static void end(ListView& list) {
-        const QPoint from = cell(list, 2).center() - QPoint(0, 10);
-        QTest::mousePress(list.viewport(), Qt::LeftButton, {}, from);
+        press(list, cell(list, 2).center() - QPoint(0, 10), Qt::LeftButton);
+    }
+    /// Pressed, the pointer moves far enough for a drag.
+    static void press(ListView& list, const QPoint& from, Qt::MouseButton button) {
+        QTest::mousePress(list.viewport(), button, {}, from);
         for (const int way : {8, 40}) {
             const QPoint place = from + QPoint(way, 0);
             QMouseEvent move(QEvent::MouseMove, place, list.viewport()->mapToGlobal(place),
-                             Qt::NoButton, Qt::LeftButton, {});
+                             Qt::NoButton, button, {});
             QCoreApplication::sendEvent(list.viewport(), &move);
         }
     }
@@ -236,6 +239,24 @@ TEST_F(ListDragTest, OwnItemsAreMovedAndToldWhenTheDragIsOver) {
     EXPECT_EQ(told[0].gap, 4);
     EXPECT_EQ(current(strip), 2);
     EXPECT_TRUE(strip.item(2)->Selected());
+}
+
+TEST_F(ListDragTest, TheLeftButtonAloneDrags) {
+    const QPoint from = cell(grid, 2).center() - QPoint(0, 10);
+    for (const auto& [button, number] :
+         {std::pair(Qt::RightButton, 2), std::pair(Qt::MiddleButton, 4)}) {
+        QSignalSpy drags(&grid, &ListView::DragOff);
+        QSignalSpy ups(&grid, &ListView::MouseUp);
+        gridDrag.offer();
+        press(grid, from, button);
+        QTest::mouseRelease(grid.viewport(), button, {}, from + QPoint(40, 0));
+        EXPECT_EQ(drags.size(), 0) << number;
+        ASSERT_EQ(ups.size(), 1);
+        EXPECT_EQ(ups[0][0].toInt(), number);
+    }
+    QSignalSpy drags(&grid, &ListView::DragOff);
+    press(grid, from, Qt::LeftButton);
+    EXPECT_EQ(drags.size(), 1);
 }
 
 TEST_F(ListDragTest, AnotherListsItemsAreTakenWhereTheyAreWanted) {
