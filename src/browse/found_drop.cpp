@@ -12,17 +12,11 @@
 #include <algorithm>
 
 namespace velorama {
-namespace {
-
-struct Wish {
-    QString folder;
-    QStringList names;
-};
 
 /// The folder of the first that counts, and what else lies in that one.
-Wish wishOf(const QStringList& paths, const QString& pattern) {
+FoundWish FoundList::lookAt(const QStringList& paths, const QString& pattern) {
     const QStringList wildcards = pattern.split(QLatin1Char(';'));
-    Wish wish;
+    FoundWish wish;
     for (const QString& path : paths) {
         const QFileInfo there(QDir::cleanPath(path));
         if (there.isRelative()) {
@@ -40,21 +34,26 @@ Wish wishOf(const QStringList& paths, const QString& pattern) {
     return wish;
 }
 
-}  // namespace
+bool FoundList::isCurrent(int wish) const {
+    return !stopped_ && wish == wishes_;
+}
 
 void FoundList::showDropped(const QStringList& paths) {
-    drop_.runLast([this, paths] {
+    drop_.runLast([this, paths, number = ++wishes_] {
         const QPointer<FoundList> self = this;
-        const auto left = [self] { return !self || self->stopped_; };
-        const auto look = [paths, pattern = c_.flbFOUND->Pattern()] {
-            return wishOf(paths, pattern);
+        const auto left = [self, number] { return !self || !self->isCurrent(number); };
+        const auto look = [paths, look = look_, pattern = c_.flbFOUND->Pattern()] {
+            return look(paths, pattern);
         };
         const auto wish = awaitWork(look, left);
         if (!left() && wish && !wish->folder.isEmpty() && !FormLoading) {
             // Another drop need not wait for the end of the listing.
-            QMetaObject::invokeMethod(
-                this, [this, found = *wish] { fulfil(found.folder, found.names); },
-                Qt::QueuedConnection);
+            const auto fulfilled = [this, number, found = *wish] {
+                if (isCurrent(number)) {
+                    fulfil(found.folder, found.names);
+                }
+            };
+            QMetaObject::invokeMethod(this, fulfilled, Qt::QueuedConnection);
         }
     });
 }
@@ -85,17 +84,14 @@ bool FoundList::lists(const QStringList& names) const {
 
 void FoundList::select(const QStringList& names) {
     const QSet<QString> wanted(names.begin(), names.end());
-    ListItem* first = nullptr;
-    c_.lvwFOUND->clearSelection();
-    for (int i = c_.lvwFOUND->Count(); i >= 1; --i) {
-        ListItem* row = c_.lvwFOUND->item(i);
-        if (wanted.contains(row->Text())) {
-            row->setSelected(true);
-            first = row;
+    std::vector<int> places;
+    for (int i = 1; i <= c_.lvwFOUND->Count(); ++i) {
+        if (wanted.contains(c_.lvwFOUND->item(i)->Text())) {
+            places.push_back(i);
         }
     }
-    if (first != nullptr) {
-        c_.lvwFOUND->setSelectedItem(first->Index());
+    c_.lvwFOUND->select(places, places.empty() ? 0 : places.front());
+    if (!places.empty()) {
         c_.lvwFOUND->setFocus();
         lvwFOUND_Click();
     }

@@ -86,6 +86,7 @@ void FoundList::ftvFOLDER_NodeChange(QString path) {  // NOLINT(performance-unne
         return;
     }
     chosen_ = path;
+    ++wishes_;
     if (depth_ >= deepest) {
         postponed_ = path;
         return;

@@ -8,9 +8,18 @@
 
 #include <QObject>
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace velorama {
+
+/// What of dropped paths is to be shown: a folder, and pictures in it to be selected. No folder,
+/// nothing.
+struct FoundWish {
+    QString folder;
+    QStringList names;
+};
 
 /// The pictures of the folder chosen in ftvFOLDER, as thumbnails in lvwFOUND. Row i of the list is
 /// entry i - 1 of flbFOUND.
@@ -26,8 +35,12 @@ public:
     void lvwFOUND_Click();
     /// Shows the folder of the first that is a folder or a picture, and selects the pictures among
     /// `paths` that lie in it, in the place of what was selected. Where none is either, nothing
-    /// happens. They are looked for on another thread; the folder is listed from the event loop.
+    /// happens. They are looked for on another thread; the folder is listed from the event loop. As
+    /// soon as more is dropped, or a folder chosen, nobody waits for them any more.
     void showDropped(const QStringList& paths);
+    /// How dropped paths are looked at from here on, on that thread; `pattern` is a FileList's.
+    using Look = std::function<FoundWish(const QStringList& paths, const QString& pattern)>;
+    void setLook(Look look) { look_ = std::move(look); }
     /// Paths of the selected pictures.
     QStringList selectedFiles() const;
     /// The window is closing: listings under way end at their next picture, later ones do not
@@ -62,6 +75,8 @@ private:
     void expectFrom(int row);
     void selectFirst();
     // found_drop.cpp
+    static FoundWish lookAt(const QStringList& paths, const QString& pattern);
+    bool isCurrent(int wish) const;
     void fulfil(const QString& folder, const QStringList& names);
     /// That folder is on show, and its listing is over.
     bool shows(const QString& folder) const;
@@ -78,6 +93,9 @@ private:
     int listings_ = 0;
     QString chosen_;  // the folder of the latest node change
     std::optional<QString> postponed_;
+    /// How often something was dropped or a folder chosen: the last alone counts.
+    int wishes_ = 0;
+    Look look_ = lookAt;
     /// Of files dropped while others are looked for, the last alone count.
     CommandTurn drop_;
 };

@@ -3,6 +3,10 @@
 #include "browse/browse_world.h"
 #include "browse/found_list.h"
 
+#include <QFileInfo>
+#include <QSemaphore>
+#include <QSignalSpy>
+
 namespace velorama {
 namespace {
 
@@ -134,6 +138,66 @@ TEST_F(FoundDropTest, OfDropsAtOnceTheLastCounts) {
     QCoreApplication::processEvents();
     EXPECT_EQ(found.flbFOUND->Path(), folder);
     EXPECT_EQ(selected(), QStringLiteral("c.bmp"));
+}
+
+/// Looks of which those at "/hangs" end when they are let.
+class Disk {
+public:
+    explicit Disk(FoundList& list) {
+        list.setLook([gate = gate_](const QStringList& paths, const QString&) {
+            if (paths.first() == QStringLiteral("/hangs")) {
+                gate->acquire();
+            }
+            const QFileInfo first(paths.first());
+            return FoundWish{first.path(), {first.fileName()}};
+        });
+    }
+    ~Disk() { answer(); }
+    void answer() { gate_->release(); }
+
+private:
+    std::shared_ptr<QSemaphore> gate_ = std::make_shared<QSemaphore>();
+};
+
+TEST_F(FoundDropTest, OneFromADiskThatHangsHoldsNoOtherUp) {
+    Disk disk(*list);
+    bool answered = false;
+    // Only for the end of a test that fails.
+    QTimer::singleShot(10'000, list.get(), [&] {
+        answered = true;
+        disk.answer();
+    });
+    test::atNextYield([&] { list->showDropped({in("c.bmp")}); });
+    list->showDropped({QStringLiteral("/hangs")});
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(answered);
+    EXPECT_EQ(selected(), QStringLiteral("c.bmp"));
+}
+
+TEST_F(FoundDropTest, AFolderChosenSinceStays) {
+    const QString other = folderWith({QStringLiteral("b.bmp")});
+    Disk disk(*list);
+    test::atNextYield([&] {
+        found.ftvFOLDER->setPath(other);
+        disk.answer();
+    });
+    list->showDropped({QStringLiteral("/hangs")});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(found.flbFOUND->Path(), other);
+    // After the look, before the folder is listed.
+    list->showDropped({in("c.bmp")});
+    found.ftvFOLDER->setPath(QStringLiteral("/"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(found.flbFOUND->Path(), QStringLiteral("/"));
+}
+
+TEST_F(FoundDropTest, ThousandsAreSelectedInOneGo) {
+    list->ftvFOLDER_NodeChange(folder);
+    QCoreApplication::processEvents();
+    const QSignalSpy told(found.lvwFOUND, &ListView::SelectionChanged);
+    drop({in("b.bmp"), in("c.bmp"), in("d.bmp")});
+    EXPECT_EQ(selected(), QStringLiteral("b.bmp c.bmp d.bmp"));
+    EXPECT_EQ(told.size(), 1);
 }
 
 TEST_F(FoundDropTest, TheListMayGoMeanwhile) {
