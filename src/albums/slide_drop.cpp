@@ -43,17 +43,16 @@ void SlideList::AddAt(int gap) {
 
 void SlideList::AddFiles(const QStringList& paths, int gap) {
     history_.forgetWaiting();
-    drop_.run([this, paths, before = slideBehind(gap)] {
-        const QPointer<SlideList> self = this;
-        const auto left = [self] { return !self || self->stopped_; };
-        const auto look = [paths, pattern = found_.flbFOUND->Pattern()] {
-            return picturesOf(paths, pattern);
-        };
-        const auto files = awaitWork(look, left);
-        if (!left() && files && !files->isEmpty()) {
-            addDropped(*files, before);
-        }
-    });
+    const QPointer<SlideList> self = this;
+    const QString before = slideBehind(gap);
+    const auto left = [self] { return !self || self->stopped_; };
+    const auto look = [paths, look = look_, pattern = found_.flbFOUND->Pattern()] {
+        return look(paths, pattern);
+    };
+    const auto files = awaitWork(look, left);
+    if (!left() && files && !files->isEmpty()) {
+        addDropped(*files, before);
+    }
 }
 
 void SlideList::addDropped(const QList<FoundFile>& files, const QString& before) {
@@ -77,6 +76,9 @@ void SlideList::insertAt(const QString& before, const QList<FoundFile>& files,
 
 void SlideList::insertDropped(const QList<FoundFile>& files) {
     const QPointer<SlideList> self = this;
+    const int most = c_.lvwSLIDEBAR->Count() + static_cast<int>(files.size());
+    c_.lvwSLIDEBAR->reserve(most);
+    c_.imlTHUMBNAILS->reserve(most);
     c_.prgBARSLIDES->setMax(static_cast<float>(files.size()));
     for (qsizetype i = 0; self && !stopped_ && i < files.size(); ++i) {
         c_.prgBARSLIDES->setValue(static_cast<float>(i));
@@ -157,15 +159,15 @@ bool SlideList::arrange(const QStringList& order) {
 
 /// As by a move: the selection travels with the pictures.
 void SlideList::select(const QStringList& slides, const QString& current) {
-    c_.lvwSLIDEBAR->clearSelection();
+    const auto placeOf = [this](const QString& key) {
+        const ListItem* slide = c_.lvwSLIDEBAR->item(key);
+        return slide ? slide->Index() : 0;
+    };
+    std::vector<int> places;
     for (const QString& key : slides) {
-        if (ListItem* slide = c_.lvwSLIDEBAR->item(key)) {
-            slide->setSelected(true);
-        }
+        places.push_back(placeOf(key));
     }
-    if (const ListItem* slide = c_.lvwSLIDEBAR->item(current)) {
-        c_.lvwSLIDEBAR->setSelectedItem(slide->Index());
-    }
+    c_.lvwSLIDEBAR->select(places, placeOf(current));
 }
 
 }  // namespace velorama

@@ -13,6 +13,7 @@
 #include <QSet>
 
 #include <functional>
+#include <utility>
 
 namespace velorama {
 
@@ -52,8 +53,12 @@ public:
     void AddAt(int gap);
     /// Adds picture files, and those that lie in a folder itself, in their order, as AddAll does,
     /// and brings what is new to the gap. What is missing or no picture is passed over; if there is
-    /// nothing else, nothing happens. They are looked for on another thread while events run.
+    /// nothing else, nothing happens. They are looked for on another thread while events run, and
+    /// what is dropped meanwhile does not wait for them.
     void AddFiles(const QStringList& paths, int gap);
+    /// How dropped paths are looked at from here on, on that thread; `pattern` is a FileList's.
+    using Look = std::function<QList<FoundFile>(const QStringList& paths, const QString& pattern)>;
+    void setLook(Look look) { look_ = std::move(look); }
 
     /// Makes entry `Index` (from 0) of flbFOUND a slide: at the current item, or first in an empty
     /// list.
@@ -149,8 +154,7 @@ private:
 
     Batch add_;
     Batch addAll_;
-    /// Files of other programs: the next are looked for when the ones before are in.
-    CommandTurn drop_;
+    Look look_ = picturesOf;
 };
 
 }  // namespace velorama

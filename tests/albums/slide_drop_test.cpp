@@ -3,7 +3,11 @@
 #include "albums/plain_slide_list.h"
 #include "albums/slide_world.h"
 
+#include <QSemaphore>
+#include <QSignalSpy>
+
 #include <algorithm>
+#include <numeric>
 #include <random>
 
 namespace velorama {
@@ -101,6 +105,26 @@ TEST_F(SlideDropTest, SeveralSlidesGoTogetherInTheirOrder) {
     EXPECT_EQ(names(), QStringLiteral("b a d g c e f"));
     list->MoveSelectedTo(7);
     EXPECT_EQ(names(), QStringLiteral("b c e f a d g"));
+}
+
+TEST_F(SlideDropTest, ThousandsMoveWithOneChangeOfTheSelection) {
+    QStringList all;
+    for (int i = 1; i <= 2000; ++i) {
+        all.append(QStringLiteral("/pics/%1.jpg").arg(i));
+    }
+    fill(all);
+    lvwSLIDEBAR->select({1001}, 1001);
+    QCoreApplication::processEvents();
+    std::vector<int> places(1000);
+    std::iota(places.begin(), places.end(), 1001);
+    lvwSLIDEBAR->select(places, 1500);
+    const QSignalSpy told(lvwSLIDEBAR, &ListView::SelectionChanged);
+    list->MoveSelectedTo(0);
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_EQ(keys(), all.mid(1000) + all.first(1000));
+    EXPECT_EQ(lvwSLIDEBAR->SelectedCount(), 1000);
+    EXPECT_TRUE(lvwSLIDEBAR->item(1)->Selected());
+    EXPECT_EQ(current(), 500);
 }
 
 TEST_F(SlideDropTest, SlidesThatMoveAndThosePassedLoseTheirEditedTexts) {
@@ -280,6 +304,29 @@ TEST_F(SlideDropTest, DroppedWhileAddRunsTheyFollow) {
     EXPECT_EQ(QString(names()).remove(u'x').remove(u'y').simplified(), QStringLiteral("a p q b"));
     EXPECT_TRUE(lvwSLIDEBAR->isVisible());
     EXPECT_FALSE(prgBARSLIDES->isVisible());
+}
+
+TEST_F(SlideDropTest, FilesOfADiskThatHangsHoldNoOthersUp) {
+    const QString other = temporaryFolderWith({QStringLiteral("p.bmp")});
+    const QString slow = temporaryFolderWith({QStringLiteral("s.bmp")});
+    fill(named(QStringLiteral("ab")));
+    const auto gate = std::make_shared<QSemaphore>();
+    list->setLook([gate, slow](const QStringList& paths, const QString& pattern) {
+        if (paths.first() == slow) {
+            gate->acquire();
+        }
+        return picturesOf(paths, pattern);
+    });
+    QString meanwhile;
+    test::atNextYield([&] {
+        list->AddFiles({other}, 2);
+        meanwhile = names();
+        gate->release();
+    });
+    list->AddFiles({slow}, 1);
+    EXPECT_EQ(meanwhile, QStringLiteral("a b p"));
+    EXPECT_EQ(names(), QStringLiteral("a s b p"));
+    EXPECT_EQ(list->history().steps(), 2);
 }
 
 TEST_F(SlideDropTest, AClosedWindowTakesNothingMore) {
