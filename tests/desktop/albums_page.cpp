@@ -45,12 +45,14 @@ QRect AlbumsPage::selectedRow() const {
     const int right = size.width() - (kListLeft - 1575) / kTwips;
     const int column = right - (kBehindColumns + kDescriptionWidth) / kTwips - 20;
     const QImage image = look({QPoint(column, corner.y()), QSize(1, size.height() / 3)});
+    // The frame of a list with the keyboard is tinted too, but no row is as low.
     int top = -1;
     int height = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        if (isTinted(image.pixel(0, y))) {
-            top = top < 0 ? y : top;
-            ++height;
+    for (int y = 0, run = 0; y < image.height(); ++y) {
+        run = isTinted(image.pixel(0, y)) ? run + 1 : 0;
+        if (run > height) {
+            top = y - run + 1;
+            height = run;
         }
     }
     return top < 0 ? QRect() : QRect(corner.x(), corner.y() + top, column - corner.x(), height);
