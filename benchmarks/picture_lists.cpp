@@ -12,8 +12,6 @@ constexpr QRect foundPlace(250, 60, 530, 300);
 constexpr QRect slidePlace(5, 400, 780, 130);
 constexpr QRect barPlace(5, 540, 200, 15);
 
-const QString pattern = QStringLiteral("*.bmp;*.jpg;*.gif");
-
 }  // namespace
 
 PictureWindow::PictureWindow(std::shared_ptr<ThumbnailCache> cache) : pictures_(std::move(cache)) {
@@ -32,7 +30,7 @@ bool PictureWindow::isListed(int count) const {
 
 void PictureWindow::name(const QString& folder) {
     found_.flbFOUND->setPath(folder);
-    found_.flbFOUND->setPattern(pattern);
+    found_.flbFOUND->setPattern(pictureMask);
     DoEvents();
 }
 

@@ -3,6 +3,7 @@
 #include <QSet>
 
 #include <utility>
+#include <vector>
 
 namespace velorama {
 namespace {
@@ -259,15 +260,13 @@ int SlideHistory::imageOf(const QString& picture) {
 }
 
 void SlideHistory::choose(const Choice& choice) {
-    c_.lvwSLIDEBAR->clearSelection();
+    std::vector<int> places;
     for (const SlideRange& range : choice.selected) {
         for (int i = range.first; i < range.first + range.count; ++i) {
-            if (ListItem* item = c_.lvwSLIDEBAR->item(i)) {
-                item->setSelected(true);
-            }
+            places.push_back(i);
         }
     }
-    c_.lvwSLIDEBAR->setSelectedItem(choice.current);
+    c_.lvwSLIDEBAR->select(places, choice.current);
 }
 
 }  // namespace velorama

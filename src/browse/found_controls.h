@@ -9,6 +9,9 @@
 
 namespace velorama {
 
+/// The files that are pictures for the program.
+inline const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
+
 /// The tree of folders and the pictures of the folder on show. The controls belong to the page
 /// they are made on.
 struct FoundControls {

@@ -16,8 +16,6 @@ namespace {
 // Pictures announced to the work ahead: enough to keep every processor busy, few enough to hold.
 constexpr int lookAhead = 16;
 
-const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
-
 // Listings inside listings. A held arrow key starts one for every folder it passes; the stack would
 // not bear a whole disk of them.
 constexpr int deepest = 8;

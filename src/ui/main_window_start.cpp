@@ -18,7 +18,6 @@
 namespace velorama {
 namespace {
 
-const QString pictureMask = QStringLiteral("*.bmp;*.jpg;*.gif");
 const QString toolSettings = QStringLiteral("\\frmTOOLSSETTINGS\\Items");
 // Milliseconds, from the request to show a window until it is on the screen.
 constexpr int longestMapping = 500;

@@ -6,6 +6,7 @@
 #include <QFutureWatcher>
 #include <QPromise>
 
+#include <exception>
 #include <functional>
 #include <optional>
 #include <type_traits>
@@ -26,6 +27,7 @@ bool awaitFuture(const QFuture<Result>& future, const std::function<bool()>& isL
 /// What `work` gives, made on a thread of its own while events run, at least for one turn. Nothing
 /// as soon as `isLeft`: the work then goes on for nobody, be it for ever on a disk that hangs, so
 /// it has to own what it works on. Where no thread is to be had, the caller's does it.
+/// Work that fails with an exception gives an empty result.
 template <typename Work>
 std::optional<std::invoke_result_t<Work>> awaitWork(const Work& work,
                                                     const std::function<bool()>& isLeft) {
@@ -33,15 +35,22 @@ std::optional<std::invoke_result_t<Work>> awaitWork(const Work& work,
     QPromise<Result> promise;
     const QFuture<Result> future = promise.future();
     promise.start();
-    const bool started = startDetached([promise = std::move(promise), work]() mutable {
-        promise.addResult(work());
+    const auto done = [work]() -> Result {
+        try {
+            return work();
+        } catch (const std::exception&) {
+            return {};
+        }
+    };
+    const bool started = startDetached([promise = std::move(promise), done]() mutable {
+        promise.addResult(done());
         promise.finish();
     });
     DoEvents();
     if (!awaitFuture(future, isLeft)) {
         return std::nullopt;
     }
-    return started ? future.result() : work();
+    return started ? future.result() : done();
 }
 
 }  // namespace velorama

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 
 namespace velorama {
 namespace {
@@ -57,6 +58,11 @@ TEST(AwaitWork, WhatIsDoneButLeftComesToNobody) {
     bool asked = false;
     EXPECT_EQ(awaitWork([] { return 7; }, [&asked] { return asked = true; }), std::nullopt);
     EXPECT_TRUE(asked);
+}
+
+TEST(AwaitWork, WorkThatFailsGivesAnEmptyResult) {
+    const auto fails = []() -> int { throw std::bad_alloc(); };
+    EXPECT_EQ(awaitWork(fails, stays), 0);
 }
 
 }  // namespace
