@@ -13,6 +13,8 @@ namespace {
 
 // Far more than 26 lines with the longest paths; what is longer is no drives file.
 constexpr qint64 MostBytes = 256LL * 1024;
+// Milliseconds, of the coarsest clock that a file system stamps its files with.
+constexpr qint64 LongestTick = 2000;
 
 /// 0 to 25, -1 for what is no drive letter.
 int driveNumber(QChar letter) {
@@ -73,9 +75,11 @@ private:
         // A pipe would keep the program waiting for its other end.
         const qint64 size = info.isFile() ? info.size() : -1;
         const QDateTime changed = size < 0 ? QDateTime() : info.lastModified();
-        if (size == size_ && changed == changed_) {
+        if (size == size_ && changed == changed_ && settled_) {
             return;
         }
+        // A file changed a moment ago may change again without a new time stamp.
+        settled_ = size < 0 || changed.msecsTo(QDateTime::currentDateTime()) > LongestTick;
         QFile file(info.filePath());
         const bool readable = size >= 0 && file.open(QIODevice::ReadOnly);
         folders_ = readable ? driveFolders(file.read(MostBytes + 1)) : DriveFolders();
@@ -87,6 +91,7 @@ private:
     DriveFolders folders_;
     qint64 size_ = -1;
     QDateTime changed_;
+    bool settled_ = false;
 };
 
 DrivesFile& drivesFile() {

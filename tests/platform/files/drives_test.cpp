@@ -151,6 +151,23 @@ TEST_F(Drives, AChangedFileIsReadAgain) {
     EXPECT_EQ(hostFile(S("D:\\A.jpg")), S("D:\\A.jpg"));
 }
 
+// The clock of a file system may stand still between two writes.
+TEST_F(Drives, AFileWrittenTwiceWithinATickIsReadAgain) {
+    ASSERT_TRUE(QDir().mkpath(disk + S("/One")));
+    ASSERT_TRUE(QDir().mkpath(disk + S("/Two")));
+    const QDateTime tick = QDateTime::currentDateTime();
+    const auto sayInTheTick = [&](const char* folder) {
+        say("C: " + disk.toUtf8() + folder);
+        QFile file(drivesFilePath());
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(tick, QFileDevice::FileModificationTime));
+    };
+    sayInTheTick("/One");
+    EXPECT_EQ(hostFile(S("C:\\")), disk + S("/One"));
+    sayInTheTick("/Two");
+    EXPECT_EQ(hostFile(S("C:\\")), disk + S("/Two"));
+}
+
 TEST_F(Drives, AFolderInThePlaceOfTheFileIsNoFile) {
     QFile::remove(drivesFilePath());
     ASSERT_TRUE(QDir().mkdir(drivesFilePath()));
