@@ -7,7 +7,8 @@
 
 namespace velorama::test {
 void installMessageTrap();
-}
+void installButtonRelease();
+}  // namespace velorama::test
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
@@ -31,5 +32,6 @@ int main(int argc, char** argv) {
     QApplication::setStyle(QStringLiteral("Fusion"));
     std::setlocale(LC_NUMERIC, "C");
     velorama::test::installMessageTrap();
+    velorama::test::installButtonRelease();
     return RUN_ALL_TESTS();
 }

@@ -1,7 +1,8 @@
 #include "support/test_world.h"
 
 #include <QDir>
-#include <QTemporaryDir>
+#include <QTest>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,20 @@ void onMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
     ADD_FAILURE() << "unexpected message: " << text.toStdString();
 }
 
+/// A button that a test leaves pressed would be pressed in every later test too.
+class ButtonRelease : public testing::EmptyTestEventListener {
+    void OnTestEnd(const testing::TestInfo&) override {
+        const Qt::MouseButtons pressed = QGuiApplication::mouseButtons();
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+            if (pressed.testFlag(button)) {
+                QWidget elsewhere;
+                elsewhere.show();
+                QTest::mouseRelease(&elsewhere, button);
+            }
+        }
+    }
+};
+
 }  // namespace
 
 void expectMessage(const QString& part) {
@@ -38,6 +53,10 @@ QString temporaryFolder() {
 
 void installMessageTrap() {
     qInstallMessageHandler(onMessage);
+}
+
+void installButtonRelease() {
+    testing::UnitTest::GetInstance()->listeners().Append(new ButtonRelease);
 }
 
 }  // namespace velorama::test
