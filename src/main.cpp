@@ -30,6 +30,9 @@ void prepareApplication() {
     limitPictureReaders();
     // The main window is hidden during a show, and no window is then the last one.
     QApplication::setQuitOnLastWindowClosed(false);
+    // Places are counted from the left; a desktop that runs the other way would turn round half of
+    // the window.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     fillTextConstants(QDate::currentDate().year(), ServerRoot());
 }
 

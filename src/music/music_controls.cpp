@@ -1,6 +1,7 @@
 #include "music/music_controls.h"
 
 #include "controls/buttons/control_making.h"
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 
 #include <QCoreApplication>
@@ -8,8 +9,7 @@
 namespace velorama {
 namespace {
 
-// Design places in twips. Buttons that stand below one another fit into the page of the smallest
-// window.
+// Design places in twips.
 constexpr float columnLeft = 105;
 constexpr float columnTop = 60;
 constexpr float columnPitch = 345;
@@ -33,7 +33,7 @@ constexpr std::array<Design, 6> audioButtons = {{
 
 cbtn* makeAt(QWidget& page, const QString& name, const Design& design) {
     cbtn* button = makeButton(&page, name, design.symbol, design.tooltip);
-    place(*button, design.left, design.top, 450, 330);
+    placeDesign(*button, design.left, design.top, 450, 330);
     return button;
 }
 

@@ -49,8 +49,7 @@ void mfrmPRGMAIN::design() {
     setContextMenuPolicy(Qt::NoContextMenu);
     setMinimumSize(smallest);
     resize(toPixels(designWidth), toPixels(designHeight) + menuBar()->sizeHint().height());
-    boundByScreen(*this);
-    centreOnScreen(*this);
+    placeFirst(*this);
 }
 
 void mfrmPRGMAIN::connectEvents() {

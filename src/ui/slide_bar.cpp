@@ -5,6 +5,7 @@
 #include "core/globals.h"
 #include "core/show_colours.h"
 #include "player/show_timing.h"
+#include "ui/pages/page.h"
 #include "ui/parts/show_length.h"
 
 namespace velorama {
@@ -84,7 +85,18 @@ void SlideBar::stretch(float surfaceWidth) {
 
 void SlideBar::tint() {
     tintBand();
+    tintToolbar();
     tintSlides();
+}
+
+void SlideBar::tintToolbar() {
+    for (cbtn* button : cbtnCONTROLS) {
+        if (button != nullptr) {
+            QPalette paper = button->palette();
+            paper.setColor(QPalette::Window, Page::pageColour());
+            button->setPalette(paper);
+        }
+    }
 }
 
 void SlideBar::tintBand() {

@@ -46,6 +46,7 @@ signals:
 private:
     void makeToolbar(Commands& commands);
     void tintBand();
+    void tintToolbar();
     void tintSlides();
 };
 

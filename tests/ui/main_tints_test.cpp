@@ -86,6 +86,14 @@ protected:
                 << frame->objectName().toStdString();
         }
         EXPECT_EQ(pages().pictures->picVBAR->BackColor(), page);
+        for (const cbtn* button : window->findChildren<cbtn*>()) {
+            EXPECT_EQ(button->palette().color(QPalette::Window), page)
+                << button->objectName().toStdString();
+        }
+        for (const auto* field : window->findChildren<ColourButton*>()) {
+            EXPECT_EQ(field->palette().color(QPalette::Button), page)
+                << field->objectName().toStdString();
+        }
     }
 
 private:

@@ -78,9 +78,7 @@ void ProgressBar::paintEvent(QPaintEvent*) {
     painter.setBrush(trackColour);
     painter.drawRoundedRect(track, thickness / 2, thickness / 2);
     const QRectF filled(track.topLeft(), QSizeF(painted_ / devicePixelRatioF(), thickness));
-    painter.setClipRect(layoutDirection() == Qt::RightToLeft
-                            ? filled.translated(track.width() - filled.width(), 0)
-                            : filled);
+    painter.setClipRect(filled);
     painter.setBrush(palette().color(QPalette::Highlight));
     painter.drawRoundedRect(track, thickness / 2, thickness / 2);
 }

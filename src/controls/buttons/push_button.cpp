@@ -27,9 +27,7 @@ cbtn::cbtn(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setIconSize({20, 20});
-    // What lies below a button does not shine through it.
     setBackgroundRole(QPalette::Window);
-    setAutoFillBackground(true);
     connect(this, &QAbstractButton::clicked, this, &cbtn::Click);
 }
 
@@ -43,14 +41,19 @@ bool cbtn::hasIcon() const {
     return !symbol_.isEmpty() || !icon().isNull();
 }
 
+QString cbtn::shownText() const {
+    return compact_ && hasIcon() ? QString() : text();
+}
+
 QSize cbtn::sizeHint() const {
+    const QString caption = shownText();
     int width = 2 * Margin + (hasIcon() ? iconSize().width() : 0);
-    if (!text().isEmpty()) {
-        width += fontMetrics().size(Qt::TextShowMnemonic, text()).width() + (hasIcon() ? Gap : 0) +
+    if (!caption.isEmpty()) {
+        width += fontMetrics().size(Qt::TextShowMnemonic, caption).width() + (hasIcon() ? Gap : 0) +
                  Margin;
     }
     const int height =
-        qMax(hasIcon() ? iconSize().height() : 0, text().isEmpty() ? 0 : fontMetrics().height());
+        qMax(hasIcon() ? iconSize().height() : 0, caption.isEmpty() ? 0 : fontMetrics().height());
     return {width, height + 2 * Margin};
 }
 
@@ -81,6 +84,11 @@ void cbtn::setLeading(bool leading) {
     update();
 }
 
+void cbtn::setCompact(bool compact) {
+    compact_ = compact;
+    update();
+}
+
 QColor cbtn::textColour() const {
     if (primary_ && isEnabled()) {
         return palette().color(QPalette::Active, QPalette::HighlightedText);
@@ -89,15 +97,34 @@ QColor cbtn::textColour() const {
                            QPalette::ButtonText);
 }
 
+bool cbtn::standsOut() const {
+    const QWidget* below = parentWidget();
+    return below != nullptr &&
+           palette().color(QPalette::Window) != below->palette().color(QPalette::Window);
+}
+
+// What lies below a button does not shine through it.
+void cbtn::paintPaper(QPainter& painter, const QRectF& ground) const {
+    const QColor paper = palette().color(QPalette::Window);
+    if (standsOut()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(paper);
+        painter.drawRoundedRect(ground, Radius, Radius);
+    } else {
+        painter.fillRect(rect(), paper);
+    }
+}
+
 void cbtn::paintGround(QPainter& painter) const {
     const QRectF ground = QRectF(rect()).adjusted(1, 1, -1, -1);
     const QColor accent = palette().color(QPalette::Active, QPalette::Highlight);
+    paintPaper(painter, ground);
     if (primary_ && isEnabled()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(accent);
         painter.drawRoundedRect(ground, Radius, Radius);
     }
-    if (!text().isEmpty() && !primary_) {
+    if ((!text().isEmpty() || standsOut()) && !(primary_ && isEnabled())) {
         painter.setPen(QPen(faded(textColour(), OutlineTint), 1));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(ground.adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
@@ -125,23 +152,30 @@ void cbtn::paintIcon(QPainter& painter, const QRect& place) const {
     }
 }
 
+// In a row that is lower than its design the symbol is smaller.
+QSize cbtn::shownIconSize() const {
+    const int side = qMin(iconSize().height(), height() - 2);
+    return hasIcon() ? QSize(side, side) : QSize(0, 0);
+}
+
 void cbtn::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintGround(painter);
 
     painter.setFont(fontForHeight(font(), height() - 2));
+    const QString caption = shownText();
     const int textWidth =
-        text().isEmpty() ? 0 : painter.fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+        caption.isEmpty() ? 0 : painter.fontMetrics().size(Qt::TextShowMnemonic, caption).width();
     const int gap = hasIcon() && textWidth > 0 ? Gap : 0;
-    const int iconWidth = hasIcon() ? iconSize().width() : 0;
+    const int iconWidth = shownIconSize().width();
     QRect content(0, 0, qMin(iconWidth + gap + textWidth, width() - 2), height());
     content.moveCenter(rect().center());
-    if (leading_) {
+    if (leading_ && textWidth > 0) {
         content.moveLeft(2 * Margin);
     }
     if (hasIcon()) {
-        QRect place(QPoint(), iconSize());
+        QRect place(QPoint(), shownIconSize());
         place.moveCenter(content.center());
         if (textWidth > 0) {
             place.moveLeft(content.left());
@@ -150,7 +184,7 @@ void cbtn::paintEvent(QPaintEvent*) {
     }
     painter.setPen(textColour());
     painter.drawText(content.adjusted(iconWidth + gap, 0, 0, 0),
-                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, text());
+                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, caption);
 }
 
 }  // namespace velorama

@@ -244,12 +244,11 @@ void tab::setHovered(int number) {
 }
 
 void tab::keyPressEvent(QKeyEvent* event) {
-    const bool mirrored = layoutDirection() == Qt::RightToLeft;
     switch (event->key()) {
         case Qt::Key_Left:
         case Qt::Key_Right: {
-            const bool forward = (event->key() == Qt::Key_Right) != mirrored;
-            walkTo(std::clamp(active_ + (forward ? 1 : -1), 1, std::max(1, Tabcount())));
+            const int step = event->key() == Qt::Key_Right ? 1 : -1;
+            walkTo(std::clamp(active_ + step, 1, std::max(1, Tabcount())));
             break;
         }
         case Qt::Key_Home:

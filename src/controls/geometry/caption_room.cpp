@@ -2,6 +2,7 @@
 
 #include "controls/geometry/twips.h"
 
+#include <QAbstractButton>
 #include <QFontMetrics>
 #include <QVariant>
 
@@ -13,6 +14,8 @@ namespace {
 constexpr const char* designName = "designSize";
 // Above and below a line of text, in logical pixels.
 constexpr int lineMargin = 2;
+// Twips. Lower letters could not be read.
+constexpr float leastColumnHeight = 195;
 
 /// Empty for a control without a design.
 QSizeF designOf(const QWidget& control) {
@@ -24,9 +27,22 @@ float roomyWidth(const QWidget& control) {
                     toTwips(control.sizeHint().width()));
 }
 
+/// What a line of its caption needs; 0 for a button that has none.
+float lineHeight(const QWidget& control) {
+    const auto* button = qobject_cast<const QAbstractButton*>(&control);
+    const bool isBare = button != nullptr && button->text().isEmpty();
+    return isBare ? 0 : toTwips(control.fontMetrics().height() + 2 * lineMargin);
+}
+
 float roomyHeight(const QWidget& control, float most) {
-    const float line = toTwips(control.fontMetrics().height() + 2 * lineMargin);
-    return std::max(static_cast<float>(designOf(control).height()), std::min(line, most));
+    return std::max(static_cast<float>(designOf(control).height()),
+                    std::min(lineHeight(control), most));
+}
+
+float columnHeight(const QWidget& control, float most) {
+    const float wanted =
+        std::max(static_cast<float>(designOf(control).height()), lineHeight(control));
+    return std::max(leastColumnHeight, std::min(wanted, most));
 }
 
 }  // namespace
@@ -57,7 +73,7 @@ float giveRoomInColumn(const QList<QWidget*>& column, float gap, float bottom) {
         width = std::max(width, roomyWidth(*control));
     }
     for (QWidget* control : column) {
-        place(*control, left, top, width, roomyHeight(*control, most));
+        place(*control, left, top, width, columnHeight(*control, most));
         top += Height(*control) + gap;
     }
     return left + width;

@@ -17,8 +17,8 @@ void placeDesign(QWidget& control, float left, float top, float width, float hei
 void giveRoom(QWidget& control, float most);
 
 /// The same for controls below one another, which hang from the first one's place, `gap` apart, and
-/// are all as wide as the widest. They stay above `bottom` where their design allows that. Their
-/// right edge comes back.
+/// are all as wide as the widest. Where there is too little room above `bottom` they become lower
+/// than their design, as low as letters can be read. Their right edge comes back.
 float giveRoomInColumn(const QList<QWidget*>& column, float gap, float bottom);
 
 /// A font whose lines are at most `height` logical pixels high: the same one if it can be.

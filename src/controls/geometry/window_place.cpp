@@ -12,6 +12,9 @@
 namespace velorama {
 namespace {
 
+// Logical pixels.
+constexpr int highTitle = 38;
+
 const QScreen* screenOf(const QWidget& window) {
     const QWidget* owner = window.isVisible() ? nullptr : window.parentWidget();
     return owner != nullptr ? owner->window()->screen() : window.screen();
@@ -68,13 +71,21 @@ void centreOnScreen(QWidget& window) {
     setTop(window, middle(screen.y(), screen.height(), Height(window)));
 }
 
-void boundByScreen(QWidget& window) {
-    if (const QScreen* screen = screenOf(window)) {
-        // The desktop's frame is known only when it is there; its title bar is about as high as the
-        // style's.
-        const QSize frame(2, window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
-        window.resize(window.size().boundedTo(screen->availableSize() - frame));
+void placeFirst(QWidget& window) {
+    centreOnScreen(window);
+    const QScreen* screen = screenOf(window);
+    if (screen == nullptr) {
+        return;
     }
+    // The desktop's frame is known only when it is there. Title bars with buttons for a finger are
+    // higher than the style's.
+    const int title = std::max(highTitle, window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const QSize frame(2, title);
+    const QRect room = screen->availableGeometry();
+    window.resize(window.size().boundedTo(room.size() - frame));
+    const QSize size = window.size() + frame;
+    window.move(keptWithin(window.x(), size.width(), room.x(), room.x() + room.width()),
+                keptWithin(window.y(), size.height(), room.y(), room.y() + room.height()));
 }
 
 void keepOnScreen(QWidget& window) {

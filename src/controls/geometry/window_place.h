@@ -24,8 +24,9 @@ QSize frameOf(const QWidget& window);
 /// Puts a window that has not been shown in the middle of the screen that it belongs to.
 void centreOnScreen(QWidget& window);
 
-/// Makes a window that has not been shown no larger than its screen, frame and all.
-void boundByScreen(QWidget& window);
+/// The same for a window that may be larger than the screen: it becomes as small as the screen
+/// asks, and the frame that it will get, as high as that of any desktop, is on the screen too.
+void placeFirst(QWidget& window);
 
 /// Moves a window that hangs off its screen, frame and all, back onto it; the upper left corner
 /// counts where it is larger. Others, and maximised ones, stay where they are.

@@ -22,9 +22,6 @@ void ReportHeader::paintEvent(QPaintEvent* event) {
     rest.state |= QStyle::State_Horizontal;
     rest.position = QStyleOptionHeader::End;
     rest.rect = QRect(end, 0, viewport()->width() - end, viewport()->height());
-    if (layoutDirection() == Qt::RightToLeft) {
-        rest.rect.moveLeft(0);
-    }
     if (!rest.rect.isEmpty()) {
         QPainter painter(viewport());
         style()->drawControl(QStyle::CE_HeaderSection, &rest, &painter, this);

@@ -1,8 +1,26 @@
 #include "ui/pages/music_page.h"
 
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 
 namespace velorama {
+
+namespace {
+
+constexpr float columnGap = 15;  // twips
+
+}  // namespace
+
+void MusicPage::makeRoom() {
+    const QList<QWidget*> column = columnButtons();
+    giveRoomInColumn(column, columnGap, Height(*this) - Top(*column.first()));
+}
+
+// In the order of their places.
+QList<QWidget*> MusicPage::columnButtons() const {
+    const MusicControls& c = controls;
+    return {c.cbtnAUDIO[0], c.cbtnAUDIO[1], c.cbtnAUDIO[5], c.Command1, c.Command2};
+}
 
 void MusicPage::layOut() {
     const MusicControls& c = controls;
@@ -15,8 +33,8 @@ void MusicPage::layOut() {
 
 QList<QWidget*> MusicPage::tabOrder() const {
     const MusicControls& c = controls;
-    return {c.cbtnAUDIO[0], c.cbtnAUDIO[1], c.cbtnAUDIO[5], c.Command1,    c.Command2,
-            c.lstMUSIC,     c.cbtnAUDIO[2], c.cbtnAUDIO[3], c.cbtnAUDIO[4]};
+    return columnButtons() +
+           QList<QWidget*>{c.lstMUSIC, c.cbtnAUDIO[2], c.cbtnAUDIO[3], c.cbtnAUDIO[4]};
 }
 
 }  // namespace velorama

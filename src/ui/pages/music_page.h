@@ -11,11 +11,15 @@ class MusicPage : public Page {
 public:
     explicit MusicPage(QWidget& surface) : Page("picframMUSICLIST", surface) {}
 
+    void makeRoom() override;
     void layOut() override;
     QWidget* firstFocus() const override { return controls.lstMUSIC; }
     QList<QWidget*> tabOrder() const override;
 
     const MusicControls controls{*this};
+
+private:
+    QList<QWidget*> columnButtons() const;
 };
 
 }  // namespace velorama

@@ -1,5 +1,6 @@
 #include "ui/pages/page.h"
 
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 #include "imaging/pixels/colours.h"
 
@@ -17,7 +18,7 @@ Page::Page(const char* name, QWidget& surface) : QWidget(&surface) {
     hide();
 }
 
-QColor Page::pageColour() const {
+QColor Page::pageColour() {
     return QColor(toRgb(highlight3D));
 }
 
@@ -25,6 +26,22 @@ void Page::tint() {
     QPalette ground = palette();
     ground.setColor(QPalette::Window, pageColour());
     setPalette(ground);
+}
+
+void Page::giveRowRoom(std::initializer_list<cbtn*> buttons, float left) const {
+    float begin = Width(*this);
+    for (cbtn* button : buttons) {
+        button->setCompact(false);
+        giveRoom(*button, mostFootHeight);
+        begin -= 90 + Width(*button);
+    }
+    if (begin >= left) {
+        return;
+    }
+    for (cbtn* button : buttons) {
+        button->setCompact(true);
+        setWidth(*button, toTwips(button->sizeHint().width()));
+    }
 }
 
 void Page::placeRow(std::initializer_list<cbtn*> buttons) const {

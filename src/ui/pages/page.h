@@ -24,9 +24,12 @@ public:
     virtual QList<QWidget*> tabOrder() const = 0;
     /// Takes the colour of all pages from the system's.
     virtual void tint();
+    static QColor pageColour();
 
 protected:
-    QColor pageColour() const;
+    /// Makes room for the captions of such a row. Where it would reach further left than `left`, in
+    /// twips, its symbols stand alone.
+    void giveRowRoom(std::initializer_list<cbtn*> buttons, float left) const;
     /// Buttons from the right in the row at the foot, 90 apart and as far from the edge.
     void placeRow(std::initializer_list<cbtn*> buttons) const;
 };

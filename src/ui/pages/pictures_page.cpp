@@ -89,10 +89,7 @@ void PicturesPage::stretch() {
 }
 
 void PicturesPage::makeRoom() {
-    for (QWidget* below :
-         std::initializer_list<QWidget*>{cbtnBROWSEBTNS[0], cbtnBROWSEBTNS[1], lblFOUNDCOUNT}) {
-        giveRoom(*below, mostFootHeight);
-    }
+    giveRoom(*lblFOUNDCOUNT, mostFootHeight);
 }
 
 bool PicturesPage::holdSplitter(float surfaceWidth) {
@@ -115,6 +112,7 @@ void PicturesPage::placeBySplitter(float surfaceWidth, float right) {
     setWidth(*found.lvwFOUND, surfaceWidth - Left(*picVBAR) - 550);
     found.lvwFOUND->setVisible(true);
     const auto [preview, wallpaper] = cbtnBROWSEBTNS;
+    giveRowRoom({wallpaper, preview}, Left(*found.lvwFOUND));
     setLeft(*wallpaper, right - Width(*wallpaper) - 90);
     setLeft(*preview, right - Width(*wallpaper) - 90 - Width(*preview) - 90);
     setLeft(*lblFOUNDCOUNT, Left(*found.lvwFOUND));

@@ -44,12 +44,18 @@ SlideshowsPage::SlideshowsPage(QWidget& surface, Commands& commands)
 }
 
 void SlideshowsPage::makeRoom() {
-    const QList<QWidget*> column(cbtnSLIDES.begin(), cbtnSLIDES.end());
-    const float right = giveRoomInColumn(column, columnGap, Height(*this) - Top(*albums.lvwALBUMS));
-    setLeft(*albums.lvwALBUMS, right + columnLeft);
     for (cbtn* button : {albums.btnADD, albums.btnREMOVE, albums.btnView}) {
         giveRoom(*button, mostFootHeight);
     }
+    placeRow({albums.btnView, albums.btnREMOVE, albums.btnADD});
+    const QList<QWidget*> column(cbtnSLIDES.begin(), cbtnSLIDES.end());
+    const float foot = Height(*this) - Top(*albums.lvwALBUMS);
+    float right = giveRoomInColumn(column, columnGap, foot);
+    // Beside a short row at the foot there is room down to the edge.
+    if (right > Left(*albums.btnADD)) {
+        right = giveRoomInColumn(column, columnGap, Top(*albums.btnADD) - columnGap);
+    }
+    setLeft(*albums.lvwALBUMS, right + columnLeft);
 }
 
 void SlideshowsPage::layOut() {

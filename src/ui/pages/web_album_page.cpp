@@ -7,15 +7,11 @@
 #include "controls/input/choice_box.h"
 #include "controls/input/one_line.h"
 #include "controls/input/wheel_guard.h"
-#include "core/globals.h"
-#include "platform/numbers.h"
 
-#include <QLabel>
+#include <QStyle>
 
 namespace velorama {
 namespace {
-
-const QString webAlbumSettings = QStringLiteral("\\mfrmPRGMAIN\\webalbum");
 
 // Logical pixels.
 constexpr int Gap = 10;
@@ -201,6 +197,7 @@ QBoxLayout* WebAlbumPage::panes() {
     for (PictureBox* box : {samples_->picWAMAIN, samples_->picWASLIDE}) {
         auto* heading = new QLabel(box->accessibleName(), content_);
         heading->setWordWrap(true);
+        headings_.append(heading);
         auto* pane = new QVBoxLayout;
         pane->setSpacing(RowGap);
         pane->addWidget(heading);
@@ -210,71 +207,6 @@ QBoxLayout* WebAlbumPage::panes() {
     }
     row->addStretch(1);
     return row;
-}
-
-void WebAlbumPage::load() {
-    const auto colour = [](const char* name, ColourField* field) {
-        const QString stored =
-            loadSetting(webAlbumSettings, QLatin1String(name), decimalText(field->BackColor()));
-        field->setBackColor(wholeNumber(stored).value_or(field->BackColor()));
-    };
-    const auto entry = [](const char* name, QComboBox* list) {
-        list->setCurrentText(
-            loadSetting(webAlbumSettings, QLatin1String(name), list->currentText()));
-    };
-    const auto size = [](const char* name, updown* field) {
-        const QString design = field->Text();
-        field->setText(loadSetting(webAlbumSettings, QLatin1String(name), design));
-        if (!field->hasNumber()) {
-            field->setText(design);
-        }
-    };
-    colour("BackColor", picBACKGROUND);
-    colour("TextColor", picTEXTCOLOR);
-    entry("Fonts", cboFONTS);
-    entry("FontsSize", cboFONTSIZE);
-    colour("TitleBarColor", picTITLEBARCOL);
-    colour("BarColor", picBARCOL);
-    colour("TitleBarTextColor", picTITLEBARTEXTCOL);
-    entry("FontsBar", cboFONTSBAR);
-    entry("FontsSizeBar", cboFONTSSIZEBAR);
-    size("PhotoSize", udnPHOTO);
-    size("ThumbnailSize", udnTHUMBNAIL);
-    WebAlbumSampleUpdate();
-}
-
-void WebAlbumPage::save() const {
-    const std::pair<const char*, QString> values[] = {
-        {"BackColor", decimalText(picBACKGROUND->BackColor())},
-        {"TextColor", decimalText(picTEXTCOLOR->BackColor())},
-        {"Fonts", cboFONTS->currentText()},
-        {"FontsSize", cboFONTSIZE->currentText()},
-        {"BarColor", decimalText(picBARCOL->BackColor())},
-        {"TitleBarColor", decimalText(picTITLEBARCOL->BackColor())},
-        {"TitleBarTextColor", decimalText(picTITLEBARTEXTCOL->BackColor())},
-        {"FontsBar", cboFONTSBAR->currentText()},
-        {"FontsSizeBar", cboFONTSSIZEBAR->currentText()},
-        {"PhotoSize", udnPHOTO->Text()},
-        {"ThumbnailSize", udnTHUMBNAIL->Text()},
-    };
-    for (const auto& [name, value] : values) {
-        saveSetting(webAlbumSettings, QLatin1String(name), value);
-    }
-}
-
-WebAlbumValues WebAlbumPage::values() const {
-    return {.txtTITLE = txtTITLE->text(),
-            .picBACKGROUND = picBACKGROUND->BackColor(),
-            .picTEXTCOLOR = picTEXTCOLOR->BackColor(),
-            .picBARCOL = picBARCOL->BackColor(),
-            .picTITLEBARCOL = picTITLEBARCOL->BackColor(),
-            .picTITLEBARTEXTCOL = picTITLEBARTEXTCOL->BackColor(),
-            .cboFONTS = cboFONTS->currentText(),
-            .cboFONTSIZE = cboFONTSIZE->currentText(),
-            .cboFONTSBAR = cboFONTSBAR->currentText(),
-            .cboFONTSSIZEBAR = cboFONTSSIZEBAR->currentText(),
-            .udnPHOTO = udnPHOTO->Text(),
-            .udnTHUMBNAIL = udnTHUMBNAIL->Text()};
 }
 
 void WebAlbumPage::WebAlbumSampleUpdate() {
@@ -303,9 +235,7 @@ void WebAlbumPage::WebAlbumSampleUpdate() {
 }
 
 void WebAlbumPage::makeRoom() {
-    for (cbtn* button : {cbtnVIEWWEBALB, cbtnWEBALBUM}) {
-        giveRoom(*button, mostFootHeight);
-    }
+    giveRowRoom({cbtnVIEWWEBALB, cbtnWEBALBUM}, 0);
     // Rows that stand side by side are of one height.
     int height = 0;
     for (const QWidget* field : std::as_const(fields_)) {
@@ -326,17 +256,38 @@ void WebAlbumPage::layOut() {
     growSamples();
 }
 
-// Both alike, by what is free beside the settings and below the headings.
+int WebAlbumPage::headingHeight(int width) const {
+    int height = 0;
+    for (const QLabel* heading : headings_) {
+        height = std::max(height, heading->heightForWidth(width));
+    }
+    return height;
+}
+
+// Both alike, by what is free beside the settings and below the headings, which may wrap.
 void WebAlbumPage::growSamples() {
     if (row_->direction() != QBoxLayout::LeftToRight) {
         return samples_->setScale(1);
     }
-    const QSize spare = scroll_->size() - row_->sizeHint();
-    const int height =
-        scroll_->height() - row_->contentsMargins().top() - Gap - fontMetrics().height();
-    constexpr int side = WebAlbumSamples::side;
-    const int room = std::min(samples_->picWAMAIN->width() + spare.width() / 2, height);
-    samples_->setScale(std::clamp(static_cast<qreal>(room) / side, leastScale, mostScale));
+    const bool scrolls = content_->minimumSizeHint().height() > scroll_->height();
+    const int bar = scrolls ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    const int spare = scroll_->width() - bar - row_->sizeHint().width();
+    const int below = scroll_->height() - row_->contentsMargins().top() - RowGap;
+    const int wide = samples_->picWAMAIN->width() + spare / 2;
+    int room = std::min(wide, below - headingHeight(wide));
+    room = std::min(room, below - headingHeight(room));
+    constexpr qreal side = WebAlbumSamples::side;
+    samples_->setScale(std::clamp(room / side, leastScale, mostScale));
+}
+
+void WebAlbumPage::tint() {
+    Page::tint();
+    for (const ColourField* field :
+         {picBACKGROUND, picTEXTCOLOR, picBARCOL, picTITLEBARCOL, picTITLEBARTEXTCOL}) {
+        QPalette paper = field->button()->palette();
+        paper.setColor(QPalette::Button, pageColour());
+        field->button()->setPalette(paper);
+    }
 }
 
 QList<QWidget*> WebAlbumPage::tabOrder() const {

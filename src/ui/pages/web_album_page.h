@@ -10,6 +10,7 @@
 
 #include <QComboBox>
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace velorama {
@@ -51,6 +52,7 @@ public:
     void layOut() override;
     QWidget* firstFocus() const override { return txtTITLE; }
     QList<QWidget*> tabOrder() const override;
+    void tint() override;
 
 private:
     void makeControls(CommonDialog& cdlDIALOG);
@@ -60,6 +62,7 @@ private:
     QLayout* columnOf(std::initializer_list<Field> fields);
     QBoxLayout* settings();
     QBoxLayout* panes();
+    int headingHeight(int width) const;
     void growSamples();
     void WebAlbumSampleUpdate();
 
@@ -69,6 +72,7 @@ private:
     QBoxLayout* settings_ = nullptr;
     QBoxLayout* row_ = nullptr;
     QList<QGridLayout*> columns_;
+    QList<const QLabel*> headings_;
     /// The fields in the order of the Tab key.
     QList<QWidget*> fields_;
     std::unique_ptr<WebAlbumSamples> samples_;

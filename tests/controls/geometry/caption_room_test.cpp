@@ -103,13 +103,28 @@ TEST(WindowPlace, AFirstWindowIsNoLargerThanItsScreen) {
     QWidget window;
     const QSize screen = window.screen()->availableSize();
     window.resize(300, 200);
-    boundByScreen(window);
+    placeFirst(window);
     EXPECT_EQ(window.size(), QSize(300, 200));
     window.resize(screen * 2);
-    boundByScreen(window);
+    placeFirst(window);
     EXPECT_LE(window.width(), screen.width());
     EXPECT_LT(window.height(), screen.height() - 10);
     EXPECT_GT(window.height(), screen.height() - 60);
+}
+
+// A frame is added below and above what the program places.
+TEST(WindowPlace, AFirstWindowStandsOnItsScreenFrameAndAll) {
+    QWidget window;
+    const QRect screen = window.screen()->availableGeometry();
+    for (const QSize size : {QSize(300, 200), screen.size() - QSize(40, 30), screen.size() * 2}) {
+        window.resize(size);
+        placeFirst(window);
+        EXPECT_TRUE(screen.contains(QRect(window.pos(), window.size() + QSize(2, 37))))
+            << size.height();
+    }
+    window.resize(300, 200);
+    placeFirst(window);
+    EXPECT_NEAR(window.geometry().center().y(), screen.center().y(), 1);
 }
 
 }  // namespace
