@@ -37,7 +37,7 @@ QByteArray channels(QRgb pixel, JpegStyle::Colours colours) {
         bytes.append(
             static_cast<char>(colours == JpegStyle::Colours::CmykPlain ? 255 - value : value));
     }
-    if (colours == JpegStyle::Colours::Cmyk) {
+    if (colours == JpegStyle::Colours::Cmyk || colours == JpegStyle::Colours::Ycck) {
         bytes.append(static_cast<char>(204));
     } else if (colours == JpegStyle::Colours::CmykPlain) {
         bytes.append(static_cast<char>(51));
@@ -46,7 +46,9 @@ QByteArray channels(QRgb pixel, JpegStyle::Colours colours) {
 }
 
 int channelCount(JpegStyle::Colours colours) {
-    return colours == JpegStyle::Colours::Grey ? 1 : colours == JpegStyle::Colours::Rgb ? 3 : 4;
+    const bool three =
+        colours == JpegStyle::Colours::Rgb || colours == JpegStyle::Colours::RgbPlain;
+    return colours == JpegStyle::Colours::Grey ? 1 : three ? 3 : 4;
 }
 
 void prepare(jpeg_compress_struct& info, const QImage& image, const JpegStyle& style) {
@@ -57,10 +59,18 @@ void prepare(jpeg_compress_struct& info, const QImage& image, const JpegStyle& s
                           : info.input_components == 3 ? JCS_RGB
                                                        : JCS_CMYK;
     jpeg_set_defaults(&info);
+    if (style.colours == JpegStyle::Colours::RgbPlain) {
+        jpeg_set_colorspace(&info, JCS_RGB);
+        info.write_Adobe_marker = TRUE;
+    } else if (style.colours == JpegStyle::Colours::Ycck) {
+        jpeg_set_colorspace(&info, JCS_YCCK);
+    }
     jpeg_set_quality(&info, style.quality, TRUE);
     if (style.colours == JpegStyle::Colours::CmykPlain) {
         info.write_Adobe_marker = FALSE;
     }
+    info.arith_code = style.arithmetic ? TRUE : FALSE;
+    info.restart_interval = static_cast<unsigned>(style.restart);
     if (style.progressive) {
         jpeg_simple_progression(&info);
     }
@@ -72,7 +82,9 @@ QByteArray gifFrame(const GifFrame& frame) {
         bytes +=
             QByteArray("\x21\xF9\x04\x01\0\0", 6) + static_cast<char>(frame.transparent) + '\0';
     }
-    bytes += ',' + number<quint32>(0) + number<quint16>(static_cast<quint16>(frame.size.width())) +
+    bytes += ',' + number(static_cast<quint16>(frame.at.x())) +
+             number(static_cast<quint16>(frame.at.y())) +
+             number<quint16>(static_cast<quint16>(frame.size.width())) +
              number<quint16>(static_cast<quint16>(frame.size.height())) +
              (frame.interlaced ? '\x40' : '\0');
     // Codes of one byte each: the table is cleared before they grow.
@@ -136,9 +148,10 @@ QByteArray exifSegment(int orientation, bool bigEndian) {
            width + turn + four(0);
 }
 
-QByteArray gifBytes(QSize screen, const QList<GifFrame>& frames) {
+QByteArray gifBytes(QSize screen, const QList<GifFrame>& frames, int background) {
     QByteArray bytes = "GIF89a" + number(static_cast<quint16>(screen.width())) +
-                       number(static_cast<quint16>(screen.height())) + QByteArray("\xF6\0\0", 3);
+                       number(static_cast<quint16>(screen.height())) + '\xF6' +
+                       static_cast<char>(background) + '\0';
     QByteArray palette(128 * 3, '\0');
     palette[3] = palette[7] = palette[11] = '\xFF';
     bytes += palette;

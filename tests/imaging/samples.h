@@ -2,13 +2,14 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QPoint>
 #include <QString>
 
 namespace velorama::test {
 
 /// How a sample JPEG is written.
 struct JpegStyle {
-    enum class Colours { Rgb, Grey, Cmyk, CmykPlain };
+    enum class Colours { Rgb, RgbPlain, Grey, Cmyk, CmykPlain, Ycck };
     Colours colours = Colours::Rgb;
     bool progressive = false;
     int quality = 95;
@@ -16,9 +17,13 @@ struct JpegStyle {
     int orientation = 0;
     bool bigEndianExif = false;
     QByteArray profile = {};
+    bool arithmetic = false;
+    /// Blocks between two restart markers, 0 for none.
+    int restart = 0;
 };
 
-/// Bytes of a JPEG. Cmyk writes Adobe's marker and inverted inks, CmykPlain neither.
+/// Bytes of a JPEG. Cmyk and Ycck write Adobe's marker and inverted inks, CmykPlain neither;
+/// RgbPlain writes three colours as they are, with that marker.
 QByteArray jpegBytes(const QImage& image, const JpegStyle& style = {});
 
 /// Content of an APP1 segment with an orientation.
@@ -30,10 +35,11 @@ struct GifFrame {
     QByteArray pixels;
     bool interlaced = false;
     int transparent = -1;
+    QPoint at = {};
 };
 
 /// Bytes of a GIF with the palette black, red, green, blue.
-QByteArray gifBytes(QSize screen, const QList<GifFrame>& frames);
+QByteArray gifBytes(QSize screen, const QList<GifFrame>& frames, int background = 0);
 
 /// Bytes of a BMP with rows as they stand in the file, bottom row first.
 QByteArray bmpBytes(QSize size, int depth, int compression, const QByteArray& palette,

@@ -8,8 +8,4 @@ namespace velorama {
 /// looked at.
 bool isWholeGif(QByteArrayView bytes);
 
-/// True if a BMP holds all its rows: by their length, or for run lengths by following them to their
-/// end mark or the end of the last row.
-bool isWholeBmp(QByteArrayView bytes);
-
 }  // namespace velorama

@@ -1,5 +1,6 @@
 #include "imaging/decode/decoding.h"
 
+#include "imaging/decode/bmp.h"
 #include "imaging/decode/byte_numbers.h"
 #include "imaging/decode/completeness.h"
 #include "imaging/decode/reader_limit.h"
@@ -8,7 +9,6 @@
 #include <QImageReader>
 
 #include <algorithm>
-#include <cmath>
 
 namespace velorama {
 namespace {
@@ -29,26 +29,12 @@ QSize gifSize(QByteArrayView bytes) {
     return {numberAt<quint16>(bytes, 6), numberAt<quint16>(bytes, 8)};
 }
 
-QSize bmpSize(QByteArrayView bytes) {
-    constexpr quint32 oldHeader = 12;
-    if (numberAt<quint32>(bytes, 14) == oldHeader) {
-        return {numberAt<quint16>(bytes, 18), numberAt<quint16>(bytes, 20)};
-    }
-    const qint64 height = numberAt<qint32>(bytes, 22);  // negative: rows from top to bottom
-    return {numberAt<qint32>(bytes, 18),
-            static_cast<int>(std::min<qint64>(std::abs(height), INT_MAX))};
-}
-
 QSize pngSize(QByteArrayView bytes) {
     return {numberAt<qint32>(bytes, 16, true), numberAt<qint32>(bytes, 20, true)};
 }
 
 int gifPixel(QByteArrayView) {
     return 8;
-}
-
-int bmpPixel(QByteArrayView) {
-    return 5;
 }
 
 /// Sixteen bits a channel are read as such before they become eight.
@@ -63,7 +49,6 @@ bool isWholePng(QByteArrayView) {
 
 constexpr Kind kinds[] = {
     {QByteArrayView("GIF8", 4), "gif", gifSize, gifPixel, isWholeGif},
-    {QByteArrayView("BM", 2), "bmp", bmpSize, bmpPixel, isWholeBmp},
     {QByteArrayView("\x89PNG\r\n\x1a\n", 8), "png", pngSize, pngPixel, isWholePng},
 };
 
@@ -94,28 +79,6 @@ QImage asPixels(QImage image) {
     return image;
 }
 
-/// The toolkit's reader leaves the low bits of channels of five or six bits at 0, so that white
-/// comes out as 248. Here they become what stands above them.
-void fillLowBits(QImage& bitmap, QByteArrayView bmp) {
-    constexpr quint32 withMasks = 3;
-    const bool masked = numberAt<quint32>(bmp, 30) == withMasks;
-    const quint32 green = masked ? numberAt<quint32>(bmp, 58) : 0x03E0;
-    const bool wideGreen = qPopulationCount(green) == 6;
-    for (int y = 0; y < bitmap.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(bitmap.scanLine(y));
-        for (int x = 0; x < bitmap.width(); ++x) {
-            const QRgb low = (row[x] & 0xE0E0E0) >> 5;
-            row[x] |= wideGreen ? (low & 0x070007) | (row[x] & 0x00C000) >> 6 : low;
-        }
-    }
-}
-
-bool isSixteenBitBmp(QByteArrayView bytes) {
-    constexpr quint32 oldHeader = 12;
-    return bytes.startsWith("BM") && numberAt<quint32>(bytes, 14) > oldHeader &&
-           numberAt<quint16>(bytes, 28) == 16;
-}
-
 Picture readWithToolkit(QByteArrayView bytes, const char* format) {
     QByteArray raw = QByteArray::fromRawData(bytes.data(), bytes.size());
     QBuffer buffer(&raw);
@@ -129,9 +92,6 @@ Picture readWithToolkit(QByteArrayView bytes, const char* format) {
     }
     const QColorSpace space = image.colorSpace();
     image = asPixels(std::move(image));
-    if (isSixteenBitBmp(bytes) && !image.hasAlphaChannel()) {
-        fillLowBits(image, bytes);
-    }
     convertToSrgb(image, space);
     return {image.size(), image};
 }
@@ -148,6 +108,49 @@ Picture read(QByteArrayView bytes, const Kind& kind) {
     }
     const MemoryShare share(decodingMemory(), pixels * each);
     return share ? readWithToolkit(bytes, kind.format) : Picture();
+}
+
+const Kind* kindOf(QByteArrayView bytes) {
+    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& one) {
+        return bytes.startsWith(one.signature);
+    });
+    return kind == std::end(kinds) ? nullptr : kind;
+}
+
+bool isJpeg(QByteArrayView bytes) {
+    return bytes.startsWith("\xFF\xD8");
+}
+
+bool isBmp(QByteArrayView bytes) {
+    return bytes.startsWith("BM");
+}
+
+/// Whether a BMP is the mere cover of another file, which its rows are, and of which kind.
+bool isCover(const BmpHead& head, QByteArrayView content) {
+    const Kind* kind = kindOf(content);
+    return head.coding == BmpHead::Coding::Jpeg ? isJpeg(content)
+                                                : kind != nullptr && kind->size == pngSize;
+}
+
+bool isOwn(const BmpHead& head) {
+    return head.coding == BmpHead::Coding::Plain || head.coding == BmpHead::Coding::Runs;
+}
+
+QSize bmpSize(ByteSource& source, const BmpHead& head) {
+    if (head.size.isEmpty() || isOwn(head)) {
+        return head.size;
+    }
+    InnerBytes inner(source, head.content);
+    return isCover(head, inner.from(0)) ? pictureSize(inner) : QSize();
+}
+
+Picture readAnyBmp(QByteArrayView bytes, const Fit& fit) {
+    const BmpHead head = bmpHead(bytes);
+    if (head.size.isEmpty() || isOwn(head)) {
+        return head.size.isEmpty() ? Picture() : readBmp(bytes, head);
+    }
+    const QByteArrayView content = bytes.sliced(std::min<qint64>(head.content, bytes.size()));
+    return isCover(head, content) ? decodePicture(content, fit) : Picture();
 }
 
 }  // namespace
@@ -176,23 +179,33 @@ void convertToSrgb(QImage& bitmap, const QColorSpace& space) {
     bitmap.setColorSpace({});
 }
 
-QSize headSizeOf(QByteArrayView bytes) {
-    const auto kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& one) {
-        return bytes.startsWith(one.signature);
-    });
-    return kind == std::end(kinds) ? QSize() : kind->size(bytes);
+QColorSpace profiledSpace(const QByteArray& profile) {
+    const bool isRgb = QByteArrayView(profile).sliced(0, qMin(20, profile.size())).endsWith("RGB ");
+    return isRgb ? QColorSpace::fromIccProfile(profile) : QColorSpace();
+}
+
+QSize pictureSize(ByteSource& source) {
+    const QByteArrayView head = source.from(0);
+    QSize size;
+    if (isJpeg(head)) {
+        size = source.size() <= fileMemory().largest() ? jpegSize(source) : QSize();
+    } else if (isBmp(head)) {
+        size = bmpSize(source, bmpHead(head));
+    } else if (const Kind* kind = kindOf(head)) {
+        size = kind->size(head);
+    }
+    return size.isEmpty() ? QSize() : size;
 }
 
 Picture decodePicture(QByteArrayView bytes, const Fit& fit) {
-    if (bytes.startsWith("\xFF\xD8")) {
+    if (isJpeg(bytes)) {
         return readJpeg(bytes, fit);
     }
-    for (const Kind& kind : kinds) {
-        if (bytes.startsWith(kind.signature)) {
-            return read(bytes, kind);
-        }
+    if (isBmp(bytes)) {
+        return readAnyBmp(bytes, fit);
     }
-    return {};
+    const Kind* kind = kindOf(bytes);
+    return kind != nullptr ? read(bytes, *kind) : Picture();
 }
 
 }  // namespace velorama

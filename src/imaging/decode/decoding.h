@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/decode/byte_source.h"
 #include "imaging/decode/memory_share.h"
 #include "imaging/decode/picture.h"
 
@@ -16,8 +17,12 @@ MemoryPool& fileMemory();
 /// The part for decoders and bitmaps. Whoever has a share of it never waits for one of the files'.
 MemoryPool& decodingMemory();
 
-/// Size that the first bytes of a GIF, BMP or PNG tell, 64 of them being enough; empty for others.
-QSize headSizeOf(QByteArrayView bytes);
+/// Width and height of a picture as a viewer shows it, from its head alone; empty where the reader
+/// of its kind would not take it. Reads no more than 128 MiB, as no larger file is loaded.
+QSize pictureSize(ByteSource& source);
+
+/// The same for a JPEG, by its reader.
+QSize jpegSize(ByteSource& source);
 
 /// The JPEG reader; null picture on failure.
 Picture readJpeg(QByteArrayView bytes, const Fit& fit);
@@ -30,6 +35,10 @@ int exifOrientation(QByteArrayView segment);
 
 /// `bitmap` as a viewer shows it, by an EXIF orientation; anything but 2 to 8 leaves it as it is.
 QImage oriented(QImage bitmap, int orientation);
+
+/// The colours that an ICC profile describes; not valid for what is none, and for profiles of grey
+/// or inks, which say nothing about the pixels that the readers give.
+QColorSpace profiledSpace(const QByteArray& profile);
 
 /// Colours of `space` brought to sRGB in place. Does nothing if `space` is sRGB or not valid.
 void convertToSrgb(QImage& bitmap, const QColorSpace& space);

@@ -27,10 +27,11 @@ struct Picture {
 /// name. EXIF orientation is applied, colours come out as sRGB. `fit` says what for: a JPEG of more
 /// than 512 x 512 pixels is decoded at 1/8, 1/4 or 1/2 of its linear size where that is no smaller
 /// than it is drawn; on photographs the drawn bitmap stays above 36 dB of a full decode. A JPEG
-/// that would take more than 320 MiB is decoded smaller still. Null for anything that cannot be
-/// read, ends too early or is damaged beyond use, for files of more than 128 MiB and for what takes
-/// more than 320 MiB all the same. All threads together stay within 512 MiB; a call may have to
-/// wait for another thread's to end. Safe on any thread; never throws.
+/// that would take more than 320 MiB is decoded smaller still. A BMP that ends too early shows what
+/// there is. Null for anything else that ends too early, cannot be read or is damaged beyond use,
+/// for files of more than 128 MiB and for what takes more than 320 MiB all the same. All threads
+/// together stay within 512 MiB; a call may have to wait for another thread's to end. Safe on any
+/// thread; never throws.
 Picture LoadPicture(const QString& path, const Fit& fit = Fit::whole());
 
 /// The same from the bytes of a picture file.
