@@ -42,9 +42,12 @@ void readIndices(const char* row, QRgb* out, int count, const BmpPalette& palett
 
 template <int Bytes>
 quint32 pixelAt(const char* row, int x) {
-    quint32 pixel = 0;
-    std::memcpy(&pixel, row + qsizetype(x) * Bytes, Bytes);
-    return qFromLittleEndian(pixel);
+    const char* at = row + qsizetype(x) * Bytes;
+    if constexpr (Bytes == 4) {
+        return qFromLittleEndian<quint32>(at);
+    }
+    const quint32 low = qFromLittleEndian<quint16>(at);
+    return Bytes == 2 ? low : low | quint32(static_cast<uchar>(at[2])) << 16;
 }
 
 template <int Bytes>
@@ -57,11 +60,15 @@ void readChannels(const char* row, QRgb* out, int count, const std::array<Channe
     }
 }
 
-/// Channels that stand as they do in the bitmap.
+/// Channels that stand as they do in the bitmap. Of three bytes a pixel, four are read at a time,
+/// which takes half the time; the last pixel has none behind it.
 template <int Bytes>
 void readUsual(const char* row, QRgb* out, int count, QRgb opaque) {
-    for (int x = 0; x < count; ++x) {
-        out[x] = pixelAt<Bytes>(row, x) | opaque;
+    for (int x = 0; x < count - 1; ++x) {
+        out[x] = qFromLittleEndian<quint32>(row + qsizetype(x) * Bytes) | opaque;
+    }
+    if (count > 0) {
+        out[count - 1] = pixelAt<Bytes>(row, count - 1) | opaque;
     }
 }
 
@@ -95,6 +102,12 @@ void readDeep(const char* row, QRgb* out, int count) {
     }
 }
 
+bool isUsual(const BmpHead& head) {
+    const bool alpha = head.depth == 32 && head.masks[3] == 0xFF000000U;
+    return head.depth >= 24 && head.masks[0] == 0xFF0000 && head.masks[1] == 0x00FF00 &&
+           head.masks[2] == 0x0000FF && (alpha || head.masks[3] == 0);
+}
+
 class RowReader {
 public:
     RowReader(const BmpHead& head, const BmpPalette& palette)
@@ -103,9 +116,7 @@ public:
           channels_{Channel(head.masks[0]), Channel(head.masks[1]), Channel(head.masks[2]),
                     Channel(head.masks[3])},
           opaque_(head.masks[3] == 0 ? black : 0),
-          usual_(head.masks[0] == 0xFF0000 && head.masks[1] == 0x00FF00 &&
-                 head.masks[2] == 0x0000FF &&
-                 (head.masks[3] == 0 || head.masks[3] == 0xFF000000U)) {}
+          usual_(isUsual(head)) {}
 
     void read(const char* row, QRgb* out, int count) const;
 
@@ -164,13 +175,15 @@ void readRows(QByteArrayView rows, const BmpHead& head, const RowReader& reader,
 }
 
 /// A file with less than a sixteenth of its rows has lost nearly all of its picture, or never had
-/// one and only claims its size. Of run lengths a few may be all.
+/// one and only claims its size. Of run lengths two bytes may stand for 255 pixels.
 bool isPlausible(QByteArrayView content, const BmpHead& head) {
+    constexpr qint64 most = 16;
     if (head.coding == BmpHead::Coding::Runs) {
-        return !content.isEmpty();
+        const qint64 pixels = qint64(head.size.width()) * head.size.height();
+        return pixels <= content.size() * 255 / 2 * most;
     }
     const qint64 stride = (qint64(head.size.width()) * head.depth + 31) / 32 * 4;
-    return content.size() >= (stride * head.size.height() + 15) / 16;
+    return stride * head.size.height() <= content.size() * most;
 }
 
 bool mayBeSeeThrough(const BmpHead& head) {

@@ -179,9 +179,11 @@ void convertToSrgb(QImage& bitmap, const QColorSpace& space) {
     bitmap.setColorSpace({});
 }
 
-QColorSpace profiledSpace(const QByteArray& profile) {
-    const bool isRgb = QByteArrayView(profile).sliced(0, qMin(20, profile.size())).endsWith("RGB ");
-    return isRgb ? QColorSpace::fromIccProfile(profile) : QColorSpace();
+QColorSpace profiledSpace(const QByteArray& profile, bool grey) {
+    constexpr qsizetype kindPlace = 16;
+    const QByteArray kind = profile.mid(kindPlace, 4);
+    return kind == "RGB " || (grey && kind == "GRAY") ? QColorSpace::fromIccProfile(profile)
+                                                      : QColorSpace();
 }
 
 QSize pictureSize(ByteSource& source) {

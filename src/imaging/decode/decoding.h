@@ -36,9 +36,9 @@ int exifOrientation(QByteArrayView segment);
 /// `bitmap` as a viewer shows it, by an EXIF orientation; anything but 2 to 8 leaves it as it is.
 QImage oriented(QImage bitmap, int orientation);
 
-/// The colours that an ICC profile describes; not valid for what is none, and for profiles of grey
-/// or inks, which say nothing about the pixels that the readers give.
-QColorSpace profiledSpace(const QByteArray& profile);
+/// The colours that an ICC profile describes, if it is one of RGB, or of grey where the pixels are;
+/// not valid for others, which say nothing about these pixels, and for what is no profile.
+QColorSpace profiledSpace(const QByteArray& profile, bool grey = false);
 
 /// Colours of `space` brought to sRGB in place. Does nothing if `space` is sRGB or not valid.
 void convertToSrgb(QImage& bitmap, const QColorSpace& space);

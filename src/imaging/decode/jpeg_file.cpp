@@ -121,20 +121,19 @@ int JpegFile::orientation() const {
 QColorSpace JpegFile::colourSpace() {
     JOCTET* data = nullptr;
     unsigned int length = 0;
-    if (!attempt(errors_, [&] { jpeg_read_icc_profile(&info_, &data, &length); }) ||
+    if (isInked() || !attempt(errors_, [&] { jpeg_read_icc_profile(&info_, &data, &length); }) ||
         data == nullptr) {
         return {};
     }
     const QByteArray profile(reinterpret_cast<const char*>(data), length);
     std::free(data);
-    return profiledSpace(profile);
+    return profiledSpace(profile, info_.jpeg_color_space == JCS_GRAYSCALE);
 }
 
 bool JpegFile::setScale(int eighths) {
-    const bool inked = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
     info_.scale_num = static_cast<unsigned>(eighths);
     info_.scale_denom = 8;
-    info_.out_color_space = inked ? JCS_CMYK : JCS_EXT_BGRA;
+    info_.out_color_space = isInked() ? JCS_CMYK : JCS_EXT_BGRA;
     info_.dct_method = JDCT_ISLOW;
     return attempt(errors_, [this] { jpeg_calc_output_dimensions(&info_); });
 }

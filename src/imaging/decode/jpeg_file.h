@@ -37,6 +37,7 @@ public:
     QSize size() const;
     /// EXIF orientation, 1 to 8.
     int orientation() const;
+    /// That of a profile which fits the colours; profiles of inks are not applied.
     QColorSpace colourSpace();
     /// Chooses the scale of the decoding; false if the library gives up.
     bool setScale(int eighths);
@@ -51,7 +52,9 @@ public:
 private:
     bool isPlausible() const;
     bool lacksScans() const;
-    bool isInked() const { return info_.out_color_space == JCS_CMYK; }
+    bool isInked() const {
+        return info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
+    }
     void readRows(uchar* pixels, qsizetype stride, uchar* inks);
 
     const qint64 fileBytes_;

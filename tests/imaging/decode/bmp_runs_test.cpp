@@ -85,6 +85,13 @@ TEST(BmpRuns, CutOffShowWhatIsThere) {
     EXPECT_EQ(runs(8, {2, 1}, ""), Pixels());
 }
 
+TEST(BmpRuns, TooFewForTheSizeAreNotRead) {
+    // Two bytes make 255 pixels at most; a sixteenth of that must be there.
+    EXPECT_EQ(runs(8, {4080, 1}, "0001").size(), 4080U);
+    EXPECT_EQ(runs(8, {4081, 1}, "0001"), Pixels());
+    EXPECT_EQ(runs(24, {8000, 8000}, "0001"), Pixels());
+}
+
 TEST(BmpRuns, OfDamageAreSurvived) {
     const QByteArray whole = bmpFile({.size = {7, 5},
                                       .depth = 4,

@@ -166,6 +166,75 @@ TEST(ExifOffsets, MayPutTheDirectoryAnywhere) {
     }
 }
 
+/// Four bytes each, highest first.
+QByteArray big(std::initializer_list<quint32> numbers) {
+    QByteArray bytes;
+    for (const quint32 number : numbers) {
+        for (const int shift : {24, 16, 8, 0}) {
+            bytes += static_cast<char>(number >> shift & 0xFF);
+        }
+    }
+    return bytes;
+}
+
+/// An ICC profile of a kind, with a gamma of 1.8 for grey.
+QByteArray profileOf(const char* kind) {
+    const QByteArray d50 = big({0xF6D6, 0x10000, 0xD32D});
+    const QByteArray white = "XYZ " + big({0}) + d50;
+    const QByteArray curve = "curv" + big({0, 1, 0x01CD0000});  // 1.8 in 256ths
+    const auto start = static_cast<quint32>(128 + 4 + 2 * 12);
+    const auto second = start + static_cast<quint32>(white.size());
+    const QByteArray tags = big({2}) + "wtpt" + big({start, 20}) + "kTRC" + big({second, 16});
+    const QByteArray head = big({second + 16, 0, 0x02400000}) + "mntr" + kind + "XYZ " +
+                            QByteArray(12, '\0') + "acsp" + QByteArray(28, '\0') + d50;
+    return head.leftJustified(128, '\0') + tags + white + curve;
+}
+
+TEST(JpegProfile, OfGreyIsAppliedToGrey) {
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(qRgb(100, 100, 100));
+    const JpegStyle style{.colours = Colours::Grey, .profile = profileOf("GRAY")};
+    // 100/255 by a gamma of 1.8 is 0.1855 of full light, which is 119 on sRGB's curve.
+    const QRgb shown = decodePicture(jpegBytes(image, style)).bitmap.pixel(3, 3);
+    EXPECT_EQ(shown, qRgb(119, 119, 119));
+}
+
+TEST(JpegProfile, OfOtherColoursThanThePicturesIsPassedOver) {
+    const QImage image = landscape(64, 48);
+    const QByteArray adobe = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
+    const struct {
+        Colours colours;
+        QByteArray profile;
+    } rows[] = {{Colours::Rgb, profileOf("GRAY")},  {Colours::Rgb, profileOf("CMYK")},
+                {Colours::Grey, profileOf("CMYK")}, {Colours::Cmyk, profileOf("CMYK")},
+                {Colours::Cmyk, profileOf("GRAY")}, {Colours::Cmyk, adobe},
+                {Colours::CmykPlain, adobe},        {Colours::Ycck, adobe}};
+    for (const auto& row : rows) {
+        const QImage plain = decodePicture(jpegBytes(image, {.colours = row.colours})).bitmap;
+        const JpegStyle style{.colours = row.colours, .profile = row.profile};
+        EXPECT_EQ(decodePicture(jpegBytes(image, style)).bitmap, plain) << int(row.colours);
+    }
+}
+
+TEST(JpegProfile, InPiecesIsAppliedWhole) {
+    const QImage image = landscape(64, 48);
+    const QByteArray profile = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
+    const QByteArray plain = jpegBytes(image);
+    const auto piece = [&](int number, const QByteArray& bytes) {
+        return segment('\xE2',
+                       QByteArray("ICC_PROFILE\0", 12) + static_cast<char>(number) + '\2' + bytes);
+    };
+    const QByteArray first = piece(1, profile.first(100));
+    const QByteArray second = piece(2, profile.sliced(100));
+    const QImage wanted = decodePicture(jpegBytes(image, {.profile = profile})).bitmap;
+    EXPECT_EQ(decodePicture(QByteArray(plain).insert(2, first + second)).bitmap, wanted);
+    EXPECT_EQ(decodePicture(QByteArray(plain).insert(2, second + first)).bitmap, wanted);
+    const QImage unprofiled = decodePicture(plain).bitmap;
+    EXPECT_NE(wanted, unprofiled);
+    EXPECT_EQ(decodePicture(QByteArray(plain).insert(2, second)).bitmap, unprofiled);
+    EXPECT_EQ(decodePicture(QByteArray(plain).insert(2, first + first)).bitmap, unprofiled);
+}
+
 TEST(JpegSize, AgreesWithTheDecoderOnDamagedFiles) {
     const QImage image = landscape(40, 24);
     const QByteArray wholes[] = {
