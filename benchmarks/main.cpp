@@ -50,6 +50,7 @@ constexpr Work works[] = {
     {"viewers", 2, secondVisit},
     {"manyagain", 1, listingHundredThousandAgain},
     {"addmany", 1, addingHundredThousand},
+    {"bmp", 1, bmpLoading},
 };
 
 constexpr int quickRounds = 3;

@@ -205,6 +205,13 @@ QString manyFolder(int count) {
                   });
 }
 
+QString bmpFolder() {
+    return filled(QStringLiteral("bmp"), QStringLiteral("bmp"), 1, [](int, const QString& path) {
+        std::minstd_rand random(3);
+        return noise({4000, 3000}, random).convertToFormat(QImage::Format_RGB888).save(path, "BMP");
+    });
+}
+
 QString tinyFolder(int count) {
     const QString name = QStringLiteral("tiny-%1").arg(count);
     return filled(name, QStringLiteral("bmp"), count, [](int number, const QString& path) {

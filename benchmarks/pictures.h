@@ -27,6 +27,8 @@ QString mediumFolder(int count);
 QString albumFolder(int count);
 /// `count` JPEGs of 160 x 120: 500 different ones under many names each.
 QString manyFolder(int count);
+/// One BMP of 4000 x 3000, 24 bits a pixel.
+QString bmpFolder();
 /// `count` different BMPs of 4 x 4.
 QString tinyFolder(int count);
 /// `count` BMPs of 2 x 2, each of one colour: so plain that the cache holds both thumbnails of

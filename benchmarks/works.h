@@ -34,6 +34,7 @@ Contest startWithAlbumAgain();
 Contest secondVisit();
 Contest listingHundredThousandAgain();
 Contest addingHundredThousand();
+Contest bmpLoading();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.
