@@ -141,6 +141,15 @@ TEST(BmpAlpha, ThatIsTheSameThroughoutMeansOpaque) {
     }
 }
 
+TEST(BmpAlpha, OfMissingPixelsIsNone) {
+    BmpSample sample = masked(32, {0xFF0000, 0xFF00, 0xFF, 0xFF000000}, little({0x80FF0000}));
+    sample.header = 124;
+    sample.size = {2, 1};
+    EXPECT_EQ(pixelsOf(sample), (Pixels{0x80FF0000, 0}));
+    sample.content = little({0x00FF0000});
+    EXPECT_EQ(pixelsOf(sample), (Pixels{red, black}));
+}
+
 TEST(BmpColours, OfSixtyFourBitsAreLinearLight) {
     // Blue, green, red, alpha; 8192 is full light. A half is 188 on sRGB's curve, a hundredth 25
     // (its straight part ends at 25.67), and 26 of 8192 lie on the straight part: 10.46.

@@ -63,7 +63,7 @@ TEST(BmpRuns, EndAtTheRowsEnd) {
     EXPECT_EQ(runs(8, {2, 2}, "FF01 0102 0000 0103 0001"), (Pixels{blue, white, red, red}));
     EXPECT_EQ(runs(8, {2, 2}, "0005 010203010200 0000 0003 03020100 0001"),
               (Pixels{blue, green, red, green}));
-    EXPECT_EQ(runs(8, {2, 2}, "0101 0002 FF00 0103 0000 0202 0001"),
+    EXPECT_EQ(runs(8, {2, 2}, "0101 0002 FE00 0103 0000 0202 0001"),
               (Pixels{green, green, red, white}));
 }
 

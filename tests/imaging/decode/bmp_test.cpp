@@ -184,7 +184,7 @@ TEST(BmpCover, OfAnotherKindIsNotRead) {
     const QByteArray png = test::toolkitBytes(test::landscape(30, 20), "png");
     for (const quint32 compression : {4, 5}) {
         const QByteArray file = bmpFile({.depth = 0, .content = inner, .compression = compression});
-        EXPECT_EQ(pixelsOf(file), Pixels());
+        EXPECT_TRUE(decodePicture(file).isNull());
         MemoryBytes source(file);
         EXPECT_EQ(pictureSize(source), QSize());
     }

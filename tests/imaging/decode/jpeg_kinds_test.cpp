@@ -235,6 +235,17 @@ TEST(JpegProfile, InPiecesIsAppliedWhole) {
     EXPECT_EQ(decodePicture(QByteArray(plain).insert(2, first + first)).bitmap, unprofiled);
 }
 
+TEST(JpegSize, AgreesWithTheDecoderOnSegmentsThatAreShorterThanTheirLength) {
+    const QByteArray plain = jpegBytes(landscape(40, 24));
+    for (const char length : {'\0', '\1'}) {
+        QByteArray bytes = plain;
+        ASSERT_EQ(bytes[3], '\xE0');
+        bytes[5] = length;
+        EXPECT_EQ(decodePicture(bytes).size, QSize(40, 24));
+        EXPECT_EQ(sizeOf(bytes), QSize(40, 24));
+    }
+}
+
 TEST(JpegSize, AgreesWithTheDecoderOnDamagedFiles) {
     const QImage image = landscape(40, 24);
     const QByteArray wholes[] = {
@@ -242,12 +253,17 @@ TEST(JpegSize, AgreesWithTheDecoderOnDamagedFiles) {
         jpegBytes(image, {.progressive = true, .orientation = 8, .bigEndianExif = true}),
         jpegBytes(image, {.colours = Colours::Ycck, .restart = 2}),
         jpegBytes(image, {.colours = Colours::Grey, .arithmetic = true})};
+    // What turns segments into others, or their lengths into lies.
+    const QByteArray words("\0\1\xFF\xC0\xD8\xDA\xE1", 7);
     std::mt19937 random(20);
     int decoded = 0;
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 4000; ++i) {
         QByteArray bytes = wholes[i % 4];
+        const auto head = static_cast<unsigned>(bytes.indexOf("\xFF\xDA") + 14);
         for (unsigned damage = 0; damage <= random() % 4; ++damage) {
-            bytes[qsizetype(random() % unsigned(bytes.size()))] = static_cast<char>(random());
+            const unsigned within = random() % 4 == 0 ? unsigned(bytes.size()) : head;
+            bytes[qsizetype(random() % within)] =
+                random() % 2 == 0 ? static_cast<char>(random()) : words[qsizetype(random() % 7)];
         }
         const QSize told = sizeOf(bytes);
         const Picture picture = decodePicture(bytes);

@@ -75,6 +75,15 @@ TEST(PictureFileSize, SkipsWhatStandsBetweenSegments) {
     EXPECT_EQ(sizeOf(jpeg), QSize(90, 61));
 }
 
+TEST(PictureFileSize, SkipsLongSegmentsUnread) {
+    const QByteArray frame("\xFF\xC0\x00\x11\x08\x00\x07\x00\x09", 9);
+    QByteArray jpeg = test::jpegBytes(test::landscape(90, 61));
+    const QByteArray comment = QByteArray("\xFF\xFE\xFD\xE8", 4) + frame.repeated(7222);
+    ASSERT_EQ(comment.size(), 2 + 0xFDE8);
+    jpeg.insert(2, comment);
+    EXPECT_EQ(sizeOf(jpeg), QSize(90, 61));
+}
+
 TEST(PictureFileSize, OfAHeadCutShortIsEmpty) {
     for (const QByteArray& bytes : {test::jpegBytes(test::landscape(90, 61), {.orientation = 6}),
                                     test::toolkitBytes(test::landscape(90, 61), "png"),
