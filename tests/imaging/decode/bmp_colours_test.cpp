@@ -175,26 +175,38 @@ QRgb fromAdobeRgb(QRgb pixel) {
     return image.pixel(0, 0);
 }
 
-TEST(BmpProfile, OfAHeaderIsApplied) {
-    // Red, green and blue of Adobe's RGB in XYZ, as fractions of 30 bits, and a gamma of 2.2.
+/// Red, green and blue of Adobe's RGB in XYZ, as fractions of 30 bits, with these gammas.
+QByteArray adobeRgb(std::initializer_list<quint32> gammas) {
     QByteArray fields = little({0});
     for (const double value :
          {0.5767, 0.2974, 0.0270, 0.1856, 0.6273, 0.0707, 0.1882, 0.0753, 0.9911}) {
         fields += little({static_cast<quint32>(value * (1 << 30))});
     }
-    fields += little({0x23333, 0x23333, 0x23333});
+    return fields + little(gammas);
+}
+
+/// One pixel of 100, 150, 100.
+BmpSample calibrated(quint32 header, const QByteArray& fields) {
+    return {
+        .size = {1, 1}, .content = bytesOf("64966400"), .header = header, .colourFields = fields};
+}
+
+TEST(BmpProfile, OfAHeaderIsApplied) {
+    const QRgb wanted = fromAdobeRgb(0xFF649664);
     for (const quint32 header : {108, 124}) {
-        const Pixels found = pixelsOf(BmpSample{.size = {1, 1},
-                                                .content = bytesOf("64966400"),
-                                                .header = header,
-                                                .colourFields = fields});
-        const QRgb wanted = fromAdobeRgb(0xFF649664);
+        const Pixels found = pixelsOf(calibrated(header, adobeRgb({0x23333, 0x23333, 0x23333})));
         ASSERT_EQ(found.size(), 1U);
         EXPECT_NEAR(qRed(found[0]), qRed(wanted), 1);
         EXPECT_NEAR(qGreen(found[0]), qGreen(wanted), 1);
         EXPECT_NEAR(qBlue(found[0]), qBlue(wanted), 1);
         EXPECT_LT(qRed(found[0]), 80);
     }
+}
+
+TEST(BmpProfile, OfSeveralGammasIsPassedOver) {
+    const Pixels plain{0xFF649664};
+    EXPECT_EQ(pixelsOf(calibrated(108, adobeRgb({0x23333, 0x20000, 0x23333}))), plain);
+    EXPECT_EQ(pixelsOf(calibrated(108, adobeRgb({0x23333, 0x23333, 0x20000}))), plain);
 }
 
 TEST(BmpProfile, OfImpossibleFieldsIsPassedOver) {

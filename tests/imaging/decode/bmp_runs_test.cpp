@@ -82,6 +82,7 @@ TEST(BmpRuns, CutOffShowWhatIsThere) {
     EXPECT_EQ(runs(8, {2, 2}, "0201 0000 01"), (Pixels{white, white, red, red}));
     EXPECT_EQ(runs(8, {4, 1}, "0004 0102"), (Pixels{red, green, white, white}));
     EXPECT_EQ(runs(4, {4, 1}, "0004 12"), (Pixels{red, green, white, white}));
+    EXPECT_EQ(runs(24, {3, 1}, "0003 0000FF FF"), (Pixels{red, black, black}));
     EXPECT_EQ(runs(8, {2, 1}, ""), Pixels());
 }
 

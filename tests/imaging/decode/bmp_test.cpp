@@ -115,9 +115,9 @@ TEST(BmpPalette, EndsWhereThePixelsBegin) {
     const BmpSample sample{
         .depth = 8, .content = bytesOf("03000000 01020000"), .palette = palette4};
     EXPECT_EQ(pixelsOf(sample), allFour);
-    // An index beyond them.
+    // The first index beyond them.
     const BmpSample beyond{
-        .depth = 8, .content = bytesOf("03000000 01090000"), .palette = palette4};
+        .depth = 8, .content = bytesOf("03000000 01040000"), .palette = palette4};
     EXPECT_EQ(pixelsOf(beyond), (Pixels{red, black, blue, black}));
 }
 
