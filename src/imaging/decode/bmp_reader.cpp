@@ -158,12 +158,17 @@ void RowReader::read(const char* row, QRgb* out, int count) const {
     }
 }
 
+/// Rows are filled up to four bytes.
+qint64 rowBytes(const BmpHead& head) {
+    return (qint64(head.size.width()) * head.depth + 31) / 32 * 4;
+}
+
 /// Rows of a file that may end too early. What is missing takes the colour `ground`.
 void readRows(QByteArrayView rows, const BmpHead& head, const RowReader& reader, QRgb ground,
               QImage& bitmap) {
     const int width = head.size.width();
     const int height = head.size.height();
-    const qint64 stride = (qint64(width) * head.depth + 31) / 32 * 4;
+    const qint64 stride = rowBytes(head);
     for (int i = 0; i < height; ++i) {
         const qint64 start = std::min<qint64>(i * stride, rows.size());
         const qint64 there = (rows.size() - start) * 8 / head.depth;
@@ -182,8 +187,7 @@ bool isPlausible(QByteArrayView content, const BmpHead& head) {
         const qint64 pixels = qint64(head.size.width()) * head.size.height();
         return pixels <= content.size() * 255 / 2 * most;
     }
-    const qint64 stride = (qint64(head.size.width()) * head.depth + 31) / 32 * 4;
-    return stride * head.size.height() <= content.size() * most;
+    return rowBytes(head) * head.size.height() <= content.size() * most;
 }
 
 bool mayBeSeeThrough(const BmpHead& head) {
