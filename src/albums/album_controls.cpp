@@ -33,8 +33,8 @@ AlbumControls::AlbumControls(QWidget& page)
     lvwALBUMS->setAccessibleName(QStringLiteral("Slideshow Albums"));
     lvwALBUMS->setEmptyText(QCoreApplication::translate(
         "AlbumControls",
-        "The albums you open and save are kept here.\nTo begin, add photographs on the page "
-        "Pictures, then save them as an album."));
+        "Albums that you save or open are listed here.\nTo begin, choose pictures for a show, "
+        "then save it as an album."));
 }
 
 }  // namespace velorama

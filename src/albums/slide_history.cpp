@@ -154,7 +154,7 @@ void SlideHistory::forgetIfForeign() {
 }
 
 void SlideHistory::offer() const {
-    c_.setEmptyText(!done_.empty());
+    c_.tellUndo(!done_.empty());
 }
 
 void SlideHistory::saved() {

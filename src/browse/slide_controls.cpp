@@ -4,8 +4,6 @@
 #include "controls/buttons/control_making.h"
 #include "controls/geometry/twips.h"
 
-#include <QCoreApplication>
-
 namespace velorama {
 
 // Design places in twips.
@@ -23,16 +21,11 @@ SlideControls::SlideControls(QWidget& surface)
     lvwSLIDEBAR->setArrangement(ListView::Arrangement::Strip);
     lvwSLIDEBAR->setFrameShape(QFrame::NoFrame);
     lvwSLIDEBAR->setAccessibleName(QStringLiteral("Slideshow List"));
-    setEmptyText(false);
 }
 
-void SlideControls::setEmptyText(bool canUndo) const {
-    lvwSLIDEBAR->setEmptyText(
-        canUndo ? QCoreApplication::translate(
-                      "SlideControls",
-                      "Add pictures from above to make a show. Ctrl+Z brings back what was here.")
-                : QCoreApplication::translate("SlideControls",
-                                              "Add pictures from above to make a show."));
+void SlideControls::tellUndo(bool canUndo) const {
+    lvwSLIDEBAR->emptyState().setNote(canUndo ? QStringLiteral("Ctrl+Z brings back what was here.")
+                                              : QString());
 }
 
 }  // namespace velorama

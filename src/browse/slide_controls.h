@@ -12,8 +12,8 @@ namespace velorama {
 struct SlideControls {
     explicit SlideControls(QWidget& surface);
 
-    /// What an empty list says; `canUndo`: that there is something to be brought back.
-    void setEmptyText(bool canUndo) const;
+    /// Whether an empty list says that there is something to be brought back.
+    void tellUndo(bool canUndo) const;
 
     PictureBox* picSELBAR;
     /// Of everything that takes its time: listing a folder, adding slides, reading and building

@@ -37,6 +37,8 @@ struct Commands {
     Command redo{"redo", "Redo", {}, Qt::CTRL | Qt::SHIFT | Qt::Key_Z};
     Command moveBack;
     Command moveForward;
+    Command choosePictures;
+    Command showSamples;
     Command createWebAlbum;
     Command viewWebAlbum;
 };

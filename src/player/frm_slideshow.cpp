@@ -34,7 +34,8 @@ frmSLIDESHOW::frmSLIDESHOW(ShowHost& host, ScreenSaver& screenSaver)
       screenSaver_(screenSaver),
       fitting_(*this, picPREVIEW, picBORDERFRAME, imgPREVIEW98),
       fade_(picPREVIEW, picSLIDERESIZE, tmrFADETRANS, pictures_),
-      pauseMark_(this) {
+      pauseMark_(this),
+      startHint_(this) {
     setObjectName(QStringLiteral("frmSLIDESHOW"));
     setWindowTitle(libTxt.ProductName);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
@@ -124,6 +125,7 @@ void frmSLIDESHOW::load(QScreen* screen) {
     copyMusic();
     picCONTROLBAR.prgPLAY.setVisible(!picCONTROLBAR.lblPLAYING.Caption().isEmpty());
     picCONTROLBAR.applyAutoHide();
+    startHint_.showBriefly();
     loaded_ = true;
     takeSteps();
 }
@@ -244,6 +246,7 @@ void frmSLIDESHOW::togglePause() {
         host_.AudioPause();
     }
     Paused = !Paused;
+    startHint_.hide();
     keepAwake(!Paused);
     copyMusic();
     ShowStatusLabels();
@@ -276,6 +279,7 @@ void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {
     if (event->isAutoRepeat() && !arrow) {
         return;  // The key that started the show, still held down, must not end it.
     }
+    startHint_.keyUsed();
     Form_KeyDown(keyCode(*event), shiftMask(event->modifiers()));
 }
 

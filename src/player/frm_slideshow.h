@@ -9,6 +9,7 @@
 #include "player/pause_mark.h"
 #include "player/slide_fitting.h"
 #include "player/slide_sequence.h"
+#include "player/start_hint.h"
 #include "player/step_queue.h"
 #include "player/wheel_steps.h"
 
@@ -123,6 +124,7 @@ private:
     SlideFitting fitting_;
     FadeTransition fade_;
     PauseMark pauseMark_;
+    StartHint startHint_;
     QImage background_;
     int running_ = 0;
     StepQueue steps_;

@@ -1,6 +1,7 @@
 #include "ui/slide_bar.h"
 
 #include "controls/buttons/control_making.h"
+#include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/show_colours.h"
@@ -20,21 +21,32 @@ constexpr float lengthGap = 180;
 struct Design {
     std::size_t index;
     const char* symbol;
+    const char* caption;
     const char* tooltip;
-    float left;
     Command Commands::*command;
 };
 
 constexpr std::array<Design, 8> toolbarButtons = {{
-    {0, "add", "Add selected found photos", 120, &Commands::add},
-    {1, "add-all", "Add all found photos", 705, &Commands::addAll},
-    {2, "remove", "Remove selected photos", 1500, &Commands::remove},
-    {3, "remove-all", "Remove all photos", 2085, &Commands::removeAll},
-    {4, "move-back", "move photo backwards", 2880, &Commands::moveBack},
-    {5, "move-forward", "move photo forwards", 3465, &Commands::moveForward},
-    {8, "settings", "Change Slideshow settings", 0, &Commands::settings},
-    {6, "play", "Play Slideshow [F5]", 0, &Commands::start},
+    {0, "add", "Add", "Add selected found photos", &Commands::add},
+    {1, "add-all", "Add All", "Add all found photos", &Commands::addAll},
+    {2, "remove", "Remove", "Remove selected photos", &Commands::remove},
+    {3, "remove-all", "Remove All", "Remove all photos", &Commands::removeAll},
+    {4, "move-back", "", "move photo backwards", &Commands::moveBack},
+    {5, "move-forward", "", "move photo forwards", &Commands::moveForward},
+    {8, "settings", "", "Change Slideshow settings", &Commands::settings},
+    {6, "play", "Play", "Play Slideshow [F5]", &Commands::start},
 }};
+
+// Twips. The buttons at the left stand in pairs.
+constexpr float toolbarLeft = 120;
+constexpr float pairGap = 45;
+constexpr float gapBetweenPairs = 255;
+constexpr float buttonTop = 45;
+constexpr float buttonWidth = 540;
+constexpr float buttonHeight = 450;
+constexpr float playWidth = 1200;
+// The number of slides needs this much beside captions.
+constexpr float leastLengthWidth = 1200;
 
 }  // namespace
 
@@ -49,23 +61,54 @@ SlideBar::SlideBar(QWidget& surface, Commands& commands)
     place(*picbarCONTROLS, 0, 4020, 11040, 540);
     picbarCONTROLS->setAutoFillBackground(true);
     makeToolbar(commands);
+    makeEmptyState(commands);
     // Told once when a batch has ended, however many slides it had.
     connect(slides.lvwSLIDEBAR->model(), &QAbstractItemModel::modelReset, this,
             &SlideBar::showLength);
+}
+
+void SlideBar::makeEmptyState(Commands& commands) {
+    EmptyState& empty = slides.lvwSLIDEBAR->emptyState();
+    btnADDALL_ = empty.addButton("btnADDALLFOUND", "add-all", "Add All",
+                                 "Add all pictures of the folder to the show");
+    commands.addAll.addButton(*btnADDALL_);
+    btnCHOOSE_ = empty.addButton("btnCHOOSEPICTURES", "picture", "Choose Pictures",
+                                 "Go to the page Pictures");
+    commands.choosePictures.addButton(*btnCHOOSE_);
+    setPicturesShown(false);
+}
+
+void SlideBar::setPicturesShown(bool areShown) {
+    EmptyState& empty = slides.lvwSLIDEBAR->emptyState();
+    empty.setText(areShown ? QStringLiteral("Add pictures from above to make a show.")
+                           : QStringLiteral("The slides of a show stand here."));
+    empty.setButton(areShown ? btnADDALL_ : btnCHOOSE_);
 }
 
 void SlideBar::makeToolbar(Commands& commands) {
     for (const Design& design : toolbarButtons) {
         cbtn* button =
             makeButton(picbarCONTROLS, QStringLiteral("cbtnCONTROLS%1").arg(design.index),
-                       design.symbol, design.tooltip);
-        place(*button, design.left, 45, 540, 450);
+                       design.symbol, design.tooltip, design.caption);
+        placeDesign(*button, 0, buttonTop, design.index == 6 ? playWidth : buttonWidth,
+                    buttonHeight);
         (commands.*design.command).addButton(*button);
         connect(button, &cbtn::clicked, this, &SlideBar::Pressed);
         cbtnCONTROLS.at(design.index) = button;
     }
     cbtnCONTROLS[6]->setPrimary(true);
-    setWidth(*cbtnCONTROLS[6], 900);
+}
+
+float SlideBar::placeFromLeft(bool withCaptions) {
+    float left = toolbarLeft;
+    for (std::size_t index = 0; index < 6; ++index) {
+        cbtn& button = *cbtnCONTROLS[index];
+        button.setCompact(!withCaptions);
+        giveRoom(button, buttonHeight);
+        setLeft(button, left);
+        left += Width(button) + (index % 2 == 0 ? pairGap : gapBetweenPairs);
+    }
+    return left - gapBetweenPairs;
 }
 
 void SlideBar::hangBelow(float tabsBottom, float surfaceWidth) {
@@ -122,8 +165,12 @@ void SlideBar::layOut(float surfaceWidth, float surfaceHeight) {
     place(*shpSLIDEBAR, 90, surfaceHeight - 2500, surfaceWidth - 180 - 120, 2380);
     cbtn& start = *cbtnCONTROLS[6];
     cbtn& settings = *cbtnCONTROLS[8];
+    giveRoom(start, buttonHeight);
     setLeft(start, surfaceWidth - Width(start) - 45);
     setLeft(settings, Left(start) - 120 - Width(settings));
+    if (placeFromLeft(true) + 2 * lengthGap + leastLengthWidth > Left(settings)) {
+        placeFromLeft(false);
+    }
     showLength();
 }
 
@@ -147,8 +194,9 @@ QLineF SlideBar::separator(float surfaceWidth) const {
 }
 
 QList<QWidget*> SlideBar::tabOrder() const {
-    return {cbtnCONTROLS[0], cbtnCONTROLS[1], cbtnCONTROLS[2], cbtnCONTROLS[3],   cbtnCONTROLS[4],
-            cbtnCONTROLS[5], cbtnCONTROLS[8], cbtnCONTROLS[6], slides.lvwSLIDEBAR};
+    return {cbtnCONTROLS[0],    cbtnCONTROLS[1], cbtnCONTROLS[2], cbtnCONTROLS[3],
+            cbtnCONTROLS[4],    cbtnCONTROLS[5], cbtnCONTROLS[8], cbtnCONTROLS[6],
+            slides.lvwSLIDEBAR, btnADDALL_,      btnCHOOSE_};
 }
 
 }  // namespace velorama

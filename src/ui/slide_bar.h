@@ -38,6 +38,8 @@ public:
     QList<QWidget*> tabOrder() const;
     /// Says in the toolbar how many slides there are and, where there is room, how long they take.
     void showLength();
+    /// Whether the page is up that slides are added from: an empty bar says how to fill it.
+    void setPicturesShown(bool areShown);
 
 signals:
     /// A button of the toolbar has done its work.
@@ -45,9 +47,15 @@ signals:
 
 private:
     void makeToolbar(Commands& commands);
+    /// The buttons that work on the slides, with captions or without; the last one's right edge.
+    float placeFromLeft(bool withCaptions);
+    void makeEmptyState(Commands& commands);
     void tintBand();
     void tintToolbar();
     void tintSlides();
+
+    cbtn* btnADDALL_ = nullptr;
+    cbtn* btnCHOOSE_ = nullptr;
 };
 
 }  // namespace velorama

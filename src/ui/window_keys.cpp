@@ -49,7 +49,7 @@ QList<QWidget*> WindowKeys::parts() const {
             break;
         }
     }
-    all.append(below.last());
+    all.append(slideBar_.slides.lvwSLIDEBAR);
     return all;
 }
 

@@ -1,6 +1,7 @@
 #include "ui/workshop.h"
 
 #include "core/globals.h"
+#include "platform/session/shell.h"
 
 #include <QMessageBox>
 
@@ -63,6 +64,11 @@ void Workshop::enablePictureCommands() {
 }
 
 void Workshop::connectSlides() {
+    connect(&pages_, &Pages::Turned, &slideBar_,
+            [this] { slideBar_.setPicturesShown(&pages_.shown() == pages_.pictures); });
+    const ListView& list = *slideBar_.slides.lvwSLIDEBAR;
+    connect(list.model(), &QAbstractItemModel::modelReset, pages_.webAlbum,
+            [this, &list] { pages_.webAlbum->setHasSlides(list.Count() > 0); });
     connect(&slideBar_, &SlideBar::Pressed, &slides, &SlideList::SelectChk);
     connect(&albums, &AlbumList::JoinedAgain, &albumNotes_, &AlbumNotes::lookSoon);
     connect(pages_.pictures, &PicturesPage::KeyDown, &slides, &SlideList::ListKeysCheck);
@@ -86,6 +92,9 @@ void Workshop::connectCommands() {
     connect(&preview_, &Preview::Ready, this, &Workshop::showPreview);
     on(commands_.preview, [this] { preview_.PicturePreview(); });
     on(commands_.wallpaper, [this] { wallpaper_.DESKTOPWALLPAPER(); });
+    commands_.showSamples.setEnabled(!sampleFolder().isEmpty());
+    on(commands_.showSamples,
+       [this] { pages_.pictures->found.ftvFOLDER->setPath(sampleFolder()); });
     on(commands_.createWebAlbum, [this] { webAlbum.cbtnWEBALBUM_Click(); });
     on(commands_.viewWebAlbum,
        [this] { webAlbum.cbtnVIEWWEBALB_Click(QString::number(form_.winId())); });

@@ -17,8 +17,9 @@ constexpr int kPageLeft = 75;
 constexpr int kPageTop = 405;
 constexpr int kFrameTop = 300;
 
-// Left edges on the toolbar; the last button stands at the right.
-constexpr std::array<int, 6> kButtons = {120, 705, 1500, 2085, 2880, 3465};
+// The toolbar's buttons from the left: six, the settings and the one that plays.
+constexpr std::size_t kToolbarButtons = 8;
+constexpr int kLeastButton = 20;
 
 bool differ(QRgb a, QRgb b) {
     return ((a ^ b) & 0xFFFFFF) != 0;
@@ -119,9 +120,25 @@ QPoint MainWindow::firstSlide(int right) const {
 }
 
 QPoint MainWindow::button(ToolbarItem item) const {
+    const std::vector<QRect> all = toolbarButtons();
+    return all.size() != kToolbarButtons ? QPoint() : all.at(item == Play ? 7 : item).center();
+}
+
+// They are of another colour than the toolbar, which is where its left edge is.
+std::vector<QRect> MainWindow::toolbarButtons() const {
     const QSize size = geometry().size();
-    const int left = item == Play ? size.width() * kTwips - 765 : kButtons.at(item);
-    return {(left + 270) / kTwips, size.height() - (3180 - 270) / kTwips};
+    const int top = size.height() - (3180 - 45) / kTwips;
+    const QImage row = look({0, top + 4, size.width(), 1});
+    std::vector<QRect> found;
+    for (int x = 1, start = 0; x < row.width(); ++x) {
+        if (!differ(row.pixel(x, 0), row.pixel(1, 0))) {
+            if (x - start > kLeastButton && start > 0) {
+                found.emplace_back(start, top, x - start, 450 / kTwips);
+            }
+            start = x + 1;
+        }
+    }
+    return found;
 }
 
 bool MainWindow::isDark(const QRect& place) const {

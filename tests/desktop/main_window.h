@@ -6,6 +6,8 @@
 #include <QPoint>
 #include <QRect>
 
+#include <vector>
+
 namespace velorama::desktop {
 
 /// Items of the main window's toolbar.
@@ -40,6 +42,9 @@ public:
     QRect onPage(int x, int y, int width, int height) const;
     /// What the screen shows of a part of the window.
     QImage look(const QRect& place) const;
+
+    /// The buttons of the toolbar from the left; fewer while the window is being painted.
+    std::vector<QRect> toolbarButtons() const;
 
     /// True if something dark stands there on light ground, as what is off does not.
     bool isDark(const QRect& place) const;

@@ -223,7 +223,7 @@ TEST_P(FrameOfSize, StandsWhereItsTwipsSay) {
     // The button that starts the show, painted one pixel within its edges.
     ASSERT_TRUE(waitFor([&] { return page->isOn(Play); }));
     const Measured toolbar = measure();
-    const QRect play(px(W - 45 - 900), py(H - 3180 + 45), px(900), px(450));
+    const QRect play(px(W - 45 - 1200), py(H - 3180 + 45), px(1200), px(450));
     EXPECT_EQ(toolbar.along(right, play.center().y(), -1), play.right() - 1);
     EXPECT_EQ(toolbar.along(play.left() - 5, play.center().y()), play.left() + 1);
     EXPECT_EQ(toolbar.down(play.left() + 8, play.top() - 2), play.top() + 1);

@@ -100,12 +100,12 @@ QColor cbtn::textColour() const {
 bool cbtn::standsOut() const {
     const QWidget* below = parentWidget();
     return below != nullptr &&
-           palette().color(QPalette::Window) != below->palette().color(QPalette::Window);
+           palette().color(backgroundRole()) != below->palette().color(below->backgroundRole());
 }
 
 // What lies below a button does not shine through it.
 void cbtn::paintPaper(QPainter& painter, const QRectF& ground) const {
-    const QColor paper = palette().color(QPalette::Window);
+    const QColor paper = palette().color(backgroundRole());
     if (standsOut()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(paper);

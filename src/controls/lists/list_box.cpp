@@ -1,7 +1,6 @@
 #include "controls/lists/list_box.h"
 
 #include "controls/buttons/icon.h"
-#include "controls/lists/empty_text.h"
 #include "controls/lists/list_frame.h"
 #include "controls/lists/local_files.h"
 
@@ -119,11 +118,6 @@ bool ListBox::RemoveItem(int index) {
     return true;
 }
 
-void ListBox::setEmptyText(const QString& text) {
-    emptyText_ = text;
-    viewport()->update();
-}
-
 void ListBox::setDisabledSymbol(const QString& name) {
     disabledSymbol_ = name;
     viewport()->update();
@@ -151,9 +145,7 @@ bool ListBox::viewportEvent(QEvent* event) {
 
 void ListBox::paintEvent(QPaintEvent* event) {
     QListWidget::paintEvent(event);
-    if (count() == 0 && !emptyText_.isEmpty()) {
-        paintEmptyText(*this, emptyText_);
-    }
+    empty_.paint();
 }
 
 bool ListBox::event(QEvent* event) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/lists/empty_state.h"
+
 #include <QListWidget>
 #include <QStringList>
 
@@ -30,7 +32,8 @@ public:
     bool Enabled() const { return !testAttribute(Qt::WA_ForceDisabled); }
 
     /// Shown in the middle of the empty box.
-    void setEmptyText(const QString& text);
+    void setEmptyText(const QString& text) { empty_.setText(text); }
+    EmptyState& emptyState() { return empty_; }
     /// Stands in front of the selected line while the box is disabled, and that line stays as
     /// readable as it was. Name of a symbol (controls/buttons/icon.h).
     void setDisabledSymbol(const QString& name);
@@ -57,7 +60,7 @@ private:
     class LineDelegate;
     bool isCut(const QListWidgetItem* line) const;
 
-    QString emptyText_;
+    EmptyState empty_{*this, [this] { return count() == 0; }};
     QString disabledSymbol_;
 };
 

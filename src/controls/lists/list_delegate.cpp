@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QPainter>
+#include <QTextLayout>
 #include <QtMath>
 
 namespace velorama {
@@ -15,7 +16,10 @@ namespace {
 constexpr int Padding = 4;
 constexpr int Spacing = 2;
 constexpr int LeastWidth = 104;
+constexpr int CaptionLines = 2;
 constexpr qreal Radius = 5;
+constexpr float CurrentStrength = 0.6F;
+constexpr qreal FocusLine = 2;
 constexpr float SelectedTint = 0.38F;
 constexpr float IdleTint = 0.24F;
 constexpr float HoverTint = 0.12F;
@@ -37,15 +41,35 @@ void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QR
     QColor colour = option.palette.color(QPalette::Active, QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing);
     if (option.state.testFlag(QStyle::State_HasFocus)) {
-        painter.setPen(QPen(colour, 1));
+        painter.setPen(QPen(colour, FocusLine));
     } else if (current) {
-        painter.setPen(QPen(option.palette.color(QPalette::Active, QPalette::Mid), 1));
+        QColor ink = option.palette.color(QPalette::Active, QPalette::Text);
+        ink.setAlphaF(CurrentStrength);
+        painter.setPen(QPen(ink, 1));
     } else {
         painter.setPen(Qt::NoPen);
     }
     colour.setAlphaF(tint(option));
     painter.setBrush(colour);
     painter.drawRoundedRect(ground, Radius, Radius);
+}
+
+/// At most two lines, the second cut in the middle: what tells files apart is often at the end.
+QStringList captionLines(const QString& caption, const QFont& font, int width) {
+    const QFontMetrics metrics(font);
+    if (metrics.horizontalAdvance(caption) <= width) {
+        return {caption};
+    }
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QTextLayout layout(caption, font);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine first = layout.createLine();
+    first.setLineWidth(width);
+    layout.endLayout();
+    return {caption.left(first.textLength()).trimmed(),
+            metrics.elidedText(caption.mid(first.textLength()).trimmed(), Qt::ElideMiddle, width)};
 }
 
 // Image pixels fall on whole pixels of the screen, or a thumbnail would look soft at 150 %.
@@ -72,7 +96,7 @@ void ListDelegate::setIcons(ImageList* icons) {
 
 QSize ListDelegate::cellSize(QSize image, const QFontMetrics& font) {
     return {qMax(image.width() + 4 * Padding, LeastWidth),
-            qMax(image.height(), 0) + font.height() + 2 * Padding + 2 * Spacing};
+            qMax(image.height(), 0) + CaptionLines * font.height() + 2 * Padding + 2 * Spacing};
 }
 
 QRect ListDelegate::content(const QRect& cell, const QFontMetrics& font) const {
@@ -83,8 +107,9 @@ QRect ListDelegate::content(const QRect& cell, const QFontMetrics& font) const {
 
 QRect ListDelegate::captionArea(const QRect& cell, const QFontMetrics& font) const {
     const QRect area = content(cell, font);
-    return {area.left() + Padding, area.bottom() - Padding - font.height() + 1,
-            area.width() - 2 * Padding, font.height()};
+    const int height = CaptionLines * font.height();
+    return {area.left() + Padding, area.bottom() - Padding - height + 1, area.width() - 2 * Padding,
+            height};
 }
 
 QRect ListDelegate::imageArea(const QRect& cell, const QFontMetrics& font) const {
@@ -111,8 +136,8 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                              ? QPalette::Active
                                              : QPalette::Disabled,
                                          QPalette::Text));
-    painter->drawText(area, Qt::AlignCenter,
-                      option.fontMetrics.elidedText(caption, Qt::ElideMiddle, area.width()));
+    painter->drawText(area, Qt::AlignHCenter | Qt::AlignTop,
+                      captionLines(caption, option.font, area.width()).join(QLatin1Char('\n')));
     painter->restore();
 }
 

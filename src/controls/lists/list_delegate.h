@@ -8,7 +8,7 @@
 namespace velorama {
 
 /// Paints a cell of a ListView: the image, centred, the mark over it, and the caption below it in
-/// one line, elided in the middle. Edits the caption in its place.
+/// two lines, the second elided in the middle. Edits the caption in its place.
 class ListDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:

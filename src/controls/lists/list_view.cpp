@@ -2,7 +2,6 @@
 
 #include "controls/geometry/twips.h"
 #include "controls/input/keys.h"
-#include "controls/lists/empty_text.h"
 #include "controls/lists/list_delegate.h"
 #include "controls/lists/list_frame.h"
 #include "controls/lists/list_model.h"
@@ -53,13 +52,6 @@ void ListView::setRightRim(int pixels) {
     auto* spacer = new QWidget(this);
     spacer->setFixedWidth(pixels);
     addScrollBarWidget(spacer, Qt::AlignRight);
-}
-
-void ListView::setEmptyText(const QString& text) {
-    if (text != emptyText_) {
-        emptyText_ = text;
-        viewport()->update();
-    }
 }
 
 ListItem* ListView::Add(int index, const QString& key, const QString& text, int icon) {
@@ -151,8 +143,12 @@ void ListView::iconsChanged() {
 }
 
 void ListView::layOutCells() {
-    const QSize cell =
+    QSize cell =
         ListDelegate::cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), fontMetrics());
+    if (arrangement_ == Arrangement::Wrapped) {
+        // No ragged edge: what is left of a row goes to its cells.
+        cell.setWidth(viewport()->width() / qMax(1, viewport()->width() / cell.width()));
+    }
     if (cell != gridSize()) {
         setGridSize(cell);
         horizontalScrollBar()->setSingleStep(cell.width() / 2);
@@ -212,6 +208,11 @@ bool ListView::event(QEvent* event) {
         paintListFrame(*this);
     }
     return handled;
+}
+
+void ListView::resizeEvent(QResizeEvent* event) {
+    layOutCells();
+    QListView::resizeEvent(event);
 }
 
 bool ListView::viewportEvent(QEvent* event) {
@@ -336,9 +337,7 @@ QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex
 
 void ListView::paintEvent(QPaintEvent* event) {
     QListView::paintEvent(event);
-    if (Count() == 0 && !emptyText_.isEmpty()) {
-        paintEmptyText(*this, emptyText_);
-    }
+    empty_.paint();
 }
 
 }  // namespace velorama

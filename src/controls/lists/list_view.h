@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/lists/empty_state.h"
 #include "controls/lists/image_list.h"
 #include "controls/lists/item_notes.h"
 #include "controls/lists/list_items.h"
@@ -30,7 +31,8 @@ public:
     /// Leaves the last `pixels` (logical) at the right to what is behind the list.
     void setRightRim(int pixels);
     /// The caption painted in the middle of an empty list, and only there.
-    void setEmptyText(const QString& text);
+    void setEmptyText(const QString& text) { empty_.setText(text); }
+    EmptyState& emptyState() { return empty_; }
 
     /// Who tells of marks and tooltips, as long as it lives. Without notes the tooltip is the
     /// caption.
@@ -114,6 +116,7 @@ protected:
     void startDrag(Qt::DropActions actions) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
@@ -144,7 +147,7 @@ private:
     QPointer<ImageList> icons_;
     QPointer<ItemNotes> notes_;
     RowTip tip_{*this};
-    QString emptyText_;
+    EmptyState empty_{*this, [this] { return Count() == 0; }};
     Arrangement arrangement_ = Arrangement::Wrapped;
     bool pressed_ = false;
     /// The press of the mouse that goes on has brought the keyboard here.

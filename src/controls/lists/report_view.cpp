@@ -1,7 +1,6 @@
 #include "controls/lists/report_view.h"
 
 #include "controls/geometry/twips.h"
-#include "controls/lists/empty_text.h"
 #include "controls/lists/list_frame.h"
 #include "controls/lists/report_header.h"
 
@@ -106,11 +105,6 @@ bool ReportView::setColumnWidth(int column, float twips) {
     return true;
 }
 
-void ReportView::setEmptyText(const QString& text) {
-    emptyText_ = text;
-    viewport()->update();
-}
-
 void ReportView::setSmallIcon(const QIcon& icon) {
     icon_ = icon;
     for (ReportItem* item : std::as_const(keys_)) {
@@ -175,9 +169,7 @@ QModelIndex ReportView::indexAt(const QPoint& point) const {
 
 void ReportView::paintEvent(QPaintEvent* event) {
     QTreeWidget::paintEvent(event);
-    if (Count() == 0 && !emptyText_.isEmpty()) {
-        paintEmptyText(*this, emptyText_);
-    }
+    empty_.paint();
 }
 
 void ReportView::paintGround(QPainter& painter, const QRect& row, const QModelIndex& index) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/lists/empty_state.h"
 #include "controls/lists/item_notes.h"
 #include "controls/lists/report_item.h"
 #include "controls/lists/row_tip.h"
@@ -29,7 +30,8 @@ public:
     /// changes then.
     bool setColumnWidth(int column, float twips);
     /// Painted in the middle of an empty list.
-    void setEmptyText(const QString& text);
+    void setEmptyText(const QString& text) { empty_.setText(text); }
+    EmptyState& emptyState() { return empty_; }
     /// The small picture of every row.
     void setSmallIcon(const QIcon& icon);
 
@@ -91,7 +93,7 @@ private:
 
     QHash<QString, ReportItem*> keys_;
     std::vector<float> widths_;  // twips, -1 for a column never set
-    QString emptyText_;
+    EmptyState empty_{*this, [this] { return Count() == 0; }};
     QIcon icon_;
     QPointer<ItemNotes> notes_;
     RowTip tip_{*this};

@@ -82,10 +82,13 @@ QString applicationFolder() {
            QStringLiteral("/velorama");
 }
 
+QString sampleFolder() {
+    return QFileInfo(programDataFolder() + QStringLiteral("/samples")).canonicalFilePath();
+}
+
 QString firstFolder() {
     const QString own = applicationFolder();
-    const QString samples =
-        QFileInfo(programDataFolder() + QStringLiteral("/samples")).canonicalFilePath();
+    const QString samples = sampleFolder();
     return samples.isEmpty() || QFileInfo(own).isDir() ? own : samples;
 }
 

@@ -31,6 +31,8 @@ QString applicationFolder();
 /// The folder to show to somebody who has not chosen one: the application's, and as long as that is
 /// not there, the sample pictures.
 QString firstFolder();
+/// The pictures that come with the program; empty where they are not installed.
+QString sampleFolder();
 /// Folder of the data installed with the program (pictures of web albums, samples), read only.
 QString programDataFolder();
 /// Full path of a file of the program's data: in the application's folder if it is there, otherwise

@@ -7,20 +7,17 @@
 namespace velorama {
 namespace {
 
-// Logical pixels. The column of buttons fits into the page of the smallest window.
+// Logical pixels. The page of the first window takes it all without scrolling.
 constexpr int Margin = 16;
-constexpr int ButtonsTop = 4;
-constexpr int HeadTop = 6;
-constexpr int IconSize = 64;
-constexpr int LeastTextWidth = 226;
-constexpr int LeastButtonWidth = 160;
+constexpr int TopMargin = 8;
+constexpr int ColumnGap = 28;
+constexpr int IconSize = 40;
+constexpr int LeastTextWidth = 150;
+constexpr int LeastButtonWidth = 150;
+constexpr int LeastStepWidth = 130;
 constexpr int LeastButtonHeight = 22;
-constexpr int ButtonGap = 1;
-constexpr qreal TitleScale = 1.8;
-
-int naturalWidth(const QLabel& label) {
-    return label.fontMetrics().horizontalAdvance(label.text()) + 2;
-}
+constexpr int RowGap = 3;
+constexpr qreal TitleScale = 1.5;
 
 }  // namespace
 
@@ -29,6 +26,12 @@ struct HelpPage::Design {
     const char* symbol;
     const char* tooltip;
     const char* caption;
+};
+
+struct HelpPage::Step {
+    Design design;
+    Command& command;
+    const char* text;
 };
 
 HelpPage::HelpPage(QWidget& surface, Commands& commands)
@@ -50,19 +53,16 @@ HelpPage::HelpPage(QWidget& surface, Commands& commands)
           commands.support)),
       cbtnABOUT(button({"cbtnABOUT", "about", "About this program", "About"}, commands.about)),
       row_(new QHBoxLayout(&scroll_->content())) {
-    row_->setContentsMargins(Margin, ButtonsTop, Margin, 0);
-    row_->setSpacing(Margin);
-    row_->addLayout(head());
-    QBoxLayout* column = buttons();
-    row_->addLayout(column);
-    row_->setAlignment(column, Qt::AlignLeft | Qt::AlignTop);
-    row_->addStretch(1);
+    row_->setContentsMargins(Margin, TopMargin, Margin, 0);
+    row_->setSpacing(ColumnGap);
+    row_->addLayout(steps(commands), 1);
+    row_->addLayout(keys());
+    row_->addLayout(links());
 }
 
 QLabel* HelpPage::line(const char* name) {
     QLabel* label = makeText(&scroll_->content(), name);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setWordWrap(true);
     return label;
 }
 
@@ -74,30 +74,109 @@ cbtn* HelpPage::button(const Design& design, Command& command) {
     return made;
 }
 
+// The size stays that of the desktop.
+QLabel* HelpPage::heading(const char* text) {
+    QLabel* label = words(QLatin1String(text));
+    QFont bold;
+    bold.setBold(true);
+    label->setFont(bold);
+    return label;
+}
+
+QLabel* HelpPage::words(const QString& text) {
+    QLabel* label = makeText(&scroll_->content(), "", text);
+    label->setWordWrap(true);
+    return label;
+}
+
 QBoxLayout* HelpPage::head() {
     imgICON->setFixedSize(IconSize, IconSize);
     auto* texts = new QVBoxLayout;
-    texts->setContentsMargins(0, HeadTop, 0, 0);
-    texts->setSpacing(2);
-    for (QLabel* label : {lblMAINTITLE, lblVERSION, lblCOPYRIGHT}) {
-        texts->addWidget(label);
-    }
-    texts->addStretch(1);
+    texts->setSpacing(0);
+    texts->addWidget(lblMAINTITLE);
+    texts->addWidget(lblVERSION);
     auto* row = new QHBoxLayout;
     row->setSpacing(Margin);
-    row->addWidget(imgICON, 0, Qt::AlignTop);
+    row->addWidget(imgICON, 0, Qt::AlignVCenter);
     row->addLayout(texts, 1);
     return row;
 }
 
-QBoxLayout* HelpPage::buttons() {
+QBoxLayout* HelpPage::steps(Commands& commands) {
+    auto* rows = new QGridLayout;
+    rows->setHorizontalSpacing(10);
+    rows->setVerticalSpacing(RowGap);
+    rows->setColumnStretch(1, 1);
+    addStep(*rows, {{"btnSTEPCHOOSE", "picture", "Go to the page Pictures", "1  Choose Pictures"},
+                    commands.choosePictures,
+                    "Find a folder of photographs."});
+    addStep(*rows, {{"btnSTEPADD", "add-all", "Add all found photos", "2  Add All"},
+                    commands.addAll,
+                    "Make slides of its pictures."});
+    addStep(*rows, {{"btnSTEPPLAY", "play", "Play Slideshow [F5]", "3  Play"},
+                    commands.start,
+                    "See them on the whole screen."});
     auto* column = new QVBoxLayout;
-    column->setSpacing(ButtonGap);
-    for (cbtn* button : {cbtnHELP, cbtnUPDATES, cbtnWEBSITE, cbtnSUPPORT, cbtnABOUT}) {
-        column->addWidget(button, 0);
-    }
+    column->setSpacing(6);
+    column->addLayout(head());
+    column->addWidget(heading("Your first show"));
+    column->addLayout(rows);
     column->addStretch(1);
     return column;
+}
+
+void HelpPage::addStep(QGridLayout& rows, const Step& step) {
+    cbtn* made = button(step.design, step.command);
+    made->setAccessibleDescription(QLatin1String(step.text));
+    stepButtons_.append(made);
+    QLabel* text = words(QLatin1String(step.text));
+    texts_.append(text);
+    const int row = rows.rowCount();
+    rows.addWidget(made, row, 0, Qt::AlignTop);
+    rows.addWidget(text, row, 1, Qt::AlignVCenter);
+}
+
+QBoxLayout* HelpPage::keys() {
+    auto* rows = new QGridLayout;
+    rows->setHorizontalSpacing(12);
+    rows->setVerticalSpacing(RowGap);
+    rows->setColumnStretch(1, 1);
+    const std::pair<const char*, const char*> lines[] = {{"F5", "Start the show"},
+                                                         {"Right, Left", "Next, previous"},
+                                                         {"Click", "Pause, go on"},
+                                                         {"Wheel", "Turn the slides"},
+                                                         {"Esc", "Leave the show"}};
+    int row = 0;
+    for (const auto& [key, meaning] : lines) {
+        QLabel* name = makeText(&scroll_->content(), "", QLatin1String(key));
+        rows->addWidget(name, row, 0, Qt::AlignTop);
+        QLabel* what = makeText(&scroll_->content(), "", QLatin1String(meaning));
+        rows->addWidget(what, row++, 1, Qt::AlignTop);
+    }
+    auto* column = new QVBoxLayout;
+    column->setSpacing(6);
+    column->addWidget(heading("Keys of a show"));
+    column->addLayout(rows);
+    column->addStretch(1);
+    return column;
+}
+
+QBoxLayout* HelpPage::links() {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(RowGap);
+    for (cbtn* button : linkButtons()) {
+        column->addWidget(button, 0, Qt::AlignLeft);
+    }
+    lblCOPYRIGHT->setWordWrap(true);
+    texts_.append(lblCOPYRIGHT);
+    column->addSpacing(RowGap);
+    column->addWidget(lblCOPYRIGHT);
+    column->addStretch(1);
+    return column;
+}
+
+QList<cbtn*> HelpPage::linkButtons() const {
+    return {cbtnHELP, cbtnUPDATES, cbtnWEBSITE, cbtnSUPPORT, cbtnABOUT};
 }
 
 void HelpPage::fill(const QIcon& icon) {
@@ -114,38 +193,35 @@ void HelpPage::makeRoom() {
     title.setPointSizeF(title.pointSizeF() * TitleScale);
     title.setBold(true);
     lblMAINTITLE->setFont(title);
-    int width = LeastButtonWidth;
-    for (const cbtn* button : {cbtnHELP, cbtnUPDATES, cbtnWEBSITE, cbtnSUPPORT, cbtnABOUT}) {
-        width = std::max(width, button->sizeHint().width());
+    for (QLabel* text : texts_) {
+        text->setMinimumWidth(0);
+        text->setMinimumWidth(std::max(LeastTextWidth, text->minimumSizeHint().width()));
     }
-    for (cbtn* button : {cbtnHELP, cbtnUPDATES, cbtnWEBSITE, cbtnSUPPORT, cbtnABOUT}) {
-        button->setMinimumWidth(width);
-        button->setFixedHeight(std::max(LeastButtonHeight, button->fontMetrics().height() + 4));
-    }
+    const auto align = [](const QList<cbtn*>& column, int least) {
+        int width = least;
+        for (const cbtn* button : column) {
+            width = std::max(width, button->sizeHint().width());
+        }
+        for (cbtn* button : column) {
+            button->setMinimumWidth(width);
+            button->setFixedHeight(std::max(LeastButtonHeight, button->fontMetrics().height() + 4));
+        }
+    };
+    align(linkButtons(), LeastButtonWidth);
+    align(stepButtons_, LeastStepWidth);
 }
 
 void HelpPage::layOut() {
     scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this)));
     scroll_->arrange({row_});
-    // Beside the buttons the texts take the width that they need; above them no height.
-    const bool beside = row_->direction() == QBoxLayout::LeftToRight;
-    const int width = beside ? textWidth() : QWIDGETSIZE_MAX;
-    row_->setStretch(0, beside ? 100 : 0);
-    for (QLabel* label : {lblMAINTITLE, lblVERSION, lblCOPYRIGHT}) {
-        label->setMaximumWidth(width);
-    }
-}
-
-int HelpPage::textWidth() const {
-    int width = LeastTextWidth;
-    for (const QLabel* label : {lblMAINTITLE, lblVERSION, lblCOPYRIGHT}) {
-        width = std::max(width, naturalWidth(*label));
-    }
-    return width;
 }
 
 QList<QWidget*> HelpPage::tabOrder() const {
-    return {cbtnHELP, cbtnUPDATES, cbtnWEBSITE, cbtnSUPPORT, cbtnABOUT};
+    QList<QWidget*> order(stepButtons_.begin(), stepButtons_.end());
+    for (cbtn* link : linkButtons()) {
+        order.append(link);
+    }
+    return order;
 }
 
 }  // namespace velorama

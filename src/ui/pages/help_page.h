@@ -4,11 +4,13 @@
 #include "ui/pages/page.h"
 #include "ui/parts/scrolled_content.h"
 
+#include <QGridLayout>
 #include <QLabel>
 
 namespace velorama {
 
-/// The page Help: what the program is called, and the ways to more.
+/// The page Help: what the program is called, the way to a first show, the keys of a show, and
+/// where there is more.
 class HelpPage : public Page {
     Q_OBJECT
 public:
@@ -17,7 +19,7 @@ public:
     /// The texts of the start, and the program's icon.
     void fill(const QIcon& icon);
     void makeRoom() override;
-    /// The buttons stand beside the texts or below them, as the width allows. Where there is too
+    /// The columns stand side by side or below one another, as the width allows. Where there is too
     /// little room the page scrolls.
     void layOut() override;
     QWidget* firstFocus() const override { return cbtnHELP; }
@@ -38,14 +40,23 @@ public:
     cbtn* cbtnABOUT;
 
 private:
-    QLabel* line(const char* name);
     struct Design;
+    struct Step;
+    QLabel* line(const char* name);
     cbtn* button(const Design& design, Command& command);
+    QLabel* heading(const char* text);
+    QLabel* words(const QString& text);
     QBoxLayout* head();
-    QBoxLayout* buttons();
-    int textWidth() const;
+    QBoxLayout* steps(Commands& commands);
+    void addStep(QGridLayout& rows, const Step& step);
+    QBoxLayout* keys();
+    QBoxLayout* links();
+    QList<cbtn*> linkButtons() const;
 
     QBoxLayout* row_;
+    QList<cbtn*> stepButtons_;
+    /// Those that wrap.
+    QList<QLabel*> texts_;
 };
 
 }  // namespace velorama

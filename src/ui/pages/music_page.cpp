@@ -11,6 +11,12 @@ constexpr float columnGap = 15;  // twips
 
 }  // namespace
 
+MusicPage::MusicPage(QWidget& surface) : Page("picframMUSICLIST", surface) {
+    btnMUSIC_ = controls.lstMUSIC->emptyState().addButton("btnMUSIC", "plus", "Add Music...",
+                                                          "Choose music files");
+    connect(btnMUSIC_, &cbtn::clicked, controls.cbtnAUDIO[0], &cbtn::click);
+}
+
 void MusicPage::makeRoom() {
     const QList<QWidget*> column = columnButtons();
     giveRoomInColumn(column, columnGap, Height(*this) - Top(*column.first()));
@@ -34,7 +40,7 @@ void MusicPage::layOut() {
 QList<QWidget*> MusicPage::tabOrder() const {
     const MusicControls& c = controls;
     return columnButtons() +
-           QList<QWidget*>{c.lstMUSIC, c.cbtnAUDIO[2], c.cbtnAUDIO[3], c.cbtnAUDIO[4]};
+           QList<QWidget*>{c.lstMUSIC, btnMUSIC_, c.cbtnAUDIO[2], c.cbtnAUDIO[3], c.cbtnAUDIO[4]};
 }
 
 }  // namespace velorama

@@ -9,7 +9,7 @@ namespace velorama {
 class MusicPage : public Page {
     Q_OBJECT
 public:
-    explicit MusicPage(QWidget& surface) : Page("picframMUSICLIST", surface) {}
+    explicit MusicPage(QWidget& surface);
 
     void makeRoom() override;
     void layOut() override;
@@ -20,6 +20,8 @@ public:
 
 private:
     QList<QWidget*> columnButtons() const;
+
+    cbtn* btnMUSIC_ = nullptr;
 };
 
 }  // namespace velorama

@@ -16,6 +16,7 @@ const QString viewSettings = QStringLiteral("\\mfrmPRGMAIN\\View");
 const QString pageName = QStringLiteral("TABIDX");
 // A window closed on a later page comes back on the first.
 constexpr int lastRestoredPage = 3;
+constexpr int picturesNumber = 2;
 
 }  // namespace
 
@@ -31,6 +32,7 @@ Pages::Pages(QWidget& surface, Commands& commands, CommonDialog& cdlDIALOG)
     tabPAGES->setActiveTabs(QStringLiteral("Slideshows,Pictures,Music,WebAlbum,Help"));
     tabPAGES->setAccessibleName(QStringLiteral("Pages"));
     connect(tabPAGES, &tab::Click, this, &Pages::tabPAGES_Click);
+    connect(&commands.choosePictures, &Command::triggered, this, [this] { show(picturesNumber); });
     connectKeys();
 }
 
@@ -59,6 +61,7 @@ void Pages::tabPAGES_Click(const QString& caption) {
     for (Page* page : pages) {
         page->setVisible(page == up);
     }
+    emit Turned();
     up->firstFocus()->setFocus();
 }
 

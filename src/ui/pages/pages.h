@@ -43,6 +43,10 @@ public:
     void tint();
     QList<QWidget*> tabOrder() const;
 
+signals:
+    /// Another page is up, or the same again.
+    void Turned();
+
 private:
     void tabPAGES_Click(const QString& caption);
     void connectKeys();

@@ -33,6 +33,9 @@ PicturesPage::PicturesPage(QWidget& surface, Commands& commands)
     picVBAR->setAccessibleName(QStringLiteral("Divider between folders and pictures"));
     placeDesign(*lblFOUNDCOUNT, 3705, 2950, 3600, 330);
     makeButtons(commands);
+    btnSAMPLES_ = found.lvwFOUND->emptyState().addButton("btnSAMPLES", "picture", "Show Samples",
+                                                         "Go to the folder of sample pictures");
+    commands.showSamples.addButton(*btnSAMPLES_);
     connectSplitter();
     connect(found.lvwFOUND, &ListView::SelectionChanged, this, &PicturesPage::showCount);
 }
@@ -131,7 +134,8 @@ void PicturesPage::layOut() {
 }
 
 QList<QWidget*> PicturesPage::tabOrder() const {
-    return {found.ftvFOLDER, picVBAR, found.lvwFOUND, cbtnBROWSEBTNS[0], cbtnBROWSEBTNS[1]};
+    return {found.ftvFOLDER, picVBAR,           found.lvwFOUND,
+            btnSAMPLES_,     cbtnBROWSEBTNS[0], cbtnBROWSEBTNS[1]};
 }
 
 void PicturesPage::tint() {

@@ -52,6 +52,8 @@ signals:
 private:
     void makeButtons(Commands& commands);
     void connectSplitter();
+
+    cbtn* btnSAMPLES_ = nullptr;
 };
 
 }  // namespace velorama

@@ -41,6 +41,9 @@ SlideshowsPage::SlideshowsPage(QWidget& surface, Commands& commands)
         (commands.*design.command).addButton(*button);
         cbtnSLIDES.at(index) = button;
     }
+    btnCHOOSE_ = albums.lvwALBUMS->emptyState().addButton(
+        "btnCHOOSEFORALBUM", "picture", "Choose Pictures", "Go to the page Pictures");
+    commands.choosePictures.addButton(*btnCHOOSE_);
 }
 
 void SlideshowsPage::makeRoom() {
@@ -67,8 +70,8 @@ void SlideshowsPage::layOut() {
 }
 
 QList<QWidget*> SlideshowsPage::tabOrder() const {
-    return {cbtnSLIDES[0],    cbtnSLIDES[1], cbtnSLIDES[2],    cbtnSLIDES[3],
-            albums.lvwALBUMS, albums.btnADD, albums.btnREMOVE, albums.btnView};
+    return {cbtnSLIDES[0], cbtnSLIDES[1], cbtnSLIDES[2],    cbtnSLIDES[3], albums.lvwALBUMS,
+            btnCHOOSE_,    albums.btnADD, albums.btnREMOVE, albums.btnView};
 }
 
 }  // namespace velorama

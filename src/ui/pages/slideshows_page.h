@@ -22,6 +22,9 @@ public:
     /// New, Open, Save, Save As.
     std::array<cbtn*, 4> cbtnSLIDES{};
     const AlbumControls albums{*this};
+
+private:
+    cbtn* btnCHOOSE_ = nullptr;
 };
 
 }  // namespace velorama

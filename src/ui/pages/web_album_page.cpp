@@ -95,6 +95,7 @@ WebAlbumPage::WebAlbumPage(QWidget& surface, Commands& commands, CommonDialog& c
       scroll_(new ScrolledContent(this)),
       content_(&scroll_->content()) {
     makeControls(cdlDIALOG);
+    makeNoSlides(commands);
     commands.createWebAlbum.addButton(*cbtnWEBALBUM);
     commands.viewWebAlbum.addButton(*cbtnVIEWWEBALB);
     settings_ = settings();
@@ -124,6 +125,37 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     placeDesign(*cbtnWEBALBUM, 0, 2950, 2250, 330);
     placeDesign(*cbtnVIEWWEBALB, 0, 2950, 2100, 330);
     samples_ = std::make_unique<WebAlbumSamples>(content_);
+}
+
+void WebAlbumPage::makeNoSlides(Commands& commands) {
+    lblNOSLIDES_ = make<Label>("lblNOSLIDES", this);
+    lblNOSLIDES_->setCaption(QStringLiteral("A web album needs slides."));
+    btnCHOOSE_ = makeButton(this, QStringLiteral("btnCHOOSEFORWEB"), "picture",
+                            "Go to the page Pictures", "Choose Pictures");
+    commands.choosePictures.addButton(*btnCHOOSE_);
+    placeDesign(*btnCHOOSE_, 105, 2950, 1440, 330);
+    placeDesign(*lblNOSLIDES_, 105, 2950, 1440, 330);
+}
+
+void WebAlbumPage::setHasSlides(bool hasSlides) {
+    hasSlides_ = hasSlides;
+    placeNoSlides();
+}
+
+// At the left of the row at the foot: the words where there is room for them, too.
+void WebAlbumPage::placeNoSlides() {
+    giveRoom(*btnCHOOSE_, mostFootHeight);
+    giveRoom(*lblNOSLIDES_, mostFootHeight);
+    setWidth(*lblNOSLIDES_,
+             toTwips(lblNOSLIDES_->fontMetrics().horizontalAdvance(lblNOSLIDES_->Caption()) + 2));
+    const float left = Left(*btnCHOOSE_);
+    const float middle = left + Width(*btnCHOOSE_) + 120;
+    const float end = Left(*cbtnWEBALBUM) - 120;
+    setTop(*btnCHOOSE_, Top(*cbtnWEBALBUM));
+    setTop(*lblNOSLIDES_, Top(*cbtnWEBALBUM));
+    setLeft(*lblNOSLIDES_, middle);
+    btnCHOOSE_->setVisible(!hasSlides_ && middle <= end);
+    lblNOSLIDES_->setVisible(!hasSlides_ && middle + Width(*lblNOSLIDES_) <= end);
 }
 
 void WebAlbumPage::makeColours(CommonDialog& cdlDIALOG) {
@@ -250,6 +282,7 @@ void WebAlbumPage::makeRoom() {
 
 void WebAlbumPage::layOut() {
     placeRow({cbtnVIEWWEBALB, cbtnWEBALBUM});
+    placeNoSlides();
     scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this) - belowList));
     samples_->setScale(leastScale);
     scroll_->arrange({row_, settings_});
@@ -291,7 +324,7 @@ void WebAlbumPage::tint() {
 }
 
 QList<QWidget*> WebAlbumPage::tabOrder() const {
-    return fields_ + QList<QWidget*>{cbtnWEBALBUM, cbtnVIEWWEBALB};
+    return fields_ + QList<QWidget*>{btnCHOOSE_, cbtnWEBALBUM, cbtnVIEWWEBALB};
 }
 
 }  // namespace velorama

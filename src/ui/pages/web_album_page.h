@@ -46,6 +46,9 @@ public:
     WebAlbumValues values() const;
     const WebAlbumSamples& samples() const { return *samples_; }
 
+    /// Without slides the page says so, and leads to where they are chosen.
+    void setHasSlides(bool hasSlides);
+
     void makeRoom() override;
     /// Settings and samples stand side by side or below one another, as the width allows, and the
     /// samples take what room is left. Where there is too little they scroll.
@@ -56,6 +59,8 @@ public:
 
 private:
     void makeControls(CommonDialog& cdlDIALOG);
+    void makeNoSlides(Commands& commands);
+    void placeNoSlides();
     void makeColours(CommonDialog& cdlDIALOG);
     void makeFonts();
     using Field = std::pair<const char*, QWidget*>;
@@ -66,6 +71,9 @@ private:
     void growSamples();
     void WebAlbumSampleUpdate();
 
+    Label* lblNOSLIDES_ = nullptr;
+    cbtn* btnCHOOSE_ = nullptr;
+    bool hasSlides_ = false;
     ScrolledContent* scroll_;
     QWidget* content_;
     /// The two columns of fields; these and the samples.

@@ -1,0 +1,72 @@
+#include "player/start_hint.h"
+
+#include "core/globals.h"
+
+#include <QPainter>
+
+namespace velorama {
+namespace {
+
+constexpr int shownFor = 3000;
+// Logical pixels: the height of the bar's status line, and the room at the text's sides.
+constexpr int lineHeight = 20;
+constexpr int fromBottom = 3;
+constexpr int side = 12;
+
+const QString words = QStringLiteral(
+    "Esc leaves the show \u00B7 a click on the picture pauses it \u00B7 Left and Right turn the "
+    "slides");
+const QString segment = QStringLiteral("\\frmSLIDESHOW\\Details");
+const QString name = QStringLiteral("Keys Known");
+
+}  // namespace
+
+StartHint::StartHint(QWidget* form) : QWidget(form) {
+    setObjectName(QStringLiteral("startHint"));
+    setAccessibleName(words);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSizeF(9.75);
+    setFont(font);
+    hide();
+    end_.setSingleShot(true);
+    end_.setInterval(shownFor);
+    connect(&end_, &QTimer::timeout, this, &QWidget::hide);
+}
+
+bool StartHint::areKeysKnown() {
+    return loadSetting(segment, name, QString()) == QLatin1String("1");
+}
+
+void StartHint::keyUsed() {
+    hide();
+    if (!areKeysKnown()) {
+        saveSetting(segment, name, QStringLiteral("1"));
+    }
+}
+
+void StartHint::showBriefly() {
+    if (areKeysKnown()) {
+        return;
+    }
+    const QSize screen = parentWidget()->size();
+    const int width = qMin(screen.width(), fontMetrics().horizontalAdvance(words) + 2 * side);
+    setGeometry((screen.width() - width) / 2, screen.height() - fromBottom - lineHeight, width,
+                lineHeight);
+    raise();
+    show();
+    end_.start();
+}
+
+void StartHint::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(24, 24, 28));
+    painter.drawRoundedRect(rect(), 5, 5);
+    painter.setPen(Qt::white);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine,
+                     fontMetrics().elidedText(words, Qt::ElideRight, width() - side));
+}
+
+}  // namespace velorama
