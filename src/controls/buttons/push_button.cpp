@@ -1,5 +1,6 @@
 #include "controls/buttons/push_button.h"
 
+#include "controls/buttons/contrast.h"
 #include "controls/buttons/icon.h"
 #include "controls/geometry/caption_room.h"
 
@@ -121,7 +122,7 @@ void cbtn::paintGround(QPainter& painter) const {
     paintPaper(painter, ground);
     if (primary_ && isEnabled()) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(accent);
+        painter.setBrush(readableGround(accent, textColour()));
         painter.drawRoundedRect(ground, Radius, Radius);
     }
     if ((!text().isEmpty() || standsOut()) && !(primary_ && isEnabled())) {

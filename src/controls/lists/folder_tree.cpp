@@ -1,10 +1,12 @@
 #include "controls/lists/folder_tree.h"
 
+#include "controls/buttons/contrast.h"
 #include "controls/input/keys.h"
 #include "controls/lists/folder_model.h"
 #include "controls/lists/list_frame.h"
 #include "platform/files/paths.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -57,13 +59,17 @@ FolderTree::FolderTree(QWidget* parent) : QTreeView(parent), model_(new FolderMo
 // As the other lists have it: the folder stays marked while the keyboard is elsewhere, more
 // quietly.
 void FolderTree::dimIdleSelection() {
-    const QColor accent = palette().color(QPalette::Active, QPalette::Highlight);
+    const QPalette desktop = QApplication::palette(this);
+    const QColor accent = desktop.color(QPalette::Active, QPalette::Highlight);
     const QColor ground = palette().color(QPalette::Active, QPalette::Base);
     constexpr int share = 24;  // per cent
     const auto mixed = [](int a, int b) { return (a * share + b * (100 - share)) / 100; };
     const QColor quiet(mixed(accent.red(), ground.red()), mixed(accent.green(), ground.green()),
                        mixed(accent.blue(), ground.blue()));
     QPalette changed = palette();
+    changed.setColor(
+        QPalette::Active, QPalette::Highlight,
+        readableGround(accent, desktop.color(QPalette::Active, QPalette::HighlightedText)));
     changed.setColor(QPalette::Inactive, QPalette::Highlight, quiet);
     changed.setColor(QPalette::Inactive, QPalette::HighlightedText,
                      palette().color(QPalette::Active, QPalette::Text));
