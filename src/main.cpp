@@ -4,6 +4,7 @@
 #include "imaging/decode/reader_limit.h"
 #include "platform/background/desktop_background.h"
 #include "platform/process/termination.h"
+#include "platform/process/worker_threads.h"
 #include "platform/session/media_remote.h"
 #include "platform/session/screen_saver.h"
 #include "platform/session/shell.h"
@@ -18,7 +19,9 @@
 #include <QApplication>
 #include <QDate>
 
+#include <chrono>
 #include <clocale>
+#include <cstdlib>
 #include <thread>
 
 #include <fontconfig/fontconfig.h>
@@ -43,17 +46,12 @@ std::jthread readingFonts() {
     return std::jthread([] { FcInit(); });
 }
 
-}  // namespace
-}  // namespace velorama
+/// Where the program is done and threads are not, for what they make is of no use to anybody.
+/// Longer than large pictures take on a slow machine, and short enough for a session that ends.
+constexpr std::chrono::seconds longestEnd{5};
 
-int main(int argc, char** argv) {
-    using namespace velorama;
-    const std::jthread fonts = readingFonts();
-    QApplication::setApplicationName(QStringLiteral("velorama"));
-    QApplication::setDesktopFileName(QStringLiteral("velorama"));
-    QApplication app(argc, argv);
-    prepareApplication();
-
+/// All but the application object: what is worth keeping is on disk when it returns.
+int run() {
     SqliteRegistryStore store(SqliteRegistryStore::standardFile());
     const auto shell = makeDesktopShell();
     const auto screenSaver = makeSessionScreenSaver();
@@ -83,5 +81,24 @@ int main(int argc, char** argv) {
     // A track that a last tick has opened is closed too.
     device->send(QStringLiteral("close CURRFILE"));
     releaseServices();
+    return result;
+}
+
+}  // namespace
+}  // namespace velorama
+
+int main(int argc, char** argv) {
+    using namespace velorama;
+    const std::jthread fonts = readingFonts();
+    QApplication::setApplicationName(QStringLiteral("velorama"));
+    QApplication::setDesktopFileName(QStringLiteral("velorama"));
+    QApplication app(argc, argv);
+    prepareApplication();
+    const int result = run();
+    if (!endWorkers(longestEnd)) {
+        // One hangs, as on a server that is gone: destructors would wait for it without an end, or
+        // take from it what it uses.
+        std::_Exit(result);
+    }
     return result;
 }

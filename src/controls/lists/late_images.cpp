@@ -1,6 +1,7 @@
 #include "controls/lists/late_images.h"
 
-#include <QCoreApplication>
+#include "platform/process/worker_threads.h"
+
 #include <QFutureWatcher>
 #include <QThreadPool>
 #include <QtConcurrentRun>
@@ -13,13 +14,8 @@ namespace {
 /// Not the program's pool: Qt has wide areas filled there, and painting would wait for what is
 /// made.
 QThreadPool& makers() {
-    static QThreadPool* const pool = [] {
-        static QThreadPool threads;
-        // Decoding is over before what it rests on goes.
-        qAddPostRoutine([] { threads.waitForDone(); });
-        return &threads;
-    }();
-    return *pool;
+    static QThreadPool& threads = newWorkerPool();
+    return threads;
 }
 
 QImage makeImage(const std::shared_ptr<const ImageOrigin>& origin) {

@@ -1,24 +1,11 @@
 #include "imaging/ahead/picture_threads.h"
 
-#include <QCoreApplication>
+#include "platform/process/worker_threads.h"
 
 namespace velorama {
-namespace {
-
-/// Before anything that the work needs is taken down.
-void endPictureThreads() {
-    pictureThreads().clear();
-    pictureThreads().waitForDone();
-}
-
-}  // namespace
 
 QThreadPool& pictureThreads() {
-    static QThreadPool threads;
-    [[maybe_unused]] static const bool ends = [] {
-        qAddPostRoutine(endPictureThreads);
-        return true;
-    }();
+    static QThreadPool& threads = newWorkerPool();
     return threads;
 }
 

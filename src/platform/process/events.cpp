@@ -2,15 +2,9 @@
 
 #include <QCoreApplication>
 #include <QThread>
-#include <QTimer>
-
-#include <chrono>
 
 namespace velorama {
 namespace {
-
-// What was to wake a wait may have been taken by another inside it.
-constexpr std::chrono::milliseconds longestSleep{10};
 
 bool isOnEventThread() {
     const QCoreApplication* app = QCoreApplication::instance();
@@ -37,8 +31,8 @@ void DoEventsUntil(const std::function<bool()>& isOver) {
     if (!isOnEventThread() || isOver()) {
         return;
     }
-    QTimer alarm;
-    alarm.start(longestSleep);
+    // What comes in between two turns is still to be handled, so that the next one does not sleep;
+    // what a wait inside this one has handled was in a turn of this one too.
     while (!isOver()) {
         processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }

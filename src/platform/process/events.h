@@ -11,8 +11,8 @@ void DoEvents();
 /// The same, but sleeps until there is an event if there is none.
 void WaitEvents();
 
-/// Lets events run until `isOver`, which is asked before and after each turn of them and at least
-/// every ten milliseconds; sleeps where there are none. For what another thread has in hand. On
+/// Lets events run until `isOver`, which is asked before and after each turn of them; sleeps where
+/// there are none. So whatever makes it true has to be an event, or to post one afterwards. On
 /// other threads it does nothing.
 void DoEventsUntil(const std::function<bool()>& isOver);
 

@@ -2,9 +2,11 @@
 
 #include <QCoreApplication>
 #include <QObject>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <thread>
 
 namespace velorama {
@@ -49,10 +51,36 @@ TEST(DoEventsUntil, AsksFirst) {
     DoEvents();
 }
 
-TEST(DoEventsUntil, AsksAgainWhereNoEventComes) {
+TEST(DoEventsUntil, SleepsWhereNoEventComes) {
+    constexpr std::chrono::milliseconds quiet{300};
+    constexpr int turns = 10;
+    DoEvents();
     int asked = 0;
-    DoEventsUntil([&asked] { return ++asked == 5; });
-    EXPECT_EQ(asked, 5);
+    bool over = false;
+    QTimer::singleShot(quiet, qApp, [&over] { over = true; });
+    DoEventsUntil([&] {
+        ++asked;
+        return over;
+    });
+    EXPECT_LT(asked, turns);
+}
+
+TEST(DoEventsUntil, IsWokenByWhatAWaitInsideHasHandled) {
+    bool outer = false;
+    bool inner = false;
+    std::thread other;
+    QTimer::singleShot(0, qApp, [&] {
+        other = std::thread([&] {
+            QMetaObject::invokeMethod(
+                qApp, [&outer] { outer = true; }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                qApp, [&inner] { inner = true; }, Qt::QueuedConnection);
+        });
+        DoEventsUntil([&inner] { return inner; });
+    });
+    DoEventsUntil([&outer] { return outer; });
+    EXPECT_TRUE(inner);
+    other.join();
 }
 
 TEST(DoEventsUntil, DoesNothingOnAnotherThread) {
