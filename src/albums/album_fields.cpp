@@ -81,13 +81,18 @@ AlbumHeader albumHeader(const QString& path) {
                : AlbumHeader();
 }
 
-std::optional<QByteArray> albumBytes(const QString& path) {
+AlbumOnDisk albumOnDisk(const QString& path) {
+    // The program's own may be gone where a thread is late.
+    if (!clsFILEFOLDR().FileExists(path)) {
+        return {};
+    }
     QFile file(hostFile(path));
     if (!file.open(QIODevice::ReadOnly) || file.size() > largestAlbum) {
-        return std::nullopt;
+        return {true, std::nullopt};
     }
     QByteArray bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? std::optional(std::move(bytes)) : std::nullopt;
+    return {true,
+            file.error() == QFileDevice::NoError ? std::optional(std::move(bytes)) : std::nullopt};
 }
 
 AlbumFields::AlbumFields(QByteArray bytes) : reader_(std::move(bytes)) {
@@ -114,26 +119,34 @@ AlbumHeader AlbumFields::readHeader() {
     return headerOf(field);
 }
 
-QString AlbumFields::nextSlide(QString& s) {
-    Input(s);
-    if (gFileFoldr->FileExists(s)) {
-        return s;
+AlbumSlide slideOf(const QString& field, const QString& next) {
+    // The program's own may be gone where a thread is late.
+    const clsFILEFOLDR files;
+    if (files.FileExists(field)) {
+        return {field, true, false};
     }
-    QString alt = s;
-    if (!s.isEmpty()) {
-        Input(s);
-    }
-    alt += QLatin1String(", ") + s;
-    if (gFileFoldr->FileExists(alt)) {
-        return alt;
-    }
-    alt += QLatin1Char(',') + s;
-    if (gFileFoldr->FileExists(alt)) {
-        return alt;
+    QString alt = field;
+    for (const QLatin1String between : {QLatin1String(", "), QLatin1String(",")}) {
+        alt += between + next;
+        if (files.FileExists(alt)) {
+            return {alt, true, true};
+        }
     }
     alt = withoutOuterBlanks(alt);
     // The empty line at the end of an album gives three.
-    return alt.size() < 4 ? QString() : alt;
+    constexpr qsizetype shortest = 4;
+    return alt.size() < shortest ? AlbumSlide{QString(), false, true}
+                                 : AlbumSlide{alt, files.FileExists(alt), true};
+}
+
+AlbumSlide AlbumFields::nextSlide(QString& s, const SlideOf& slideAt) {
+    Input(s);
+    const QString next = s.isEmpty() || next_.empty() ? s : next_.front();
+    AlbumSlide slide = slideAt(s, next);
+    if (slide.takesNext && !s.isEmpty()) {
+        Input(s);
+    }
+    return slide;
 }
 
 }  // namespace velorama

@@ -3,6 +3,7 @@
 #include "core/documents.h"
 
 #include <deque>
+#include <functional>
 #include <optional>
 
 namespace velorama {
@@ -20,8 +21,25 @@ AlbumHeader albumHeader(const QString& path);
 /// asked. Nothing if it cannot be read, or is too large for an album. Safe on any thread.
 std::optional<qint64> albumSlides(const QString& path);
 
-/// Nothing if the file cannot be read to its end, or is too large for an album.
-std::optional<QByteArray> albumBytes(const QString& path);
+/// An album as its file is found; no bytes if it cannot be read to its end, or is too large for an
+/// album.
+struct AlbumOnDisk {
+    bool isThere = false;
+    std::optional<QByteArray> bytes;
+};
+/// Safe on any thread.
+AlbumOnDisk albumOnDisk(const QString& path);
+
+/// A slide as an album names it; an empty path is none.
+struct AlbumSlide {
+    QString path;
+    bool isThere = false;
+    /// The field behind it is a part of it.
+    bool takesNext = false;
+};
+/// What a field comes to. A path may have been cut at a comma: where its file is missing, it is put
+/// together with the field that follows, the second time on top of the first. Safe on any thread.
+AlbumSlide slideOf(const QString& field, const QString& next);
 
 /// The fields of an album, some of them known before their turn comes.
 class AlbumFields {
@@ -30,10 +48,10 @@ public:
 
     AlbumHeader readHeader();
     bool EndOfFile() const { return next_.empty(); }
-    /// Path of the next slide; empty for none. `s` becomes the last field read. A path may have
-    /// been cut at a comma: where its file is missing, it is put together with the field that
-    /// follows, the second time on top of the first.
-    QString nextSlide(QString& s);
+    using SlideOf = std::function<AlbumSlide(const QString& field, const QString& next)>;
+    /// `s` becomes the last field read. At the end of the file a field has itself behind it; so has
+    /// an empty one, which takes none.
+    AlbumSlide nextSlide(QString& s, const SlideOf& slideAt);
     /// The next ones, soonest first.
     const std::deque<QString>& coming() const { return next_; }
 

@@ -4,6 +4,7 @@
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "platform/numbers.h"
+#include "platform/process/await_work.h"
 #include "platform/session/shell.h"
 
 #include <QPointer>
@@ -190,10 +191,17 @@ bool AlbumFile::mayLeaveAlbum() {
 
 void AlbumFile::openAsked(const QString& path) {
     const QPointer<AlbumFile> self = this;
+    const int ask = ++asks_;
     if (!mayLeaveAlbum()) {
         return;
     }
-    if (gFileFoldr->FileExists(path)) {
+    // Of several that are asked for while a disk lets itself be waited for the last one counts.
+    const auto left = [self, ask] { return !self || self->stopped_ || self->asks_ != ask; };
+    const auto isThere = awaitWork([path] { return clsFILEFOLDR().FileExists(path); }, left);
+    if (left() || !isThere) {
+        return;
+    }
+    if (*isThere) {
         openFromList(path);
         return;
     }

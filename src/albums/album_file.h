@@ -8,10 +8,13 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 namespace velorama {
 
 class AlbumFields;
+struct AlbumSlide;
+class ComingSlides;
 
 /// The album that is open, and the commands that make, read and write it.
 class AlbumFile : public QObject {
@@ -76,11 +79,12 @@ private:
     // album_reading.cpp
     void beginReading();
     void endReading();
+    QString readAlbum(std::optional<QByteArray> bytes);
     QString readSlides(AlbumFields& fields, const QString& count);
-    void addSlide(const QString& path, const QString& picture);
+    void addSlide(const AlbumSlide& slide, const QString& picture);
     /// The window is closing, or another command has taken the place of the read that runs.
     bool isLeft() const;
-    void expect(const AlbumFields& fields);
+    void expect(const AlbumFields& fields, ComingSlides& slides);
     void showProgress(const QString& count);
 
     const SlideControls& c_;
@@ -94,6 +98,8 @@ private:
     /// Undone and done again with the list.
     OpenAlbum& open_;
     bool stopped_ = false;
+    /// Albums of the list that were asked for so far.
+    int asks_ = 0;
 };
 
 }  // namespace velorama

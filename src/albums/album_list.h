@@ -2,6 +2,7 @@
 
 #include "albums/album_controls.h"
 #include "controls/dialogs/common_dialog.h"
+#include "platform/process/slow_looks.h"
 
 #include <QObject>
 
@@ -19,7 +20,9 @@ public:
     AlbumList(const AlbumControls& controls, CommonDialog& cdlDIALOG);
 
     /// Reads the list back from the settings, with the note of each album file. The first album
-    /// whose file is missing is the last one read.
+    /// whose file is missing is the last one read. Other threads look at the files; events run
+    /// until they have, or for half a second. On a disk that takes longer all albums stand there
+    /// until it has answered.
     void SlideshowListLoad(ReportView& List, const QString& KeyName);
     void SlideshowListSave(const ReportView& List, const QString& KeyName) const;
     /// The same under the name that the main form gives its list.
@@ -41,10 +44,19 @@ signals:
     void JoinedAgain();
 
 private:
+    /// The notes of the albums up to the first whose file is missing.
+    static QStringList notesOf(const QStringList& albums);
+
     ReportItem* addAlbum(const QString& path);
+    void fill(ReportView& list, const QStringList& albums);
+    void takeNotes(ReportView& list, const QStringList& albums, const QStringList& notes);
+    static void endWithMissing(ReportView& list, const QStringList& albums, qsizetype missing);
 
     const AlbumControls& c_;
     CommonDialog& cdlDIALOG_;
+    /// Loads so far: of several the last one counts.
+    int loads_ = 0;
+    SlowLooks looks_;
 };
 
 }  // namespace velorama

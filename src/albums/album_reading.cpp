@@ -1,9 +1,10 @@
 #include "albums/album_fields.h"
 #include "albums/album_file.h"
+#include "albums/coming_slides.h"
 #include "browse/screen_pointer.h"
 #include "core/globals.h"
 #include "platform/numbers.h"
-#include "platform/process/events.h"
+#include "platform/process/await_work.h"
 
 #include <QPointer>
 
@@ -20,28 +21,39 @@ constexpr qsizetype longestPath = 32767;
 QString AlbumFile::DocumentOpenText(const QString& Path) {
     beginReading();
     open_.isRead = false;
+    const QPointer<AlbumFile> self = this;
+    std::optional<AlbumOnDisk> album =
+        awaitWork([Path] { return albumOnDisk(Path); }, [self] { return !self || self->isLeft(); });
     QString last;
-    if (gFileFoldr->FileExists(Path)) {
-        const QPointer<AlbumFile> self = this;
-        std::optional<QByteArray> bytes = albumBytes(Path);
-        const bool isReadable = bytes.has_value();
-        open_.isRead = isReadable;
-        AlbumFields fields(std::move(bytes).value_or(QByteArray()));
-        const AlbumHeader header = fields.readHeader();
-        open_.note = header.note;
-        last = readSlides(fields, header.count);
-        if (!self) {
-            setScreenPointer(ScreenPointer::Default);
-            return last;
-        }
-        // Undo may bring back the part of an album whose read was left, and what its file holds
-        // besides is not in the list. Left at its last slide, it may lack that one.
-        open_.isRead = isReadable && fields.EndOfFile() && !isLeft();
-        thumbnails_.expectSlides({});
+    if (album && album->isThere) {
+        last = readAlbum(std::move(album->bytes));
+    }
+    if (!self) {
+        setScreenPointer(ScreenPointer::Default);
+        return last;
+    }
+    if (!album || album->isThere) {
         // Without a file to read the bar stays in sight.
         c_.prgBARSLIDES->setVisible(false);
     }
     endReading();
+    return last;
+}
+
+QString AlbumFile::readAlbum(std::optional<QByteArray> bytes) {
+    const QPointer<AlbumFile> self = this;
+    const bool isReadable = bytes.has_value();
+    open_.isRead = isReadable;
+    AlbumFields fields(std::move(bytes).value_or(QByteArray()));
+    const AlbumHeader header = fields.readHeader();
+    open_.note = header.note;
+    QString last = readSlides(fields, header.count);
+    if (self) {
+        // Undo may bring back the part of an album whose read was left, and what its file holds
+        // besides is not in the list. Left at its last slide, it may lack that one.
+        open_.isRead = isReadable && fields.EndOfFile() && !isLeft();
+        thumbnails_.expectSlides({});
+    }
     return last;
 }
 
@@ -63,12 +75,17 @@ void AlbumFile::endReading() {
 /// nothing of the lists is kept over that, and this object may be gone.
 QString AlbumFile::readSlides(AlbumFields& fields, const QString& count) {
     const QPointer<AlbumFile> self = this;
+    const auto left = [self] { return !self || self->isLeft(); };
+    ComingSlides coming;
+    const auto slideAt = [&](const QString& field, const QString& next) {
+        return coming.await(field, next, left);
+    };
     QString s;
-    while (self && !isLeft() && !fields.EndOfFile()) {
-        expect(fields);
-        const QString path = fields.nextSlide(s);
-        if (!path.isEmpty()) {
-            addSlide(path, s);
+    while (!left() && !fields.EndOfFile()) {
+        expect(fields, coming);
+        const AlbumSlide slide = fields.nextSlide(s, slideAt);
+        if (!left() && !slide.path.isEmpty()) {
+            addSlide(slide, s);
         }
         DoEvents();
         if (self) {
@@ -82,18 +99,20 @@ bool AlbumFile::isLeft() const {
     return stopped_ || turn_.isAwaited();
 }
 
-void AlbumFile::addSlide(const QString& path, const QString& picture) {
+void AlbumFile::addSlide(const AlbumSlide& slide, const QString& picture) {
     const QPointer<AlbumFile> self = this;
     thumbnails_.SlideThumbnailAdd(picture, [self] { return !self || self->isLeft(); });
     if (!self || isLeft()) {
         return;
     }
-    c_.lvwSLIDEBAR->Add(c_.lvwSLIDEBAR->Count() + 1, path,
-                        gFileFoldr->FileNameFromPath(path, false),
+    // The path itself where there is no file; that has been looked for.
+    const QString text =
+        slide.isThere ? gFileFoldr->FileNameFromPath(slide.path, true) : slide.path;
+    c_.lvwSLIDEBAR->Add(c_.lvwSLIDEBAR->Count() + 1, slide.path, text,
                         thumbnails_.SlideIconIndex(picture));
 }
 
-void AlbumFile::expect(const AlbumFields& fields) {
+void AlbumFile::expect(const AlbumFields& fields, ComingSlides& slides) {
     QStringList paths;
     for (const QString& field : fields.coming()) {
         const bool canBePath = !field.isEmpty() && field.size() <= longestPath;
@@ -101,6 +120,7 @@ void AlbumFile::expect(const AlbumFields& fields) {
             paths.append(field);
         }
     }
+    slides.expect(fields.coming());
     thumbnails_.expectSlides(paths);
 }
 

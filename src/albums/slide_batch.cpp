@@ -33,14 +33,14 @@ void SlideList::Add() {
 void SlideList::runAdd(const std::function<void()>& insertFiles) {
     const SlideHistory::Recording step(history_);
     store_.settle();
+    inserted_ = 0;
     found_.lvwFOUND->setVisible(false);
     hideSlides();
     const QPointer<SlideList> self = this;
     insertFiles();
-    if (!self) {
+    if (!self || !settleBatch()) {
         return;
     }
-    store_.settle();
     FoundButtonsCheck();
     SelectChk();
     found_.lvwFOUND->setVisible(true);
@@ -51,6 +51,16 @@ void SlideList::runAdd(const std::function<void()>& insertFiles) {
         found_.lvwFOUND->setFocus();
     }
     showSlides();
+}
+
+/// Events run where the list is long. False if the window has gone meanwhile.
+bool SlideList::settleBatch() {
+    const QPointer<SlideList> self = this;
+    store_.settleInSteps([self] { return !self || self->stopped_; });
+    if (self) {
+        store_.settle();
+    }
+    return !self.isNull();
 }
 
 void SlideList::addSelected() {
@@ -87,17 +97,17 @@ void SlideList::AddAll() {
 void SlideList::runAddAll(const std::function<void()>& insertFiles) {
     const SlideHistory::Recording step(history_);
     store_.settle();
+    inserted_ = 0;
     hideSlides();
     c_.prgBARSLIDES->setValue(0);
     c_.prgBARSLIDES->setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);
     const QPointer<SlideList> self = this;
     insertFiles();
-    if (!self) {
+    if (!self || !settleBatch()) {
         setScreenPointer(ScreenPointer::Default);
         return;
     }
-    store_.settle();
     c_.prgBARSLIDES->setVisible(false);
     setScreenPointer(ScreenPointer::Default);
     FoundButtonsCheck();

@@ -68,8 +68,7 @@ void SlideList::insertAt(const QString& before, const QList<FoundFile>& files,
     const QPointer<SlideList> self = this;
     const QSet<QString> known = keys();
     insertFiles();
-    if (self && !stopped_) {
-        store_.settle();
+    if (self && !stopped_ && settleBatch() && !stopped_) {
         bringNew(files, known, before);
     }
 }

@@ -1,8 +1,16 @@
 // How a file of the folder on show becomes a slide.
 
 #include "albums/slide_list.h"
+#include "core/globals.h"
+#include "platform/process/events.h"
 
 namespace velorama {
+namespace {
+
+// Events run while a picture is loaded, but not for those whose thumbnails are there already.
+constexpr int mostAtOnce = 64;
+
+}  // namespace
 
 void SlideList::SlideInsert(int Index) {
     store_.settle();
@@ -16,8 +24,12 @@ void SlideList::insert(const FoundFile& file) {
     }
     const bool first = c_.lvwSLIDEBAR->Count() == 0;
     const QPointer<SlideList> self = this;
-    thumbnails_.SlideThumbnailAdd(file.path, [self] { return !self || self->stopped_; });
-    if (!self || stopped_) {
+    const auto left = [self] { return !self || self->stopped_; };
+    thumbnails_.SlideThumbnailAdd(file.path, left);
+    if (!left() && ++inserted_ % mostAtOnce == 0) {
+        DoEvents();
+    }
+    if (left()) {
         return;
     }
     const bool mayWait = store_.wouldKeep(file.path);
@@ -25,6 +37,8 @@ void SlideList::insert(const FoundFile& file) {
     enableStart();
     if (mayWait && written) {
         store_.putOff();
+    } else if (store_.isLong()) {
+        store_.writeAndReadInSteps(left);
     } else {
         store_.writeAndRead();
     }
@@ -32,7 +46,7 @@ void SlideList::insert(const FoundFile& file) {
 
 /// True: there is nothing that the settings could refuse.
 bool SlideList::addFirst(const FoundFile& file) {
-    c_.lvwSLIDEBAR->Add(1, file.path, slideText(file.path), imageOf(file));
+    c_.lvwSLIDEBAR->Add(1, file.path, textOf(file), imageOf(file));
     return true;
 }
 
@@ -40,8 +54,14 @@ bool SlideList::addFirst(const FoundFile& file) {
 /// then there is no place to insert at.
 bool SlideList::addAtCurrent(const FoundFile& file) {
     const int icon = file.isGif() ? imageOf(file) : thumbnails_.SlideIconIndex(file.path);
-    c_.lvwSLIDEBAR->Add(currentIndex(), file.path, slideText(file.path), icon);
+    c_.lvwSLIDEBAR->Add(currentIndex(), file.path, textOf(file), icon);
     return store_.writeLast(file.path);
+}
+
+/// Whether its file is there was seen when the thumbnail was made, and the rebuild looks again.
+QString SlideList::textOf(const FoundFile& file) const {
+    const bool isMissing = thumbnails_.slideFile(file.path) == FileState::NotFound;
+    return isMissing ? file.path : gFileFoldr->FileNameFromPath(file.path, true);
 }
 
 int SlideList::imageOf(const FoundFile& file) const {

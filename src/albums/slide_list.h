@@ -105,6 +105,7 @@ private:
     bool addAtCurrent(const FoundFile& file);
     int imageOf(const FoundFile& file) const;
     int currentIndex() const;
+    QString textOf(const FoundFile& file) const;
 
     /// Add or AddAll: its turn, and the files of the latest press that waits.
     struct Batch {
@@ -117,6 +118,7 @@ private:
                const std::function<void()>& later);
     void runAdd(const std::function<void()>& insertFiles);
     void runAddAll(const std::function<void()>& insertFiles);
+    bool settleBatch();
     void addSelected();
     void addFolder();
     void insertAll(const QList<FoundFile>& files);
@@ -149,6 +151,8 @@ private:
     SlideStore store_;
     SlideHistory history_;
     bool stopped_ = false;
+    /// Files that the batch begun last has come to.
+    int inserted_ = 0;
     /// The keyboard was in lvwSLIDEBAR when it was hidden.
     bool hadFocus_ = false;
 

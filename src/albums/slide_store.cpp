@@ -14,21 +14,6 @@ namespace {
 // paths than this are blanked.
 constexpr int mostBlanked = 100'000;
 
-/// True if a rebuild brings a path back as it was. Where one is too long for the
-/// settings, a rebuild keeps what the list has.
-bool survivesRebuild(const QString& path) {
-    const QByteArray stored = path.toUtf8();
-    return !stored.isEmpty() && !stored.contains('\0') && QString::fromUtf8(stored) == path;
-}
-
-bool saveCount(int count) {
-    return saveSetting(slideItemsKey, slideItemsName, QString::number(count));
-}
-
-bool saveSlide(int number, const QString& path) {
-    return saveSetting(slideSelectionKey, QString::number(number), path);
-}
-
 QString loadSlide(int number) {
     return loadSetting(slideSelectionKey, QString::number(number), QStringLiteral("1"));
 }
@@ -39,6 +24,21 @@ int loadCount() {
 }
 
 }  // namespace
+
+/// True if a rebuild brings a path back as it was. Where one is too long for the
+/// settings, a rebuild keeps what the list has.
+bool survivesRebuild(const QString& path) {
+    const QByteArray stored = path.toUtf8();
+    return !stored.isEmpty() && !stored.contains('\0') && QString::fromUtf8(stored) == path;
+}
+
+bool saveSlideCount(int count) {
+    return saveSetting(slideItemsKey, slideItemsName, QString::number(count));
+}
+
+bool saveSlidePath(int number, const QString& path) {
+    return saveSetting(slideSelectionKey, QString::number(number), path);
+}
 
 QString slideText(const QString& path) {
     return gFileFoldr->FileNameFromPath(path, false);
@@ -54,20 +54,20 @@ void SlideStore::write() {
 
 bool SlideStore::writeAll() const {
     const int count = list_.Count();
-    bool written = saveCount(count);
+    bool written = saveSlideCount(count);
     for (int i = 1; i <= count; ++i) {
-        written = saveSlide(i, list_.item(i)->Key()) && written;
+        written = saveSlidePath(i, list_.item(i)->Key()) && written;
     }
     return written;
 }
 
 void SlideStore::writeCount() const {
-    saveCount(list_.Count());
+    saveSlideCount(list_.Count());
 }
 
 bool SlideStore::writeLast(const QString& path) const {
-    const bool counted = saveCount(list_.Count());
-    return saveSlide(list_.Count(), path) && counted;
+    const bool counted = saveSlideCount(list_.Count());
+    return saveSlidePath(list_.Count(), path) && counted;
 }
 
 void SlideStore::read() {
@@ -106,9 +106,9 @@ void SlideStore::blank(int count) const {
         return;
     }
     for (int i = 1; i <= count; ++i) {
-        saveSlide(i, QString());
+        saveSlidePath(i, QString());
     }
-    saveCount(0);
+    saveSlideCount(0);
 }
 
 bool SlideStore::wouldKeep(const QString& path) const {
@@ -140,10 +140,18 @@ std::vector<int> SlideStore::selected() const {
     return indices;
 }
 
+int SlideStore::selectedBesideFirst() const {
+    int count = list_.SelectedCount();
+    for (const int index : {1, 2}) {
+        const ListItem* item = list_.item(index);
+        count -= item && item->Selected() ? 1 : 0;
+    }
+    return count;
+}
+
 void SlideStore::putOff() {
-    // Nearly always the slide that was first before; else the user has been at the list.
-    const ListItem* const current = list_.SelectedItem();
-    if (current != list_.item(1) && current != list_.item(2)) {
+    // In a batch it is nearly always the slide that was first before.
+    if (selectedBesideFirst() > 0) {
         list_.clearSelection();
     }
     selectCurrent();
@@ -153,6 +161,10 @@ void SlideStore::putOff() {
 
 // The rebuild comes late: what has been selected since it was due holds.
 void SlideStore::settle() {
+    if (due_ && isLong() && list_.changes() == rebuilt_ && writeAll()) {
+        // The list that is there is what a rebuild gives.
+        due_ = false;
+    }
     if (due_) {
         const std::vector<int> chosen = selected();
         const int current = list_.SelectedItem() ? list_.SelectedItem()->Index() : 0;

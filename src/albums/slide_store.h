@@ -3,6 +3,7 @@
 #include "browse/thumbnails.h"
 #include "controls/lists/list_view.h"
 
+#include <functional>
 #include <vector>
 
 namespace velorama {
@@ -38,8 +39,26 @@ public:
     /// Makes up for what was put off.
     void settle();
 
+    // -- slide_store_steps.cpp --
+    /// Of more slides than can be written and rebuilt without anybody noticing.
+    bool isLong() const;
+    /// Asked after each turn of events; true also where this object has gone.
+    using IsLeft = std::function<bool()>;
+    /// `writeAndRead` and `settle` for a long list, in steps between which events run, while other
+    /// threads look at the files. In between the rebuild is put off: what comes in finds a whole
+    /// list and may settle it. Of a list that is not long the second leaves all as it is.
+    void writeAndReadInSteps(const IsLeft& isLeft);
+    void settleInSteps(const IsLeft& isLeft);
+
 private:
+    struct Rebuilt;
+    static Rebuilt rebuilt(const QStringList& paths);
+    bool tryToSettle(const IsLeft& isLeft);
+    bool writeInSteps(const IsLeft& isOver);
+    bool showInSteps(const QStringList& texts, const IsLeft& isLeft);
+
     void selectCurrent();
+    int selectedBesideFirst() const;
     std::vector<int> selected() const;
     bool writeAll() const;
     bool survives() const;
@@ -47,9 +66,19 @@ private:
     ListView& list_;
     const Thumbnails& thumbnails_;
     bool due_ = false;
+    /// How often it was settled in steps.
+    qint64 settled_ = 0;
     /// The list's count of changes when a rebuild would have changed nothing; none: -1.
     qint64 rebuilt_ = -1;
 };
+
+/// True if a rebuild brings a path back as it was. Where one is too long for the settings, a
+/// rebuild keeps what the list has. Safe on any thread.
+bool survivesRebuild(const QString& path);
+
+/// False if the settings did not take it.
+bool saveSlideCount(int count);
+bool saveSlidePath(int number, const QString& path);
 
 /// The caption of a slide.
 QString slideText(const QString& path);

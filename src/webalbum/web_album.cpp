@@ -3,11 +3,12 @@
 #include "browse/screen_pointer.h"
 #include "core/globals.h"
 #include "platform/files/exact_names.h"
-#include "platform/process/events.h"
+#include "platform/process/await_work.h"
 #include "platform/session/shell.h"
 #include "webalbum/album_folder.h"
 
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace velorama {
@@ -61,8 +62,8 @@ void WebAlbum::cbtnVIEWWEBALB_Click(const QString& hWnd) const {
 
 void WebAlbum::build(const QString& chosen) {
     const AlbumPaths paths = pathsOf(chosen);
-    // Pages name their files letter by letter, and browsers ask for them so.
-    const ExactNames exactNames(paths.parent.left(paths.parent.size() - 1));
+    exact_ = paths.parent.left(paths.parent.size() - 1);
+    const ExactNames exactNames(exact_);
     AlbumBuild work{values_, *c_.prgBARSLIDES, stop_.get_token()};
     makeFolders(paths.parent, paths.album);
     WebAlbumPicturesCopy(*c_.lvwSLIDEBAR, folderIn(paths.album, pictures));
@@ -70,6 +71,7 @@ void WebAlbum::build(const QString& chosen) {
     copyProgramImages(paths.album);
     modWEBALBUM::WebAlbumMainPagesWrite(work, paths.album, title(), *c_.lvwSLIDEBAR);
     modWEBALBUM::WebAlbumSlidePagesWrite(work, paths.album, title(), *c_.lvwSLIDEBAR);
+    exact_.clear();
 }
 
 void WebAlbum::makeFolders(const QString& parent, const QString& album) const {
@@ -89,8 +91,7 @@ void WebAlbum::WebAlbumPicturesCopy(const ListView& list, const QString& destina
         const ListItem* item = list.item(i);
         if (item != nullptr) {
             const QString key = item->Key();
-            gFileFoldr->FileCopyNew(key,
-                                    fileIn(destination, gFileFoldr->FileNameFromPath(key, true)));
+            copyFile(key, fileIn(destination, gFileFoldr->FileNameFromPath(key, true)));
         }
         // The user's hands stay off the list here; the window only shows itself.
         PaintEvents();
@@ -100,9 +101,24 @@ void WebAlbum::WebAlbumPicturesCopy(const ListView& list, const QString& destina
 void WebAlbum::copyProgramImages(const QString& album) const {
     for (const char16_t* image : programImages) {
         const QString name = QString::fromUtf16(image);
-        gFileFoldr->FileCopyNew(programFile(images + u'/' + name),
-                                fileIn(folderIn(album, images), name));
+        copyFile(programFile(images + u'/' + name), fileIn(folderIn(album, images), name));
     }
+}
+
+/// Another thread copies, since a picture may be large and its disk slow. The window shows itself
+/// meanwhile, and hands stay off as between the pictures. A copy that is left comes to its end.
+void WebAlbum::copyFile(const QString& source, const QString& target) const {
+    const auto copy = [source, target, exact = exact_] {
+        std::optional<ExactNames> exactNames;
+        if (!exact.isEmpty()) {
+            exactNames.emplace(exact);
+        }
+        // The program's own may be gone where a thread is late.
+        clsFILEFOLDR().FileCopyNew(source, target);
+        return true;
+    };
+    awaitWork(
+        copy, [stop = stop_.get_token()] { return stop.stop_requested(); }, Events::Painting);
 }
 
 }  // namespace velorama

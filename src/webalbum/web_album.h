@@ -39,12 +39,16 @@ private:
     void build(const QString& chosen);
     void makeFolders(const QString& parent, const QString& album) const;
     void copyProgramImages(const QString& album) const;
+    void copyFile(const QString& source, const QString& target) const;
     QString title() const { return values_().txtTITLE; }
 
     const SlideControls& c_;
     Commands& commands_;
     AskForValues values_;
     std::stop_source stop_;
+    /// Where the build that runs takes names letter by letter: pages name their files so, and
+    /// browsers ask for them so. Empty without one.
+    QString exact_;
     CommandTurn turn_;
 };
 

@@ -95,5 +95,29 @@ TEST_F(SlowPictures, closingInTheMidstOfARead) {
     EXPECT_EQ(keys(), QStringList());
 }
 
+TEST_F(SlowPictures, theFileOfAPictureMadeAheadIsLookedAtByAnotherThread) {
+    threads.release();
+    WithSlides::pictures.expect({all[0]}, Fit::cell(Thumbnails::slideCell));
+    pictureThreads().waitForDone();
+    const test::BusyThreads again;
+    bool left = false;
+    whileLoading([&left] { left = true; });
+    const auto isLeft = [&left] { return left; };
+    EXPECT_TRUE(WithSlides::pictures.await(all[0], Thumbnails::slideCell, isLeft).bitmap.isNull());
+    EXPECT_TRUE(left);
+}
+
+TEST_F(SlowPictures, theSlidesOfAnAlbumAreLookedForByOtherThreads) {
+    const QString path = album(formA({QStringLiteral("/none/x.jpg"), all[0]}));
+    // The thumbnail that it gets is there already, and nothing is loaded.
+    whileLoading([&] {
+        imlTHUMBNAILS.Add(all[0], QImage(4, 4, QImage::Format_RGB32));
+        file->stop();
+    });
+    file->DocumentOpenText(path);
+    EXPECT_TRUE(threads.isBusy());
+    EXPECT_EQ(keys(), QStringList());
+}
+
 }  // namespace
 }  // namespace velorama

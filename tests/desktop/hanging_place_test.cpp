@@ -46,5 +46,42 @@ TEST_F(HangingPlaces, TheProgramEndsWhileAPictureOfTheFolderHangs) {
     EXPECT_EQ(page->close(), 0);
 }
 
+TEST_F(HangingPlaces, TheWindowAnswersWhileASlideOfAnAlbumHangs) {
+    ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));
+    const HangingPlace place(slides.at(1));
+    open(place, {album});
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_TRUE(page->turnTo(WebAlbumPage));
+    EXPECT_NE(page->title(), QStringLiteral("Velorama - ") + album);
+    place.answer();
+    EXPECT_TRUE(page->waitForTitle(QStringLiteral("Velorama - ") + album));
+    EXPECT_TRUE(page->isOn(Play));
+    EXPECT_EQ(page->close(), 0);
+    EXPECT_TRUE(waitForSlides(store, slides));
+}
+
+TEST_F(HangingPlaces, TheProgramEndsWhileItsAlbumHangs) {
+    ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));
+    ASSERT_TRUE(
+        store.setSetting(QStringLiteral("mfrmPRGMAIN\\View"), QStringLiteral("Slideshow"), album));
+    const HangingPlace place(album);
+    open(place);
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_EQ(page->close(), 0);
+    EXPECT_EQ(storedAlbum(store), album);
+}
+
+TEST_F(HangingPlaces, AnAlbumListWithOneThatHangsIsKeptWhole) {
+    const QString other = session.home() + QStringLiteral("/other.vlr");
+    ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));
+    ASSERT_TRUE(putBytes(other, albumText(QStringLiteral("0"), {})));
+    ASSERT_TRUE(setAlbums(store, {album, other}));
+    const HangingPlace place(album);
+    open(place);
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_EQ(page->close(), 0);
+    EXPECT_EQ(storedAlbums(store), QStringList({album, other}));
+}
+
 }  // namespace
 }  // namespace velorama::desktop

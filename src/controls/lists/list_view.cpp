@@ -91,6 +91,11 @@ void ListView::Clear() {
     items_.clear();
 }
 
+void ListView::forgetScroll() {
+    model_->withdraw();
+    model_->forgetScroll();
+}
+
 void ListView::setSelectedItem(int index) {
     ListItem* const chosen = item(index);
     if (chosen == nullptr) {

@@ -62,6 +62,8 @@ public:
     /// current, or the last.
     bool Remove(int index);
     void Clear();
+    /// A list that is out of sight begins at its start when it is shown again, as after Clear.
+    void forgetScroll();
     /// Makes room for so many in all: a table that grows on the way holds the window up.
     void reserve(int count) { items_.reserve(count); }
     /// The current item; null only in an empty list. It need not be selected.

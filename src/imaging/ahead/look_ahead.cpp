@@ -37,14 +37,20 @@ LookAhead::~LookAhead() {
 
 LookAhead::FileState LookAhead::stateOf(const QString& path) {
     // A date of the base library would have all threads wait for the lock of the time zone.
-    const FileStamp stamp = FileStamp::of(hostFile(path));
-    return {stamp.size, stamp.modified};
+    return stateOf(FileStamp::of(hostFile(path)));
 }
 
 LookAhead::Work LookAhead::workOn(const QString& path, const Fit& fit, const CellSource& cells) {
     // Before the file is read: a change from here on makes the result unusable.
-    const FileState file = stateOf(path);
-    return {file, loadFitted(path, fit, cells)};
+    Work work{.file = stateOf(path), .cell = loadFitted(path, fit, cells)};
+    const FileStamp& seen = work.cell.file;
+    work.isCurrent = work.file == (seen.isFile() ? stateOf(seen) : stateOf(path));
+    return work;
+}
+
+LookAhead::Work LookAhead::anewIfChanged(const Work& done, const QString& path, const Fit& fit,
+                                         const CellSource& cells) {
+    return done.file == stateOf(path) ? done : workOn(path, fit, cells);
 }
 
 /// What runs goes on and is for nobody.
@@ -67,15 +73,15 @@ void LookAhead::expect(const QStringList& paths, const Fit& fit) {
         if (auto known = before.extract(path)) {
             works_.insert(std::move(known));
         } else {
-            works_.emplace(path, begin(path, fit, cells_, behindOthers));
+            const auto work = [path, fit, cells = cells_] { return workOn(path, fit, cells); };
+            works_.emplace(path, begin(work, behindOthers));
         }
     }
     drop(std::move(before));
 }
 
-QFuture<LookAhead::Work> LookAhead::begin(const QString& path, const Fit& fit,
-                                          const CellSource& cells, int priority) {
-    return QtConcurrent::task([=] { return workOn(path, fit, cells); })
+QFuture<LookAhead::Work> LookAhead::begin(const std::function<Work()>& work, int priority) {
+    return QtConcurrent::task(std::function(work))
         .onThreadPool(pictureThreads())
         .withPriority(priority)
         .spawn();
@@ -92,17 +98,24 @@ bool LookAhead::awaitEnd(QFuture<Work>& work, const std::function<bool()>& isLef
 
 Cell LookAhead::await(const QString& path, int side, const std::function<bool()>& isLeft) {
     const Fit fit = Fit::cell(side);
-    const CellSource cells = cells_;
+    const auto work = [path, fit, cells = cells_] { return workOn(path, fit, cells); };
     auto known = fit == fit_ ? works_.extract(path) : Works::node_type();
-    QFuture<Work> work = known ? std::move(known.mapped()) : begin(path, fit, cells, aheadOfOthers);
+    QFuture<Work> awaited = known ? std::move(known.mapped()) : begin(work, aheadOfOthers);
+    if (awaited.isFinished()) {
+        // Some time ago, and this thread asks no disk: one that sleeps would hold the window.
+        const auto look = [done = awaited.takeResult(), path, fit, cells = cells_] {
+            return anewIfChanged(done, path, fit, cells);
+        };
+        awaited = begin(look, aheadOfOthers);
+    }
     // From here on this object may be gone.
-    if (!awaitEnd(work, isLeft)) {
+    if (!awaitEnd(awaited, isLeft)) {
         return {};
     }
-    Work done = work.takeResult();
-    if (done.file != stateOf(path)) {
-        work = begin(path, fit, cells, aheadOfOthers);
-        done = awaitEnd(work, isLeft) ? work.takeResult() : Work();
+    Work done = awaited.takeResult();
+    if (!done.isCurrent) {
+        awaited = begin(work, aheadOfOthers);
+        done = awaitEnd(awaited, isLeft) ? awaited.takeResult() : Work();
     }
     return done.cell;
 }

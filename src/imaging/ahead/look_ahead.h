@@ -36,9 +36,9 @@ public:
     /// cannot be loaded.
     QImage load(const QString& path, const Fit& fit);
     /// The same for Fit::cell(side), and what the cell was made from; but made on the threads
-    /// alone, however long it takes them, while events run. As soon as `isLeft`, which is asked
-    /// after each turn of events, the work is for nobody, and no bitmap comes back. A handler may
-    /// destroy this object meanwhile.
+    /// alone, which look at the file too, however long it takes them, while events run. As soon as
+    /// `isLeft`, which is asked after each turn of events, the work is for nobody, and no bitmap
+    /// comes back. A handler may destroy this object meanwhile.
     Cell await(const QString& path, int side, const std::function<bool()>& isLeft);
 
     /// Where cells come from, for whoever wants one again later.
@@ -53,14 +53,18 @@ private:
     struct Work {
         FileState file;
         Cell cell;
+        /// The file had not changed by the end of the work.
+        bool isCurrent = false;
     };
     using Works = std::unordered_map<QString, QFuture<Work>>;
 
+    static FileState stateOf(const FileStamp& stamp) { return {stamp.size, stamp.modified}; }
     static FileState stateOf(const QString& path);
     static Work workOn(const QString& path, const Fit& fit, const CellSource& cells);
+    static Work anewIfChanged(const Work& done, const QString& path, const Fit& fit,
+                              const CellSource& cells);
     static void drop(Works works);
-    static QFuture<Work> begin(const QString& path, const Fit& fit, const CellSource& cells,
-                               int priority);
+    static QFuture<Work> begin(const std::function<Work()>& work, int priority);
     static bool awaitEnd(QFuture<Work>& work, const std::function<bool()>& isLeft);
 
     CellSource cells_;

@@ -17,10 +17,11 @@ namespace velorama {
 /// Lets events run until `future` is finished or `isLeft`, which is asked after each turn of them.
 /// False if it was left.
 template <typename Result>
-bool awaitFuture(const QFuture<Result>& future, const std::function<bool()>& isLeft) {
+bool awaitFuture(const QFuture<Result>& future, const std::function<bool()>& isLeft,
+                 Events events = Events::All) {
     QFutureWatcher<Result> waker;
     waker.setFuture(future);
-    DoEventsUntil([&] { return future.isFinished() || isLeft(); });
+    DoEventsUntil([&] { return future.isFinished() || isLeft(); }, events);
     return !isLeft();
 }
 
@@ -30,7 +31,8 @@ bool awaitFuture(const QFuture<Result>& future, const std::function<bool()>& isL
 /// Work that fails with an exception gives an empty result.
 template <typename Work>
 std::optional<std::invoke_result_t<Work>> awaitWork(const Work& work,
-                                                    const std::function<bool()>& isLeft) {
+                                                    const std::function<bool()>& isLeft,
+                                                    Events events = Events::All) {
     using Result = std::invoke_result_t<Work>;
     QPromise<Result> promise;
     const QFuture<Result> future = promise.future();
@@ -46,8 +48,8 @@ std::optional<std::invoke_result_t<Work>> awaitWork(const Work& work,
         promise.addResult(done());
         promise.finish();
     });
-    DoEvents();
-    if (!awaitFuture(future, isLeft)) {
+    events == Events::All ? DoEvents() : PaintEvents();
+    if (!awaitFuture(future, isLeft, events)) {
         return std::nullopt;
     }
     return started ? future.result() : done();

@@ -27,14 +27,16 @@ void WaitEvents() {
     processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
-void DoEventsUntil(const std::function<bool()>& isOver) {
+void DoEventsUntil(const std::function<bool()>& isOver, Events events) {
     if (!isOnEventThread() || isOver()) {
         return;
     }
     // What comes in between two turns is still to be handled, so that the next one does not sleep;
     // what a wait inside this one has handled was in a turn of this one too.
     while (!isOver()) {
-        processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        const QEventLoop::ProcessEventsFlags which =
+            events == Events::All ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents;
+        processEvents(which | QEventLoop::WaitForMoreEvents);
     }
 }
 

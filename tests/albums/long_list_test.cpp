@@ -1,0 +1,181 @@
+// Batches that end in a list too long to be written and rebuilt in one go.
+
+#include "albums/slide_world.h"
+
+#include <QScrollBar>
+#include <QTimer>
+
+namespace velorama {
+namespace {
+
+class LongList : public test::WithSlides {
+protected:
+    static constexpr int many = 1200;
+
+    LongList() {
+        browse({QStringLiteral("a.bmp"), QStringLiteral("b.gif"), QStringLiteral("c.bmp")});
+        for (int i = 1; i <= many; ++i) {
+            const QString path = QStringLiteral("/none/%1.jpg").arg(i);
+            lvwSLIDEBAR->Add(i, path, path, 0);
+        }
+        list->SELECTIONSAVE();
+    }
+
+    /// Runs once, at the first turn of events after so many slides are there.
+    void atSlides(int count, std::function<void()> action) {
+        QTimer::singleShot(0, qApp, [this, count, action = std::move(action)] {
+            if (list && lvwSLIDEBAR->Count() < count) {
+                atSlides(count, action);
+            } else {
+                action();
+            }
+        });
+    }
+    void expectStored() {
+        EXPECT_EQ(storedCount(), QString::number(lvwSLIDEBAR->Count()));
+        EXPECT_EQ(storedSlides(lvwSLIDEBAR->Count()), keys());
+    }
+};
+
+TEST_F(LongList, IsAfterAddAllWhatARebuildGives) {
+    lvwSLIDEBAR->item(700)->setText(QStringLiteral("edited"));
+    lvwSLIDEBAR->setSelectedItem(900);
+    lvwSLIDEBAR->item(900)->setSelected(true);
+    QStringList expected = texts();
+    expected[699] = lvwSLIDEBAR->item(700)->Key();
+    // The first file goes in at the current slide, the others in front of all.
+    expected.insert(899, QStringLiteral("c.bmp"));
+    expected.prepend(QStringLiteral("b.gif"));
+    expected.prepend(QStringLiteral("a.bmp"));
+    list->AddAll();
+    EXPECT_EQ(texts(), expected);
+    EXPECT_EQ(selected(), std::vector<int>{1});
+    EXPECT_EQ(current(), 1);
+    expectStored();
+}
+
+TEST_F(LongList, GivesEachSlideTheFirstPictureWhoseKeyIsInItsPath) {
+    imlTHUMBNAILS.Add(QStringLiteral("b.gif"), QImage(4, 4, QImage::Format_RGB32));
+    imlTHUMBNAILS.Add(QStringLiteral("/none/7.jpg"), QImage(4, 4, QImage::Format_RGB32));
+    list->AddAll();
+    EXPECT_EQ(lvwSLIDEBAR->item(2)->Text(), QStringLiteral("b.gif"));
+    EXPECT_EQ(lvwSLIDEBAR->item(2)->Icon(), 1);
+    EXPECT_EQ(lvwSLIDEBAR->item(QStringLiteral("/none/7.jpg"))->Icon(), 2);
+    EXPECT_EQ(lvwSLIDEBAR->item(QStringLiteral("/none/8.jpg"))->Icon(), 0);
+}
+
+TEST_F(LongList, TheFirstFileOfABatchLeavesNothingSelectedButItself) {
+    selectSlides({1, 5, 1000});
+    lvwSLIDEBAR->setSelectedItem(1);
+    selectFound({1});
+    list->Add();
+    EXPECT_EQ(selected(), std::vector<int>{1});
+}
+
+TEST_F(LongList, LetsEventsRunWhileItIsWritten) {
+    list->AddAll();
+    list->ClearAll();
+    for (int i = 1; i <= many; ++i) {
+        lvwSLIDEBAR->Add(i, QStringLiteral("/none/%1.jpg").arg(i), QString(), 0);
+    }
+    // No picture is loaded any more: all turns are those of the writing.
+    int turns = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&turns] { ++turns; });
+    timer.start(0);
+    list->AddAll();
+    EXPECT_GT(turns, 8);
+    expectStored();
+}
+
+TEST_F(LongList, RemoveAllInTheMidstEmptiesIt) {
+    bool ran = false;
+    atSlides(many + 3, [&] {
+        ran = true;
+        list->ClearAll();
+    });
+    list->AddAll();
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+    EXPECT_EQ(storedCount(), QStringLiteral("0"));
+    EXPECT_EQ(storedSlide(1), QString());
+}
+
+TEST_F(LongList, AShowBegunInTheMidstFindsAllOfIt) {
+    bool ran = false;
+    atSlides(many + 3, [&] {
+        ran = true;
+        list->SELECTIONSAVE();
+        expectStored();
+    });
+    list->AddAll();
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(lvwSLIDEBAR->Count(), many + 3);
+    expectStored();
+}
+
+TEST_F(LongList, WhatIsSelectedInTheMidstStays) {
+    atSlides(many + 3, [&] { selectSlides({4}); });
+    list->AddAll();
+    EXPECT_EQ(selected(), std::vector<int>{4});
+}
+
+TEST_F(LongList, ARemovalInTheMidstIsStored) {
+    atSlides(many + 3, [&] {
+        selectSlides({2});
+        list->Clear();
+    });
+    list->AddAll();
+    EXPECT_EQ(lvwSLIDEBAR->Count(), many + 2);
+    list->SELECTIONSAVE();
+    expectStored();
+}
+
+TEST_F(LongList, ATextEditedInTheMidstGoes) {
+    atSlides(many + 3, [&] { lvwSLIDEBAR->item(many)->setText(QStringLiteral("edited")); });
+    list->AddAll();
+    EXPECT_EQ(lvwSLIDEBAR->item(many)->Text(), lvwSLIDEBAR->item(many)->Key());
+    expectStored();
+}
+
+TEST_F(LongList, AClosedWindowHasStoredIt) {
+    atSlides(many + 1, [&] {
+        list->stop();
+        list->SELECTIONSAVE();
+        expectStored();
+    });
+    list->AddAll();
+    EXPECT_EQ(lvwSLIDEBAR->Count(), many + 1);
+    expectStored();
+}
+
+TEST_F(LongList, AWindowThatGoesInTheMidstEndsIt) {
+    for (const int when : {many + 1, many + 3}) {
+        atSlides(when, [&] { list.reset(); });
+        list->AddAll();
+        EXPECT_EQ(list, nullptr);
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+        list = std::make_unique<SlideList>(slideControls, foundControls, commands, thumbnails);
+    }
+}
+
+TEST_F(LongList, BeginsAtItsStartAfterABatch) {
+    lvwSLIDEBAR->setArrangement(ListView::Arrangement::Strip);
+    QCoreApplication::processEvents();
+    lvwSLIDEBAR->horizontalScrollBar()->setValue(5000);
+    ASSERT_GT(lvwSLIDEBAR->horizontalScrollBar()->value(), 0);
+    list->AddAll();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lvwSLIDEBAR->horizontalScrollBar()->value(), 0);
+}
+
+TEST_F(LongList, SettingsThatRefuseRebuildWhatTheyHave) {
+    store.takeWriteRights(Hive::CurrentUser);
+    list->AddAll();
+    // Nothing can be written, nor read: the rebuild of an unreadable copy is an empty list.
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+    store.giveWriteRights(Hive::CurrentUser);
+}
+
+}  // namespace
+}  // namespace velorama
