@@ -271,7 +271,11 @@ void frmSLIDESHOW::keepAwake(bool awake) {
 }
 
 void frmSLIDESHOW::Form_MouseMove(float y) {
+    const bool wasHidden = picCONTROLBAR.isHidden();
     picCONTROLBAR.pointerMoved(Height(*this), y);
+    if (wasHidden && !picCONTROLBAR.isHidden()) {
+        startHint_.hide();  // The bar's buttons tell the same.
+    }
 }
 
 void frmSLIDESHOW::keyPressEvent(QKeyEvent* event) {

@@ -8,9 +8,10 @@ namespace velorama {
 namespace {
 
 constexpr int shownFor = 3000;
-// Logical pixels: the height of the bar's status line, and the room at the text's sides.
-constexpr int lineHeight = 20;
-constexpr int fromBottom = 3;
+// Logical pixels: within the bar's status line, clear of the caption above it; and the room at the
+// text's sides.
+constexpr int lineHeight = 18;
+constexpr int fromBottom = 2;
 constexpr int side = 12;
 
 const QString words = QStringLiteral(
@@ -26,7 +27,7 @@ StartHint::StartHint(QWidget* form) : QWidget(form) {
     setAccessibleName(words);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     QFont font(QStringLiteral("Arial"));
-    font.setPointSizeF(9.75);
+    font.setPointSizeF(9);
     setFont(font);
     hide();
     end_.setSingleShot(true);

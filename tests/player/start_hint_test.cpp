@@ -24,6 +24,10 @@ TEST_F(StartHintTest, ComesUpOverTheStatusLineAndGoesByItself) {
     EXPECT_TRUE(show.rect().contains(hint().geometry()));
     // No picture and no frame is that low.
     EXPECT_GT(hint().y(), show.picBORDERFRAME.geometry().bottom());
+    // Where the bar comes up its caption stays whole.
+    const QRect caption =
+        show.picCONTROLBAR.lblDESC.geometry().translated(show.picCONTROLBAR.pos());
+    EXPECT_GT(hint().y(), caption.bottom());
     EXPECT_TRUE(comesTrue([&] { return hint().isHidden(); }));
 }
 

@@ -151,8 +151,11 @@ void ListView::layOutCells() {
     QSize cell =
         ListDelegate::cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), fontMetrics());
     if (arrangement_ == Arrangement::Wrapped) {
-        // No ragged edge: what is left of a row goes to its cells.
-        cell.setWidth(viewport()->width() / qMax(1, viewport()->width() / cell.width()));
+        // No ragged edge: what is left of a row goes to its cells. The base keeps the scroll bar's
+        // width free, also where there is none.
+        const int row = maximumViewportSize().width() -
+                        style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+        cell.setWidth(qMax(cell.width(), row / qMax(1, row / cell.width())));
     }
     if (cell != gridSize()) {
         setGridSize(cell);

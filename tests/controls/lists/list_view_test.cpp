@@ -615,6 +615,22 @@ TEST_F(List, CellsFollowTheImageSize) {
     EXPECT_EQ(list.Icons(), nullptr);
 }
 
+// What is left of a row goes to its cells.
+TEST_F(List, ARowIsFilledToItsEnd) {
+    fill(40);
+    show();
+    for (const int width : {400, 523, 777}) {
+        list.resize(width, 300);
+        QCoreApplication::processEvents();
+        int last = 1;
+        while (cell(last + 1).y() == cell(1).y()) {
+            ++last;
+        }
+        EXPECT_GE(cell(last).right(), list.viewport()->width() - last - 24) << width;
+        EXPECT_LT(last * 104, width) << width;
+    }
+}
+
 TEST_F(List, AnImageIsPaintedPixelForPixel) {
     ImageList icons;
     QImage image(64, 64, QImage::Format_RGB32);
