@@ -151,8 +151,7 @@ void ListView::layOutCells() {
     QSize cell =
         ListDelegate::cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), fontMetrics());
     if (arrangement_ == Arrangement::Wrapped) {
-        // No ragged edge: what is left of a row goes to its cells. The base keeps the scroll bar's
-        // width free, also where there is none.
+        // No ragged edge. The base keeps the scroll bar's width free, also where there is none.
         const int row = maximumViewportSize().width() -
                         style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
         cell.setWidth(qMax(cell.width(), row / qMax(1, row / cell.width())));
