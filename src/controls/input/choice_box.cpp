@@ -1,5 +1,7 @@
 #include "controls/input/choice_box.h"
 
+#include "controls/geometry/tip_markup.h"
+
 #include <QHelpEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
@@ -39,7 +41,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
 bool ChoiceBox::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && fitted() != currentText()) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                           currentText().toHtmlEscaped(), this);
+                           tipMarkup({currentText()}, QToolTip::font()), this);
         return true;
     }
     return QComboBox::event(event);

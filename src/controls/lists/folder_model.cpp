@@ -1,6 +1,7 @@
 #include "controls/lists/folder_model.h"
 
 #include "controls/buttons/icon.h"
+#include "controls/geometry/tip_markup.h"
 #include "platform/files/name_order.h"
 #include "platform/files/paths.h"
 
@@ -8,6 +9,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QStandardPaths>
+#include <QToolTip>
 
 #include <algorithm>
 #include <filesystem>
@@ -75,10 +77,15 @@ class FolderModel::Folder : public QStandardItem {
 public:
     Folder(const QString& name, const QString& itsPath) : QStandardItem(name), path(itsPath) {
         setIcon(symbolIcon(QStringLiteral("folder")));
-        setToolTip(path);
         setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
         // Before there are rows: the model would tell of the column in the midst of them.
         setColumnCount(1);
+    }
+
+    /// A tooltip is made when it is shown: few of the folders are pointed at.
+    QVariant data(int role) const override {
+        return role == Qt::ToolTipRole ? tipMarkup({path}, QToolTip::font())
+                                       : QStandardItem::data(role);
     }
 
     const QString path;

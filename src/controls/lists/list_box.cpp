@@ -1,6 +1,7 @@
 #include "controls/lists/list_box.h"
 
 #include "controls/buttons/icon.h"
+#include "controls/geometry/tip_markup.h"
 #include "controls/lists/list_frame.h"
 #include "controls/lists/local_files.h"
 
@@ -132,12 +133,8 @@ bool ListBox::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QListWidgetItem* line = itemAt(help->pos());
-        // A file name is no markup, whatever it looks like.
-        QToolTip::showText(help->globalPos(),
-                           line && isCut(line) ? u"<p style='white-space:pre'>" +
-                                                     line->text().toHtmlEscaped() + u"</p>"
-                                               : QString(),
-                           viewport());
+        const QStringList cut = line && isCut(line) ? QStringList(line->text()) : QStringList();
+        QToolTip::showText(help->globalPos(), tipMarkup(cut, QToolTip::font()), viewport());
         return true;
     }
     return QListWidget::viewportEvent(event);

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocument>
 
 #include <gtest/gtest.h>
 
@@ -118,6 +119,15 @@ TEST_F(Tree, AFolderOfVeryManyFilesIsLookedThroughWhenItIsOpened) {
     EXPECT_TRUE(model.hasChildren(node("Many"))) << "not known yet";
     tree.expand(node("Many"));
     EXPECT_FALSE(model.hasChildren(node("Many")));
+}
+
+TEST_F(Tree, ATooltipTellsThePathAsItIs) {
+    make(base, {QStringLiteral("<b>A & B")});
+    const QString path = in("<b>A & B");
+    tree.setPath(path);
+    QTextDocument shown;
+    shown.setHtml(current().data(Qt::ToolTipRole).toString());
+    EXPECT_EQ(shown.toPlainText().remove(u'\n'), path);
 }
 
 TEST_F(Tree, SettingTheSamePathTellsAgain) {

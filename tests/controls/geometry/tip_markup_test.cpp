@@ -1,4 +1,4 @@
-#include "controls/lists/row_tip.h"
+#include "controls/geometry/tip_markup.h"
 
 #include <QGuiApplication>
 #include <QTextDocument>
