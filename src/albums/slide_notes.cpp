@@ -48,10 +48,18 @@ QStringList SlideNotes::tip(const QString& key) {
 }
 
 void SlideNotes::look(const QString& key) {
-    looks_.ask([this, key]() -> SlowLooks::Answer {
+    const auto find = [this, key]() -> SlowLooks::Answer {
         const FileState seen = stateOf(pictureFacts(key));
         return [this, key, seen] { learn(key, seen); };
-    });
+    };
+    looks_.ask(find, [this, key] { forgetSought(key); });
+}
+
+/// Its slide asks anew when it is next painted.
+void SlideNotes::forgetSought(const QString& key) {
+    if (thumbnails_.slideFile(key) == FileState::Sought) {
+        thumbnails_.learn(key, FileState::Unknown);
+    }
 }
 
 /// A head that can be read does not make up for a picture that could not.

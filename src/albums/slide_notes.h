@@ -22,6 +22,7 @@ public:
 
 private:
     void learn(const QString& path, FileState seen);
+    void forgetSought(const QString& key);
 
     const SlideControls& c_;
     Thumbnails& thumbnails_;

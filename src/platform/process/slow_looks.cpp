@@ -33,8 +33,18 @@ struct SlowLooks::Shared {
     std::mutex lock;
     std::condition_variable ended;
     SlowLooks* asker = nullptr;
-    std::deque<Look> waiting;
+    struct Asked {
+        Look look;
+        Answer ifDropped;
+    };
+    std::deque<Asked> waiting;
     int working = 0;
+
+    void tell(const Answer& answer) const {
+        if (answer && asker != nullptr) {
+            QMetaObject::invokeMethod(asker, answer, Qt::QueuedConnection);
+        }
+    }
 };
 
 SlowLooks::SlowLooks(QObject* parent) : QObject(parent), shared_(std::make_shared<Shared>()) {
@@ -48,10 +58,11 @@ SlowLooks::~SlowLooks() {
     shared_->ended.wait_for(held, moment, [this] { return shared_->working == 0; });
 }
 
-void SlowLooks::ask(Look look) {
+void SlowLooks::ask(Look look, Answer ifDropped) {
     const std::lock_guard held(shared_->lock);
-    shared_->waiting.push_back(std::move(look));
+    shared_->waiting.push_back({std::move(look), std::move(ifDropped)});
     if (shared_->waiting.size() > mostWaiting) {
+        shared_->tell(shared_->waiting.front().ifDropped);
         shared_->waiting.pop_front();
     }
     if (shared_->working < mostThreads && startDetached([shared = shared_] { work(shared); })) {
@@ -62,14 +73,12 @@ void SlowLooks::ask(Look look) {
 void SlowLooks::work(const std::shared_ptr<Shared>& shared) {
     std::unique_lock held(shared->lock);
     while (!shared->waiting.empty()) {
-        const Look look = std::move(shared->waiting.back());
+        const Look look = std::move(shared->waiting.back().look);
         shared->waiting.pop_back();
         held.unlock();
         const Answer answer = answerOf(look);
         held.lock();
-        if (answer && shared->asker != nullptr) {
-            QMetaObject::invokeMethod(shared->asker, answer, Qt::QueuedConnection);
-        }
+        shared->tell(answer);
     }
     --shared->working;
     shared->ended.notify_all();

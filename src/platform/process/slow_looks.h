@@ -23,8 +23,9 @@ public:
     /// Runs on any thread and owns all that it works on.
     using Look = std::function<Answer()>;
     /// The look asked for last comes first. Its answer follows as an event, unless this object is
-    /// gone by then. Where a thousand wait in vain the oldest is dropped.
-    void ask(Look look);
+    /// gone by then. Where a thousand wait in vain the oldest is dropped, and what `ifDropped`
+    /// does is its answer.
+    void ask(Look look, Answer ifDropped = {});
 
 private:
     struct Shared;

@@ -53,6 +53,32 @@ TEST(SlowLooksTest, OneThatHangsHoldsNoOtherUpAndNoEnd) {
     EXPECT_FALSE(hung) << "answered to somebody who is gone";
 }
 
+// Three threads at most work; what they hold is not dropped any more.
+TEST(SlowLooksTest, TheOldestOfTooManyAreDroppedAndToldOf) {
+    auto gate = std::make_shared<std::promise<void>>();
+    const std::shared_future<void> opened = gate->get_future().share();
+    std::atomic<int> begun = 0;
+    SlowLooks looks;
+    for (int i = 0; i < 3; ++i) {
+        looks.ask([opened, &begun]() -> Answer {
+            ++begun;
+            opened.wait();
+            return {};
+        });
+    }
+    ASSERT_TRUE(test::comesTrue([&] { return begun == 3; }));
+    int answered = 0;
+    QList<int> dropped;
+    for (int i = 0; i < 1002; ++i) {
+        looks.ask([&answered]() -> Answer { return [&answered] { ++answered; }; },
+                  [&dropped, i] { dropped.append(i); });
+    }
+    EXPECT_TRUE(dropped.isEmpty()) << "told of in the midst of a question";
+    gate->set_value();
+    EXPECT_TRUE(test::comesTrue([&] { return answered == 1000; }));
+    EXPECT_EQ(dropped, QList<int>({0, 1}));
+}
+
 TEST(SlowLooksTest, OneThatFailsAnswersNothingAndTheNextOneComes) {
     SlowLooks looks;
     bool answered = false;
