@@ -47,7 +47,7 @@ void SlideList::runAdd(const std::function<void()>& insertFiles) {
     markModified();
     // On another page than its own it is not in sight.
     if (found_.lvwFOUND->isVisible()) {
-        hadFocus_ = false;
+        hidden_.leaveKeyboard();
         found_.lvwFOUND->setFocus();
     }
     showSlides();

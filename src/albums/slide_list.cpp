@@ -16,22 +16,19 @@ SlideList::SlideList(const SlideControls& controls, const FoundControls& found, 
       thumbnails_(thumbnails),
       files_(found, *controls.imlTHUMBNAILS, thumbnails),
       store_(*controls.lvwSLIDEBAR, thumbnails),
-      history_(controls, commands, thumbnails) {
+      history_(controls, commands, thumbnails),
+      hidden_(*controls.lvwSLIDEBAR) {
     connectEvents();
     connectCommands();
     connectHistory();
 }
 
 void SlideList::hideSlides() {
-    hadFocus_ = hadFocus_ || c_.lvwSLIDEBAR->hasFocus();
-    c_.lvwSLIDEBAR->setVisible(false);
+    hidden_.hide();
 }
 
 void SlideList::showSlides() {
-    c_.lvwSLIDEBAR->setVisible(true);
-    if (std::exchange(hadFocus_, false)) {
-        c_.lvwSLIDEBAR->setFocus();
-    }
+    hidden_.show();
 }
 
 void SlideList::stop() {

@@ -6,6 +6,7 @@
 #include "browse/found_controls.h"
 #include "browse/popup_request.h"
 #include "browse/slide_controls.h"
+#include "controls/lists/hidden_list.h"
 #include "core/commands.h"
 #include "platform/process/command_turn.h"
 
@@ -153,8 +154,7 @@ private:
     bool stopped_ = false;
     /// Files that the batch begun last has come to.
     int inserted_ = 0;
-    /// The keyboard was in lvwSLIDEBAR when it was hidden.
-    bool hadFocus_ = false;
+    HiddenList hidden_;
 
     Batch add_;
     Batch addAll_;

@@ -24,7 +24,10 @@ constexpr int deepest = 8;
 
 FoundList::FoundList(const FoundControls& controls, ProgressBar& prgBARSLIDES,
                      Thumbnails& thumbnails)
-    : c_(controls), prgBARSLIDES_(prgBARSLIDES), thumbnails_(thumbnails) {
+    : c_(controls),
+      prgBARSLIDES_(prgBARSLIDES),
+      thumbnails_(thumbnails),
+      hidden_(*controls.lvwFOUND) {
     connectEvents();
 }
 
@@ -159,7 +162,7 @@ void FoundList::fill() {
     prgBARSLIDES_.setValue(0);
     prgBARSLIDES_.setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);
-    c_.lvwFOUND->setVisible(false);
+    hidden_.hide();
     const QPointer<FoundList> self = this;
     const int listing = listings_;
     // A folder listed in the midst of a round has all its rows by now: going on against it, as the
@@ -173,7 +176,7 @@ void FoundList::fill() {
     }
     prgBARSLIDES_.setVisible(false);
     setScreenPointer(ScreenPointer::Default);
-    c_.lvwFOUND->setVisible(true);
+    hidden_.show();
 }
 
 void FoundList::addRow(int row, int listing) {

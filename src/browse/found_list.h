@@ -4,6 +4,7 @@
 #include "browse/popup_request.h"
 #include "browse/thumbnails.h"
 #include "controls/boxes/progress_bar.h"
+#include "controls/lists/hidden_list.h"
 #include "platform/process/command_turn.h"
 
 #include <QObject>
@@ -98,6 +99,7 @@ private:
     Look look_ = lookAt;
     /// Of files dropped while others are looked for, the last alone count.
     CommandTurn drop_;
+    HiddenList hidden_;
 };
 
 }  // namespace velorama
