@@ -146,7 +146,7 @@ TEST_F(NotesTest, ALookAtASlideFindsWhatHasChanged) {
     const QString a = savePicture(folder, QStringLiteral("a.jpg"));
     // Its head can be read, and the rest of it cannot.
     const QString cut = savePicture(folder, QStringLiteral("cut.bmp"), {40, 30});
-    QFile::resize(cut, QFileInfo(cut).size() / 2);
+    QFile::resize(cut, 54);
     ASSERT_EQ(pictureFacts(cut).pixels, QSize(40, 30));
     file->DocumentOpenText(album(formA({a, cut})));
     ASSERT_EQ(slideMarks(), QStringList({{}, unread}));

@@ -297,14 +297,14 @@ TEST_F(SlideHistoryTest, AListThatSomebodyElseHasChangedIsLeftAsItIs) {
 }
 
 TEST_F(SlideHistoryTest, AnEmptyListTellsOfUndo) {
-    const auto painted = [this] { return lvwSLIDEBAR->grab().toImage(); };
+    const auto told = [this] { return lvwSLIDEBAR->emptyState().words(); };
     list->ClearAll();
-    const QImage told = painted();
+    EXPECT_TRUE(told().contains(QStringLiteral("Ctrl+Z"))) << told().toStdString();
     while (history().steps() > 0) {
         undo();
     }
     EXPECT_EQ(keys(), QStringList());
-    EXPECT_NE(painted(), told);
+    EXPECT_EQ(told(), QString());
 }
 
 TEST_F(SlideHistoryTest, TheHistoryMayGoInTheMidstOfAStep) {
