@@ -184,14 +184,24 @@ bool MainWindow::waitForPopup(int windows) const {
     return waitFor([&] { return hasPopup(windows); });
 }
 
-// A popup has no title.
 bool MainWindow::hasPopup(int windows) const {
+    return static_cast<int>(shownWindows().size()) > windows;
+}
+
+// A popup has no title.
+std::vector<WindowId> MainWindow::shownWindows() const {
     const auto visible = m_session.run(
         QStringLiteral("xdotool"),
         {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
          QStringLiteral("--pid"), QString::number(m_program.pid()), QStringLiteral("--class"),
          QStringLiteral("velorama")});
-    return visible.value_or(QByteArray()).count('\n') > windows;
+    std::vector<WindowId> all;
+    for (const QByteArray& id : visible.value_or(QByteArray()).split('\n')) {
+        if (!id.isEmpty()) {
+            all.push_back(id.toUInt());
+        }
+    }
+    return all;
 }
 
 WindowId MainWindow::waitForDialog(const QString& title) const {

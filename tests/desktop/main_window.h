@@ -60,6 +60,8 @@ public:
     /// Waits until a popup of the program is open beside so many windows.
     bool waitForPopup(int windows = 1) const;
     bool hasPopup(int windows = 1) const;
+    /// All windows of the program that can be seen, popups and tooltips too.
+    std::vector<WindowId> shownWindows() const;
 
     /// A dialog of the program once it is there and has the keyboard; 0 if it never came.
     WindowId waitForDialog(const QString& title) const;

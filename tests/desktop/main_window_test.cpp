@@ -61,7 +61,8 @@ protected:
         ASSERT_TRUE(putBytes(albums.back(), albumText(QStringLiteral("1"), {slide})));
         ASSERT_TRUE(store.setSetting(QStringLiteral("mfrmPRGMAIN\\View"),
                                      QStringLiteral("Slideshow"), albums.back()));
-        ASSERT_TRUE(setFilesLocation(store, folders.front()));
+        // Written anew in its clean form when the tree goes there, which is the end of the start.
+        ASSERT_TRUE(setFilesLocation(store, folders.front() + QLatin1Char('/')));
         ASSERT_TRUE(setAlbums(store, albums));
         for (const char* row : {"0", "1"}) {
             store.setSetting(
@@ -73,6 +74,7 @@ protected:
                          QStringLiteral("lstMUSICList Total"), QStringLiteral("2"));
         page.emplace(session, session.start());
         ASSERT_NE(page->window(), 0U);
+        ASSERT_TRUE(waitFor([&] { return filesLocation(store) == folders.front(); }));
     }
 
     void turn(const char* key, Page wanted) {

@@ -1,0 +1,125 @@
+#include "desktop/accessible_tree.h"
+
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+namespace velorama::desktop {
+namespace {
+
+const QString kConnection = QStringLiteral("accessible-tree");
+const QString kRegistry = QStringLiteral("org.a11y.atspi.Registry");
+const QString kRoot = QStringLiteral("/org/a11y/atspi/accessible/root");
+const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
+
+}  // namespace
+
+// Programs look for the launcher's name on the session's bus, and it gives them a bus of its own.
+AccessibleTree::AccessibleTree(const DesktopSession& session) : bus_(kConnection) {
+    launcher_.setProcessEnvironment(session.environment());
+    launcher_.setStandardErrorFile(QProcess::nullDevice());
+    dieWithTest(launcher_);
+    launcher_.start(QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
+                    {QStringLiteral("--launch-immediately")});
+    QString address;
+    const auto isLaunched = [&] {
+        address = addressOf(session);
+        return !address.isEmpty();
+    };
+    if (launcher_.waitForStarted() && waitFor(isLaunched)) {
+        bus_ = QDBusConnection::connectToBus(address, kConnection);
+        up_ = bus_.isConnected() && bus_.interface()->startService(kRegistry).isValid();
+    }
+}
+
+AccessibleTree::~AccessibleTree() {
+    QDBusConnection::disconnectFromBus(kConnection);
+    // Asked, it takes its bus along.
+    launcher_.terminate();
+    launcher_.waitForFinished();
+}
+
+QString AccessibleTree::addressOf(const DesktopSession& session) {
+    const QString desktop = QStringLiteral("accessible-tree-session");
+    const QString address = session.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    const QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
+    const QDBusMessage answer = QDBusConnection::connectToBus(address, desktop).call(question);
+    QDBusConnection::disconnectFromBus(desktop);
+    return answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0).toString()
+                                                       : QString();
+}
+
+QStringList AccessibleTree::environment() const {
+    return {QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1")};
+}
+
+QVariant AccessibleTree::ask(const Object& object, const QString& interface, const QString& method,
+                             const QVariantList& arguments) const {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(object.service, object.path, interface, method);
+    call.setArguments(arguments);
+    const QDBusMessage answer = bus_.call(call);
+    return answer.arguments().value(0);
+}
+
+QString AccessibleTree::property(const Object& object, const QString& name) const {
+    return ask(object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+               {kAccessible, name})
+        .value<QDBusVariant>()
+        .variant()
+        .toString();
+}
+
+std::vector<AccessibleTree::Object> AccessibleTree::children(const Object& object) const {
+    std::vector<Object> all;
+    const QVariant answer = ask(object, kAccessible, QStringLiteral("GetChildren"));
+    if (!answer.canConvert<QDBusArgument>()) {
+        return all;
+    }
+    const auto list = answer.value<QDBusArgument>();
+    list.beginArray();
+    while (!list.atEnd()) {
+        QString service;
+        QDBusObjectPath path;
+        list.beginStructure();
+        list >> service >> path;
+        list.endStructure();
+        all.push_back({service, path.path()});
+    }
+    list.endArray();
+    return all;
+}
+
+void AccessibleTree::walk(const Object& object,
+                          const std::function<void(const Object&)>& visit) const {
+    visit(object);
+    for (const Object& child : children(object)) {
+        walk(child, visit);
+    }
+}
+
+QStringList AccessibleTree::names() const {
+    QStringList all;
+    walk({kRegistry, kRoot},
+         [&](const Object& object) { all.append(property(object, QStringLiteral("Name"))); });
+    return all;
+}
+
+QStringList AccessibleTree::descriptions(const QString& name) const {
+    QStringList all;
+    walk({kRegistry, kRoot}, [&](const Object& object) {
+        const QString text = property(object, QStringLiteral("Name")) == name
+                                 ? property(object, QStringLiteral("Description"))
+                                 : QString();
+        if (!text.isEmpty()) {
+            all.append(text);
+        }
+    });
+    return all;
+}
+
+}  // namespace velorama::desktop

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "desktop/session.h"
+
+#include <QDBusConnection>
+
+namespace velorama::desktop {
+
+/// What a screen reader is told of the programs of a desktop, by AT-SPI.
+class AccessibleTree {
+public:
+    explicit AccessibleTree(const DesktopSession& session);
+    AccessibleTree(const AccessibleTree&) = delete;
+    AccessibleTree& operator=(const AccessibleTree&) = delete;
+    ~AccessibleTree();
+
+    /// True if AT-SPI is up. Assert it before a program starts.
+    bool isUp() const { return up_; }
+    /// What a program needs to take part, for `DesktopSession::start`.
+    QStringList environment() const;
+
+    /// The names of all that is shown, in the order of the tree.
+    QStringList names() const;
+    /// What is told besides of everything that has this name; empty texts are left out.
+    QStringList descriptions(const QString& name) const;
+
+private:
+    struct Object {
+        QString service;
+        QString path;
+    };
+    QVariant ask(const Object& object, const QString& interface, const QString& method,
+                 const QVariantList& arguments = {}) const;
+    QString property(const Object& object, const QString& name) const;
+    std::vector<Object> children(const Object& object) const;
+    void walk(const Object& object, const std::function<void(const Object&)>& visit) const;
+
+    static QString addressOf(const DesktopSession& session);
+
+    QDBusConnection bus_;
+    QProcess launcher_;
+    bool up_ = false;
+};
+
+}  // namespace velorama::desktop
