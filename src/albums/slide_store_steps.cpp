@@ -70,12 +70,10 @@ bool SlideStore::tryToSettle(const IsLeft& isLeft) {
         paths.append(list_.item(i)->Key());
     }
     const auto all = awaitWork([paths] { return rebuilt(paths); }, isOver);
-    if (!all) {
-        return false;
-    }
-    if (all->survives && all->texts.size() == paths.size() && writeInSteps(isOver)) {
+    if (all && all->survives && all->texts.size() == paths.size() && writeInSteps(isOver)) {
         return showInSteps(all->texts, isLeft);
     }
+    // What a thread could not do, or the settings did not take, is done or given up at once.
     if (!isOver()) {
         settle();
     }
