@@ -1,6 +1,7 @@
 #include "platform/store/registry_file.h"
 
 #include "platform/files/private_files.h"
+#include "platform/store/registry_names.h"
 #include "platform/store/sqlite_statement.h"
 
 #include <QDateTime>
@@ -13,39 +14,16 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
-#include <memory>
-
 namespace velorama {
 namespace {
 
 /// How long a locked file is waited for. Whatever fails then is tried again a second later.
 constexpr int busyMilliseconds = 500;
 
-struct HiveName {
-    Hive hive;
-    const char* name;      // as written
-    const char* longName;  // also understood, as people know it from elsewhere
-};
-
-constexpr std::array<HiveName, 3> hiveNames = {{
-    {Hive::ClassesRoot, "HKCR", "HKEY_CLASSES_ROOT"},
-    {Hive::CurrentUser, "HKCU", "HKEY_CURRENT_USER"},
-    {Hive::LocalMachine, "HKLM", "HKEY_LOCAL_MACHINE"},
-}};
-
 const HiveName* findHive(const QByteArray& name) {
-    for (const HiveName& one : hiveNames) {
-        if (name.compare(one.name, Qt::CaseInsensitive) == 0 ||
-            name.compare(one.longName, Qt::CaseInsensitive) == 0) {
-            return &one;
-        }
-    }
-    return nullptr;
-}
-
-const HiveName& nameOf(Hive hive) {
-    return hiveNames.at(static_cast<quint32>(hive) & 0x7FFFFFFFU);
+    const QString text = QString::fromUtf8(name);
+    const HiveName* found = hiveByName(text);
+    return found != nullptr ? found : hiveByLongName(text);
 }
 
 void loadRow(const Statement& row, RegistryTable& table) {
@@ -59,19 +37,27 @@ void loadRow(const Statement& row, RegistryTable& table) {
                 RegistryValue{type, row.bytes(4)}});
 }
 
+/// Of the types that the program itself writes; others may be any bytes.
+bool isOwn(ValueType type) {
+    return type == ValueType::Text || type == ValueType::ExpandableText ||
+           type == ValueType::Number;
+}
+
 void bindData(Statement& statement, int at, const RegistryValue& value) {
     bool isNumber = false;
     const qint64 number = value.data.toLongLong(&isNumber);
     if (value.type == ValueType::Number && isNumber) {
         statement.number(at, number);
-    } else {
+    } else if (isOwn(value.type)) {
         statement.text(at, value.data);
+    } else {
+        statement.blob(at, value.data);
     }
 }
 
 void bindAddress(Statement& statement, const AddressedValue& entry) {
     const HiveName& hive = nameOf(entry.hive);
-    statement.text(1, hive.name).text(2, hive.longName);
+    statement.text(1, hive.name.data()).text(2, hive.longName.data());
     statement.text(3, entry.key.toUtf8()).text(4, entry.name.toUtf8());
 }
 
@@ -184,20 +170,20 @@ RegistryFile::Result RegistryFile::resultOf(int code) {
     return isDamage(code) || foreign ? Result::Damaged : Result::Failed;
 }
 
+int RegistryFile::readAll(RegistryTable& table) {
+    Statement rows(database_, "SELECT hive, key, name, type, data FROM registry ORDER BY rowid");
+    while (rows.step() == SQLITE_ROW) {
+        loadRow(rows, table);
+    }
+    return rows.code();
+}
+
 RegistryFile::Result RegistryFile::load(RegistryTable& table) {
     if (!open(false)) {
         return Result::Failed;
     }
     const std::int64_t version = dataVersion();
-    int code = SQLITE_OK;
-    {
-        Statement rows(database_,
-                       "SELECT hive, key, name, type, data FROM registry ORDER BY rowid");
-        while (rows.step() == SQLITE_ROW) {
-            loadRow(rows, table);
-        }
-        code = rows.code();
-    }
+    const int code = readAll(table);
     const bool empty = code == SQLITE_ERROR && !hasTable();
     const Result result = empty ? Result::Done : resultOf(code);
     if (result == Result::Done) {
@@ -228,20 +214,24 @@ int RegistryFile::writeOne(const AddressedValue& entry) {
     Statement insertion(database_,
                         "INSERT INTO registry (hive, key, name, type, data)"
                         " VALUES (?1, ?3, ?4, ?5, ?6)");
-    insertion.text(1, nameOf(entry.hive).name);
+    insertion.text(1, nameOf(entry.hive).name.data());
     insertion.text(3, entry.key.toUtf8()).text(4, entry.name.toUtf8());
     insertion.number(5, static_cast<int>(entry.value->type));
     bindData(insertion, 6, *entry.value);
     return insertion.step();
 }
 
-int RegistryFile::writeAll(const std::vector<AddressedValue>& values) {
-    int code = execute(
+int RegistryFile::begin() {
+    return execute(
         "BEGIN IMMEDIATE;"
         "CREATE TABLE IF NOT EXISTS registry"
         "(hive TEXT, key TEXT, name TEXT, type INTEGER, data);"
         "CREATE INDEX IF NOT EXISTS registry_address"
         " ON registry(key COLLATE NOCASE, name COLLATE NOCASE)");
+}
+
+int RegistryFile::writeAll(const std::vector<AddressedValue>& values) {
+    int code = SQLITE_OK;
     for (const AddressedValue& entry : values) {
         if (code != SQLITE_OK && code != SQLITE_DONE) {
             return code;
@@ -251,11 +241,7 @@ int RegistryFile::writeAll(const std::vector<AddressedValue>& values) {
     return code == SQLITE_OK || code == SQLITE_DONE ? execute("COMMIT") : code;
 }
 
-RegistryFile::Result RegistryFile::write(const std::vector<AddressedValue>& values) {
-    if (!open(true)) {
-        return Result::Failed;
-    }
-    const int code = writeAll(values);
+RegistryFile::Result RegistryFile::end(int code) {
     if (code != SQLITE_OK && sqlite3_get_autocommit(database_) == 0) {
         execute("ROLLBACK");
     }
@@ -265,6 +251,26 @@ RegistryFile::Result RegistryFile::write(const std::vector<AddressedValue>& valu
         close();  // a failed open keeps no stale handle, and the next try starts afresh
     }
     return result;
+}
+
+RegistryFile::Result RegistryFile::write(const std::vector<AddressedValue>& values) {
+    if (!open(true)) {
+        return Result::Failed;
+    }
+    const int code = begin();
+    return end(code == SQLITE_OK ? writeAll(values) : code);
+}
+
+RegistryFile::Result RegistryFile::rewrite(const Change& change) {
+    if (!open(true)) {
+        return Result::Failed;
+    }
+    int code = begin();
+    RegistryTable stored;
+    if (code == SQLITE_OK) {
+        code = readAll(stored);
+    }
+    return end(code == SQLITE_DONE ? writeAll(change(stored)) : code);
 }
 
 void RegistryFile::moveAside() {

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -39,6 +40,10 @@ public:
     Result load(RegistryTable& table);
     /// All in one transaction. Makes the file and its folder if need be, for this user alone.
     Result write(const std::vector<AddressedValue>& values);
+    using Change = std::function<std::vector<AddressedValue>(const RegistryTable& stored)>;
+    /// Writes what `change` makes of the values that the file holds, all in one transaction: what
+    /// other processes write comes before it or after it. A damaged file stays as it is.
+    Result rewrite(const Change& change);
     /// Renames the file, and the journal that belongs to it, and keeps it.
     void moveAside();
 
@@ -54,8 +59,12 @@ private:
     std::int64_t dataVersion();
     int execute(const char* sql);
     bool hasTable();
+    int readAll(RegistryTable& table);
+    int begin();
     int writeAll(const std::vector<AddressedValue>& values);
     int writeOne(const AddressedValue& entry);
+    /// Ends a transaction: takes back what has been written if a step of it failed.
+    Result end(int code);
     Result resultOf(int code);
 
     QString path_;

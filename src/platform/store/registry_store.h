@@ -13,9 +13,11 @@ enum class Hive : quint32 {
     LocalMachine = 0x80000002U,
 };
 
-enum class ValueType : int { Text = 1, ExpandableText = 2, Number = 4 };
+/// Other types come from elsewhere and are kept as they are.
+enum class ValueType : int { Text = 1, ExpandableText = 2, Bytes = 3, Number = 4 };
 
-/// One stored value. Text is UTF-8 without a terminator; a number is its decimal text.
+/// One stored value. Text is UTF-8 without a terminator; a number is its decimal text;
+/// of other types the bytes as they came.
 struct RegistryValue {
     ValueType type = ValueType::Text;
     QByteArray data;

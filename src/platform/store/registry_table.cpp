@@ -32,6 +32,12 @@ char16_t folded(QChar c) {
 
 }  // namespace
 
+QString foldedAddress(QString text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](QChar c) { return QChar(folded(c)); });
+    return text;
+}
+
 std::size_t RegistryTable::FoldedHash::operator()(QStringView text) const noexcept {
     std::size_t hash = 14695981039346656037U;
     for (const QChar c : text) {

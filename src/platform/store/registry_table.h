@@ -14,7 +14,11 @@ struct AddressedValue {
     QString key;
     QString name;
     std::optional<RegistryValue> value;
+    bool operator==(const AddressedValue&) const = default;
 };
+
+/// A key path or a value name in the one spelling of all that differ in letter case.
+QString foldedAddress(QString text);
 
 /// The values of all hives in memory. Key paths and names ignore letter case and keep the spelling
 /// they came with first. Not for use from several threads at once.
