@@ -5,6 +5,9 @@
 
 namespace velorama {
 
+/// The name under which the program keeps its music list.
+inline const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
+
 /// The music list: adding, removing and ordering its rows, and its copy in the settings. Nothing
 /// here touches the device.
 class MusicList {

@@ -69,7 +69,7 @@ void frmSLIDESHOW::takeTick() {
         return;
     }
     const auto end = slides.advanceByTick();
-    if (end == SlideSequence::Way::GivenUp) {
+    if (end == SlideSequence::Way::GivenUp || end == SlideSequence::Way::Over) {
         Unload();
         return;
     }

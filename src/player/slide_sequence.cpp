@@ -46,7 +46,7 @@ SlideSequence::Way SlideSequence::goRound(qint32 (SlideSequence::*next)() const)
         if (isTerminationRequested()) {
             return Way::GivenUp;
         }
-        if (metNoText_ && tries == SlideCount) {
+        if ((metNoText_ || round != Round::Endless) && tries == SlideCount) {
             return Way::End;
         }
     }
@@ -62,11 +62,23 @@ qint32 SlideSequence::nextToTheLeft() const {
 }
 
 SlideSequence::Way SlideSequence::advanceByTick() {
-    return goRound(&SlideSequence::nextToTheRight);
+    return round == Round::Once ? goToTheEnd() : goRound(&SlideSequence::nextToTheRight);
+}
+
+SlideSequence::Way SlideSequence::goToTheEnd() {
+    while (SlideIndex < SlideCount) {
+        if (goTo(SlideIndex + 1)) {
+            return Way::Found;
+        }
+        if (isTerminationRequested()) {
+            return Way::GivenUp;
+        }
+    }
+    return Way::Over;
 }
 
 void SlideSequence::wrapAfterTick() {
-    if (SlideIndex >= SlideCount) {
+    if (SlideIndex >= SlideCount && round != Round::Once) {
         SlideIndex = 0;
     }
 }

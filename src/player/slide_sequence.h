@@ -19,19 +19,25 @@ public:
     QString SlidePath;
     Slide current() const { return {SlideIndex, SlidePath}; }
 
+    /// What the ticks do behind the last slide, and where no file is there: for ever on, as in the
+    /// window; round too, but where nothing is found only once at each tick; or an end.
+    enum class Round { Endless, Patient, Once };
+    Round round = Round::Endless;
+
     /// Reads the number of slides and begins before the first.
     void begin();
 
     /// What a way to another slide has come to: a slide whose file exists; its end, no slide having
     /// been found; the system's request to end the program, heard on a way over missing files that
-    /// has no end of its own.
-    enum class Way { Found, End, GivenUp };
+    /// has no end of its own; the end of a list that is shown Once.
+    enum class Way { Found, End, GivenUp, Over };
 
     /// The next slide whose file exists, for ever round. Without any it goes round until one is
     /// there or it is GivenUp; a list of which the settings do not give every path back, as they
-    /// do not for very long ones, comes to an End after a round.
+    /// do not for very long ones, and a Patient one come to an End after a round.
     Way advanceByTick();
-    /// What follows showing a slide by a tick: after the last slide the number is 0.
+    /// What follows showing a slide by a tick: after the last slide the number is 0, unless that
+    /// was all.
     void wrapAfterTick();
 
     /// The way of the key Right; at the End SlidePath is the missing file.
@@ -49,6 +55,7 @@ private:
     /// True if there is a file at the number.
     bool goTo(qint32 index);
     Way goRound(qint32 (SlideSequence::*next)() const);
+    Way goToTheEnd();
     qint32 nextToTheRight() const;
     qint32 nextToTheLeft() const;
 

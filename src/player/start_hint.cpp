@@ -39,10 +39,14 @@ bool StartHint::areKeysKnown() {
     return loadSetting(segment, name, QString()) == QLatin1String("1");
 }
 
+void StartHint::setKeysKnown() {
+    saveSetting(segment, name, QStringLiteral("1"));
+}
+
 void StartHint::keyUsed() {
     hide();
     if (!areKeysKnown()) {
-        saveSetting(segment, name, QStringLiteral("1"));
+        setKeysKnown();
     }
 }
 

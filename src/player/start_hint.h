@@ -17,6 +17,7 @@ public:
     void showBriefly();
     /// A key has been used, in this show or an earlier one.
     static bool areKeysKnown();
+    static void setKeysKnown();
     void keyUsed();
 
 protected:

@@ -6,12 +6,6 @@
 #include <QMessageBox>
 
 namespace velorama {
-namespace {
-
-const QString musicListName = QStringLiteral("mfrmPRGMAINAUD");
-
-}  // namespace
-
 Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& commands,
                    CommonDialog& cdlDIALOG, const MainServices& services)
     : pictures_(services.thumbnails),

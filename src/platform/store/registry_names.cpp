@@ -1,5 +1,7 @@
 #include "platform/store/registry_names.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <array>
 
