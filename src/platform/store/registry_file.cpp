@@ -68,7 +68,7 @@ bool isDamage(int code) {
 
 }  // namespace
 
-RegistryFile::RegistryFile(const QString& path) : path_(path) {}
+RegistryFile::RegistryFile(const QString& path, Access access) : path_(path), access_(access) {}
 
 RegistryFile::~RegistryFile() {
     close();
@@ -97,13 +97,18 @@ bool RegistryFile::open(bool create) {
     if (database_ != nullptr) {
         return true;
     }
+    if (create && access_ == Access::Reading) {
+        return false;
+    }
     if (create) {
         makePrivateFolder(QFileInfo(path_).absolutePath());
         makeFile();
     }
-    closeAllToOthers();
-    if (sqlite3_open_v2(path_.toUtf8().constData(), &database_, SQLITE_OPEN_READWRITE, nullptr) !=
-        SQLITE_OK) {
+    if (access_ == Access::Writing) {
+        closeAllToOthers();
+    }
+    const int flags = access_ == Access::Writing ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+    if (sqlite3_open_v2(path_.toUtf8().constData(), &database_, flags, nullptr) != SQLITE_OK) {
         close();
         return false;
     }

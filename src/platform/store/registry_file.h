@@ -25,7 +25,10 @@ public:
         Damaged,  // no database, or one whose table `registry` is not ours
     };
 
-    explicit RegistryFile(const QString& path);
+    /// What reads only leaves file and folder as they are, rights and journals too.
+    enum class Access { Writing, Reading };
+
+    explicit RegistryFile(const QString& path, Access access = Access::Writing);
     RegistryFile(const RegistryFile&) = delete;
     RegistryFile& operator=(const RegistryFile&) = delete;
     ~RegistryFile();
@@ -38,7 +41,8 @@ public:
     /// Adds every row to `table`, the last of several for the same value wins. A damaged file gives
     /// the rows that could be read.
     Result load(RegistryTable& table);
-    /// All in one transaction. Makes the file and its folder if need be, for this user alone.
+    /// All in one transaction; fails for access to read. Makes the file and its folder if need be,
+    /// for this user alone.
     Result write(const std::vector<AddressedValue>& values);
     using Change = std::function<std::vector<AddressedValue>(const RegistryTable& stored)>;
     /// Writes what `change` makes of the values that the file holds, all in one transaction: what
@@ -68,6 +72,7 @@ private:
     Result resultOf(int code);
 
     QString path_;
+    Access access_;
     sqlite3* database_ = nullptr;
     Identity opened_;
     std::int64_t loadedVersion_ = -1;

@@ -1,5 +1,7 @@
 #include "platform/store/registry_keeper.h"
 
+#include "platform/store/system_values.h"
+
 #include <QFileInfo>
 #include <QStorageInfo>
 
@@ -16,13 +18,6 @@ constexpr auto writeDelay = 100ms;  // from the first change to the disk
 constexpr auto retryDelay = 1s;     // after a write that failed
 constexpr auto lookDelay = 100ms;   // from the first sign of others' writing
 constexpr auto pollInterval = 250ms;
-
-const QString systemKey = QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION");
-const QString versionName = QStringLiteral("CurrentVersion");
-
-/// The first system version whose pictures are scaled and faded the modern way.
-const AddressedValue modernVersion = {Hive::LocalMachine, systemKey, versionName,
-                                      RegistryValue{ValueType::Text, "6.0"}};
 
 /// Of what another machine writes to a common disk, nobody tells this one.
 bool isCommonDisk(const QString& folder) {
@@ -116,10 +111,7 @@ void RegistryKeeper::beginAgain(RegistryTable&& rescued) {
 
 /// Values that the system itself would hold. They go to disk with the first write only.
 void RegistryKeeper::seedSystemValues() {
-    seeded_ = shared_.values.find(Hive::LocalMachine, systemKey, versionName) == nullptr;
-    if (seeded_) {
-        shared_.values.load(AddressedValue(modernVersion));
-    }
+    seeded_ = velorama::seedSystemValues(shared_.values);
 }
 
 void RegistryKeeper::writeSoon() {
@@ -163,7 +155,7 @@ RegistryFile::Result RegistryKeeper::put(const std::vector<AddressedValue>& chan
     }
     std::vector<AddressedValue> batch = changes;
     if (seeded_) {
-        batch.insert(batch.begin(), modernVersion);
+        batch.insert(batch.begin(), systemVersion());
     }
     return file_.write(batch);
 }
