@@ -7,14 +7,15 @@
 #include <QFileInfo>
 
 namespace velorama {
-void clsFILEFOLDR::FileCopyNew(const QString& Source, const QString& Target) const {
+
+bool clsFILEFOLDR::FileCopyNew(const QString& Source, const QString& Target) const {
     const QFileInfo from(FileExists(Source) ? hostFile(Source) : QString());
     const QFileInfo to(hostPlace(Target));
-    // Onto itself, a copy has nothing to do.
-    if (!from.isFile() || to.filePath().isEmpty() || to.isDir() || (to.exists() && from == to)) {
-        return;
+    if (!from.isFile() || to.filePath().isEmpty() || to.isDir()) {
+        return false;
     }
-    copyFileWhole(from.filePath(), to.filePath());
+    // Onto itself, a copy has nothing to do.
+    return (to.exists() && from == to) || copyFileWhole(from.filePath(), to.filePath());
 }
 
 bool clsFILEFOLDR::FileExists(const QString& Path) const {

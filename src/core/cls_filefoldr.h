@@ -8,7 +8,8 @@ namespace velorama {
 class clsFILEFOLDR {
 public:
     /// Overwrites without asking, whole or not at all; the copy keeps the source's time.
-    void FileCopyNew(const QString& Source, const QString& Target) const;
+    /// True if the copy stands, also where it is the source itself.
+    bool FileCopyNew(const QString& Source, const QString& Target) const;
     bool FileExists(const QString& Path) const;
     bool FolderExists(const QString& Path) const;
     /// One level only: parents are not made.

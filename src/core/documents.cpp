@@ -63,17 +63,17 @@ QString firstPiece(const QString& text, const QString& delimiter) {
 
 }  // namespace
 
-void DocumentSaveText(const QString& Content, const QString& Path, Lasting lasting) {
-    DocumentSaveBytes(Content.toUtf8(), Path, lasting);
+bool DocumentSaveText(const QString& Content, const QString& Path, Lasting lasting) {
+    return DocumentSaveBytes(Content.toUtf8(), Path, lasting);
 }
 
-void DocumentSaveBytes(QByteArray Content, const QString& Path, Lasting lasting) {
+bool DocumentSaveBytes(QByteArray Content, const QString& Path, Lasting lasting) {
     const QFileInfo place(hostPlace(Path));
     // Whoever opens a pipe waits for its other end; a device keeps nothing.
     if (place.filePath().isEmpty() || (place.exists() && !place.isFile())) {
-        return;
+        return false;
     }
-    writeFileWhole(place.filePath(), Content.append("\r\n"), lasting);
+    return writeFileWhole(place.filePath(), Content.append("\r\n"), lasting);
 }
 
 FieldReader::FieldReader(QByteArray bytes) : bytes_(std::move(bytes)) {

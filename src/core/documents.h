@@ -10,10 +10,11 @@ namespace velorama {
 /// The one routine through which every generated text file is written: `Content` and a closing
 /// CR LF, in the system's 8-bit code page (UTF-8). The file is written beside the old one and
 /// takes its place whole, through a symbolic link and with its mode; where that fails, the old one
-/// stays as it is. Nothing is said. What can be generated again need not be waited for.
-void DocumentSaveText(const QString& Content, const QString& Path, Lasting lasting = Lasting::Yes);
+/// stays as it is, which the result tells: nobody has to ask. What can be generated again need not
+/// be waited for.
+bool DocumentSaveText(const QString& Content, const QString& Path, Lasting lasting = Lasting::Yes);
 /// The same with a text that is in UTF-8 already.
-void DocumentSaveBytes(QByteArray Content, const QString& Path, Lasting lasting = Lasting::Yes);
+bool DocumentSaveBytes(QByteArray Content, const QString& Path, Lasting lasting = Lasting::Yes);
 
 /// The platform's formatted input over the bytes of a text file. A field ends at a comma or at a
 /// line end (CR LF, LF or CR); leading blanks are skipped, blanks at the end are dropped; a field
