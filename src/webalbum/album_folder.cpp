@@ -2,6 +2,7 @@
 
 #include "core/globals.h"
 #include "platform/files/paths.h"
+#include "platform/session/shell.h"
 
 #include <algorithm>
 
@@ -39,6 +40,16 @@ QString fileIn(const QString& folder, const QString& name) {
 QString folderIn(const QString& folder, const QString& name) {
     const QString path = fileIn(folder, name);
     return path.isEmpty() ? QString() : QString(path + pathSeparator(folder));
+}
+
+QStringList programImageNames() {
+    return {QStringLiteral("arrowleft.gif"),  QStringLiteral("arrowleftdis.gif"),
+            QStringLiteral("arrowright.gif"), QStringLiteral("arrowrightdis.gif"),
+            QStringLiteral("mainwa.css"),     QStringLiteral("end.gif")};
+}
+
+QString programImage(const QString& name) {
+    return programFile(QStringLiteral("images/") + name);
 }
 
 }  // namespace velorama

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace velorama {
 
@@ -27,5 +27,9 @@ QString fileIn(const QString& folder, const QString& name);
 
 /// A folder of a folder, ending in the separator too; empty as in `fileIn`.
 QString folderIn(const QString& folder, const QString& name);
+
+/// What every album has in its folder of images; where the program has such a file of its own.
+QStringList programImageNames();
+QString programImage(const QString& name);
 
 }  // namespace velorama

@@ -1,6 +1,4 @@
-#include "core/documents.h"
 #include "platform/numbers.h"
-#include "webalbum/album_folder.h"
 #include "webalbum/mod_webalbum.h"
 
 #include <cmath>
@@ -58,16 +56,12 @@ constexpr auto upToEnd =
     u"</P></TD></TR></TABLE>"
     u"</BODY></HTML>";
 
-QString pageName(int page) {
-    return u"index" % decimalText(page) % u".html";
-}
-
 QString leftArrow(int page) {
     if (page == firstPage) {
         return QStringLiteral(
             "<IMG alt=\"View Previous\" src=\"images/arrowleftdis.gif\" border=0>");
     }
-    return u"<A HREF=\"" % pageName(page - 1) %
+    return u"<A HREF=\"" % modWEBALBUM::WebAlbumPageName(page - 1) %
            u"\"><IMG alt=\"View Previous\" src=\"images/arrowleft.gif\" border=0></A>";
 }
 
@@ -76,7 +70,7 @@ QString rightArrow(int page, int pages) {
         return QStringLiteral(
             "<IMG alt=\"View Next\" src=\"images/arrowrightdis.gif\" border=0></P></TD>");
     }
-    return u"<A HREF=\"" % pageName(page + 1) %
+    return u"<A HREF=\"" % modWEBALBUM::WebAlbumPageName(page + 1) %
            u"\"><IMG alt=\"View Next\" src=\"images/arrowright.gif\" border=0></A></P></TD>";
 }
 
@@ -84,7 +78,8 @@ QString rightArrow(int page, int pages) {
 QString pageNumbers(int pages) {
     QString numbers;
     for (int n = firstPage; n <= pages; ++n) {
-        numbers += u"<A HREF=\"" % pageName(n) % u"\">" % decimalText(n) % u"</A>  ";
+        numbers +=
+            u"<A HREF=\"" % modWEBALBUM::WebAlbumPageName(n) % u"\">" % decimalText(n) % u"</A>  ";
     }
     return numbers;
 }
@@ -115,10 +110,9 @@ private:
 };
 
 void MainPages::write() {
-    const auto count = static_cast<float>(list_.Count());
     build_.prgBARSLIDES.setVisible(true);
-    build_.prgBARSLIDES.setMax(count);
-    const int pages = modWEBALBUM::WebAlbumRoundUp(count / picturesPerPage);
+    build_.prgBARSLIDES.setMax(static_cast<float>(list_.Count()));
+    const int pages = modWEBALBUM::WebAlbumPageCount(list_.Count());
     const QString numbers = pageNumbers(pages);
     for (int p = firstPage; p <= pages && !isStopped(); ++p) {
         // In one piece: the numbers of a large album are longer than all the rest.
@@ -126,7 +120,7 @@ void MainPages::write() {
                              leftArrow(p) % upToNumbers % numbers % upToRightArrow %
                              rightArrow(p, pages) % upToPictures % pictureRows(p) % upToEnd;
         if (!isStopped()) {
-            DocumentSaveText(page, fileIn(folder_, pageName(p)), Lasting::No);
+            build_.save(page, folder_, modWEBALBUM::WebAlbumPageName(p));
         }
     }
     build_.prgBARSLIDES.setVisible(false);
@@ -185,6 +179,14 @@ QString MainPages::captionCell(const QString& name) {
 int modWEBALBUM::WebAlbumRoundUp(float value) {
     const float nearest = std::nearbyint(value);
     return static_cast<int>(nearest) + (value > nearest ? 1 : 0);
+}
+
+int modWEBALBUM::WebAlbumPageCount(int slides) {
+    return WebAlbumRoundUp(static_cast<float>(slides) / picturesPerPage);
+}
+
+QString modWEBALBUM::WebAlbumPageName(int page) {
+    return u"index" % decimalText(page) % u".html";
 }
 
 void modWEBALBUM::WebAlbumMainPagesWrite(AlbumBuild& build, const QString& folder,

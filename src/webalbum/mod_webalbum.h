@@ -5,6 +5,7 @@
 #include "webalbum/picture_measure.h"
 #include "webalbum/web_album_values.h"
 
+#include <functional>
 #include <stop_token>
 
 namespace velorama {
@@ -16,6 +17,11 @@ struct AlbumBuild {
     /// Ends the writers at their next picture. A page that is not complete is not written.
     std::stop_token stop;
     PictureMeasure measure{};
+    /// Told the name of each page that could not be written.
+    std::function<void(const QString& name)> unwritten{};
+
+    /// Writes a page into a folder that ends in its separator.
+    void save(const QString& page, const QString& folder, const QString& name) const;
 };
 
 /// Write the text files of a web album.
@@ -27,12 +33,17 @@ namespace modWEBALBUM {
 
 /// Writes `mainwa.css` into the images of the application's folder.
 void WebAlbumStyleSheetWrite(const WebAlbumValues& values);
+/// The same to any file; false where that cannot be written.
+bool WebAlbumStyleSheetSave(const WebAlbumValues& values, const QString& file);
 /// Writes index1.html and so on, twelve pictures to a page.
 void WebAlbumMainPagesWrite(AlbumBuild& build, const QString& folder, const QString& title,
                             const ListView& list);
 /// Writes a page for each picture, named after it.
 void WebAlbumSlidePagesWrite(AlbumBuild& build, const QString& folder, const QString& title,
                              const ListView& list);
+/// How many of them a list of so many slides has, and how they are called, counted from 1.
+int WebAlbumPageCount(int slides);
+QString WebAlbumPageName(int page);
 /// The next whole number, held in single precision.
 int WebAlbumRoundUp(float value);
 

@@ -1,6 +1,4 @@
-#include "core/documents.h"
 #include "platform/process/events.h"
-#include "webalbum/album_folder.h"
 #include "webalbum/mod_webalbum.h"
 
 namespace velorama {
@@ -108,8 +106,7 @@ void SlidePages::write() {
         const Slide shown = slide(i, n);
         const QString text = page(shown);
         if (!isStopped()) {
-            DocumentSaveText(text, fileIn(folder_, shown.cur + QStringLiteral(".html")),
-                             Lasting::No);
+            build_.save(text, folder_, shown.cur + QStringLiteral(".html"));
         }
     }
     build_.prgBARSLIDES.setVisible(false);

@@ -78,7 +78,11 @@ void modWEBALBUM::WebAlbumStyleSheetWrite(const WebAlbumValues& values) {
     const QString images = applicationFolder() + QStringLiteral("/images");
     makePrivateFolder(applicationFolder());
     QDir().mkpath(images);
-    DocumentSaveText(styleSheet(values), images + QStringLiteral("/mainwa.css"), Lasting::No);
+    WebAlbumStyleSheetSave(values, images + QStringLiteral("/mainwa.css"));
+}
+
+bool modWEBALBUM::WebAlbumStyleSheetSave(const WebAlbumValues& values, const QString& file) {
+    return DocumentSaveText(styleSheet(values), file, Lasting::No);
 }
 
 }  // namespace velorama

@@ -4,10 +4,8 @@
 #include "core/globals.h"
 #include "platform/files/exact_names.h"
 #include "platform/process/await_work.h"
-#include "platform/session/shell.h"
 #include "webalbum/album_folder.h"
 
-#include <array>
 #include <optional>
 #include <utility>
 
@@ -16,11 +14,6 @@ namespace {
 
 const QString images = QStringLiteral("images");
 const QString pictures = QStringLiteral("pictures");
-
-constexpr std::array<const char16_t*, 6> programImages = {
-    u"arrowleft.gif",     u"arrowleftdis.gif", u"arrowright.gif",
-    u"arrowrightdis.gif", u"mainwa.css",       u"end.gif",
-};
 
 AlbumPaths pathsOf(const QString& title) {
     return albumPaths(gRegistry->SpecialFLDRMyDocuments(), title);
@@ -99,9 +92,8 @@ void WebAlbum::WebAlbumPicturesCopy(const ListView& list, const QString& destina
 }
 
 void WebAlbum::copyProgramImages(const QString& album) const {
-    for (const char16_t* image : programImages) {
-        const QString name = QString::fromUtf16(image);
-        copyFile(programFile(images + u'/' + name), fileIn(folderIn(album, images), name));
+    for (const QString& name : programImageNames()) {
+        copyFile(programImage(name), fileIn(folderIn(album, images), name));
     }
 }
 

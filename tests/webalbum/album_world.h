@@ -2,6 +2,7 @@
 
 #include "controls/boxes/progress_bar.h"
 #include "controls/lists/list_view.h"
+#include "support/folder_files.h"
 #include "support/memory_registry_store.h"
 #include "support/recording_shell.h"
 #include "webalbum/second_writer.h"
@@ -14,12 +15,6 @@ namespace velorama::test {
 /// Bytes of a small picture file of this size.
 QByteArray pictureBytes(QSize size);
 void writeFile(const QString& path, const QByteArray& bytes);
-QByteArray readFile(const QString& path);
-/// Every file below a folder by its path there, hidden ones too.
-QMap<QString, QByteArray> filesBelow(const QString& folder);
-/// Fails with the names and first bytes of files that differ, and no more.
-void expectSameFiles(const QMap<QString, QByteArray>& found,
-                     const QMap<QString, QByteArray>& wanted);
 /// Every file and folder below a folder, sorted.
 QStringList entriesBelow(const QString& folder);
 

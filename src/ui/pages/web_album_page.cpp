@@ -7,6 +7,7 @@
 #include "controls/input/choice_box.h"
 #include "controls/input/one_line.h"
 #include "controls/input/wheel_guard.h"
+#include "webalbum/web_album_settings.h"
 
 #include <QStyle>
 
@@ -19,32 +20,6 @@ constexpr int RowGap = 3;
 // Smaller ones cannot be read, and larger ones not be looked over at a glance.
 constexpr qreal leastScale = 0.8;
 constexpr qreal mostScale = 3;
-
-// Defaults of the design, 0x00BBGGRR.
-constexpr Colour designBackground = 16708836;
-constexpr Colour designText = 4194304;
-constexpr Colour designBar = 16761024;
-constexpr Colour designTitleBar = 16744576;
-constexpr Colour designTitleBarText = 16777215;
-
-const QString arial = QStringLiteral("Arial, Helvetica, Sans-Serif");
-const QString georgia = QStringLiteral("Georgia, \"Times New Roman\", Times, Serif");
-
-/// The two lists differ in one letter.
-QStringList fontEntries(const QString& geneva) {
-    return {arial,
-            QStringLiteral("Verdana, Arial, Helvetica, Sans-Serif"),
-            QStringLiteral("Courier New, Courier, Monospace"),
-            QStringLiteral("Tahoma, Sans-Serif"),
-            QStringLiteral("\"Times New Roman\", Times, Serif"),
-            geneva,
-            georgia};
-}
-
-const QStringList sizeEntries = {QStringLiteral("1 (8 pt)"),  QStringLiteral("2 (10 pt)"),
-                                 QStringLiteral("3 (12 pt)"), QStringLiteral("4 (14 pt)"),
-                                 QStringLiteral("5 (18 pt)"), QStringLiteral("6 (24 pt)"),
-                                 QStringLiteral("7 (36 pt)")};
 
 QComboBox* combo(const char* name, const QStringList& entries, const QString& design,
                  QWidget* parent) {
@@ -115,9 +90,11 @@ void WebAlbumPage::makeControls(CommonDialog& cdlDIALOG) {
     makeColours(cdlDIALOG);
     makeFonts();
     udnPHOTO = make<updown>("udnPHOTO", content_);
-    udnPHOTO->design(100, 3000, 5, QStringLiteral("500"));
+    const WebAlbumValues design = webAlbumDesign();
+    udnPHOTO->design(webAlbumPhotoSizes.least, webAlbumPhotoSizes.most, 5, design.udnPHOTO);
     udnTHUMBNAIL = make<updown>("udnTHUMBNAIL", content_);
-    udnTHUMBNAIL->design(10, 2000, 5, QStringLiteral("95"));
+    udnTHUMBNAIL->design(webAlbumThumbnailSizes.least, webAlbumThumbnailSizes.most, 5,
+                         design.udnTHUMBNAIL);
     cbtnWEBALBUM = makeButton(this, QStringLiteral("cbtnWEBALBUM"), "web",
                               "Write the slides out as a web album", "Create WebAlbum");
     cbtnVIEWWEBALB = makeButton(this, QStringLiteral("cbtnVIEWWEBALB"), "preview",
@@ -159,35 +136,34 @@ void WebAlbumPage::placeNoSlides() {
 }
 
 void WebAlbumPage::makeColours(CommonDialog& cdlDIALOG) {
-    const auto colour = [&](const ColourField::Names& names, Colour design) {
+    const auto colour = [&](const ColourField::Names& names, Colour first) {
         auto* field = new ColourField(names, cdlDIALOG, content_);
-        field->setBackColor(design);
+        field->setBackColor(first);
         connect(field, &ColourField::Chosen, this, &WebAlbumPage::WebAlbumSampleUpdate);
         return field;
     };
+    const WebAlbumValues design = webAlbumDesign();
     picBACKGROUND = colour({"picBACKGROUND", "cddGRADSHDW", "btnBACK", "darBACK", "Page color"},
-                           designBackground);
-    picTEXTCOLOR =
-        colour({"picTEXTCOLOR", "cddGRAD", "btnTEXT", "darTEXT", "Text color"}, designText);
+                           design.picBACKGROUND);
+    picTEXTCOLOR = colour({"picTEXTCOLOR", "cddGRAD", "btnTEXT", "darTEXT", "Text color"},
+                          design.picTEXTCOLOR);
     picBARCOL = colour({"picBARCOL", "cddBARCOLOR", "btnBARCOLOR", "darBARCOLOR", "Control bar"},
-                       designBar);
+                       design.picBARCOL);
     picTITLEBARCOL =
         colour({"picTITLEBARCOL", "cddTITLEBAR", "btnTITLEBAR", "darTITLEBAR", "Title bar"},
-               designTitleBar);
+               design.picTITLEBARCOL);
     picTITLEBARTEXTCOL = colour({"picTITLEBARTEXTCOL", "cddTITLEBARTEXT", "btnTITLEBARTEXT",
                                  "darTITLEBARTEXT", "Title bar text"},
-                                designTitleBarText);
+                                design.picTITLEBARTEXTCOL);
 }
 
 void WebAlbumPage::makeFonts() {
-    cboFONTS =
-        combo("cboFONTS", fontEntries(QStringLiteral("Geneva, Arial, Helvetica, Sans-Serif")),
-              arial, content_);
-    cboFONTSIZE = combo("cboFONTSIZE", sizeEntries, QStringLiteral("3 (12 pt)"), content_);
-    cboFONTSBAR =
-        combo("cboFONTSBAR", fontEntries(QStringLiteral("Geneva, Arial, Helvetica, sans-serif")),
-              georgia, content_);
-    cboFONTSSIZEBAR = combo("cboFONTSSIZEBAR", sizeEntries, QStringLiteral("6 (24 pt)"), content_);
+    const WebAlbumValues design = webAlbumDesign();
+    const QStringList sizes = webAlbumFontSizes();
+    cboFONTS = combo("cboFONTS", webAlbumFonts(), design.cboFONTS, content_);
+    cboFONTSIZE = combo("cboFONTSIZE", sizes, design.cboFONTSIZE, content_);
+    cboFONTSBAR = combo("cboFONTSBAR", webAlbumBarFonts(), design.cboFONTSBAR, content_);
+    cboFONTSSIZEBAR = combo("cboFONTSSIZEBAR", sizes, design.cboFONTSSIZEBAR, content_);
     for (const QComboBox* list : {cboFONTS, cboFONTSBAR}) {
         connect(list, &QComboBox::activated, this, &WebAlbumPage::WebAlbumSampleUpdate);
     }

@@ -1,0 +1,196 @@
+#include "webalbum/folder_album.h"
+
+#include "core/globals.h"
+#include "platform/files/exact_names.h"
+#include "platform/files/obstacles.h"
+#include "platform/files/paths.h"
+#include "platform/process/events.h"
+#include "webalbum/album_folder.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSet>
+
+#include <utility>
+
+namespace velorama {
+namespace {
+
+const QString styleSheet = QStringLiteral("mainwa.css");
+
+/// Empty for a file that is not there.
+QString realPath(const QString& path) {
+    return QFileInfo(path).canonicalFilePath();
+}
+
+}  // namespace
+
+/// A file of the album, and the slide's that it is a copy of; empty for one that is made.
+struct FolderAlbum::Target {
+    QString path;
+    QString source{};
+};
+
+FolderAlbum::FolderAlbum(const SlideControls& slides, const WebAlbumValues& values,
+                         const QString& folder, std::stop_source stop)
+    : c_(slides),
+      values_(values),
+      folder_(folder.endsWith(u'/') ? folder : folder + u'/'),
+      stop_(std::move(stop)) {}
+
+QString FolderAlbum::images() const {
+    return folder_ + QStringLiteral("images/");
+}
+
+QString FolderAlbum::pictures() const {
+    return folder_ + QStringLiteral("pictures/");
+}
+
+QString FolderAlbum::write() {
+    // Pages name their files letter by letter, and browsers ask for them so.
+    const ExactNames exactNames(folder_.chopped(1));
+    failure_ = whatIsInTheWay();
+    if (failure_.isEmpty() && makeFolders()) {
+        // First of all: it is by this that the folder is known for a web album the next time.
+        writeStyleSheet();
+        copyProgramImages();
+        copyPictures();
+        writePages();
+    }
+    return failure_;
+}
+
+std::vector<FolderAlbum::Target> FolderAlbum::targets() const {
+    std::vector<Target> all;
+    for (const QString& name : programImageNames()) {
+        all.push_back({images() + name});
+    }
+    const int count = c_.lvwSLIDEBAR->Count();
+    const int pages = modWEBALBUM::WebAlbumPageCount(count);
+    for (int page = 1; page <= pages; ++page) {
+        all.push_back({folder_ + modWEBALBUM::WebAlbumPageName(page)});
+    }
+    for (int i = 1; i <= count; ++i) {
+        const ListItem& item = *c_.lvwSLIDEBAR->item(i);
+        const QString name = lastSegment(item.Key());
+        all.push_back({fileIn(pictures(), name), hostFile(item.Key())});
+        all.push_back({fileIn(folder_, item.Text() + QStringLiteral(".html"))});
+    }
+    return all;
+}
+
+/// A web album is written over; anything else of the user's is not, and neither is a slide that
+/// lies in the folder already.
+QString FolderAlbum::whatIsInTheWay() const {
+    const std::vector<Target> all = targets();
+    QSet<QString> slides;
+    for (const Target& target : all) {
+        slides.insert(target.source.isEmpty() ? QString() : realPath(target.source));
+    }
+    slides.remove(QString());
+    const bool isAlbum = QFileInfo(images() + styleSheet).isFile();
+    for (const Target& target : all) {
+        const QString there = target.path.isEmpty() ? QString() : realPath(target.path);
+        if (there.isEmpty() || (!target.source.isEmpty() && there == realPath(target.source))) {
+            continue;
+        }
+        if (slides.contains(there)) {
+            return target.path + u": it is a slide of the album and would be written over";
+        }
+        if (!isAlbum) {
+            return target.path + u": it is there already, and the folder holds no web album";
+        }
+    }
+    return QString();
+}
+
+bool FolderAlbum::makeFolders() {
+    for (const QString& folder : {folder_, images(), pictures()}) {
+        const QString path = folder.chopped(1);
+        if (!QDir().mkpath(folder)) {
+            const bool isFile = QFileInfo(path).isFile();
+            fail(path + u": the folder cannot be made: " +
+                 (isFile ? QStringLiteral("a file has its name") : writingObstacle(path)));
+            return false;
+        }
+    }
+    return true;
+}
+
+void FolderAlbum::writeStyleSheet() {
+    const QString file = images() + styleSheet;
+    if (!modWEBALBUM::WebAlbumStyleSheetSave(values_, file)) {
+        fail(file + u": " + writingObstacle(file));
+    }
+}
+
+void FolderAlbum::copyProgramImages() {
+    for (const QString& name : programImageNames()) {
+        if (name != styleSheet) {
+            copy(programImage(name), images() + name);
+        }
+    }
+}
+
+void FolderAlbum::copyPictures() {
+    const int count = c_.lvwSLIDEBAR->Count();
+    for (int i = 1; i <= count && !isStopped(); ++i) {
+        const QString key = c_.lvwSLIDEBAR->item(i)->Key();
+        if (gFileFoldr->FileExists(key)) {
+            copy(key, fileIn(pictures(), gFileFoldr->FileNameFromPath(key, true)));
+        }
+        if (step_) {
+            step_(QStringLiteral("picture"), i, count);
+        }
+        // The system's request to end is one.
+        DoEvents();
+    }
+}
+
+void FolderAlbum::copy(const QString& source, const QString& target) {
+    if (isStopped() || gFileFoldr->FileCopyNew(source, target)) {
+        return;
+    }
+    const QFile from(hostFile(source));
+    if (!QFileInfo(from).isReadable()) {
+        // The others may be better off.
+        note(source + u": " + readingObstacle(from.fileName()));
+    } else {
+        fail(target + u": " + writingObstacle(target));
+    }
+}
+
+void FolderAlbum::writePages() {
+    AlbumBuild build{[this] { return values_; }, *c_.prgBARSLIDES, stop_.get_token()};
+    build.unwritten = [this](const QString& name) {
+        // The caption of a missing slide is a path, and no page has that for its name.
+        if (isPlainName(name)) {
+            fail(folder_ + name + u": " + writingObstacle(folder_ + name));
+        }
+    };
+    QString what = QStringLiteral("overview");
+    const ProgressBar& bar = *c_.prgBARSLIDES;
+    const auto told = QObject::connect(&bar, &QProgressBar::valueChanged, &bar, [&] {
+        if (step_) {
+            step_(what, static_cast<int>(bar.Value()), static_cast<int>(bar.Max()));
+        }
+    });
+    modWEBALBUM::WebAlbumMainPagesWrite(build, folder_, values_.txtTITLE, *c_.lvwSLIDEBAR);
+    what = QStringLiteral("page");
+    modWEBALBUM::WebAlbumSlidePagesWrite(build, folder_, values_.txtTITLE, *c_.lvwSLIDEBAR);
+    QObject::disconnect(told);
+}
+
+void FolderAlbum::note(const QString& what) {
+    if (failure_.isEmpty()) {
+        failure_ = what;
+    }
+}
+
+/// Nothing more is tried in a place that takes nothing.
+void FolderAlbum::fail(const QString& what) {
+    note(what);
+    stop_.request_stop();
+}
+
+}  // namespace velorama
