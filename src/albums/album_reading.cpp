@@ -1,5 +1,6 @@
 #include "albums/album_fields.h"
 #include "albums/album_file.h"
+#include "albums/album_slides.h"
 #include "albums/coming_slides.h"
 #include "browse/screen_pointer.h"
 #include "core/globals.h"
@@ -105,10 +106,7 @@ void AlbumFile::addSlide(const AlbumSlide& slide, const QString& picture) {
     if (!self || isLeft()) {
         return;
     }
-    // The path itself where there is no file; that has been looked for.
-    const QString text =
-        slide.isThere ? gFileFoldr->FileNameFromPath(slide.path, true) : slide.path;
-    c_.lvwSLIDEBAR->Add(c_.lvwSLIDEBAR->Count() + 1, slide.path, text,
+    c_.lvwSLIDEBAR->Add(c_.lvwSLIDEBAR->Count() + 1, slide.path, slideCaption(slide),
                         thumbnails_.SlideIconIndex(picture));
 }
 

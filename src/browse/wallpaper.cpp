@@ -57,12 +57,22 @@ void paintStretched(const QImage& picture, PictureBox& box) {
     }
 }
 
-/// The bitmap file is replaced whole or stays as it is. A link in its place goes: what it leads to
-/// is not the program's own.
-void savePicture(const QImage& picture, const QString& path) {
+}  // namespace
+
+QString wallpaperFile() {
+    return applicationFolder() + QStringLiteral("/Velorama Wallpaper.bmp");
+}
+
+QImage wallpaperPicture(const QString& path, const QColor& behind) {
+    return opaque(LoadPicture(path).bitmap, behind);
+}
+
+// A link in its place goes: what it leads to is not the program's own.
+bool saveWallpaper(const QImage& picture) {
+    const QString path = wallpaperFile();
     const QFileInfo place(path);
     if (picture.isNull() || (place.exists() && !place.isFile())) {
-        return;
+        return false;
     }
     makePrivateFolder(place.path());
     closeToOthers(place.path());
@@ -72,19 +82,11 @@ void savePicture(const QImage& picture, const QString& path) {
     QSaveFile file(path);
     // On a full disk only the flush says so.
     if (!file.open(QIODevice::WriteOnly)) {
-        return;
+        return false;
     }
     // A disk without such rights takes the picture all the same.
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    if (picture.save(&file, "BMP") && file.flush()) {
-        file.commit();
-    }
-}
-
-}  // namespace
-
-QString wallpaperFile() {
-    return applicationFolder() + QStringLiteral("/Velorama Wallpaper.bmp");
+    return picture.save(&file, "BMP") && file.flush() && file.commit();
 }
 
 WallpaperBoxes::WallpaperBoxes(QWidget& surface)
@@ -119,8 +121,7 @@ void Wallpaper::setItem(const ListItem* item) const {
 }
 
 void Wallpaper::load(const QString& path) const {
-    const QImage bitmap = LoadPicture(path).bitmap;
-    const QImage picture = opaque(bitmap, boxes_.picWALLPAPER->BackColor());
+    const QImage picture = wallpaperPicture(path, boxes_.picWALLPAPER->BackColor());
     if (!picture.isNull()) {
         paintStretched(picture, *boxes_.picWALLPAPER);
         boxes_.picWALLPAPER->setPicture(picture);
@@ -135,7 +136,7 @@ void Wallpaper::SetDesktopWallpaper(const QString& Path) const {
     const QImage& picture = boxes_.picWALLPAPER->Picture();
     paintStretched(picture, *boxes_.picPREVIEW);
     boxes_.picPREVIEW->Refresh();
-    savePicture(picture, wallpaperFile());
+    saveWallpaper(picture);
     desktop_.set(wallpaperFile());
 }
 

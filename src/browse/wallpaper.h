@@ -4,6 +4,9 @@
 #include "controls/boxes/picture_box.h"
 #include "platform/background/desktop_background.h"
 
+#include <QColor>
+#include <QImage>
+
 namespace velorama {
 
 /// Two hidden boxes that belong to the surface they are made on.
@@ -18,6 +21,12 @@ struct WallpaperBoxes {
 
 /// Full path of the one bitmap that the desktop is pointed at.
 QString wallpaperFile();
+
+/// A picture file as the desktop gets it, see-through parts in the colour behind them; null where
+/// it cannot be loaded.
+QImage wallpaperPicture(const QString& path, const QColor& behind);
+/// Puts it into the place of that bitmap, which is replaced whole. False where that stays as it is.
+bool saveWallpaper(const QImage& picture);
 
 /// Makes a picture of one of the two lists the desktop's background.
 class Wallpaper {
