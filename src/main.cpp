@@ -1,4 +1,6 @@
 #include "browse/kept_thumbnails.h"
+#include "calls/call_options.h"
+#include "calls/run_call.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
 #include "imaging/decode/reader_limit.h"
@@ -84,11 +86,23 @@ int run() {
     return result;
 }
 
+/// What stands on the command line, as the application object would give it.
+QStringList wordsOf(int argc, char** argv) {
+    QStringList words;
+    for (int i = 0; i < argc; ++i) {
+        words.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return words;
+}
+
 }  // namespace
 }  // namespace velorama
 
 int main(int argc, char** argv) {
     using namespace velorama;
+    if (const auto call = callOf(wordsOf(argc, argv))) {
+        return static_cast<int>(runCall(*call, argv[0]));
+    }
     const std::jthread fonts = readingFonts();
     QApplication::setApplicationName(QStringLiteral("velorama"));
     QApplication::setDesktopFileName(QStringLiteral("velorama"));
