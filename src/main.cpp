@@ -3,7 +3,6 @@
 #include "calls/run_call.h"
 #include "core/globals.h"
 #include "core/lib_txt.h"
-#include "imaging/decode/reader_limit.h"
 #include "platform/background/desktop_background.h"
 #include "platform/process/termination.h"
 #include "platform/process/worker_threads.h"
@@ -15,6 +14,7 @@
 #include "platform/web/http_fetch.h"
 #include "shell/assoc_ext.h"
 #include "shell/command_line.h"
+#include "shell/desktop_application.h"
 #include "shell/instance_startup.h"
 #include "ui/main_window.h"
 
@@ -22,31 +22,10 @@
 #include <QDate>
 
 #include <chrono>
-#include <clocale>
 #include <cstdlib>
-#include <thread>
-
-#include <fontconfig/fontconfig.h>
 
 namespace velorama {
 namespace {
-
-void prepareApplication() {
-    limitPictureReaders();
-    // The main window is hidden during a show, and no window is then the last one.
-    QApplication::setQuitOnLastWindowClosed(false);
-    // Places are counted from the left; a desktop that runs the other way would turn round half of
-    // the window.
-    QApplication::setLayoutDirection(Qt::LeftToRight);
-    fillTextConstants(QDate::currentDate().year(), ServerRoot());
-}
-
-/// Reads which fonts there are: that takes as long as all of Qt's own start, and is needed with the
-/// first text. The locale comes before it, since numbers are read by that.
-std::jthread readingFonts() {
-    std::setlocale(LC_ALL, "");
-    return std::jthread([] { FcInit(); });
-}
 
 /// Where the program is done and threads are not, for what they make is of no use to anybody.
 /// Longer than large pictures take on a slow machine, and short enough for a session that ends.
@@ -103,11 +82,8 @@ int main(int argc, char** argv) {
     if (const auto call = callOf(wordsOf(argc, argv))) {
         return static_cast<int>(runCall(*call, argv[0]));
     }
-    const std::jthread fonts = readingFonts();
-    QApplication::setApplicationName(QStringLiteral("velorama"));
-    QApplication::setDesktopFileName(QStringLiteral("velorama"));
-    QApplication app(argc, argv);
-    prepareApplication();
+    const DesktopApplication application(argc, argv);
+    fillTextConstants(QDate::currentDate().year(), ServerRoot());
     const int result = run();
     if (!endWorkers(longestEnd)) {
         // One hangs, as on a server that is gone: destructors would wait for it without an end, or
