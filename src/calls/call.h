@@ -3,6 +3,7 @@
 #include "platform/session/system_colours.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 #include <variant>
@@ -51,7 +52,35 @@ struct WallpaperCall {
     QString file;
 };
 
-using Call = std::variant<HelpCall, VersionCall, WrongCall, WebAlbumCall, CheckCall, WallpaperCall>;
+/// `--play`: an album as a show without the main window.
+struct PlayCall {
+    QString album;
+    /// From 1; 0 for the first.
+    int screen = 0;
+    /// Seconds of a slide; those of the settings where nothing was said.
+    std::optional<double> interval = {};
+    /// What is heard instead of the music list; empty for that.
+    QStringList music = {};
+    /// Nothing but the system ends it.
+    bool lock = false;
+    /// It ends behind its last slide.
+    bool once = false;
+};
+
+/// `--export-settings`: all settings as a registry text.
+struct ExportSettingsCall {
+    QString file;
+    /// Else UTF-16.
+    bool utf8 = false;
+};
+
+/// `--import-settings`: what a registry text says, into the settings.
+struct ImportSettingsCall {
+    QString file;
+};
+
+using Call = std::variant<HelpCall, VersionCall, WrongCall, PlayCall, WebAlbumCall, CheckCall,
+                          WallpaperCall, ExportSettingsCall, ImportSettingsCall>;
 
 /// What a call ends the program with.
 enum class CallResult : int {

@@ -18,6 +18,10 @@ public:
 
     bool has(const QString& name) const { return parser_.isSet(name); }
     QString text(const QString& name) const { return parser_.value(name); }
+    /// With the words behind the last one.
+    QStringList texts(const QString& name) const {
+        return parser_.values(name) + parser_.positionalArguments();
+    }
     std::optional<QString> textIfSaid(const QString& name) const {
         return has(name) ? std::optional(text(name)) : std::nullopt;
     }
@@ -28,6 +32,8 @@ public:
         return text(name);
     }
     std::optional<int> number(const QString& name, const WebAlbumSizes& bounds);
+    std::optional<int> screen(const QString& name);
+    std::optional<double> seconds(const QString& name);
     AlbumColours colours(const QString& name);
 
     /// Empty as long as all will do.
@@ -90,6 +96,37 @@ void Options::takeColour(const QString& pair, AlbumColours& colours) {
     refuse(u"--colours does not take " + pair);
 }
 
+std::optional<int> Options::screen(const QString& name) {
+    bool isNumber = false;
+    const int number = text(name).toInt(&isNumber);
+    if (has(name) && (!isNumber || number < 1)) {
+        refuse(u"--" + name + u" takes a whole number from 1, not " + text(name));
+    }
+    return has(name) ? std::optional(number) : std::nullopt;
+}
+
+std::optional<double> Options::seconds(const QString& name) {
+    constexpr double least = 0.1;
+    constexpr double most = 24 * 60 * 60;
+    bool isNumber = false;
+    const double number = text(name).toDouble(&isNumber);
+    if (has(name) && !(isNumber && number >= least && number <= most)) {
+        refuse(u"--" + name + u" takes a number from 0.1 to 86400, not " + text(name));
+    }
+    return has(name) ? std::optional(number) : std::nullopt;
+}
+
+Call playCall(Options options) {
+    PlayCall call;
+    call.album = options.text(QStringLiteral("play"));
+    call.screen = options.screen(QStringLiteral("screen")).value_or(0);
+    call.interval = options.seconds(QStringLiteral("interval"));
+    call.music = options.texts(QStringLiteral("music"));
+    call.lock = options.has(QStringLiteral("lock"));
+    call.once = options.has(QStringLiteral("once"));
+    return options.mistake().isEmpty() ? Call(call) : Call(WrongCall{options.mistake()});
+}
+
 Call webAlbumCall(Options options) {
     const QString lead = QStringLiteral("web-album");
     const WebAlbumCall call{
@@ -108,6 +145,13 @@ Call webAlbumCall(Options options) {
 Call makeCall(CallKind kind, const QCommandLineParser& parser) {
     const Options options(parser);
     switch (kind) {
+        case CallKind::Play:
+            return playCall(options);
+        case CallKind::ExportSettings:
+            return ExportSettingsCall{options.text(QStringLiteral("export-settings")),
+                                      options.has(QStringLiteral("utf8"))};
+        case CallKind::ImportSettings:
+            return ImportSettingsCall{options.text(QStringLiteral("import-settings"))};
         case CallKind::WebAlbum:
             return webAlbumCall(options);
         case CallKind::Check:

@@ -72,14 +72,15 @@ QString mistakeIn(const OptionRow& row, const QCommandLineParser& parser, CallKi
     if (row.call != call) {
         return name + u" does not go with --" + leading;
     }
-    if (parser.optionNames().count(row.name) > 1) {
+    if (!row.takesMany && parser.optionNames().count(row.name) > 1) {
         return name + u" is given more than once";
     }
-    const bool isEmpty = !row.value.isEmpty() && parser.value(row.name).isEmpty();
+    const bool isEmpty = !row.value.isEmpty() && parser.values(row.name).contains(QString());
     return isEmpty ? QString(name + u" needs a value") : QString();
 }
 
 QString mistakeIn(const QCommandLineParser& parser, const OptionRow& leading) {
+    bool takesRest = false;
     for (const QString& name : parser.optionNames()) {
         const OptionRow* row = rowOf(name);
         const QString mistake =
@@ -87,9 +88,10 @@ QString mistakeIn(const QCommandLineParser& parser, const OptionRow& leading) {
         if (!mistake.isEmpty()) {
             return mistake;
         }
+        takesRest = takesRest || (row != nullptr && row->takesMany);
     }
     const QStringList rest = parser.positionalArguments();
-    return rest.isEmpty() ? QString() : QString(u"one word too many: " + rest.first());
+    return rest.isEmpty() || takesRest ? QString() : QString(u"one word too many: " + rest.first());
 }
 
 Call parsedCall(const QStringList& arguments) {

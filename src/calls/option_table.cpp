@@ -9,9 +9,18 @@ struct Row {
     const char* value;
     const char* help;
     bool leads = false;
+    bool takesMany = false;
 };
 
 constexpr Row rows[] = {
+    {CallKind::Play, "play", "ALBUM", "Show an album over the whole screen.", true},
+    {CallKind::Play, "screen", "N", "The screen, counted from 1, else the first."},
+    {CallKind::Play, "interval", "SECONDS", "Time of a slide, 0.1 to 86400."},
+    {CallKind::Play, "music", "FILE...", "Music to play instead of the music list.", false, true},
+    {CallKind::Play, "once", "", "End after the last slide."},
+    {CallKind::Play, "lock", "",
+     "No key and no pointer reaches the show, only a\n"
+     "signal of the system ends it."},
     {CallKind::WebAlbum, "web-album", "ALBUM", "Write an album as web pages.", true},
     {CallKind::WebAlbum, "to", "FOLDER",
      "Where they go: FOLDER/index1.html is the first.\n"
@@ -35,6 +44,15 @@ constexpr Row rows[] = {
     {CallKind::Check, "json", "", "The same for scripts."},
     {CallKind::Wallpaper, "wallpaper", "FILE", "Make a picture the wallpaper of the desktop.",
      true},
+    {CallKind::ExportSettings, "export-settings", "FILE",
+     "Write settings and lists as a registry text,\n"
+     "version 5.00, in UTF-16.",
+     true},
+    {CallKind::ExportSettings, "utf8", "", "Write it in UTF-8."},
+    {CallKind::ImportSettings, "import-settings", "FILE",
+     "Take over all that a registry text says, or\n"
+     "nothing of it.",
+     true},
     {CallKind::Help, "help", "", "Print this text.", true},
     {CallKind::Version, "version", "", "Print the program's version.", true},
 };
@@ -46,7 +64,7 @@ const std::vector<OptionRow>& optionTable() {
         std::vector<OptionRow> made;
         for (const Row& row : rows) {
             made.push_back({row.call, QLatin1String(row.name), QLatin1String(row.value),
-                            QLatin1String(row.help), row.leads});
+                            QLatin1String(row.help), row.leads, row.takesMany});
         }
         return made;
     }();

@@ -6,7 +6,16 @@
 
 namespace velorama {
 
-enum class CallKind { WebAlbum, Check, Wallpaper, Help, Version };
+enum class CallKind {
+    Play,
+    WebAlbum,
+    Check,
+    Wallpaper,
+    ExportSettings,
+    ImportSettings,
+    Help,
+    Version
+};
 
 /// An option of the command line. Those of a call follow the one that names it.
 struct OptionRow {
@@ -19,6 +28,8 @@ struct OptionRow {
     QString help;
     /// It names its call.
     bool leads = false;
+    /// It may be said several times, and the words that belong to no option are values of it too.
+    bool takesMany = false;
 };
 
 /// All there are, in the order of the help.

@@ -3,6 +3,8 @@
 #include "calls/call_output.h"
 #include "calls/check_call.h"
 #include "calls/help_text.h"
+#include "calls/play_call.h"
+#include "calls/settings_calls.h"
 #include "calls/wallpaper_call.h"
 #include "calls/web_album_call.h"
 
@@ -16,6 +18,9 @@ struct Runner {
         return printText(QStringLiteral("velorama " VELORAMA_VERSION "\n"));
     }
     CallResult operator()(const WrongCall& call) const { return wrongCall(call.message); }
+    CallResult operator()(const PlayCall& call) const { return run(call, program); }
+    CallResult operator()(const ExportSettingsCall& call) const { return run(call); }
+    CallResult operator()(const ImportSettingsCall& call) const { return run(call, program); }
     CallResult operator()(const WebAlbumCall& call) const { return run(call, program); }
     CallResult operator()(const CheckCall& call) const { return run(call, program); }
     CallResult operator()(const WallpaperCall& call) const { return run(call, program); }

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <utility>
+
 namespace velorama {
 namespace {
 
@@ -19,35 +21,47 @@ bool hasWriteAheadLog(const QString& path) {
     return head.size() > versionAt && head.at(versionAt) == writeAhead;
 }
 
-bool loadInPlace(const QString& path, RegistryTable& values) {
-    return !hasWriteAheadLog(path) &&
-           RegistryFile(path, RegistryFile::Access::Reading).load(values) !=
-               RegistryFile::Result::Failed;
+using Result = RegistryFile::Result;
+
+Result loadInPlace(const QString& path, RegistryTable& values) {
+    return hasWriteAheadLog(path) ? Result::Failed
+                                  : RegistryFile(path, RegistryFile::Access::Reading).load(values);
 }
 
 /// Where a process was killed while it wrote, the journal has to be played back: not into the
 /// file itself.
-void loadCopied(const QString& path, RegistryTable& values) {
+Result loadCopied(const QString& path, RegistryTable& values) {
     const QTemporaryDir folder;
     const QString copy = folder.filePath(QStringLiteral("settings"));
     for (const QLatin1String ending :
          {QLatin1String(), QLatin1String("-journal"), QLatin1String("-wal")}) {
         QFile::copy(path + ending, copy + ending);
     }
-    if (folder.isValid()) {
-        RegistryFile(copy).load(values);
+    return folder.isValid() ? RegistryFile(copy).load(values) : Result::Failed;
+}
+
+Result load(const QString& path, RegistryTable& values) {
+    if (!QFile::exists(path)) {
+        return Result::Done;
     }
+    RegistryTable read;
+    const Result result = loadInPlace(path, read);
+    if (result == Result::Failed) {
+        return loadCopied(path, values);
+    }
+    values = std::move(read);
+    return result;
 }
 
 }  // namespace
 
-SettingsCopy::SettingsCopy(const QString& file) {
+std::optional<RegistryTable> readSettings(const QString& file) {
     RegistryTable values;
-    if (loadInPlace(file, values)) {
-        values_ = std::move(values);
-    } else if (QFile::exists(file)) {
-        loadCopied(file, values_);
-    }
+    return load(file, values) == Result::Done ? std::optional(std::move(values)) : std::nullopt;
+}
+
+SettingsCopy::SettingsCopy(const QString& file) {
+    load(file, values_);
     seedSystemValues(values_);
 }
 

@@ -3,8 +3,13 @@
 #include "platform/store/registry_table.h"
 
 #include <mutex>
+#include <optional>
 
 namespace velorama {
+
+/// The values that a settings file holds, none where there is no file. Nothing if it cannot be read
+/// whole. Leaves the file and all beside it alone, as `SettingsCopy` does.
+std::optional<RegistryTable> readSettings(const QString& file);
 
 /// The settings as they stood when it was made. What is written stays in memory and is gone with
 /// it; the file, its folder and the window that uses them are left alone: nothing is made, moved or
