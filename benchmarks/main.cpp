@@ -51,6 +51,7 @@ constexpr Work works[] = {
     {"manyagain", 1, listingHundredThousandAgain},
     {"addmany", 1, addingHundredThousand},
     {"bmp", 1, bmpLoading},
+    {"webcall", 1, webAlbumByCall},
 };
 
 constexpr int quickRounds = 3;

@@ -1,3 +1,4 @@
+#include "album_window.h"
 #include "peers.h"
 #include "pictures.h"
 #include "stopwatch.h"
@@ -10,6 +11,7 @@
 #include "webalbum/web_album.h"
 #include "world.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -27,6 +29,7 @@ namespace {
 
 constexpr int manyPictures = 500;
 constexpr double copyingGoal = 1.25;
+constexpr double callGoal = 1.0;
 constexpr int fewerPictures = 100;
 constexpr double galleryGoal = 0.1;
 
@@ -85,6 +88,13 @@ DocumentsShell& shellWithDocuments() {
     return shell;
 }
 
+bool isComplete(const QString& folder, int pictures) {
+    const QDir album(folder);
+    const auto pages = album.entryList({QStringLiteral("*.jpg.html")}).size();
+    const auto copies = QDir(album.filePath(QStringLiteral("pictures"))).entryList(QDir::Files);
+    return pages == pictures && copies.size() == pictures;
+}
+
 /// The page WebAlbum and a slide list of so many photographs.
 class WebAlbumWindow {
 public:
@@ -101,11 +111,9 @@ public:
         const Stopwatch watch;
         album_.cbtnWEBALBUM_Click();
         const double time = watch.milliseconds();
-        const QDir album(place.path() + QStringLiteral("/My WebAlbum/Bench"));
-        const auto pages = album.entryList({QStringLiteral("*.jpg.html")}).size();
-        const auto copies = QDir(album.filePath(QStringLiteral("pictures"))).entryList(QDir::Files);
-        return pages == pictures_ && copies.size() == pictures_ ? std::optional(time)
-                                                                : std::nullopt;
+        return isComplete(place.path() + QStringLiteral("/My WebAlbum/Bench"), pictures_)
+                   ? std::optional(time)
+                   : std::nullopt;
     }
 
 private:
@@ -141,6 +149,14 @@ std::optional<double> timeOfGallery(const QStringList& files) {
     return timeOfProgram(QStringLiteral("llgal"), {QStringLiteral("-d"), place.path()});
 }
 
+/// From the start of the process to its end.
+std::optional<double> timeOfCall(const QString& program, const QString& album) {
+    const Place place;
+    const auto time = timeOfProgram(
+        program, {QStringLiteral("--web-album"), album, QStringLiteral("--to"), place.path()});
+    return isComplete(place.path(), manyPictures) ? time : std::nullopt;
+}
+
 Measure build(int pictures) {
     const auto window = std::make_shared<WebAlbumWindow>(pictures);
     return [window] { return window->timeOfBuild(); };
@@ -157,6 +173,22 @@ Contest webAlbumAgainstCopying() {
             .against = {{.name = QStringLiteral("cp of the photographs, same disk"),
                          .goal = copyingGoal,
                          .measure = [files] { return timeOfCopying(files); }}}};
+}
+
+Contest webAlbumByCall() {
+    const auto folder = std::make_shared<QTemporaryDir>();
+    const QString album = writtenAlbum(filesOf(albumFolder(manyPictures)), *folder);
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/velorama");
+    const bool isBuilt = QFileInfo::exists(program);
+    return {.work = QStringLiteral("velorama --web-album, the same 500 photographs"),
+            .unit = QStringLiteral("ms"),
+            .rounds = 7,
+            .ours = [folder, program, album] { return timeOfCall(program, album); },
+            .against = {{.name = QStringLiteral("Create WebAlbum in the window"),
+                         .goal = callGoal,
+                         .measure = build(manyPictures)}},
+            .absent =
+                isBuilt ? QString() : QStringLiteral("the program is not built beside the bench")};
 }
 
 Contest webAlbumAgainstGallery() {

@@ -22,6 +22,7 @@ Contest memoryOfLongShow();
 Contest pagesOfWebAlbum();
 Contest webAlbumAgainstCopying();
 Contest webAlbumAgainstGallery();
+Contest webAlbumByCall();
 Contest openingAlbum();
 Contest savingAlbum();
 Contest resizingMainWindow();

@@ -33,7 +33,7 @@ constexpr Row rows[] = {
      "One or more of page=, text=, bar=, title-bar= and\n"
      "title-bar-text=, with commas between them and\n"
      "#rrggbb or a name such as navy behind each.\n"
-     "What is not said is as the window has it."},
+     "What is not said is as the window had it last."},
     {CallKind::Check, "check", "ALBUM",
      "List an album's slides and how each was found: ok,\n"
      "drive (by the drives file), case (by other letter\n"

@@ -1,6 +1,7 @@
 #include "calls/call_world.h"
 #include "calls/help_text.h"
 #include "calls/option_table.h"
+#include "support/files.h"
 
 #include <QFile>
 
@@ -26,6 +27,17 @@ TEST(Help, NamesEveryOptionInLinesThatFitATerminal) {
     for (const QString& line : help.split(u'\n')) {
         EXPECT_LT(line.size(), 80) << line.toStdString();
         EXPECT_FALSE(line.endsWith(u' ')) << line.toStdString();
+    }
+}
+
+TEST(Help, TheManualPageHasEveryOptionToo) {
+    const QString page =
+        QString::fromUtf8(contentOf(QStringLiteral(VELORAMA_SOURCE_DIR "/packaging/velorama.1.in")))
+            .remove(u'\\');
+    for (const OptionRow& row : optionTable()) {
+        EXPECT_TRUE(page.contains(u"\n.B --" + row.name + u'\n') ||
+                    page.contains(u"\n.BI --" + row.name + u' '))
+            << row.name.toStdString();
     }
 }
 

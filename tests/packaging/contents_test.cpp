@@ -71,6 +71,15 @@ TEST(PackageContents, HoldTheDocumentsOfADebianPackage) {
     }
 }
 
+TEST(PackageContents, HoldTheCompletionsOfThreeShells) {
+    const QString share = package::tree() + QStringLiteral("/usr/share/");
+    for (const char* file : {"bash-completion/completions/velorama",
+                             "zsh/vendor-completions/_velorama",
+                             "fish/vendor_completions.d/velorama.fish"}) {
+        EXPECT_TRUE(QFile::exists(share + QLatin1String(file))) << file;
+    }
+}
+
 TEST(PackageContents, HoldBothIconsInAllSizes) {
     const QString theme = package::tree() + QStringLiteral("/usr/share/icons/hicolor/");
     for (const char* name : {"apps/velorama", "mimetypes/application-x-velorama-album"}) {

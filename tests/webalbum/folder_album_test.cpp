@@ -1,0 +1,93 @@
+#include "webalbum/folder_album.h"
+
+#include "support/full_disk.h"
+#include "support/test_world.h"
+#include "webalbum/album_world.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace velorama::test {
+namespace {
+
+class FolderAlbumTest : public AlbumWorld {
+protected:
+    FolderAlbumTest() {
+        for (const char* name : {"a.bmp", "b.bmp", "c.bmp"}) {
+            addSlide(QLatin1String(name), {40, 30});
+        }
+    }
+    std::string write() {
+        FolderAlbum pages(slides, values(), folder, stop);
+        pages.onStep([this](const QString& what, int done, int of) {
+            steps.append(what + u' ' + QString::number(done) + u'/' + QString::number(of));
+            if (atStep) {
+                atStep();
+            }
+        });
+        return pages.write().toStdString();
+    }
+
+    QString folder = temporaryFolder() + QStringLiteral("/x/pages");
+    std::stop_source stop;
+    QStringList steps;
+    std::function<void()> atStep;
+};
+
+TEST_F(FolderAlbumTest, HasTheFilesOfTheWindow) {
+    EXPECT_EQ(write(), "");
+    expectSameFiles(filesBelow(folder), expected());
+    EXPECT_FALSE(QFileInfo::exists(documents() + QStringLiteral("My WebAlbum")));
+}
+
+TEST_F(FolderAlbumTest, StepsAreTold) {
+    EXPECT_EQ(write(), "");
+    for (const char* step : {"picture 1/3", "picture 3/3", "page 1/3", "page 3/3"}) {
+        EXPECT_TRUE(steps.contains(QLatin1String(step))) << steps.join(u',').toStdString();
+    }
+}
+
+TEST_F(FolderAlbumTest, AStopEndsItAtTheNextPicture) {
+    atStep = [this] { stop.request_stop(); };
+    EXPECT_EQ(write(), "");
+    EXPECT_EQ(steps, QStringList(QStringLiteral("picture 1/3")));
+    EXPECT_FALSE(QFileInfo::exists(folder + QStringLiteral("/pictures/b.bmp")));
+    EXPECT_FALSE(QFileInfo::exists(folder + QStringLiteral("/index1.html")));
+}
+
+// Killed before it was complete, it is known for a web album all the same.
+TEST_F(FolderAlbumTest, GoesOnWhereItWasStopped) {
+    atStep = [this] { stop.request_stop(); };
+    write();
+    stop = std::stop_source();
+    atStep = nullptr;
+    EXPECT_EQ(write(), "");
+    expectSameFiles(filesBelow(folder), expected());
+}
+
+TEST_F(FolderAlbumTest, NothingMoreIsTriedOnAFullDisk) {
+    std::string failure;
+    {
+        const FullDisk disk(100);
+        failure = write();
+    }
+    EXPECT_EQ(failure, folder.toStdString() + "/images/mainwa.css: it cannot be written");
+    EXPECT_TRUE(stop.stop_requested());
+    EXPECT_EQ(filesBelow(folder).size(), 0);
+}
+
+TEST_F(FolderAlbumTest, APageThatCannotBeWrittenIsTold) {
+    EXPECT_EQ(write(), "");
+    QFile::remove(folder + QStringLiteral("/b.bmp.html"));
+    QDir().mkpath(folder + QStringLiteral("/b.bmp.html"));
+    EXPECT_EQ(write(), folder.toStdString() + "/b.bmp.html: there is something else of that name");
+}
+
+TEST_F(FolderAlbumTest, MissingSlidesHoldNothingUp) {
+    addMissing(QStringLiteral("gone.bmp"));
+    EXPECT_EQ(write(), "");
+    expectSameFiles(filesBelow(folder), expected());
+}
+
+}  // namespace
+}  // namespace velorama::test
