@@ -3,9 +3,14 @@
 # Options of a call; of none, those that name one.
 _velorama_options() {
     case $1 in
+        --play) echo --screen --interval --music --once --lock ;;
         --web-album) echo --to --title --photo-size --thumbnail-size --colours ;;
         --check) echo --json ;;
-        '') echo --web-album --check --wallpaper --help --version ;;
+        --export-settings) echo --utf8 ;;
+        '')
+            echo --play --web-album --check --wallpaper --export-settings --import-settings
+            echo --help --version
+            ;;
     esac
 }
 
@@ -42,8 +47,10 @@ _velorama() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]}
     COMPREPLY=()
     case $before in
-        --web-album | --check) _velorama_files "$word" vlr; return ;;
+        --play | --web-album | --check) _velorama_files "$word" vlr; return ;;
         --wallpaper) _velorama_files "$word" jpg jpeg bmp gif png; return ;;
+        --music) _velorama_files "$word" mp3 wav mid; return ;;
+        --export-settings | --import-settings) _velorama_files "$word" reg; return ;;
         --to) _velorama_files "$word"; return ;;
         --colours)
             compopt -o nospace 2>/dev/null
@@ -51,7 +58,7 @@ _velorama() {
                 'page= text= bar= title-bar= title-bar-text=' -- "$word")
             return
             ;;
-        --title | --photo-size | --thumbnail-size) return ;;
+        --title | --photo-size | --thumbnail-size | --screen | --interval) return ;;
     esac
     if [[ $word == -* || $COMP_CWORD -gt 1 ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$(_velorama_options "$(_velorama_call)")" -- "$word")

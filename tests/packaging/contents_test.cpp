@@ -73,9 +73,9 @@ TEST(PackageContents, HoldTheDocumentsOfADebianPackage) {
 
 TEST(PackageContents, HoldTheCompletionsOfThreeShells) {
     const QString share = package::tree() + QStringLiteral("/usr/share/");
-    for (const char* file : {"bash-completion/completions/velorama",
-                             "zsh/vendor-completions/_velorama",
-                             "fish/vendor_completions.d/velorama.fish"}) {
+    for (const char* file :
+         {"bash-completion/completions/velorama", "zsh/vendor-completions/_velorama",
+          "fish/vendor_completions.d/velorama.fish"}) {
         EXPECT_TRUE(QFile::exists(share + QLatin1String(file))) << file;
     }
 }
