@@ -85,6 +85,23 @@ xcb_window_t paintedWindow(xcb_connection_t* c, QRect& place, int width = leastW
     return 0;
 }
 
+/// The ground of a show is red alone until its first slide is there.
+bool hasSlide(xcb_connection_t* c) {
+    const xcb_screen_t* screen = firstScreen(c);
+    QRect place;
+    if (paintedWindow(c, place, screen->width_in_pixels) == 0) {
+        return false;
+    }
+    const auto request =
+        xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, screen->root,
+                      static_cast<qint16>(screen->width_in_pixels / 2),
+                      static_cast<qint16>(screen->height_in_pixels / 2), 1, 1, 0x00ffffff);
+    const Pointer<xcb_get_image_reply_t> image(xcb_get_image_reply(c, request, nullptr));
+    // Blue, green, red.
+    return image && xcb_get_image_data_length(image.get()) >= 2 &&
+           (xcb_get_image_data(image.get())[0] != 0 || xcb_get_image_data(image.get())[1] != 0);
+}
+
 xcb_atom_t atom(xcb_connection_t* c, const QByteArray& name) {
     const Pointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
         c, xcb_intern_atom(c, 0, static_cast<quint16>(name.size()), name.constData()), nullptr));
@@ -218,6 +235,34 @@ std::optional<double> Desktop::timeUntil(const QString& program, const QStringLi
     return time;
 }
 
+std::optional<double> Desktop::timeToSlide(const QString& program, const QStringList& arguments,
+                                           const QString& wanted,
+                                           const std::function<void(const QRect&)>& begin) {
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    const QByteArray name = wanted.toUtf8();
+    bool isBegun = !begin;
+    const Stopwatch watch;
+    process.start(program, arguments);
+    bool isShown = false;
+    while (!isShown && watch.milliseconds() < patience) {
+        std::this_thread::sleep_for(betweenLooks);
+        QRect place;
+        if (isBegun) {
+            isShown = hasSlide(connection_);
+        } else if (const xcb_window_t window = paintedWindow(connection_, place);
+                   window != 0 && title(connection_, window) == name) {
+            begin(place);
+            isBegun = true;
+        }
+    }
+    const double time = watch.milliseconds();
+    stop(process);
+    return isShown ? std::optional(time) : std::nullopt;
+}
+
 QRect Desktop::waitForWindow() const {
     const Stopwatch watch;
     QRect place;
@@ -236,12 +281,21 @@ bool Desktop::isCovered() const {
 }
 
 void Desktop::click(QPoint at) const {
+    pointer(at, {QStringLiteral("sleep"), QStringLiteral("0.2"), QStringLiteral("click"),
+                 QStringLiteral("1")});
+}
+
+void Desktop::clickAtOnce(QPoint at) const {
+    pointer(at, {QStringLiteral("click"), QStringLiteral("1")});
+}
+
+void Desktop::pointer(QPoint at, const QStringList& then) const {
     QProcess process;
     process.setProcessEnvironment(environment());
-    process.start(QStringLiteral("xdotool"),
-                  {QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
-                   QStringLiteral("sleep"), QStringLiteral("0.2"), QStringLiteral("click"),
-                   QStringLiteral("1")});
+    process.start(
+        QStringLiteral("xdotool"),
+        QStringList{QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y())} +
+            then);
     process.waitForFinished(patience);
 }
 

@@ -35,17 +35,27 @@ public:
     std::optional<double> timeToTitle(const QString& program, const QStringList& arguments,
                                       const QString& title, int open);
 
+    /// Milliseconds from the start of a program until a show's first slide is on the screen, on
+    /// white before it. Where a title is given, `begin` starts the show as soon as the main window
+    /// has it. The program is then ended at once.
+    std::optional<double> timeToSlide(const QString& program, const QStringList& arguments,
+                                      const QString& title = {},
+                                      const std::function<void(const QRect& window)>& begin = {});
+
     /// Where the first large window stands that shows anything but black; empty if none comes.
     QRect waitForWindow() const;
     /// True if such a window covers the whole screen.
     bool isCovered() const;
-    /// A click of the left button at a place on the screen.
+    /// A click of the left button at a place on the screen, some time after the pointer has come
+    /// there.
     void click(QPoint at) const;
+    void clickAtOnce(QPoint at) const;
     QProcessEnvironment environment() const;
     /// The process of the X server.
     const QProcess& server() const { return server_; }
 
 private:
+    void pointer(QPoint at, const QStringList& then) const;
     using IsReached = std::function<bool(quint32 window)>;
     std::optional<double> timeUntil(const QString& program, const QStringList& arguments,
                                     std::chrono::microseconds pause, const IsReached& isReached,

@@ -52,6 +52,7 @@ constexpr Work works[] = {
     {"addmany", 1, addingHundredThousand},
     {"bmp", 1, bmpLoading},
     {"webcall", 1, webAlbumByCall},
+    {"play", 1, firstSlideOfPlay},
 };
 
 constexpr int quickRounds = 3;

@@ -36,6 +36,7 @@ Contest secondVisit();
 Contest listingHundredThousandAgain();
 Contest addingHundredThousand();
 Contest bmpLoading();
+Contest firstSlideOfPlay();
 
 /// Body of the process that `memoryOfSlides` starts: a window's slide list of all pictures of
 /// `folder`; prints the memory it then takes, in KiB. 0 if all went well.
