@@ -1,6 +1,7 @@
 #include "platform/store/registry_edit.h"
 
 #include "platform/store/registry_file.h"
+#include "platform/store/sqlite_statement.h"
 #include "support/test_world.h"
 
 #include <QFile>
@@ -88,6 +89,20 @@ TEST(RegistryEdits, AKeyThatIsMadeAnewHoldsWhatFollows) {
               "Software\\a\\sub|2 gone, Software\\a\\sub\\deep|3 gone, Software\\a\\sub|2=new");
 }
 
+/// How the file holds the data of its one row.
+std::string kindOfData(const QString& path) {
+    sqlite3* database = nullptr;
+    EXPECT_EQ(sqlite3_open(path.toUtf8().constData(), &database), SQLITE_OK);
+    std::string kind;
+    {
+        Statement query(database, "SELECT typeof(data) FROM registry");
+        EXPECT_EQ(query.step(), SQLITE_ROW);
+        kind = query.bytes(0).toStdString();
+    }
+    sqlite3_close(database);
+    return kind;
+}
+
 class RewrittenFile : public testing::Test {
 protected:
     std::string held() {
@@ -151,6 +166,8 @@ TEST_F(RewrittenFile, KeepsBytesOfOtherTypes) {
     const RegistryValue* held = table.find(Hive::CurrentUser, root, text("raw"));
     ASSERT_NE(held, nullptr);
     EXPECT_EQ(*held, *value.value);
+    // Other tools would take them for a text otherwise.
+    EXPECT_EQ(kindOfData(path), "blob");
 }
 
 }  // namespace
