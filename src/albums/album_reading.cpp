@@ -37,6 +37,7 @@ QString AlbumFile::DocumentOpenText(const QString& Path) {
         // Without a file to read the bar stays in sight.
         c_.prgBARSLIDES->setVisible(false);
     }
+    c_.prgBARSLIDES->setWork({}, {});
     endReading();
     return last;
 }
@@ -62,6 +63,7 @@ void AlbumFile::beginReading() {
     slides_.hideSlides();
     c_.imlTHUMBNAILS->Clear();
     c_.lvwSLIDEBAR->Clear();
+    c_.prgBARSLIDES->setWork(QStringLiteral("Opening"), QStringLiteral("New ends it."));
     c_.prgBARSLIDES->setValue(0);
     c_.prgBARSLIDES->setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);

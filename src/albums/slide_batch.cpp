@@ -99,6 +99,7 @@ void SlideList::runAddAll(const std::function<void()>& insertFiles) {
     store_.settle();
     inserted_ = 0;
     hideSlides();
+    c_.prgBARSLIDES->setWork(QStringLiteral("Adding"), QStringLiteral("Undo takes it back."));
     c_.prgBARSLIDES->setValue(0);
     c_.prgBARSLIDES->setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);

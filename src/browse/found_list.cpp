@@ -159,6 +159,7 @@ void FoundList::emptyList() {
 }
 
 void FoundList::fill() {
+    prgBARSLIDES_.setWork(QStringLiteral("Listing"), QStringLiteral("Another folder ends it."));
     prgBARSLIDES_.setValue(0);
     prgBARSLIDES_.setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);

@@ -65,6 +65,7 @@ SlideBar::SlideBar(QWidget& surface, Commands& commands)
     // Told once when a batch has ended, however many slides it had.
     connect(slides.lvwSLIDEBAR->model(), &QAbstractItemModel::modelReset, this,
             &SlideBar::showLength);
+    connect(slides.prgBARSLIDES, &ProgressBar::Moved, this, &SlideBar::showStatus);
 }
 
 void SlideBar::makeEmptyState(Commands& commands) {
@@ -180,10 +181,20 @@ void SlideBar::showLength() {
     const float left = Left(before) + Width(before) + lengthGap;
     place(*lblSLIDECOUNT, left, Top(before), Left(*cbtnCONTROLS[8]) - lengthGap - left,
           Height(before));
-    const QString text = showLengthText(count, slideInterval());
+    length_ = {showLengthText(count, slideInterval()), slidesText(count)};
+    showStatus();
+}
+
+// What is being done, as long as something is; its end may be far off.
+void SlideBar::showStatus() {
+    const QString work = slides.prgBARSLIDES->Told();
+    const QString leaving = slides.prgBARSLIDES->Leaving();
+    const Status status =
+        work.isEmpty() ? length_ : Status{work + QStringLiteral(". ") + leaving, work};
     const bool fits =
-        lblSLIDECOUNT->fontMetrics().horizontalAdvance(text) <= lblSLIDECOUNT->width();
-    lblSLIDECOUNT->setCaption(fits ? text : slidesText(count));
+        lblSLIDECOUNT->fontMetrics().horizontalAdvance(status.whole) <= lblSLIDECOUNT->width();
+    lblSLIDECOUNT->setCaption(fits ? status.whole : status.brief);
+    lblSLIDECOUNT->setAccessibleDescription(work.isEmpty() ? QString() : leaving);
 }
 
 QLineF SlideBar::separator(float surfaceWidth) const {

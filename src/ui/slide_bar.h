@@ -37,6 +37,7 @@ public:
     QLineF separator(float surfaceWidth) const;
     QList<QWidget*> tabOrder() const;
     /// Says in the toolbar how many slides there are and, where there is room, how long they take.
+    /// While something takes its time, that is said instead.
     void showLength();
     /// Whether the page is up that slides are added from: an empty bar says how to fill it.
     void setPicturesShown(bool areShown);
@@ -54,6 +55,14 @@ private:
     void tintToolbar();
     void tintSlides();
 
+    struct Status {
+        QString whole;
+        /// Where there is no room for that.
+        QString brief;
+    };
+    void showStatus();
+
+    Status length_;
     cbtn* btnADDALL_ = nullptr;
     cbtn* btnCHOOSE_ = nullptr;
 };

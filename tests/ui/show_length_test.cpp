@@ -61,6 +61,37 @@ TEST_F(LengthInTheToolbar, FollowsTheListOfSlides) {
     EXPECT_EQ(caption(), QString());
 }
 
+TEST_F(LengthInTheToolbar, GivesWayToWhatTakesItsTime) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+    start();
+    window->resize(1000, 600);
+    DoEvents();
+    QStringList told;
+    QObject::connect(slideControls().prgBARSLIDES, &ProgressBar::Moved, window.get(),
+                     [&] { told.append(caption()); });
+    act(&SlideList::AddAll);
+    EXPECT_TRUE(told.contains(QStringLiteral("Adding 2 of 3. Undo takes it back.")))
+        << told.join(u'|').toStdString();
+    EXPECT_EQ(caption(), QStringLiteral("3 slides, 12 s"));
+    told.clear();
+    window->resize(500, 400);
+    act(&SlideList::AddAll);
+    EXPECT_TRUE(told.contains(QStringLiteral("Adding 2 of 3")));
+}
+
+TEST_F(LengthInTheToolbar, TellsOfAnAlbumThatIsOpenedAndNotOfOneThatIsNotThere) {
+    start();
+    window->resize(1000, 600);
+    QStringList told;
+    QObject::connect(slideControls().prgBARSLIDES, &ProgressBar::Moved, window.get(),
+                     [&] { told.append(caption()); });
+    window->album().DocumentOpenText(album(4));
+    EXPECT_TRUE(told.contains(QStringLiteral("Opening 2 of 4. New ends it.")))
+        << told.join(u'|').toStdString();
+    window->album().DocumentOpenText(test::temporaryFolder() + QStringLiteral("/gone.vlr"));
+    EXPECT_EQ(caption(), QString());
+}
+
 TEST_F(LengthInTheToolbar, FollowsTheIntervalOfTheSettings) {
     start(album(3));
     DoEvents();

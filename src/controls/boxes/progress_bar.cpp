@@ -1,5 +1,8 @@
 #include "controls/boxes/progress_bar.h"
 
+#include "platform/numbers.h"
+
+#include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -11,6 +14,10 @@ namespace {
 // What assistive tools are told: thousandths of the way.
 constexpr int Steps = 1000;
 constexpr qreal Thickness = 6;
+
+QString stepOf(const QString& doing, int step, int count) {
+    return doing + u' ' + decimalText(step) + u" of " + decimalText(count);
+}
 
 }  // namespace
 
@@ -49,6 +56,37 @@ bool ProgressBar::setValue(float value) {
     return true;
 }
 
+void ProgressBar::setWork(const QString& doing, const QString& leaving) {
+    doing_ = doing;
+    leaving_ = leaving;
+    toldAlone_.clear();
+    setToolTip(leaving);
+    setAccessibleDescription(leaving);
+    emit Moved();
+}
+
+QString ProgressBar::Told() const {
+    if (isHidden() || doing_.isEmpty()) {
+        return toldAlone_;
+    }
+    return value_ > 0 ? stepOf(doing_, static_cast<int>(std::lround(value_)),
+                               static_cast<int>(std::lround(max_)))
+                      : doing_ + QChar(0x2026);
+}
+
+void ProgressBar::tell(int step, int count) {
+    toldAlone_ = count == 0 ? QString() : stepOf(doing_, step, count);
+    emit Moved();
+}
+
+bool ProgressBar::event(QEvent* event) {
+    const bool done = QProgressBar::event(event);
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) {
+        emit Moved();
+    }
+    return done;
+}
+
 int ProgressBar::filledPixels() const {
     const double share = (double(value_) - double(min_)) / (double(max_) - double(min_));
     return static_cast<int>(std::lround(share * width() * devicePixelRatioF()));
@@ -63,6 +101,7 @@ void ProgressBar::showValue() {
     if (filledPixels() != painted_) {
         repaint();
     }
+    emit Moved();
 }
 
 void ProgressBar::paintEvent(QPaintEvent*) {

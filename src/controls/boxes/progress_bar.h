@@ -21,10 +21,25 @@ public:
     /// Refused (false) outside Min to Max.
     bool setValue(float value);
 
+    /// What the work says of itself that the bar shows from now on: what it does, as "Adding", and
+    /// in a sentence how it is left or taken back.
+    void setWork(const QString& doing, const QString& leaving);
+    /// As "Adding 120 of 3400", empty while the bar is hidden; what is before the first step has no
+    /// number yet.
+    QString Told() const;
+    /// The same for work without a bar; `count` 0 ends it.
+    void tell(int step, int count);
+    QString Leaving() const { return leaving_; }
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+signals:
+    /// Told() may be another, at most for each pixel of the way.
+    void Moved();
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -35,6 +50,10 @@ private:
     float max_ = 100;
     float value_ = 0;
     int painted_ = -1;
+    QString doing_;
+    QString leaving_;
+    /// Of work without a bar.
+    QString toldAlone_;
 };
 
 }  // namespace velorama

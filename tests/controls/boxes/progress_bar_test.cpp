@@ -57,6 +57,35 @@ TEST(ProgressBar, TheLimitsTakeTheValueAlong) {
     EXPECT_FALSE(bar.setMax(20));
 }
 
+TEST(ProgressBar, TellsWhatItsWorkDoesAndHowFarItIs) {
+    ProgressBar bar;
+    bar.hide();
+    bar.setWork(QStringLiteral("Adding"), QStringLiteral("Undo takes it back."));
+    EXPECT_EQ(bar.Told(), QString());
+    bar.show();
+    EXPECT_EQ(bar.Told(), QStringLiteral("Adding\u2026"));
+    bar.setMax(3400);
+    bar.setValue(120);
+    EXPECT_EQ(bar.Told(), QStringLiteral("Adding 120 of 3400"));
+    EXPECT_EQ(bar.toolTip(), QStringLiteral("Undo takes it back."));
+    EXPECT_EQ(bar.accessibleDescription(), bar.Leaving());
+    bar.hide();
+    EXPECT_EQ(bar.Told(), QString());
+}
+
+TEST(ProgressBar, TellsOfWorkThatHasNoBar) {
+    ProgressBar bar;
+    bar.hide();
+    bar.setWork(QStringLiteral("Copying"), {});
+    int moves = 0;
+    QObject::connect(&bar, &ProgressBar::Moved, [&] { ++moves; });
+    bar.tell(3, 12);
+    EXPECT_EQ(bar.Told(), QStringLiteral("Copying 3 of 12"));
+    bar.tell(0, 0);
+    EXPECT_EQ(bar.Told(), QString());
+    EXPECT_EQ(moves, 2);
+}
+
 TEST(ProgressBar, PaintsAtOnceAndOnlyWhereThePixelsChange) {
     ProgressBar bar;
     bar.resize(100, 10);
