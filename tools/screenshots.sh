@@ -16,7 +16,7 @@ if [[ ${1:-} != --inside ]]; then
     trap 'rm -rf "$work"' EXIT
     mkdir "$work/out"
     cp "$program" "$work/velorama"
-    cp -r "$root/samples" "$root"/tools/{settings_store,desktop}.sh "${BASH_SOURCE[0]}" "$work/"
+    cp -r "$root"/{samples,images} "$root"/tools/{settings_store,desktop}.sh "${BASH_SOURCE[0]}" "$work/"
     as_root=(--map-root-user)
     if ((EUID == 0)); then
         as_root=()

@@ -6,6 +6,22 @@
 #include <QMessageBox>
 
 namespace velorama {
+namespace {
+
+/// The small ones are those of the slide bar, which are kept; a large one is not worth its room.
+SampleSlides::Load loadSamples(const CellSource& cells) {
+    return [cells](const QString& path, int side) {
+        if (side < SampleSlides::photoSide) {
+            return cells.load(path, side);
+        }
+        const Fit fit = Fit::cell(side);
+        const Picture picture = LoadPicture(path, fit);
+        return picture.isNull() ? QImage() : fitted(picture, fit);
+    };
+}
+
+}  // namespace
+
 Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& commands,
                    CommonDialog& cdlDIALOG, const MainServices& services)
     : pictures_(services.thumbnails),
@@ -29,7 +45,8 @@ Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& co
       touched_(*slideBar.slides.lvwSLIDEBAR, *pages.pictures->found.lvwFOUND,
                *pages.pictures->found.ftvFOLDER),
       preview_(touched_, [this]() -> const PreviewControls& { return previewWindow(); }),
-      wallpaper_(touched_, boxes_, services.desktop) {
+      wallpaper_(touched_, boxes_, services.desktop),
+      sampleSlides_(*slideBar.slides.lvwSLIDEBAR, *pages.webAlbum, loadSamples(pictures_.cells())) {
     connectFound();
     connectSlides();
     connectWebAlbum();
@@ -68,7 +85,13 @@ void Workshop::connectSlides() {
     connect(pages_.pictures, &PicturesPage::KeyDown, &slides, &SlideList::ListKeysCheck);
 }
 
+void Workshop::tellAlbumFolder() {
+    const bool hasTitle = !pages_.webAlbum->txtTITLE->text().isEmpty();
+    pages_.webAlbum->setAlbumFolder(hasTitle ? webAlbum.folder() : QString());
+}
+
 void Workshop::connectWebAlbum() {
+    connect(pages_.webAlbum->txtTITLE, &QLineEdit::textChanged, this, &Workshop::tellAlbumFolder);
     connect(&webAlbum, &WebAlbum::NoTitle, this, [this](const QString& text, const QString& title) {
         QMessageBox::critical(&form_, title, text);
     });

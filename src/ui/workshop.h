@@ -12,6 +12,7 @@
 #include "ui/drags.h"
 #include "ui/main_services.h"
 #include "ui/pages/pages.h"
+#include "ui/pages/sample_slides.h"
 #include "ui/slide_bar.h"
 #include "webalbum/web_album.h"
 
@@ -48,6 +49,7 @@ public:
 private:
     Drags drags_;
     void connectWebAlbum();
+    void tellAlbumFolder();
     /// The preview window, loaded at its first use; it unloads when it is closed.
     const PreviewControls& previewWindow();
     void showPreview() const;
@@ -68,6 +70,7 @@ private:
     const TouchedPicture touched_;
     Preview preview_;
     Wallpaper wallpaper_;
+    SampleSlides sampleSlides_;
     bool loaded_ = false;
 };
 

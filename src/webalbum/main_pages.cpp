@@ -1,5 +1,6 @@
 #include "platform/numbers.h"
 #include "webalbum/mod_webalbum.h"
+#include "webalbum/page_plan.h"
 
 #include <cmath>
 
@@ -8,7 +9,7 @@ namespace {
 
 constexpr int columnsPerRow = 4;
 constexpr int rowsPerPage = 3;
-constexpr int picturesPerPage = columnsPerRow * rowsPerPage;
+static_assert(picturesPerPage == columnsPerRow * rowsPerPage);
 constexpr int firstPage = 1;
 
 // The fixed text between what changes from page to page. The whole page is a single line.
@@ -110,6 +111,7 @@ private:
 };
 
 void MainPages::write() {
+    build_.prgBARSLIDES.setWork(QStringLiteral("Indexing"), leavingBuild);
     build_.prgBARSLIDES.setVisible(true);
     build_.prgBARSLIDES.setMax(static_cast<float>(list_.Count()));
     const int pages = modWEBALBUM::WebAlbumPageCount(list_.Count());

@@ -10,6 +10,9 @@
 
 namespace velorama {
 
+/// How a build is left, in words for the user.
+inline const QString leavingBuild = QStringLiteral("Closing the window ends it.");
+
 /// What the writers of one build share.
 struct AlbumBuild {
     AskForValues values;

@@ -21,6 +21,8 @@ double ratioOf(double part, double whole) {
     return whole == 0 ? 0 : part / whole;
 }
 
+}  // namespace
+
 QSizeF displaySize(QSizeF picture, qint32 size) {
     const double width = picture.width();
     const double height = picture.height();
@@ -30,8 +32,6 @@ QSizeF displaySize(QSizeF picture, qint32 size) {
     const double high = size - portraitMargin;
     return {high * ratioOf(width, height), high};
 }
-
-}  // namespace
 
 QString PictureMeasure::WebAlbumImageStyle(const QString& path, qint32 size) {
     const QSize picture = PictureFileSize(path);

@@ -5,6 +5,10 @@
 
 namespace velorama {
 
+/// The size at which a page shows a picture: a landscape one `size` wide, any other 24 less high.
+/// Nothing of an empty one.
+QSizeF displaySize(QSizeF picture, qint32 size);
+
 /// Works out at which size a page shows a picture. A file that is no picture takes the place of the
 /// one measured before, and the first of all that of a thumbnail's cell.
 class PictureMeasure {

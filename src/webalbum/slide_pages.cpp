@@ -93,6 +93,7 @@ private:
 
 void SlidePages::write() {
     const int n = list_.Count();
+    build_.prgBARSLIDES.setWork(QStringLiteral("Writing page"), leavingBuild);
     build_.prgBARSLIDES.setVisible(true);
     build_.prgBARSLIDES.setMax(static_cast<float>(n));
     for (int i = 1; i <= n && !isStopped(); ++i) {

@@ -53,6 +53,10 @@ void WebAlbum::cbtnVIEWWEBALB_Click(const QString& hWnd) const {
     gRegistry->InternetLinkRun(hWnd, QString(), pathsOf(title()).view);
 }
 
+QString WebAlbum::folder() const {
+    return pathsOf(title()).album;
+}
+
 void WebAlbum::build(const QString& chosen) {
     const AlbumPaths paths = pathsOf(chosen);
     exact_ = paths.parent.left(paths.parent.size() - 1);
@@ -80,7 +84,9 @@ void WebAlbum::WebAlbumFolderCreate(const QString& path) const {
 
 void WebAlbum::WebAlbumPicturesCopy(const ListView& list, const QString& destination) const {
     const int count = list.Count();
+    c_.prgBARSLIDES->setWork(QStringLiteral("Copying"), leavingBuild);
     for (int i = 1; i <= count && !stop_.stop_requested(); ++i) {
+        c_.prgBARSLIDES->tell(i, count);
         const ListItem* item = list.item(i);
         if (item != nullptr) {
             const QString key = item->Key();
@@ -89,6 +95,7 @@ void WebAlbum::WebAlbumPicturesCopy(const ListView& list, const QString& destina
         // The user's hands stay off the list here; the window only shows itself.
         PaintEvents();
     }
+    c_.prgBARSLIDES->tell(0, 0);
 }
 
 void WebAlbum::copyProgramImages(const QString& album) const {

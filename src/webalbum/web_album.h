@@ -22,6 +22,8 @@ public:
     void cbtnWEBALBUM_Click();
     /// `hWnd` is the main window's handle as decimal text.
     void cbtnVIEWWEBALB_Click(const QString& hWnd) const;
+    /// Where an album of the present title lies; empty where none can.
+    QString folder() const;
     /// The window is closing: running builds end at their next picture and say nothing.
     void stop() { stop_.request_stop(); }
 

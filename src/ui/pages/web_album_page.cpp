@@ -17,9 +17,6 @@ namespace {
 // Logical pixels.
 constexpr int Gap = 10;
 constexpr int RowGap = 3;
-// Smaller ones cannot be read, and larger ones not be looked over at a glance.
-constexpr qreal leastScale = 0.8;
-constexpr qreal mostScale = 3;
 
 QComboBox* combo(const char* name, const QStringList& entries, const QString& design,
                  QWidget* parent) {
@@ -30,29 +27,14 @@ QComboBox* combo(const char* name, const QStringList& entries, const QString& de
     return made;
 }
 
-/// The name of a font of the samples; nothing where the entry has no comma.
-std::optional<QString> sampleFont(const QString& entry) {
-    const qsizetype comma = entry.indexOf(QLatin1Char(','));
-    if (comma < 0) {
-        return std::nullopt;
-    }
-    const QString name = entry.left(comma).remove(QLatin1Char('"'));
-    return name == QLatin1String("Geneva") ? QStringLiteral("Arial") : name;
-}
-
-void setFamily(QWidget& widget, const QString& family) {
-    QFont font = widget.font();
-    font.setFamilies({family});
-    widget.setFont(font);
-}
-
-void addPair(QGridLayout& grid, int row, const char* caption, QWidget* control) {
+const QLabel* addPair(QGridLayout& grid, int row, const char* caption, QWidget* control) {
     auto* label = new QLabel(QLatin1String(caption), control->parentWidget());
     label->setBuddy(control);
     grid.addWidget(label, row, 0);
     // A text may be as long as the column is wide; other fields have the width of what they hold.
     const bool grows = qobject_cast<QLineEdit*>(control) != nullptr;
     grid.addWidget(control, row, 1, grows ? Qt::Alignment() : Qt::AlignLeft);
+    return label;
 }
 
 QGridLayout* columnOfRows() {
@@ -70,6 +52,7 @@ WebAlbumPage::WebAlbumPage(QWidget& surface, Commands& commands, CommonDialog& c
       scroll_(new ScrolledContent(this)),
       content_(&scroll_->content()) {
     makeControls(cdlDIALOG);
+    connectSamples();
     makeNoSlides(commands);
     commands.createWebAlbum.addButton(*cbtnWEBALBUM);
     commands.viewWebAlbum.addButton(*cbtnVIEWWEBALB);
@@ -78,6 +61,7 @@ WebAlbumPage::WebAlbumPage(QWidget& surface, Commands& commands, CommonDialog& c
     row_->setContentsMargins(7, 6, 7, 0);
     row_->setSpacing(Gap);
     row_->addLayout(settings_);
+    row_->setAlignment(settings_, Qt::AlignTop);
     row_->addLayout(panes());
     row_->addStretch(1);
     WebAlbumSampleUpdate();
@@ -173,7 +157,7 @@ QLayout* WebAlbumPage::columnOf(std::initializer_list<Field> fields) {
     QGridLayout* grid = columnOfRows();
     int row = 0;
     for (const auto& [caption, control] : fields) {
-        addPair(*grid, row++, caption, control);
+        captions_.append(addPair(*grid, row++, caption, control));
         fields_.append(control);
     }
     grid->setRowStretch(row, 1);
@@ -199,49 +183,6 @@ QBoxLayout* WebAlbumPage::settings() {
     return columns;
 }
 
-QBoxLayout* WebAlbumPage::panes() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(Gap);
-    for (PictureBox* box : {samples_->picWAMAIN, samples_->picWASLIDE}) {
-        auto* heading = new QLabel(box->accessibleName(), content_);
-        heading->setWordWrap(true);
-        headings_.append(heading);
-        auto* pane = new QVBoxLayout;
-        pane->setSpacing(RowGap);
-        pane->addWidget(heading);
-        pane->addWidget(box, 0, Qt::AlignLeft);
-        pane->addStretch(1);
-        row->addLayout(pane);
-    }
-    row->addStretch(1);
-    return row;
-}
-
-void WebAlbumPage::WebAlbumSampleUpdate() {
-    WebAlbumSamples& s = *samples_;
-    const QColor bar = shownColour(picBARCOL->BackColor());
-    s.shpSLIDEBARCOL->setFillColor(bar);
-    s.shpBARMAINCOL->setFillColor(bar);
-    const QColor page = shownColour(picBACKGROUND->BackColor());
-    s.picWASLIDE->setBackColor(page);
-    s.picWAMAIN->setBackColor(page);
-    const QColor text = shownColour(picTEXTCOLOR->BackColor());
-    const std::optional<QString> family = sampleFont(cboFONTS->currentText());
-    std::vector<Label*> captions(s.lbltxtMAINCOL.begin(), s.lbltxtMAINCOL.end());
-    captions.push_back(s.lbltxtSLIDECOL);
-    for (Label* label : captions) {
-        label->setForeColor(text);
-        if (family) {
-            setFamily(*label, *family);
-        }
-    }
-    if (const auto barFamily = sampleFont(cboFONTSBAR->currentText())) {
-        setFamily(*s.lblTTLMAINCOL, *barFamily);
-    }
-    s.lblTTLMAINCOL->setForeColor(shownColour(picTITLEBARTEXTCOL->BackColor()));
-    s.shpTTLMAINCOL->setFillColor(shownColour(picTITLEBARCOL->BackColor()));
-}
-
 void WebAlbumPage::makeRoom() {
     giveRowRoom({cbtnVIEWWEBALB, cbtnWEBALBUM}, 0);
     // Rows that stand side by side are of one height.
@@ -256,37 +197,32 @@ void WebAlbumPage::makeRoom() {
     }
 }
 
+// Captions one below the other are of one width; beside one another they take what they need.
+void WebAlbumPage::alignCaptions(bool areAligned) {
+    int width = 0;
+    for (const QLabel* caption : std::as_const(captions_)) {
+        width = std::max(width, caption->sizeHint().width());
+    }
+    for (QGridLayout* column : std::as_const(columns_)) {
+        column->setColumnMinimumWidth(0, areAligned ? width : 0);
+    }
+    scroll_->refresh();
+}
+
 void WebAlbumPage::layOut() {
     placeRow({cbtnVIEWWEBALB, cbtnWEBALBUM});
     placeNoSlides();
     scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this) - belowList));
-    samples_->setScale(leastScale);
+    constexpr int least = WebAlbumSamples::leastSide;
+    samples_->setPaneSize(QSize(least, least));
+    alignCaptions(false);
     scroll_->arrange({row_, settings_});
+    // In one column the settings leave more to the samples.
+    if (row_->direction() == QBoxLayout::LeftToRight) {
+        scroll_->stackIfHigh(*settings_);
+    }
+    alignCaptions(settings_->direction() == QBoxLayout::TopToBottom);
     growSamples();
-}
-
-int WebAlbumPage::headingHeight(int width) const {
-    int height = 0;
-    for (const QLabel* heading : headings_) {
-        height = std::max(height, heading->heightForWidth(width));
-    }
-    return height;
-}
-
-// Both alike, by what is free beside the settings and below the headings, which may wrap.
-void WebAlbumPage::growSamples() {
-    if (row_->direction() != QBoxLayout::LeftToRight) {
-        return samples_->setScale(1);
-    }
-    const bool scrolls = content_->minimumSizeHint().height() > scroll_->height();
-    const int bar = scrolls ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
-    const int spare = scroll_->width() - bar - row_->sizeHint().width();
-    const int below = scroll_->height() - row_->contentsMargins().top() - RowGap;
-    const int wide = samples_->picWAMAIN->width() + spare / 2;
-    int room = std::min(wide, below - headingHeight(wide));
-    room = std::min(room, below - headingHeight(room));
-    constexpr qreal side = WebAlbumSamples::side;
-    samples_->setScale(std::clamp(room / side, leastScale, mostScale));
 }
 
 void WebAlbumPage::tint() {

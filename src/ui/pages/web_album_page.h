@@ -48,6 +48,10 @@ public:
 
     /// Without slides the page says so, and leads to where they are chosen.
     void setHasSlides(bool hasSlides);
+    /// What the samples show; the title is the page's own.
+    void setSampleSlides(const SampleAlbum& album);
+    /// Where an album of the present title lies, for the button that opens it; empty without one.
+    void setAlbumFolder(const QString& folder);
 
     void makeRoom() override;
     /// Settings and samples stand side by side or below one another, as the width allows, and the
@@ -57,8 +61,15 @@ public:
     QList<QWidget*> tabOrder() const override;
     void tint() override;
 
+signals:
+    void Shown();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void makeControls(CommonDialog& cdlDIALOG);
+    void connectSamples();
     void makeNoSlides(Commands& commands);
     void placeNoSlides();
     void makeColours(CommonDialog& cdlDIALOG);
@@ -67,8 +78,11 @@ private:
     QLayout* columnOf(std::initializer_list<Field> fields);
     QBoxLayout* settings();
     QBoxLayout* panes();
+    void alignCaptions(bool areAligned);
     int headingHeight(int width) const;
     void growSamples();
+    void sizeSamples();
+    void showTitle();
     void WebAlbumSampleUpdate();
 
     Label* lblNOSLIDES_ = nullptr;
@@ -80,10 +94,12 @@ private:
     QBoxLayout* settings_ = nullptr;
     QBoxLayout* row_ = nullptr;
     QList<QGridLayout*> columns_;
+    QList<const QLabel*> captions_;
     QList<const QLabel*> headings_;
     /// The fields in the order of the Tab key.
     QList<QWidget*> fields_;
     std::unique_ptr<WebAlbumSamples> samples_;
+    SampleAlbum sampleAlbum_;
 };
 
 }  // namespace velorama

@@ -7,10 +7,10 @@ namespace velorama {
 namespace {
 
 // A layout hears of a change inside it when events run, and here sizes are asked for before that.
-void refresh(QLayout& layout) {
+void refreshAll(QLayout& layout) {
     for (int i = 0; i < layout.count(); ++i) {
         if (QLayout* inside = layout.itemAt(i)->layout()) {
-            refresh(*inside);
+            refreshAll(*inside);
         }
     }
     layout.invalidate();
@@ -45,17 +45,31 @@ void ScrolledContent::arrange(std::initializer_list<QBoxLayout*> boxes) {
     }
 }
 
+void ScrolledContent::refresh() {
+    refreshAll(*widget()->layout());
+}
+
+void ScrolledContent::stackIfHigh(QBoxLayout& box) {
+    const auto before = box.direction();
+    box.setDirection(QBoxLayout::TopToBottom);
+    refresh();
+    if (widget()->layout()->minimumSize().height() > height()) {
+        box.setDirection(before);
+        refresh();
+    }
+}
+
 void ScrolledContent::arrangeIn(int width, std::initializer_list<QBoxLayout*> boxes) {
     for (QBoxLayout* box : boxes) {
         box->setDirection(QBoxLayout::LeftToRight);
     }
-    refresh(*widget()->layout());
+    refresh();
     for (QBoxLayout* box : boxes) {
         if (widget()->layout()->minimumSize().width() <= width) {
             return;
         }
         box->setDirection(QBoxLayout::TopToBottom);
-        refresh(*widget()->layout());
+        refresh();
     }
 }
 

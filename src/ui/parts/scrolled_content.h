@@ -17,6 +17,10 @@ public:
     /// Puts what the boxes hold side by side, or, from the first box on, one below the other until
     /// the width suffices.
     void arrange(std::initializer_list<QBoxLayout*> boxes);
+    /// Sizes are asked for before events run, which would tell the layouts of a change inside them.
+    void refresh();
+    /// Puts what a box holds one below the other as long as nothing has to scroll down for that.
+    void stackIfHigh(QBoxLayout& box);
 
 private:
     void follow(QWidget* focused);
