@@ -154,5 +154,31 @@ TEST_F(PagesTest, TheKeyboardBringsAFieldIntoSight) {
     EXPECT_TRUE(seen.contains(place)) << field->objectName().toStdString();
 }
 
+// What a wide window has too much stands at the right of them.
+TEST_F(PagesTest, TheColumnsOfHelpStayTogetherInAWideWindow) {
+    start();
+    pages().tabPAGES->press(5);
+    window->resize(1900, 900);
+    QApplication::processEvents();
+    const HelpPage& help = *pages().help;
+    const auto left = [&help](const QWidget& control) {
+        return control.mapTo(&help, QPoint()).x();
+    };
+    const QWidget* steps = help.findChild<QWidget*>(QStringLiteral("btnSTEPCHOOSE"));
+    const QLabel* key = nullptr;
+    for (const QLabel* label : help.findChildren<QLabel*>()) {
+        if (label->text() == QLatin1String("F5")) {
+            key = label;
+        }
+    }
+    ASSERT_NE(key, nullptr);
+    EXPECT_LT(left(*key), left(*steps) + 480);
+    EXPECT_LT(left(*help.cbtnHELP), left(*key) + 300);
+    window->resize(750, 520);
+    QApplication::processEvents();
+    EXPECT_GT(left(*help.cbtnHELP), left(*key));
+    EXPECT_EQ(help.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+}
+
 }  // namespace
 }  // namespace velorama

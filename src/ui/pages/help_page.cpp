@@ -17,6 +17,7 @@ constexpr int LeastButtonWidth = 150;
 constexpr int LeastStepWidth = 130;
 constexpr int LeastButtonHeight = 22;
 constexpr int RowGap = 3;
+constexpr int StepGap = 10;
 constexpr qreal TitleScale = 1.5;
 
 }  // namespace
@@ -52,12 +53,16 @@ HelpPage::HelpPage(QWidget& surface, Commands& commands)
           {"cbtnSUPPORT", "support", "Open the support page in the browser", "Customer Support"},
           commands.support)),
       cbtnABOUT(button({"cbtnABOUT", "about", "About this program", "About"}, commands.about)),
+      steps_(new QWidget(&scroll_->content())),
       row_(new QHBoxLayout(&scroll_->content())) {
     row_->setContentsMargins(Margin, TopMargin, Margin, 0);
     row_->setSpacing(ColumnGap);
-    row_->addLayout(steps(commands), 1);
+    // What is left over stands at the right, and not between the columns.
+    steps_->setLayout(steps(commands));
+    row_->addWidget(steps_, 100);
     row_->addLayout(keys());
     row_->addLayout(links());
+    row_->addStretch(1);
 }
 
 QLabel* HelpPage::line(const char* name) {
@@ -104,7 +109,7 @@ QBoxLayout* HelpPage::head() {
 
 QBoxLayout* HelpPage::steps(Commands& commands) {
     auto* rows = new QGridLayout;
-    rows->setHorizontalSpacing(10);
+    rows->setHorizontalSpacing(StepGap);
     rows->setVerticalSpacing(RowGap);
     rows->setColumnStretch(1, 1);
     addStep(*rows, {{"btnSTEPCHOOSE", "picture", "Go to the page Pictures", "1  Choose Pictures"},
@@ -117,6 +122,7 @@ QBoxLayout* HelpPage::steps(Commands& commands) {
                     commands.start,
                     "See them on the whole screen."});
     auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
     column->addLayout(head());
     column->addWidget(heading("Your first show"));
@@ -131,6 +137,7 @@ void HelpPage::addStep(QGridLayout& rows, const Step& step) {
     stepButtons_.append(made);
     QLabel* text = words(QLatin1String(step.text));
     texts_.append(text);
+    stepTexts_.append(text);
     const int row = rows.rowCount();
     rows.addWidget(made, row, 0, Qt::AlignTop);
     rows.addWidget(text, row, 1, Qt::AlignVCenter);
@@ -209,6 +216,19 @@ void HelpPage::makeRoom() {
     };
     align(linkButtons(), LeastButtonWidth);
     align(stepButtons_, LeastStepWidth);
+    boundSteps();
+}
+
+// As wide as its texts are in one line.
+void HelpPage::boundSteps() {
+    int width = 0;
+    for (const QLabel* text : stepTexts_) {
+        width = std::max(width, text->fontMetrics().horizontalAdvance(text->text()));
+    }
+    width += stepButtons_.first()->minimumWidth() + StepGap;
+    const int head = imgICON->width() + Margin +
+                     std::max(lblMAINTITLE->sizeHint().width(), lblVERSION->sizeHint().width());
+    steps_->setMaximumWidth(std::max(width, head) + ColumnGap);
 }
 
 void HelpPage::layOut() {

@@ -52,9 +52,12 @@ private:
     QBoxLayout* keys();
     QBoxLayout* links();
     QList<cbtn*> linkButtons() const;
+    void boundSteps();
 
+    QWidget* steps_;
     QBoxLayout* row_;
     QList<cbtn*> stepButtons_;
+    QList<QLabel*> stepTexts_;
     /// Those that wrap.
     QList<QLabel*> texts_;
 };
