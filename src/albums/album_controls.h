@@ -13,6 +13,9 @@ struct AlbumControls {
     cbtn* btnADD;
     cbtn* btnREMOVE;
     cbtn* btnView;
+
+private:
+    void followList() const;
 };
 
 }  // namespace velorama
