@@ -125,7 +125,8 @@ void frmSLIDESHOW::load(QScreen* screen) {
     copyMusic();
     picCONTROLBAR.prgPLAY.setVisible(!picCONTROLBAR.lblPLAYING.Caption().isEmpty());
     picCONTROLBAR.applyAutoHide();
-    startHint_.showBriefly();
+    // The bar has texts of its own at both sides.
+    startHint_.showBriefly(picCONTROLBAR.isHidden() ? width() : picCONTROLBAR.lblSTATUS.width());
     loaded_ = true;
     takeSteps();
 }

@@ -14,9 +14,14 @@ constexpr int lineHeight = 18;
 constexpr int fromBottom = 2;
 constexpr int side = 12;
 
-const QString words = QStringLiteral(
-    "Esc leaves the show \u00B7 a click on the picture pauses it \u00B7 Left and Right turn the "
-    "slides");
+// The most that there is room for.
+const QString allWords[] = {
+    QStringLiteral("Esc leaves the show \u00B7 a click on the picture pauses it \u00B7 Left and "
+                   "Right turn the slides"),
+    QStringLiteral("Esc leaves \u00B7 a click pauses \u00B7 Left and Right turn the slides"),
+    QStringLiteral("Esc leaves \u00B7 a click pauses"),
+    QStringLiteral("Esc leaves"),
+};
 const QString segment = QStringLiteral("\\frmSLIDESHOW\\Details");
 const QString name = QStringLiteral("Keys Known");
 
@@ -24,7 +29,6 @@ const QString name = QStringLiteral("Keys Known");
 
 StartHint::StartHint(QWidget* form) : QWidget(form) {
     setObjectName(QStringLiteral("startHint"));
-    setAccessibleName(words);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     QFont font(QStringLiteral("Arial"));
     font.setPointSizeF(9);
@@ -50,12 +54,23 @@ void StartHint::keyUsed() {
     }
 }
 
-void StartHint::showBriefly() {
-    if (areKeysKnown()) {
+QString StartHint::wordsFor(int room) const {
+    for (const QString& words : allWords) {
+        if (fontMetrics().horizontalAdvance(words) + 2 * side <= room) {
+            return words;
+        }
+    }
+    return {};
+}
+
+void StartHint::showBriefly(int room) {
+    words_ = wordsFor(room);
+    if (areKeysKnown() || words_.isEmpty()) {
         return;
     }
+    setAccessibleName(words_);
     const QSize screen = parentWidget()->size();
-    const int width = qMin(screen.width(), fontMetrics().horizontalAdvance(words) + 2 * side);
+    const int width = fontMetrics().horizontalAdvance(words_) + 2 * side;
     setGeometry((screen.width() - width) / 2, screen.height() - fromBottom - lineHeight, width,
                 lineHeight);
     raise();
@@ -70,8 +85,7 @@ void StartHint::paintEvent(QPaintEvent*) {
     painter.setBrush(QColor(24, 24, 28));
     painter.drawRoundedRect(rect(), 5, 5);
     painter.setPen(Qt::white);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(words, Qt::ElideRight, width() - side));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, words_);
 }
 
 }  // namespace velorama

@@ -13,8 +13,9 @@ class StartHint : public QWidget {
 public:
     explicit StartHint(QWidget* form);
 
-    /// Comes up for three seconds, unless a key has been used before.
-    void showBriefly();
+    /// Comes up for three seconds, unless a key has been used before. In the middle of the form are
+    /// `room` logical pixels for it; where they are few it says less.
+    void showBriefly(int room);
     /// A key has been used, in this show or an earlier one.
     static bool areKeysKnown();
     static void setKeysKnown();
@@ -24,6 +25,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString wordsFor(int room) const;
+
+    QString words_;
     QTimer end_;
 };
 

@@ -31,6 +31,40 @@ TEST_F(StartHintTest, ComesUpOverTheStatusLineAndGoesByItself) {
     EXPECT_TRUE(comesTrue([&] { return hint().isHidden(); }));
 }
 
+TEST_F(StartHintTest, SaysLessWhereTheBarHasLittleRoom) {
+    const frmSLIDESHOW& show = begin();
+    const QString all = hint().accessibleName();
+    hint().hide();
+    hint().showBriefly(show.width());
+    EXPECT_EQ(hint().accessibleName(), all);
+    const int whole = hint().width();
+    int last = whole;
+    for (const int room : {whole - 1, 304, 150}) {
+        hint().showBriefly(room);
+        EXPECT_LE(hint().width(), room);
+        EXPECT_LT(hint().width(), last);
+        EXPECT_NEAR(hint().geometry().center().x(), show.rect().center().x(), 1);
+        EXPECT_TRUE(hint().accessibleName().startsWith(QStringLiteral("Esc leaves")));
+        last = hint().width();
+    }
+    hint().hide();
+    hint().showBriefly(20);
+    EXPECT_TRUE(hint().isHidden());
+}
+
+TEST_F(StartHintTest, KeepsClearOfTheTextsAtTheSidesOfABarThatStays) {
+    saveSetting(QStringLiteral("\\frmCONFIG\\Items"), QStringLiteral("TBAR"), QStringLiteral("0"));
+    const frmSLIDESHOW& show = begin();
+    ASSERT_TRUE(show.picCONTROLBAR.isVisible());
+    const QRect middle =
+        show.picCONTROLBAR.lblSTATUS.geometry().translated(show.picCONTROLBAR.pos());
+    if (hint().isVisible()) {
+        EXPECT_GE(hint().geometry().left(), middle.left());
+        EXPECT_LE(hint().geometry().right(), middle.right());
+    }
+    EXPECT_LT(middle.width(), show.width());
+}
+
 TEST_F(StartHintTest, AKeyEndsItForGood) {
     frmSLIDESHOW& show = begin();
     ASSERT_TRUE(hint().isVisible());
