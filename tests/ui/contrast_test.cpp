@@ -1,6 +1,13 @@
 #include "controls/buttons/contrast.h"
+#include "controls/buttons/colour_button.h"
+#include "controls/lists/item_mark.h"
 #include "controls/lists/list_delegate.h"
-
+#include "shell/frm_helpabout.h"
+#include "shell/frm_helpcenter.h"
+#include "shell/frm_helpcheckupdate.h"
+#include "support/waiting.h"
+#include "ui/dialogs/frm_picturepreview.h"
+#include "ui/dialogs/frm_toolssettings.h"
 #include "ui/window_world.h"
 
 #include <QScrollBar>
@@ -30,7 +37,7 @@ struct Look {
 
 /// What is seen is measured: the colour that takes most room is the ground, and the one that stands
 /// out most from it is the ink. What is off is meant to be pale.
-class ContrastTest : public test::WithWindow, public testing::WithParamInterface<Look> {
+class ContrastTest : public test::WithMenus, public testing::WithParamInterface<Look> {
 protected:
     ContrastTest() {
         QApplication::setPalette(GetParam().palette());
@@ -68,8 +75,12 @@ protected:
         for (auto* button : form.findChildren<QAbstractButton*>()) {
             if (button->isVisible() && button->isEnabled() && button->width() > 12) {
                 // Without its edge, which is no ink.
-                expectSeen(*button, button->rect().adjusted(4, 4, -4, -4),
-                           button->text().isEmpty() ? 3 : 4.5, button->objectName().toStdString());
+                // The ground of a colour's button is the page's, its swatch any colour.
+                const auto* sample = qobject_cast<const ColourButton*>(button);
+                const QRect ink = sample == nullptr ? button->rect().adjusted(4, 4, -4, -4)
+                                                    : sample->arrow()->geometry();
+                expectSeen(*button, ink, button->text().isEmpty() ? 3 : 4.5,
+                           button->objectName().toStdString());
             }
         }
     }
@@ -160,6 +171,127 @@ TEST_P(ContrastTest, OfWhatEmptyListsSay) {
                           static_cast<QWidget*>(slideControls().lvwSLIDEBAR->viewport())}) {
         expectSeen(*list, list->rect().adjusted(4, 4, -4, -4), 4.5,
                    list->parentWidget()->objectName().toStdString());
+    }
+}
+
+// An album whose file is gone is paler than the others, but can be read.
+TEST_P(ContrastTest, OfAlbumsChosenAndNotAndGone) {
+    ReportView& list = *albumControls().lvwALBUMS;
+    list.Clear();
+    for (const char* name : {"chosen", "plain", "gone"}) {
+        const QString path = test::temporaryFolder() + u'/' + QLatin1String(name) + u".vlr";
+        list.Add(path, QLatin1String(name))->setSubItems(1, QStringLiteral("What it is about"));
+        if (path.contains(QLatin1String("gone"))) {
+            continue;
+        }
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    list.item(1)->setSelected(true);
+    pages().tabPAGES->press(1);
+    ASSERT_TRUE(test::comesTrue([&] { return !list.lackOf(list.item(3)->Key()).isEmpty(); }));
+    QApplication::processEvents();
+    for (QWidget* keyboard :
+         {static_cast<QWidget*>(&list), static_cast<QWidget*>(slideControls().lvwSLIDEBAR)}) {
+        keyboard->setFocus();
+        QApplication::processEvents();
+        for (int row = 0; row < 3; ++row) {
+            for (int column = 0; column < 2; ++column) {
+                // Without the symbol in front.
+                const QRect cell = list.visualRect(list.model()->index(row, column));
+                expectSeen(*list.viewport(), cell.adjusted(30, 1, -3, -1), 4.5,
+                           "album " + std::to_string(row) + " " + std::to_string(column));
+            }
+        }
+    }
+}
+
+TEST_P(ContrastTest, OfMusicChosenPlayedAndNeither) {
+    ListBox& list = *music().lstMUSIC;
+    list.addItem(QStringLiteral("/music/First.mp3"));
+    list.addItem(QStringLiteral("/music/Second.mp3"));
+    list.setListIndex(0);
+    // Strokes of full ink: thin ones are mixed with the ground.
+    QFont bold = list.font();
+    bold.setBold(true);
+    bold.setPixelSize(20);
+    list.setFont(bold);
+    pages().tabPAGES->press(3);
+    for (const bool isPlayed : {false, true}) {
+        list.setEnabled(!isPlayed);
+        QApplication::processEvents();
+        // While music plays the list is off; the line that is played is what counts.
+        for (int row = 0; row < (isPlayed ? 1 : 2); ++row) {
+            expectSeen(*list.viewport(),
+                       list.visualItemRect(list.item(row)).adjusted(30, 1, -3, -1), 4.5,
+                       "line " + std::to_string(row));
+        }
+    }
+}
+
+TEST_P(ContrastTest, OfFoundPicturesSelectedCurrentAndNeither) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")});
+    start();
+    window->resize(1000, 700);
+    pages().tabPAGES->press(2);
+    ListView& list = *foundControls().lvwFOUND;
+    ASSERT_EQ(list.Count(), 3);
+    list.select({1}, 2);
+    for (QWidget* keyboard :
+         {static_cast<QWidget*>(&list), static_cast<QWidget*>(slideControls().lvwSLIDEBAR)}) {
+        keyboard->setFocus();
+        QApplication::processEvents();
+        for (int row = 0; row < 3; ++row) {
+            const QRect cell = list.visualRect(list.model()->index(row, 0));
+            const QRect caption = qobject_cast<ListDelegate*>(list.itemDelegate())
+                                      ->captionArea(cell, list.fontMetrics())
+                                      .adjusted(4, 0, -4, 0);
+            expectSeen(*list.viewport(), caption, 4.5, "found " + std::to_string(row));
+        }
+    }
+}
+
+TEST_P(ContrastTest, OfTheDialogs) {
+    frmTOOLSSETTINGS settings(window.get(), QString(), *albumControls().lvwALBUMS);
+    frmHELPABOUT about(window.get(), QIcon());
+    frmHELPCHECKUPDATE update(window.get());
+    frmPICTUREPREVIEW preview(window.get());
+    frmHELPCENTER help;
+    measurements = 0;
+    for (QWidget* form :
+         std::initializer_list<QWidget*>{&settings, &about, &update, &preview, &help}) {
+        form->show();
+        QApplication::processEvents();
+        expectButtons(*form);
+        expectLabels(*form);
+        form->hide();
+    }
+    EXPECT_GT(measurements, 20);
+}
+
+// On the darkest picture and on the lightest.
+TEST_P(ContrastTest, OfMarksOnPictures) {
+    const std::pair<const char*, ItemMark::Place> marks[] = {
+        {"check", ItemMark::Place::Corner},
+        {"picture-missing", ItemMark::Place::Middle},
+        {"picture-broken", ItemMark::Place::Middle}};
+    constexpr QRect picture(0, 0, 90, 90);
+    constexpr int disc = 8;
+    for (const auto& [symbol, place] : marks) {
+        for (const QColor& ground : {QColor(Qt::black), QColor(Qt::white)}) {
+            QImage image(picture.size(), QImage::Format_RGB32);
+            image.fill(ground);
+            QPainter painter(&image);
+            paintMark(painter, {QLatin1String(symbol), {}, place}, picture,
+                      slideControls().lvwSLIDEBAR->palette());
+            painter.end();
+            // Inside the disc, so that the picture does not count.
+            const bool isCorner = place == ItemMark::Place::Corner;
+            const QPoint middle = isCorner ? QPoint(90 - 4 - 9, 4 + 9) : picture.center();
+            const int side = isCorner ? disc : 2 * disc;
+            const QRect inside(middle - QPoint(side / 2, side / 2), QSize(side, side));
+            EXPECT_GE(measured(image.copy(inside)), 3) << symbol;
+        }
     }
 }
 

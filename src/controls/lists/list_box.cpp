@@ -1,5 +1,6 @@
 #include "controls/lists/list_box.h"
 
+#include "controls/buttons/contrast.h"
 #include "controls/buttons/icon.h"
 #include "controls/geometry/tip_markup.h"
 #include "controls/lists/list_frame.h"
@@ -55,6 +56,22 @@ public:
             paintHeld(*painter, line, box_.disabledSymbol_);
         } else {
             QStyledItemDelegate::paint(painter, option, index);
+        }
+    }
+
+protected:
+    // Desktops choose accents that small letters are hard to read on, and the style's mark of the
+    // focus makes the ground of a selected line paler still. The frame of the box tells of it.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->state.testFlag(QStyle::State_Selected)) {
+            option->state.setFlag(QStyle::State_HasFocus, false);
+        }
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+            option->palette.setColor(
+                group, QPalette::Highlight,
+                readableGround(option->palette.color(group, QPalette::Highlight),
+                               option->palette.color(group, QPalette::HighlightedText)));
         }
     }
 

@@ -54,6 +54,17 @@ void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QR
     painter.drawRoundedRect(ground, Radius, Radius);
 }
 
+/// Where a caption of which so many letters fit into the first line is broken: a name of one word
+/// before its ending.
+qsizetype breakOf(const QString& caption, qsizetype fitting) {
+    if (fitting <= 0 || fitting >= caption.size()) {
+        return fitting;
+    }
+    const bool isInWord = !caption.at(fitting - 1).isSpace() && !caption.at(fitting).isSpace();
+    const qsizetype ending = caption.lastIndexOf(u'.');
+    return isInWord && ending > 0 && ending < fitting ? ending : fitting;
+}
+
 /// At most two lines, the second cut in the middle: what tells files apart is often at the end.
 QStringList captionLines(const QString& caption, const QFont& font, int width) {
     const QFontMetrics metrics(font);
@@ -68,8 +79,9 @@ QStringList captionLines(const QString& caption, const QFont& font, int width) {
     QTextLine first = layout.createLine();
     first.setLineWidth(width);
     layout.endLayout();
-    return {caption.left(first.textLength()).trimmed(),
-            metrics.elidedText(caption.mid(first.textLength()).trimmed(), Qt::ElideMiddle, width)};
+    const qsizetype end = breakOf(caption, first.textLength());
+    return {caption.left(end).trimmed(),
+            metrics.elidedText(caption.mid(end).trimmed(), Qt::ElideMiddle, width)};
 }
 
 // Image pixels fall on whole pixels of the screen, or a thumbnail would look soft at 150 %.
