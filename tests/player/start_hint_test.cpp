@@ -1,5 +1,6 @@
 #include "player/start_hint.h"
 
+#include "core/globals.h"
 #include "player/player_world.h"
 
 #include "support/waiting.h"

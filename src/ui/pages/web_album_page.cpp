@@ -160,7 +160,6 @@ QLayout* WebAlbumPage::columnOf(std::initializer_list<Field> fields) {
         captions_.append(addPair(*grid, row++, caption, control));
         fields_.append(control);
     }
-    grid->setRowStretch(row, 1);
     columns_.append(grid);
     return grid;
 }
@@ -191,7 +190,7 @@ void WebAlbumPage::makeRoom() {
         height = std::max(height, field->sizeHint().height());
     }
     for (QGridLayout* column : std::as_const(columns_)) {
-        for (int row = 0; row < column->rowCount() - 1; ++row) {
+        for (int row = 0; row < column->rowCount(); ++row) {
             column->setRowMinimumHeight(row, height);
         }
     }

@@ -18,9 +18,11 @@ constexpr qreal browserWidth = 560;
 // Pixels of the page; those of the sizes that the program comes with.
 constexpr qreal titlePixels = 24;
 constexpr qreal textPixels = 12;
-// Logical pixels. Smaller letters cannot be read.
+// Logical pixels. Smaller letters cannot be read; those of captions and links stand closely, and in
+// a small pane they cannot be read either.
 constexpr qreal leastTitlePixels = 9;
 constexpr qreal leastTextPixels = 7;
+constexpr qreal leastSmallPixels = 5;
 // Pixels of the page. Larger pictures are all alike in a pane.
 constexpr qint32 mostSize = 10000;
 // What the pages say beside the style, for browsers without one.
@@ -29,6 +31,7 @@ constexpr QSizeF plainNeighbour(60, 47);
 // What stands for slides where there are none.
 constexpr std::size_t standIns = 6;
 constexpr QSizeF standInPicture(4, 3);
+constexpr QSizeF mostSymbol(64, 64);
 const QColor standInGround(0x9a, 0xb8, 0xd8);
 // Browsers have links that were not followed so, whatever the page's colour.
 const QColor linkColour(0, 0, 0xEE);
@@ -92,8 +95,10 @@ void SamplePicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (image_.isNull()) {
         painter.fillRect(rect(), standInGround);
-        paintSymbol(painter, QRectF(rect()).adjusted(2, 2, -2, -2), QStringLiteral("picture"),
-                    Qt::white);
+        const QSizeF room = (QSizeF(size()) - QSizeF(4, 4)).boundedTo(mostSymbol);
+        QRectF symbol(QPointF(), room);
+        symbol.moveCenter(QRectF(rect()).center());
+        paintSymbol(painter, symbol, QStringLiteral("picture"), Qt::white);
         return;
     }
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
@@ -245,8 +250,9 @@ void WebAlbumSamples::arrange() {
     scale_ = pane / std::max(browserWidth, pane);
     scaleFont(*lblTTLMAINCOL, titlePixels, leastTitlePixels);
     for (Label* label : texts()) {
-        scaleFont(*label, textPixels, leastTextPixels);
+        scaleFont(*label, textPixels, leastSmallPixels);
     }
+    scaleFont(*lbltxtSLIDECOL, textPixels, leastTextPixels);
     arrangeIndexPage();
     arrangeSlidePage();
 }

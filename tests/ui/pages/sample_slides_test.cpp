@@ -170,6 +170,18 @@ TEST_F(SampleSlidesTest, TheSamplesFillTheRoomBesideTheSettings) {
     EXPECT_GT(end.y(), page->cbtnVIEWWEBALB->y() - 20);
 }
 
+TEST_F(SampleSlidesTest, TheSettingsBesideThemStayTogether) {
+    for (const QSize& size : {QSize(1400, 600), QSize(1400, 900)}) {
+        page->resize(size);
+        page->makeRoom();
+        page->layOut();
+        QApplication::processEvents();
+        const int rows = page->udnTHUMBNAIL->geometry().bottom() - page->txtTITLE->y();
+        EXPECT_LT(rows, 13 * (page->cboFONTS->height() + 3)) << size.height();
+        EXPECT_EQ(page->txtTITLE->x(), page->cboFONTS->x());
+    }
+}
+
 TEST_F(SampleSlidesTest, TheFolderStandsInTheTooltipOfView) {
     page->setAlbumFolder(QStringLiteral("/home/ann/<b>/Trip/"));
     EXPECT_TRUE(page->cbtnVIEWWEBALB->toolTip().contains(QStringLiteral("/&lt;b&gt;/Trip/")));
