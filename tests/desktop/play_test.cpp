@@ -137,6 +137,31 @@ TEST_F(Play, LockedGoesOnWhenPicturesAreBack) {
     EXPECT_EQ(program.waitForExit(), 0);
 }
 
+// The server cannot shrink to nothing and says so, but the output is off.
+TEST_F(Play, OutlivesItsOnlyScreen) {
+    ASSERT_NO_FATAL_FAILURE(begin());
+    const auto isOn = [&] {
+        return session->run(QStringLiteral("xrandr"), {QStringLiteral("--query")})
+            .value_or(QByteArray())
+            .contains("connected 800x600+0+0");
+    };
+    Program& program =
+        play({QStringLiteral("--lock"), QStringLiteral("--interval"), QStringLiteral("2")});
+    ASSERT_TRUE(waitForSlide(kFirst));
+    ASSERT_TRUE(isOn());
+    session->run(QStringLiteral("xrandr"),
+                 {QStringLiteral("--output"), QStringLiteral("screen"), QStringLiteral("--off")});
+    ASSERT_TRUE(waitFor([&] { return !isOn(); }));
+    ASSERT_TRUE(session->run(
+        QStringLiteral("xrandr"),
+        {QStringLiteral("--output"), QStringLiteral("screen"), QStringLiteral("--auto")}));
+    EXPECT_TRUE(waitForSlide(kSecond));
+    EXPECT_TRUE(waitForSlide(kFirst));
+    EXPECT_TRUE(waitFor([&] { return look->isFramed(session->glance()); }));
+    terminate(program);
+    EXPECT_EQ(program.waitForExit(), 0);
+}
+
 TEST_F(Play, WithoutAWindowManagerKeysReachItToo) {
     ASSERT_NO_FATAL_FAILURE(begin({.width = 800, .height = 600, .windowManager = false}));
     Program& program = play();
