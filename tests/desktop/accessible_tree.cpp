@@ -102,6 +102,58 @@ void AccessibleTree::walk(const Object& object,
     }
 }
 
+bool AccessibleTree::isFocused(const Object& object) const {
+    constexpr quint32 focused = 1U << 12U;
+    const QVariant answer = ask(object, kAccessible, QStringLiteral("GetState"));
+    const auto states = qdbus_cast<QList<quint32>>(answer);
+    return !states.isEmpty() && (states.first() & focused) != 0;
+}
+
+AccessibleTree::Told AccessibleTree::told(const Object& object) const {
+    Told all;
+    all.name = property(object, QStringLiteral("Name"));
+    all.role = ask(object, kAccessible, QStringLiteral("GetRoleName")).toString();
+    all.place = ask(object, kAccessible, QStringLiteral("GetIndexInParent")).toInt();
+    const auto parent = parentOf(object);
+    all.count = property(parent, QStringLiteral("ChildCount")).toInt();
+    const auto extent = ask(object, QStringLiteral("org.a11y.atspi.Component"),
+                            QStringLiteral("GetExtents"), {quint32{0}})
+                            .value<QDBusArgument>();
+    extent.beginStructure();
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    extent >> x >> y >> width >> height;
+    extent.endStructure();
+    all.extent = QRect(x, y, width, height);
+    return all;
+}
+
+AccessibleTree::Object AccessibleTree::parentOf(const Object& object) const {
+    const auto answer = ask(object, QStringLiteral("org.freedesktop.DBus.Properties"),
+                            QStringLiteral("Get"), {kAccessible, QStringLiteral("Parent")})
+                            .value<QDBusVariant>()
+                            .variant()
+                            .value<QDBusArgument>();
+    QString service;
+    QDBusObjectPath path;
+    answer.beginStructure();
+    answer >> service >> path;
+    answer.endStructure();
+    return {service, path.path()};
+}
+
+std::vector<AccessibleTree::Told> AccessibleTree::focused() const {
+    std::vector<Told> all;
+    walk({kRegistry, kRoot}, [&](const Object& object) {
+        if (isFocused(object)) {
+            all.push_back(told(object));
+        }
+    });
+    return all;
+}
+
 QStringList AccessibleTree::names() const {
     QStringList all;
     walk({kRegistry, kRoot},

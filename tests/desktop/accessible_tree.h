@@ -3,6 +3,7 @@
 #include "desktop/session.h"
 
 #include <QDBusConnection>
+#include <QRect>
 
 namespace velorama::desktop {
 
@@ -24,11 +25,27 @@ public:
     /// What is told besides of everything that has this name; empty texts are left out.
     QStringList descriptions(const QString& name) const;
 
+    /// One object as it is told.
+    struct Told {
+        QString name;
+        QString role;
+        /// Place among its neighbours from 0, and how many these are.
+        int place = -1;
+        int count = 0;
+        /// On the screen, pixels.
+        QRect extent;
+    };
+    /// What has the keyboard, from the outermost object to the innermost.
+    std::vector<Told> focused() const;
+
 private:
     struct Object {
         QString service;
         QString path;
     };
+    Told told(const Object& object) const;
+    Object parentOf(const Object& object) const;
+    bool isFocused(const Object& object) const;
     QVariant ask(const Object& object, const QString& interface, const QString& method,
                  const QVariantList& arguments = {}) const;
     QString property(const Object& object, const QString& name) const;
