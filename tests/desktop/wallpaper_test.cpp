@@ -16,7 +16,6 @@ class DesktopWallpaper : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(session.isUp());
-        const QString folder = session.home() + QStringLiteral("/it's 100% #1");
         ASSERT_TRUE(QDir().mkpath(folder));
         for (const auto& [name, colour] :
              {std::pair("a red one.bmp", Qt::red), std::pair("b.bmp", Qt::blue)}) {
@@ -38,6 +37,7 @@ protected:
     }
 
     DesktopSession session;
+    QString folder = session.home() + QStringLiteral("/it's 100% #1");
     Store store{session};
     std::optional<PicturesPage> page;
 };
@@ -62,6 +62,15 @@ TEST_F(DesktopWallpaper, PopupShowsTheNextAndTheEndOfTheProgramLeavesIt) {
     EXPECT_EQ(page->program().waitForExit(), 0);
     EXPECT_TRUE(screenShows(Qt::blue));
     EXPECT_EQ(session.screenshot().pixelColor(640, 480), QColor(Qt::blue));
+}
+
+TEST_F(DesktopWallpaper, ACallShowsAPictureBesideAWindowThatRuns) {
+    Program& call =
+        session.start({QStringLiteral("--wallpaper"), folder + QStringLiteral("/a red one.bmp")});
+    EXPECT_EQ(call.waitForExit(), 0);
+    EXPECT_TRUE(screenShows(Qt::red));
+    EXPECT_EQ(page->close(), 0);
+    EXPECT_TRUE(screenShows(Qt::red)) << "the end of the window takes it away";
 }
 
 // Larger than the toolkit reads unless it is told to, and no picture of another kind before it.
