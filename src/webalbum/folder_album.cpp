@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace velorama {
@@ -132,32 +134,55 @@ void FolderAlbum::copyProgramImages() {
     }
 }
 
-void FolderAlbum::copyPictures() {
-    const int count = c_.lvwSLIDEBAR->Count();
-    for (int i = 1; i <= count && !isStopped(); ++i) {
+/// What is to be copied: of several of one name the last, as it would take the others' place. From
+/// behind, so that of those that cannot be read the first is told.
+std::vector<FileCopy> FolderAlbum::copies() {
+    std::vector<FileCopy> all;
+    QSet<QString> known;
+    for (int i = c_.lvwSLIDEBAR->Count(); i >= 1; --i) {
         const QString key = c_.lvwSLIDEBAR->item(i)->Key();
-        if (gFileFoldr->FileExists(key)) {
-            copy(key, fileIn(pictures(), gFileFoldr->FileNameFromPath(key, true)));
+        const QString target = fileIn(pictures(), gFileFoldr->FileNameFromPath(key, true));
+        if (known.contains(target) || !gFileFoldr->FileExists(key)) {
+            continue;
         }
+        known.insert(target);
+        if (QFileInfo(hostFile(key)).isReadable()) {
+            all.push_back({key, target});
+        } else {
+            // The others may be better off.
+            failure_ = key + u": " + readingObstacle(hostFile(key));
+        }
+    }
+    std::reverse(all.begin(), all.end());
+    return all;
+}
+
+void FolderAlbum::copyPictures() {
+    const std::vector<FileCopy> all = copies();
+    const auto told = [this, count = static_cast<int>(all.size())](int done) {
         if (step_) {
-            step_(QStringLiteral("picture"), i, count);
+            step_(QStringLiteral("picture"), done, count);
         }
         // The system's request to end is one.
         DoEvents();
+    };
+    const std::optional<FileCopy> failed =
+        copyFiles(all, folder_.chopped(1), stop_.get_token(), told);
+    if (failed) {
+        tellFailed(*failed);
     }
 }
 
 void FolderAlbum::copy(const QString& source, const QString& target) {
-    if (isStopped() || gFileFoldr->FileCopyNew(source, target)) {
-        return;
+    if (!isStopped() && !gFileFoldr->FileCopyNew(source, target)) {
+        tellFailed({source, target});
     }
-    const QFile from(hostFile(source));
-    if (!QFileInfo(from).isReadable()) {
-        // The others may be better off.
-        note(source + u": " + readingObstacle(from.fileName()));
-    } else {
-        fail(target + u": " + writingObstacle(target));
-    }
+}
+
+void FolderAlbum::tellFailed(const FileCopy& failed) {
+    const QString from = hostFile(failed.source);
+    fail(QFileInfo(from).isReadable() ? failed.target + u": " + writingObstacle(failed.target)
+                                      : failed.source + u": " + readingObstacle(from));
 }
 
 void FolderAlbum::writePages() {
@@ -181,15 +206,11 @@ void FolderAlbum::writePages() {
     QObject::disconnect(told);
 }
 
-void FolderAlbum::note(const QString& what) {
+/// Nothing more is tried in a place that takes nothing.
+void FolderAlbum::fail(const QString& what) {
     if (failure_.isEmpty()) {
         failure_ = what;
     }
-}
-
-/// Nothing more is tried in a place that takes nothing.
-void FolderAlbum::fail(const QString& what) {
-    note(what);
     stop_.request_stop();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browse/slide_controls.h"
+#include "webalbum/file_copies.h"
 #include "webalbum/mod_webalbum.h"
 
 #include <functional>
@@ -36,8 +37,9 @@ private:
     void copyPictures();
     void copyProgramImages();
     void writePages();
+    std::vector<FileCopy> copies();
     void copy(const QString& source, const QString& target);
-    void note(const QString& what);
+    void tellFailed(const FileCopy& failed);
     void fail(const QString& what);
     bool isStopped() const { return stop_.stop_requested(); }
     QString images() const;

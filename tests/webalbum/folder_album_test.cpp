@@ -42,7 +42,7 @@ TEST_F(FolderAlbumTest, HasTheFilesOfTheWindow) {
 
 TEST_F(FolderAlbumTest, StepsAreTold) {
     EXPECT_EQ(write(), "");
-    for (const char* step : {"picture 1/3", "picture 3/3", "page 1/3", "page 3/3"}) {
+    for (const char* step : {"picture 3/3", "page 1/3", "page 3/3"}) {
         EXPECT_TRUE(steps.contains(QLatin1String(step))) << steps.join(u',').toStdString();
     }
 }
@@ -50,9 +50,9 @@ TEST_F(FolderAlbumTest, StepsAreTold) {
 TEST_F(FolderAlbumTest, AStopEndsItAtTheNextPicture) {
     atStep = [this] { stop.request_stop(); };
     EXPECT_EQ(write(), "");
-    EXPECT_EQ(steps, QStringList(QStringLiteral("picture 1/3")));
-    EXPECT_FALSE(QFileInfo::exists(folder + QStringLiteral("/pictures/b.bmp")));
-    EXPECT_FALSE(QFileInfo::exists(folder + QStringLiteral("/index1.html")));
+    EXPECT_FALSE(steps.isEmpty());
+    EXPECT_TRUE(steps.filter(QStringLiteral("page")).isEmpty()) << steps.join(u',').toStdString();
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 0);
 }
 
 // Killed before it was complete, it is known for a web album all the same.
@@ -81,6 +81,16 @@ TEST_F(FolderAlbumTest, APageThatCannotBeWrittenIsTold) {
     QFile::remove(folder + QStringLiteral("/b.bmp.html"));
     QDir().mkpath(folder + QStringLiteral("/b.bmp.html"));
     EXPECT_EQ(write(), folder.toStdString() + "/b.bmp.html: there is something else of that name");
+}
+
+// Two slides of one name: the later one takes the place, however many threads copy.
+TEST_F(FolderAlbumTest, OfSlidesOfOneNameTheLastIsCopied) {
+    const QString other = temporaryFolder() + QStringLiteral("/a.bmp");
+    const QByteArray bytes = pictureBytes({20, 60});
+    writeFile(other, bytes);
+    ASSERT_NE(lvwSLIDEBAR.Add(4, other, QStringLiteral("a.bmp"), 0), nullptr);
+    EXPECT_EQ(write(), "");
+    EXPECT_TRUE(readFile(folder + QStringLiteral("/pictures/a.bmp")) == bytes);
 }
 
 TEST_F(FolderAlbumTest, MissingSlidesHoldNothingUp) {
