@@ -95,8 +95,9 @@ TEST_F(SlowPictures, closingInTheMidstOfARead) {
     EXPECT_EQ(keys(), QStringList());
 }
 
-TEST_F(SlowPictures, theFileOfAPictureMadeAheadIsLookedAtByAnotherThread) {
+TEST_F(SlowPictures, theFileOfAPictureMadeLongAgoIsLookedAtByAnotherThread) {
     threads.release();
+    WithSlides::pictures.setMostAge({});
     WithSlides::pictures.expect({all[0]}, Fit::cell(Thumbnails::slideCell));
     pictureThreads().waitForDone();
     const test::BusyThreads again;

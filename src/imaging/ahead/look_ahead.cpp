@@ -45,6 +45,7 @@ LookAhead::Work LookAhead::workOn(const QString& path, const Fit& fit, const Cel
     Work work{.file = stateOf(path), .cell = loadFitted(path, fit, cells)};
     const FileStamp& seen = work.cell.file;
     work.isCurrent = work.file == (seen.isFile() ? stateOf(seen) : stateOf(path));
+    work.ended = std::chrono::steady_clock::now();
     return work;
 }
 
@@ -96,13 +97,18 @@ bool LookAhead::awaitEnd(QFuture<Work>& work, const std::function<bool()>& isLef
     return stayed;
 }
 
+bool LookAhead::isOld(const QFuture<Work>& work) const {
+    return work.isFinished() &&
+           std::chrono::steady_clock::now() - work.result().ended >= mostAge_;
+}
+
 Cell LookAhead::await(const QString& path, int side, const std::function<bool()>& isLeft) {
     const Fit fit = Fit::cell(side);
     const auto work = [path, fit, cells = cells_] { return workOn(path, fit, cells); };
     auto known = fit == fit_ ? works_.extract(path) : Works::node_type();
     QFuture<Work> awaited = known ? std::move(known.mapped()) : begin(work, aheadOfOthers);
-    if (awaited.isFinished()) {
-        // Some time ago, and this thread asks no disk: one that sleeps would hold the window.
+    if (isOld(awaited)) {
+        // This thread asks no disk: one that sleeps would hold the window.
         const auto look = [done = awaited.takeResult(), path, fit, cells = cells_] {
             return anewIfChanged(done, path, fit, cells);
         };

@@ -261,10 +261,23 @@ TEST(LookAhead, awaited_is_left_at_once) {
     EXPECT_TRUE(busy.isBusy());
 }
 
+TEST(LookAhead, awaited_gives_what_is_done_while_all_threads_are_busy) {
+    const Fit fit = Fit::cell(64);
+    const QString path = sampleFiles(1).first();
+    LookAhead pictures;
+    pictures.setMostAge(std::chrono::hours(1));
+    pictures.expect({path}, fit);
+    waitForThreads();
+    const BusyThreads busy;
+    EXPECT_EQ(pictures.await(path, 64, isWanted).bitmap, fitted(path, fit));
+    EXPECT_TRUE(busy.isBusy());
+}
+
 TEST(LookAhead, awaited_takes_a_changed_file_anew) {
     const Fit fit = Fit::cell(64);
     const QString path = sampleFiles(1).first();
     LookAhead pictures;
+    pictures.setMostAge({});
     pictures.expect({path}, fit);
     waitForThreads();
     write(path, test::jpegBytes(landscape(33, 44)));
