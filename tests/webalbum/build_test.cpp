@@ -10,6 +10,7 @@
 
 #include <sys/resource.h>
 #include <csignal>
+#include <numeric>
 
 namespace velorama::test {
 namespace {
@@ -78,8 +79,32 @@ TEST_F(Build, ShowsItsProgress) {
     prgBARSLIDES.show();
     build();
     EXPECT_FALSE(hidden);
-    EXPECT_EQ(values.back(), 14);
     EXPECT_EQ(prgBARSLIDES.Max(), 14);
+    // Before each thumbnail, the number of the one before; then of each slide page. The fifteenth,
+    // at which the last row of the main pages stops, is beyond the end.
+    std::vector<float> wanted(15);
+    std::iota(wanted.begin(), wanted.end(), 0.0F);
+    for (int i = 1; i <= 14; ++i) {
+        wanted.push_back(static_cast<float>(i));
+    }
+    EXPECT_EQ(values, wanted);
+}
+
+TEST_F(Build, ShowsItsBarFromTheFirstThumbnailOn) {
+    addSlides(3);
+    std::vector<float> ends;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        const bool isMeasuring = QFile::exists(albumFolder() + QStringLiteral("images/end.gif")) &&
+                                 !QFile::exists(albumFolder() + QStringLiteral("index1.html"));
+        if (isMeasuring && prgBARSLIDES.isVisibleTo(&surface)) {
+            ends.push_back(prgBARSLIDES.Max());
+        }
+    });
+    watch.start(0);
+    build();
+    ASSERT_FALSE(ends.empty());
+    EXPECT_EQ(ends.back(), 3);
 }
 
 TEST_F(Build, ViewOpensThePathOfTheTitleAsItIsNow) {
@@ -316,6 +341,26 @@ TEST_F(Build, SizesChangedInTheMiddleReachTheRest) {
     EXPECT_TRUE(page(QStringLiteral("a03.jpg.html")).contains("WIDTH: 700px; HEIGHT: 525px "));
     EXPECT_TRUE(page(QStringLiteral("a03.jpg.html")).contains("WIDTH: 48px; HEIGHT: 36px "));
     EXPECT_TRUE(page(QStringLiteral("images/mainwa.css")).contains("#E4F4FE"));
+}
+
+TEST_F(Build, ATitleChangedInTheMiddleReachesThePagesAndNotTheFolder) {
+    addSlides(3);
+    const QString folder = albumFolder();
+    // While the pictures are copied; then with the main page under way.
+    QTimer::singleShot(0, &lvwSLIDEBAR, [this] { title = QStringLiteral("Second"); });
+    atPicture(1, [this] { title = QStringLiteral("Third"); });
+    build();
+    EXPECT_TRUE(readFile(folder + QStringLiteral("index1.html")).contains("<TITLE>Second</TITLE>"));
+    EXPECT_TRUE(readFile(folder + QStringLiteral("a01.jpg.html")).contains("<TITLE>Third</TITLE>"));
+    EXPECT_FALSE(QFile::exists(albumFolder()));
+    EXPECT_EQ(shown, QStringList(complete));
+}
+
+TEST_F(Build, ColoursChangedWhileItIsCopiedReachTheStyleSheet) {
+    addSlides(3);
+    QTimer::singleShot(0, &lvwSLIDEBAR, [this] { background = 255; });
+    build();
+    EXPECT_TRUE(page(QStringLiteral("images/mainwa.css")).contains("background-COLOR:#FF0000;"));
 }
 
 TEST_F(Build, AListThatEmptiesInTheMiddleEndsCleanly) {
