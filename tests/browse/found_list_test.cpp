@@ -132,6 +132,17 @@ TEST_F(FoundListTest, folderWithoutPicturesIsAnEmptyListAndNoBar) {
     expectAtRest();
 }
 
+TEST_F(FoundListTest, theFolderIsStoredBeforeTheButtonsAreChecked) {
+    const QString folder = folderWith({QStringLiteral("a.jpg")});
+    QString atClick;
+    QString atCheck;
+    QObject::connect(list.get(), &FoundList::Clicked, [&] { atClick = stored(); });
+    QObject::connect(list.get(), &FoundList::Listed, [&] { atCheck = stored(); });
+    list->ftvFOLDER_NodeChange(folder);
+    EXPECT_EQ(atClick, QStringLiteral("none"));
+    EXPECT_EQ(atCheck, folder);
+}
+
 TEST_F(FoundListTest, folderThatCannotBeReadIsStoredAllTheSame) {
     list->ftvFOLDER_NodeChange(QStringLiteral("/nowhere/at/all"));
     EXPECT_EQ(lvwFOUND->Count(), 0);

@@ -248,6 +248,30 @@ TEST_F(Updates, AnOwnerClosedWhileTheServerIsAskedEndsTheCheck) {
     EXPECT_EQ(looks, 0);
 }
 
+/// Notes what it is asked for.
+class NotingFetch : public HttpFetch {
+public:
+    explicit NotingFetch(QStringList& notes) : notes_(notes) {}
+    QString OpenURL(const QString&) override {
+        notes_.append(QStringLiteral("open"));
+        return QStringLiteral("0.5");
+    }
+    void Cancel() override { notes_.append(QStringLiteral("cancel")); }
+
+private:
+    QStringList& notes_;
+};
+
+TEST_F(Updates, TheFetchComesBeforeTheWaitAndIsCancelledBehindTheDialog) {
+    QStringList notes;
+    NotingFetch noting(notes);
+    whenUp<frmHELPCHECKUPDATE>(
+        [&notes](frmHELPCHECKUPDATE&) { notes.append(QStringLiteral("dialog")); });
+    UpdateCheck(noting, [&notes](QWidget*) { notes.append(QStringLiteral("wait")); }).run(&window);
+    EXPECT_EQ(notes, QStringList({QStringLiteral("open"), QStringLiteral("wait"),
+                                  QStringLiteral("dialog"), QStringLiteral("cancel")}));
+}
+
 class About : public Updates {};
 
 TEST_F(About, TellsNameVersionAndLegalNotice) {
