@@ -68,6 +68,8 @@ public:
     void SlideListReload();
     /// Writes count and paths to the settings.
     void SELECTIONSAVE();
+    /// The same as the last thing that is done with the list.
+    void saveAtEnd() { store_.writePathsFirst(); }
 
     /// Switches the commands on the slides on or off by the list.
     void SelectChk();

@@ -52,10 +52,20 @@ void SlideStore::write() {
     writeAll();
 }
 
+void SlideStore::writePathsFirst() {
+    settle();
+    writePaths();
+    writeCount();
+}
+
 bool SlideStore::writeAll() const {
-    const int count = list_.Count();
-    bool written = saveSlideCount(count);
-    for (int i = 1; i <= count; ++i) {
+    const bool counted = saveSlideCount(list_.Count());
+    return writePaths() && counted;
+}
+
+bool SlideStore::writePaths() const {
+    bool written = true;
+    for (int i = 1; i <= list_.Count(); ++i) {
         written = saveSlidePath(i, list_.item(i)->Key()) && written;
     }
     return written;

@@ -20,6 +20,8 @@ public:
 
     /// Writes count and paths.
     void write();
+    /// The same the other way round: the count is the last that is written.
+    void writePathsFirst();
     void writeCount() const;
     /// Writes count and the last slide's path; false if the settings did not take them.
     bool writeLast(const QString& path) const;
@@ -61,6 +63,7 @@ private:
     int selectedBesideFirst() const;
     std::vector<int> selected() const;
     bool writeAll() const;
+    bool writePaths() const;
     bool survives() const;
 
     ListView& list_;

@@ -134,7 +134,7 @@ void mfrmPRGMAIN::Form_Unload() {
     mediaKeys_.stop();
     works_.stop();
     pages_->save();
-    works_.slides.SELECTIONSAVE();
+    works_.slides.saveAtEnd();
     gRegistry->FormDimensionsSave(*this, true);
     pages_->pictures->saveSplitter();
     pages_->webAlbum->save();
