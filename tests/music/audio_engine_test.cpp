@@ -192,6 +192,16 @@ TEST_F(AudioEngineTest, OneRowRepeatsForEver) {
     }
 }
 
+TEST_F(AudioEngineTest, TheNextTrackIsToldOnceItIsNamed) {
+    fill({a, b}, 0);
+    engine->AudioPlay();
+    QStringList told;
+    QObject::connect(engine.get(), &AudioEngine::Changed, &page,
+                     [&] { told.append(controls.lblFile->Caption()); });
+    poll(QStringLiteral("5500"), QStringLiteral("5100"));
+    EXPECT_EQ(told, QStringList({a, b}));
+}
+
 TEST_F(AudioEngineTest, WithoutASelectedRowTheFirstFollows) {
     fill({a, b}, -1);
     engine->AudioPlay();
