@@ -35,23 +35,6 @@ AlbumControls::AlbumControls(QWidget& page)
         "AlbumControls",
         "Albums that you save or open are listed here.\nTo begin, choose pictures for a show, "
         "then save it as an album."));
-    const QAbstractItemModel* rows = lvwALBUMS->model();
-    const auto follow = [controls = *this] { controls.followList(); };
-    QObject::connect(rows, &QAbstractItemModel::rowsInserted, lvwALBUMS, follow);
-    QObject::connect(rows, &QAbstractItemModel::rowsRemoved, lvwALBUMS, follow);
-    QObject::connect(rows, &QAbstractItemModel::modelReset, lvwALBUMS, follow);
-    followList();
-}
-
-// Without an album two of the buttons do nothing. The keyboard does not stay on what is off.
-void AlbumControls::followList() const {
-    const bool hasAlbums = lvwALBUMS->Count() > 0;
-    for (cbtn* button : {btnREMOVE, btnView}) {
-        if (!hasAlbums && button->hasFocus()) {
-            lvwALBUMS->setFocus();
-        }
-        button->setEnabled(hasAlbums);
-    }
 }
 
 }  // namespace velorama

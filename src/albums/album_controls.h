@@ -13,9 +13,6 @@ struct AlbumControls {
     cbtn* btnADD;
     cbtn* btnREMOVE;
     cbtn* btnView;
-
-private:
-    void followList() const;
 };
 
 }  // namespace velorama

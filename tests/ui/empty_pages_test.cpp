@@ -29,24 +29,6 @@ TEST_F(EmptyPages, SlideshowsLeadsToThePictures) {
     EXPECT_TRUE(pages().pictures->isVisible());
 }
 
-TEST_F(EmptyPages, WithoutAlbumsNoneCanBeRemovedOrOpened) {
-    start();
-    turnTo(1);
-    const AlbumControls& c = albumControls();
-    EXPECT_FALSE(c.btnREMOVE->isEnabled());
-    EXPECT_FALSE(c.btnView->isEnabled());
-    EXPECT_TRUE(c.btnADD->isEnabled());
-    c.lvwALBUMS->Add(QStringLiteral("/a.vlr"), QStringLiteral("a"))->setSelected(true);
-    EXPECT_TRUE(c.btnREMOVE->isEnabled());
-    EXPECT_TRUE(c.btnView->isEnabled());
-    c.btnREMOVE->setFocus();
-    c.btnREMOVE->click();
-    EXPECT_EQ(c.lvwALBUMS->Count(), 0);
-    EXPECT_FALSE(c.btnREMOVE->isEnabled());
-    EXPECT_FALSE(c.btnView->isEnabled());
-    EXPECT_TRUE(c.lvwALBUMS->hasFocus());
-}
-
 TEST_F(EmptyPages, AFolderWithoutPicturesLeadsToTheSamples) {
     start();
     turnTo(2);
