@@ -46,6 +46,28 @@ TEST_F(ListCaptions, ANameOfOneWordIsBrokenBeforeItsEnding) {
     EXPECT_EQ(painted(name), painted(QStringLiteral("Lighthouse .jpg")));
 }
 
+TEST_F(ListCaptions, TheFirstRowIsAtTheTopHoweverNarrowTheList) {
+    ImageList icons;
+    QImage icon(64, 64, QImage::Format_RGB32);
+    icon.fill(Qt::red);
+    icons.Add(QStringLiteral("a"), icon);
+    list.setIcons(&icons);
+    for (int i = 1; i <= 12; ++i) {
+        list.Add(i, QString::number(i), QStringLiteral("name.jpg"), 1);
+    }
+    list.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&list));
+    for (const int width : {500, 240, 180, 150, 90}) {
+        list.resize(width, 80);
+        QCoreApplication::processEvents();
+        const QRect cell = list.visualRect(list.model()->index(0, 0));
+        EXPECT_EQ(cell.topLeft(), QPoint(0, 0)) << width;
+        const QImage seen = list.viewport()->grab().toImage();
+        EXPECT_EQ(seen.pixelColor(cell.center().x(), 20), QColor(Qt::red)) << width;
+    }
+    list.setIcons(nullptr);
+}
+
 TEST_F(ListCaptions, ALongWordIsBrokenWhereTheLineEnds) {
     const QString name = QStringLiteral("Lighthouselighthouse.jpg");
     letOverflow(name.left(14));
