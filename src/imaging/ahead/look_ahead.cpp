@@ -98,8 +98,7 @@ bool LookAhead::awaitEnd(QFuture<Work>& work, const std::function<bool()>& isLef
 }
 
 bool LookAhead::isOld(const QFuture<Work>& work) const {
-    return work.isFinished() &&
-           std::chrono::steady_clock::now() - work.result().ended >= mostAge_;
+    return work.isFinished() && std::chrono::steady_clock::now() - work.result().ended >= mostAge_;
 }
 
 Cell LookAhead::await(const QString& path, int side, const std::function<bool()>& isLeft) {
