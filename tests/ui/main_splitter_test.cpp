@@ -1,5 +1,6 @@
 #include "ui/window_world.h"
 
+#include <QAccessible>
 #include <QMouseEvent>
 
 namespace velorama {
@@ -95,6 +96,14 @@ TEST_F(SplitterTest, TheLayoutBringsTheFoundListBack) {
     foundControls().lvwFOUND->hide();
     window->VBarLayout();
     EXPECT_FALSE(foundControls().lvwFOUND->isHidden());
+}
+
+TEST_F(SplitterTest, IsASplitterToAssistiveTools) {
+    const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&bar());
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->role(), QAccessible::Splitter);
+    EXPECT_EQ(told->text(QAccessible::Name),
+              QStringLiteral("Divider between folders and pictures"));
 }
 
 TEST_F(SplitterTest, MovesByTheKeyboard) {

@@ -151,8 +151,7 @@ void ListView::layOutCells() {
     QSize cell =
         ListDelegate::cellSize(icons_ != nullptr ? icons_->ImageSize() : QSize(), fontMetrics());
     if (arrangement_ == Arrangement::Wrapped) {
-        // No ragged edge. The base keeps the scroll bar's width free, also where there is none, and
-        // a cell that reaches the end of the row, be it the only one, goes into the next row.
+        // No ragged edge. The base keeps a scroll bar's width free, and a pixel behind the last.
         const int row = maximumViewportSize().width() - 1 -
                         style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
         cell.setWidth(qMax(1, row / qMax(1, row / cell.width())));

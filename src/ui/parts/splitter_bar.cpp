@@ -1,5 +1,6 @@
 #include "ui/parts/splitter_bar.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 namespace velorama {
@@ -8,9 +9,21 @@ namespace {
 constexpr int gripLength = 26;
 constexpr int gripWidth = 2;
 
+QAccessibleInterface* makeAccess(const QString&, QObject* object) {
+    auto* bar = qobject_cast<SplitterBar*>(object);
+    return bar != nullptr ? new QAccessibleWidget(bar, QAccessible::Splitter) : nullptr;
+}
+
+/// A picture box is told of as a filler.
+void installAccess() {
+    static const bool once = (QAccessible::installFactory(makeAccess), true);
+    Q_UNUSED(once)
+}
+
 }  // namespace
 
 SplitterBar::SplitterBar(QWidget* parent) : PictureBox(parent) {
+    installAccess();
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
 }
