@@ -30,6 +30,8 @@ protected:
         ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));
         open({album});
         ASSERT_TRUE(page->waitForTitle(QStringLiteral("Velorama - ") + album));
+        // The first folder's listing ends the start, and selects the first slide.
+        ASSERT_TRUE(waitFor([&] { return filesLocation(store).has_value(); }));
     }
     // The title that an album has that was opened or saved by hand.
     QString titled(const QString& path) const { return path + QStringLiteral(" - Velorama"); }
