@@ -189,16 +189,33 @@ bool AlbumFile::mayLeaveAlbum() {
     return true;
 }
 
-void AlbumFile::openAsked(const QString& path) {
+/// Whether an album is there, once the open one may be left; nothing if it is kept, or another
+/// album was asked for meanwhile.
+std::optional<bool> AlbumFile::mayLeaveFor(const QString& path) {
     const QPointer<AlbumFile> self = this;
     const int ask = ++asks_;
-    if (!mayLeaveAlbum()) {
-        return;
-    }
     // Of several that are asked for while a disk lets itself be waited for the last one counts.
     const auto left = [self, ask] { return !self || self->stopped_ || self->asks_ != ask; };
-    const auto isThere = awaitWork([path] { return clsFILEFOLDR().FileExists(path); }, left);
-    if (left() || !isThere) {
+    std::optional<bool> isThere;
+    qint64 seen = 0;
+    do {
+        if (!mayLeaveAlbum()) {
+            return std::nullopt;
+        }
+        seen = c_.lvwSLIDEBAR->changes();
+        isThere = awaitWork([path] { return clsFILEFOLDR().FileExists(path); }, left);
+        if (left() || !isThere) {
+            return std::nullopt;
+        }
+        // Nobody was asked about what has been done to the slides in that time.
+    } while (isModified() && c_.lvwSLIDEBAR->changes() != seen);
+    return isThere;
+}
+
+void AlbumFile::openAsked(const QString& path) {
+    const QPointer<AlbumFile> self = this;
+    const std::optional<bool> isThere = mayLeaveFor(path);
+    if (!self || !isThere) {
         return;
     }
     if (*isThere) {
@@ -207,7 +224,7 @@ void AlbumFile::openAsked(const QString& path) {
     }
     gStatus->MessageBoxOpen(cannotOpen, path);
     if (self) {
-        albums_.btnREMOVE_Click();
+        albums_.remove(path);
     }
 }
 

@@ -70,6 +70,7 @@ private:
     /// As one step for undo.
     void takeTurn(const std::function<void()>& command);
     void openAsked(const QString& path);
+    std::optional<bool> mayLeaveFor(const QString& path);
     void read(const QString& path);
     void makeNew();
     void open(const QString& file);

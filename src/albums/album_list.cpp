@@ -199,6 +199,12 @@ void AlbumList::btnADD_Click() {
     saveSetting(folderKey, folderName, folder);
 }
 
+void AlbumList::remove(const QString& path) {
+    if (const ReportItem* item = c_.lvwALBUMS->item(path)) {
+        c_.lvwALBUMS->Remove(item->Index());
+    }
+}
+
 void AlbumList::btnREMOVE_Click() {
     if (const ReportItem* item = c_.lvwALBUMS->SelectedItem()) {
         c_.lvwALBUMS->Remove(item->Index());

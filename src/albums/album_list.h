@@ -31,6 +31,8 @@ public:
     void AlbumListAdd(const QString& Path);
     bool AlbumKnown(const QString& Path) const;
     void AlbumListSelect(const QString& Path);
+    /// Takes an album off the list, selected or not; nothing if it is not there.
+    void remove(const QString& path);
 
     void btnADD_Click();
     void btnREMOVE_Click();

@@ -20,6 +20,19 @@ protected:
         file->setTag(path);
         modify();
     }
+    /// As a slide added by hand does.
+    void change() {
+        fill({p[0]});
+        modify();
+    }
+    /// Once the first question has been answered.
+    static void whenAsked(const test::MessageWatch& watch, const std::function<void()>& action) {
+        test::atNextYield([&watch, action] {
+            const bool isAnswered =
+                !watch.messages.empty() && QApplication::activeModalWidget() == nullptr;
+            isAnswered ? action() : whenAsked(watch, action);
+        });
+    }
     static QString folderOf(const QString& path) { return path.left(path.lastIndexOf(u'/') + 1); }
     bool isOpen(const QString& path) const {
         return file->Tag() == path && form.windowTitle() == path + QStringLiteral(" - Velorama") &&
@@ -236,6 +249,41 @@ TEST_F(AlbumPage, aChangedListIsAskedAboutBeforeThatReport) {
     EXPECT_EQ(lvwALBUMS->Count(), 0);
     EXPECT_EQ(file->Tag(), two);
     EXPECT_TRUE(isModified());
+}
+
+TEST_F(AlbumPage, slidesChangedWhileTheAlbumIsLookedForAreAskedAbout) {
+    add({one});
+    fill({p[1]});
+    file->setTag(two);
+    const test::MessageWatch watch(QStringLiteral("btnCANCEL"));
+    test::atNextYield([&] { change(); });
+    albumControls.btnView->click();
+    EXPECT_EQ(watch.messages, std::vector({test::saveQuestion(two)}));
+    EXPECT_EQ(file->Tag(), two);
+    EXPECT_EQ(keys(), QStringList({p[1], p[0]}));
+    EXPECT_TRUE(isModified());
+}
+
+TEST_F(AlbumPage, slidesChangedAfterTheQuestionAreAskedAboutOnceMore) {
+    add({one});
+    work(two);
+    lvwSLIDEBAR->Clear();
+    const test::MessageWatch watch(QStringLiteral("btnNO"));
+    whenAsked(watch, [&] { change(); });
+    albumControls.btnView->click();
+    EXPECT_EQ(watch.messages, std::vector({test::saveQuestion(two), test::saveQuestion(two)}));
+    EXPECT_TRUE(isOpen(one));
+}
+
+TEST_F(AlbumPage, anAlbumThatHasGoneIsRemovedWhicheverIsSelectedByThen) {
+    add({one, gone, two});
+    albums->AlbumListSelect(gone);
+    const test::MessageWatch watch;
+    test::atNextYield([&] { albums->AlbumListSelect(one); });
+    albumControls.btnView->click();
+    EXPECT_EQ(watch.messages, std::vector({test::cannotOpen(gone)}));
+    EXPECT_EQ(albumKeys(), QStringList({one, two}));
+    EXPECT_EQ(selectedAlbum(), one);
 }
 
 TEST_F(AlbumPage, viewOfAnEmptyListReportsNoName) {
