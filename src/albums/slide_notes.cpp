@@ -1,7 +1,7 @@
 #include "albums/slide_notes.h"
 
-#include "albums/slide_store.h"
 #include "browse/picture_facts.h"
+#include "core/globals.h"
 
 namespace velorama {
 namespace {
@@ -11,6 +11,11 @@ FileState stateOf(const PictureFacts& facts) {
         return FileState::NotFound;
     }
     return facts.pixels.isEmpty() ? FileState::Unreadable : FileState::Readable;
+}
+
+/// A slide has the name of its file or, made without one, its path; no disk is asked which.
+bool isRenamed(const QString& text, const QString& path) {
+    return text != path && text != gFileFoldr->FileNameFromPath(path, true);
 }
 
 }  // namespace
@@ -37,8 +42,10 @@ ItemMark SlideNotes::mark(const QString& key) {
 
 QStringList SlideNotes::tip(const QString& key) {
     const ListItem* slide = c_.lvwSLIDEBAR->item(key);
-    const bool isRenamed = slide != nullptr && slide->Text() != slideText(key);
-    QStringList lines = isRenamed ? QStringList(slide->Text()) : QStringList();
+    QStringList lines;
+    if (slide != nullptr && isRenamed(slide->Text(), key)) {
+        lines += slide->Text();
+    }
     lines += key;
     const ItemMark lack = mark(key);
     if (!lack.isNull()) {

@@ -182,6 +182,17 @@ TEST_F(NotesTest, ASlideUnderAnotherNameTellsBoth) {
     EXPECT_EQ(slideNotes.tip(path), QStringList({QStringLiteral("Anna"), path}));
 }
 
+TEST_F(NotesTest, ASlideWhoseFileGoesOrComesHasNotBeenRenamed) {
+    const QString folder = browse({QStringLiteral("a.jpg")});
+    const QString path = folder + QStringLiteral("/a.jpg");
+    list->AddAll();
+    QFile::remove(path);
+    EXPECT_EQ(slideNotes.tip(path), QStringList(path)) << "asked the disk";
+    lvwSLIDEBAR->item(1)->setText(path);
+    savePicture(folder, QStringLiteral("a.jpg"));
+    EXPECT_EQ(slideNotes.tip(path), QStringList(path)) << "asked the disk";
+}
+
 TEST_F(NotesTest, AFileThatIsThereAgainWithTheNextAlbumIsBlankNoLonger) {
     const QString folder = test::temporaryFolder();
     const QString path = folder + QStringLiteral("/a.jpg");
