@@ -135,19 +135,26 @@ bool SlideList::bring(const QStringList& slides, const QString& before) {
 }
 
 /// The items stay and their contents change places: a run of exchanges at once, whose cost does not
-/// grow with the way. As there, a slide that keeps its place keeps its text.
+/// grow with the way. Other than there each slide takes its text along: to make a thousand anew
+/// would be to ask the disk for a thousand files.
 bool SlideList::arrange(const QStringList& order) {
     std::vector<int> changed;
+    QHash<QString, QString> texts;
     for (int i = 1; i <= c_.lvwSLIDEBAR->Count(); ++i) {
-        if (c_.lvwSLIDEBAR->item(i)->Key() != order.at(i - 1)) {
+        const ListItem& slide = *c_.lvwSLIDEBAR->item(i);
+        if (slide.Key() != order.at(i - 1)) {
             changed.push_back(i);
+            texts.insert(slide.Key(), slide.Text());
         }
     }
     for (const int i : changed) {
         c_.lvwSLIDEBAR->item(i)->setKey(QString());
     }
     for (const int i : changed) {
-        fill(*c_.lvwSLIDEBAR->item(i), order.at(i - 1));
+        ListItem& slide = *c_.lvwSLIDEBAR->item(i);
+        slide.setKey(order.at(i - 1));
+        slide.setText(texts.value(slide.Key()));
+        slide.setIcon(thumbnails_.SlideIconIndex(slide.Key()));
     }
     if (!changed.empty()) {
         markModified();

@@ -46,8 +46,9 @@ public:
     void MoveForward();
 
     // -- slide_drop.cpp: gaps are told by the number of slides before them --
-    /// Brings the selected slides together into a gap, in their order: what so many exchanges with
-    /// their neighbours come to. They stay selected; where they are there already, nothing happens.
+    /// Brings the selected slides together into a gap, in their order, as so many exchanges with
+    /// their neighbours would, but that all keep their texts. They stay selected; where they are
+    /// there already, nothing happens.
     void MoveSelectedTo(int gap);
     /// Add, and what it has added is then brought to the gap in the order of the folder, and
     /// selected.
