@@ -10,7 +10,6 @@
 namespace velorama {
 namespace {
 
-constexpr qint64 mostHead = 64 * 1024;   // bytes
 constexpr qint64 readAhead = 64 * 1024;  // bytes
 constexpr quint16 httpPort = 80;
 constexpr quint16 httpsPort = 443;
@@ -50,33 +49,10 @@ QByteArray pathOf(const QUrl& address) {
     return path.startsWith('/') ? path : "/" + path;
 }
 
-/// Just behind the empty line, or -1. Lines may lack the CR.
-qsizetype endOfHead(const QByteArray& bytes, qsizetype from) {
-    const qsizetype plain = bytes.indexOf("\n\n", from);
-    const qsizetype full = bytes.indexOf("\n\r\n", from);
-    if (full >= 0 && (plain < 0 || full < plain)) {
-        return full + 3;
-    }
-    return plain < 0 ? -1 : plain + 2;
-}
-
-int statusOf(const QByteArray& head) {
-    return head.left(head.indexOf('\n')).simplified().split(' ').value(1).toInt();
-}
-
-/// Comes before the answer, any number of times.
-bool isInterim(int status) {
-    return status >= 100 && status < 200;
-}
-
-bool hasNoBody(int status) {
-    return status == 204 || status == 304;
-}
-
 }  // namespace
 
 HttpExchange::HttpExchange(qint64 mostBytes, QObject* parent)
-    : QObject(parent), mostBytes_(mostBytes) {}
+    : QObject(parent), reading_(mostBytes) {}
 
 void HttpExchange::start(const QUrl& address) {
     socket_ = isSecure(address) ? new QSslSocket(this) : new QTcpSocket(this);
@@ -130,73 +106,19 @@ void HttpExchange::ask(const QUrl& address, const QByteArray& target, const QByt
 }
 
 void HttpExchange::read() {
-    while (!done_ && !headRead_ && socket_->bytesAvailable() > 0) {
-        readHead();
+    auto state = HttpReading::State::More;
+    while (state == HttpReading::State::More && socket_->bytesAvailable() > 0) {
+        state = reading_.take(socket_->read(readAhead));
     }
-    if (!done_ && headRead_) {
-        readBody();
-    }
-}
-
-void HttpExchange::readHead() {
-    const qsizetype searched = qMax<qsizetype>(0, head_.size() - 2);
-    head_ += socket_->read(mostHead - head_.size());
-    qsizetype end = endOfHead(head_, searched);
-    while (end >= 0 && isInterim(statusOf(head_))) {
-        head_.remove(0, end);
-        end = endOfHead(head_, 0);
-    }
-    if (end >= 0) {
-        body_ = head_.mid(end);
-        headRead_ = takeHead(head_.left(end));
-    }
-    if (!headRead_ && (end >= 0 || head_.size() >= mostHead)) {
-        finish(false);
-    }
-}
-
-bool HttpExchange::takeHead(const QByteArray& head) {
-    const QList<QByteArray> lines = head.split('\n');
-    if (!lines.first().startsWith("HTTP/1.")) {
-        return false;
-    }
-    status_ = statusOf(head);
-    for (qsizetype line = lines.size() - 1; line > 0; --line) {
-        const qsizetype colon = lines.at(line).indexOf(':');
-        if (colon > 0) {
-            headers_.insert(lines.at(line).left(colon).trimmed().toLower(),
-                            lines.at(line).mid(colon + 1).trimmed());
-        }
-    }
-    bool understood = true;
-    if (hasNoBody(status_)) {
-        length_ = 0;
-    } else if (headers_.contains("content-length")) {
-        length_ = header("content-length").toLongLong(&understood);
-    }
-    return understood && length_.value_or(0) >= 0 && !headers_.contains("transfer-encoding");
-}
-
-void HttpExchange::readBody() {
-    // One byte more than is wanted tells that there is more.
-    body_ += socket_->read(qMax<qint64>(0, mostBytes_ + 1 - body_.size()));
-    if (length_ && body_.size() > *length_) {
-        body_.truncate(*length_);
-    }
-    if (body_.size() > mostBytes_) {
-        body_.truncate(mostBytes_);
-        cut_ = true;
-        finish(true);
-    } else if (length_ && body_.size() == *length_) {
-        finish(true);
+    if (state != HttpReading::State::More) {
+        finish(state == HttpReading::State::Whole);
     }
 }
 
 void HttpExchange::closed() {
-    if (socket_->bytesAvailable() > 0) {
-        read();
-    }
-    finish(headRead_ && !length_ && socket_->error() == QAbstractSocket::RemoteHostClosedError);
+    read();
+    finish(reading_.close() == HttpReading::State::Whole &&
+           socket_->error() == QAbstractSocket::RemoteHostClosedError);
 }
 
 void HttpExchange::finish(bool whole) {

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QHash>
+#include "platform/web/http_reading.h"
+
 #include <QObject>
 #include <QTcpSocket>
 #include <QUrl>
-
-#include <optional>
 
 namespace velorama {
 
@@ -22,12 +21,7 @@ public:
     /// once.
     void start(const QUrl& address);
 
-    int status() const { return status_; }
-    /// Of the first header of that name, which is given in small letters.
-    QByteArray header(const QByteArray& name) const { return headers_.value(name); }
-    const QByteArray& body() const { return body_; }
-    /// The body had more bytes than were to be read.
-    bool isCut() const { return cut_; }
+    const HttpReading& answer() const { return reading_; }
 
 signals:
     /// Comes once. False where no server was reached, where it spoke no HTTP, and where its answer
@@ -38,23 +32,11 @@ private:
     void connectTo(const QUrl& address);
     void ask(const QUrl& address, const QByteArray& target, const QByteArray& more);
     void read();
-    void readHead();
-    void readBody();
-    bool takeHead(const QByteArray& head);
     void closed();
     void finish(bool whole);
 
     QTcpSocket* socket_ = nullptr;
-    qint64 mostBytes_;
-
-    QByteArray head_;
-    bool headRead_ = false;
-    int status_ = 0;
-    QHash<QByteArray, QByteArray> headers_;
-    /// As the server tells it; without it the end of the connection is the end of the body.
-    std::optional<qint64> length_;
-    QByteArray body_;
-    bool cut_ = false;
+    HttpReading reading_;
     bool done_ = false;
 };
 

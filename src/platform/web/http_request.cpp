@@ -61,9 +61,9 @@ void HttpRequest::take(bool whole) {
     if (!exchange_) {
         return;
     }
-    const QByteArray location = exchange_->header("location");
-    if (!whole || !isRedirect(exchange_->status()) || location.isEmpty()) {
-        end(whole && exchange_->status() / 100 == 2);
+    const QByteArray location = exchange_->answer().header("location");
+    if (!whole || !isRedirect(exchange_->answer().status()) || location.isEmpty()) {
+        end(whole && exchange_->answer().status() / 100 == 2);
         return;
     }
     const QUrl target = answer_.address.resolved(QUrl(QString::fromUtf8(location)));
@@ -84,9 +84,9 @@ void HttpRequest::end(bool ok) {
     time_.stop();
     answer_.ok = ok;
     if (exchange_) {
-        answer_.contentType = exchange_->header("content-type");
-        answer_.body = ok ? exchange_->body() : QByteArray();
-        answer_.cut = ok && exchange_->isCut();
+        answer_.contentType = exchange_->answer().header("content-type");
+        answer_.body = ok ? exchange_->answer().body() : QByteArray();
+        answer_.cut = ok && exchange_->answer().isCut();
         delete exchange_;
     }
     emit finished(answer_);
