@@ -26,7 +26,9 @@ ReadFrame readFrame(const QByteArray& bytes) {
     if (bytes.size() - frameHead < qsizetype(length)) {
         return {};
     }
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    // A byte order mark at the start is a letter of the text here.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
+                                                     QStringDecoder::Flag::ConvertInitialBom);
     const QString text = decoder(bytes.mid(frameHead, length));
     return decoder.hasError() ? ReadFrame{ReadFrame::Refused, {}}
                               : ReadFrame{ReadFrame::Whole, text};

@@ -24,8 +24,9 @@ TEST(MessageFrame, TakesSoMuchAndNoMore) {
 }
 
 TEST(MessageFrame, ComesBackAsItWent) {
-    for (const QString& text : {QString(), QStringLiteral("/a b/\u00fc\U0001F600 \"'%$.vlr"),
-                                QString(65536, u'x'), QString(QChar(0))}) {
+    for (const QString& text :
+         {QString(), QStringLiteral("/a b/\u00fc\U0001F600 \"'%$.vlr"), QString(65536, u'x'),
+          QString(QChar(0)), QStringLiteral("\uFEFFmark"), QStringLiteral("\uFEFF\uFEFF")}) {
         const ReadFrame read = readFrame(messageFrame(text));
         EXPECT_EQ(read.state, ReadFrame::Whole);
         EXPECT_EQ(read.text, text);
