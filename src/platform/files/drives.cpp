@@ -31,7 +31,9 @@ QString folderOf(const QString& line) {
     const QString folder = line.mid(2).trimmed();
     const bool damaged =
         folder.contains(QChar(u'\0')) || folder.contains(QChar::ReplacementCharacter);
-    return !damaged && QDir::isAbsolutePath(folder) ? QDir::cleanPath(folder) : QString();
+    // The toolkit takes a path with a colon in front for one of its own files.
+    const bool own = folder.startsWith(u':');
+    return !damaged && !own && QDir::isAbsolutePath(folder) ? QDir::cleanPath(folder) : QString();
 }
 
 void readLine(const QString& line, DriveFolders& folders) {

@@ -45,6 +45,9 @@ TEST(DrivesText, WhatIsNoTextGivesNoDrives) {
     EXPECT_EQ(driveFolders(QByteArray()), DriveFolders());
     EXPECT_EQ(folder(QByteArray("C: /mnt\0/x", 10)), QString());
     EXPECT_EQ(folder("C: /mnt/\xFF\xFE"), QString());
+    // The toolkit's own files, which are no folder of this machine.
+    EXPECT_EQ(folder("C: :/icons"), QString());
+    EXPECT_EQ(folder("F::/..", 'F'), QString());
     QByteArray every;
     for (int i = 0; i < 65536; ++i) {
         every.append(static_cast<char>(i * 7 + i / 256));
