@@ -32,11 +32,17 @@ bool isShownLink(const QUrl& link) {
     return isHttpAddress(link) || link.scheme() == QLatin1String("mailto");
 }
 
+/// The toolkit follows an address that stands in a format even where that is marked as no anchor,
+/// as inside a link the text behind another anchor's first letter is.
+bool isLink(const QTextCharFormat& format) {
+    return !format.anchorHref().isEmpty();
+}
+
 /// The format with full addresses. Told apart: a link (mailto too) and a picture (of the page's own
 /// server only).
 QTextCharFormat absolute(const QTextCharFormat& from, const QUrl& address) {
     QTextCharFormat format = from;
-    if (format.isAnchor() && !format.anchorHref().isEmpty()) {
+    if (isLink(format)) {
         const QUrl link = address.resolved(QUrl(format.anchorHref().trimmed()));
         if (isShownLink(link)) {
             format.setAnchorHref(link.toString(QUrl::FullyEncoded));
@@ -62,7 +68,7 @@ void makeAbsolute(QTextDocument& page, const QUrl& address) {
     QTextCursor cursor(&page);
     cursor.beginEditBlock();
     for (const Piece& piece : piecesOf(page)) {
-        if (piece.format.isAnchor() || piece.format.isImageFormat()) {
+        if (isLink(piece.format) || piece.format.isImageFormat()) {
             cursor.setPosition(piece.start);
             cursor.setPosition(piece.end, QTextCursor::KeepAnchor);
             cursor.setCharFormat(absolute(piece.format, address));

@@ -159,5 +159,31 @@ TEST(PageDocument, AColourStaysWhereItsPictureIsMissing) {
     EXPECT_EQ(page->rootFrame()->frameFormat().background().color(), QColor(255, 255, 0));
 }
 
+/// Where a click on the page leads.
+QStringList linksOf(const QString& html) {
+    const auto page =
+        makePage(html, PageKind::Html, QUrl(QStringLiteral("http://own.invalid/a/b")), QFont());
+    QStringList links;
+    for (QTextBlock block = page->begin(); block.isValid(); block = block.next()) {
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            const QString link = at.fragment().charFormat().anchorHref();
+            links += link.isEmpty() || links.contains(link) ? QStringList() : QStringList(link);
+        }
+    }
+    return links;
+}
+
+// A name for an anchor takes the mark of a link from the text and leaves it the address.
+TEST(PageLinks, LeadNoWhereElseInsideAnotherAnchor) {
+    EXPECT_EQ(linksOf(QStringLiteral("<a href=\"file:///x\">a<a name=b>c c</a>d</a>"))
+                  .join(u' ')
+                  .toStdString(),
+              "");
+    EXPECT_EQ(linksOf(QStringLiteral("<a href=\"c.html\">a<a name=b>d d</a>e</a>"))
+                  .join(u' ')
+                  .toStdString(),
+              "http://own.invalid/a/c.html");
+}
+
 }  // namespace
 }  // namespace velorama
