@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QVariant>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -176,7 +177,9 @@ int toPixels(float twips) {
 }
 
 int toPixels(float twips, float twipsPerPixel) {
-    return static_cast<int>(roundHalfEven(static_cast<double>(twips / twipsPerPixel)));
+    constexpr qint64 farthest = QWIDGETSIZE_MAX;
+    const qint64 pixels = roundHalfEven(static_cast<double>(twips / twipsPerPixel));
+    return static_cast<int>(std::clamp(pixels, -farthest, farthest));
 }
 
 }  // namespace velorama

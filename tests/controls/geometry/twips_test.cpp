@@ -24,6 +24,13 @@ TEST(Twips, RoundsToPixelsWithHalvesToEven) {
     EXPECT_EQ(toPixels(30, 7.5F), 4);
 }
 
+// Whoever adds the width to the left edge must come to a number.
+TEST(Twips, StaysWithinWhatAWindowMayMeasure) {
+    EXPECT_EQ(toPixels(3.2e10F), QWIDGETSIZE_MAX);
+    EXPECT_EQ(toPixels(-1e18F), -QWIDGETSIZE_MAX);
+    EXPECT_EQ(toPixels(QWIDGETSIZE_MAX * 15.0F), QWIDGETSIZE_MAX);
+}
+
 TEST(Twips, WhatOthersChangedCounts) {
     QWidget form;
     QWidget box(&form);
