@@ -1,15 +1,17 @@
-// Writes small pictures of every kind for the entries that read pictures:
-// picture_seeds <folder that is there>
+// Small pictures of every kind.
 
 #include "imaging/bmp_samples.h"
+#include "imaging/samples.h"
+#include "seeds.h"
 
 #include <QBuffer>
 #include <QColorSpace>
-#include <QFile>
 #include <QImage>
 
-namespace velorama::test {
+namespace velorama::fuzz {
 namespace {
+
+using namespace test;
 
 QByteArray saved(const char* format) {
     QImage image(9, 7, QImage::Format_RGB32);
@@ -30,8 +32,8 @@ QByteArray gif() {
 }
 
 /// Each kind with each header.
-QList<QByteArray> plainBmps() {
-    QList<QByteArray> files;
+QByteArrayList plainBmps() {
+    QByteArrayList files;
     for (const quint32 header : {12, 16, 40, 52, 56, 64, 108, 124}) {
         for (const int depth : {1, 2, 4, 8, 16, 24, 32, 64}) {
             files << bmpFile({.size = {5, 3},
@@ -44,10 +46,10 @@ QList<QByteArray> plainBmps() {
     return files;
 }
 
-QList<QByteArray> packedBmps() {
+QByteArrayList packedBmps() {
     const QByteArray palette(64, '\x6B');
     const QByteArray masks = little({0x7E0, 0x1F, 0xF800, 0x10000});
-    QList<QByteArray> files;
+    QByteArrayList files;
     files << bmpFile({.size = {5, -3},
                       .depth = 32,
                       .content = QByteArray(60, '\x35'),
@@ -85,21 +87,37 @@ QList<QByteArray> packedBmps() {
     return files;
 }
 
-int write(const QString& folder) {
-    const QList<QByteArray> files =
-        plainBmps() + packedBmps() + QList<QByteArray>{saved("jpg"), saved("png"), gif()};
-    for (qsizetype i = 0; i < files.size(); ++i) {
-        QFile file(folder + QStringLiteral("/seed%1").arg(i));
-        if (!file.open(QIODevice::WriteOnly) || file.write(files[i]) != files[i].size()) {
-            return 1;
+QByteArrayList jpegs() {
+    const QImage image = landscape(19, 13);
+    using Colours = JpegStyle::Colours;
+    QByteArrayList files;
+    for (const Colours colours : {Colours::Rgb, Colours::RgbPlain, Colours::Grey, Colours::Cmyk,
+                                  Colours::CmykPlain, Colours::Ycck}) {
+        for (const bool progressive : {false, true}) {
+            files << jpegBytes(image, {.colours = colours, .progressive = progressive});
         }
     }
-    return 0;
+    const QByteArray profile = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
+    return files << jpegBytes(image, {.orientation = 6})
+                 << jpegBytes(image, {.orientation = 5, .bigEndianExif = true})
+                 << jpegBytes(image, {.profile = profile}) << jpegBytes(image, {.arithmetic = true})
+                 << jpegBytes(image, {.restart = 1});
+}
+
+QByteArrayList gifs() {
+    const GifFrame frame{.size = {3, 2}, .pixels = QByteArray("\0\1\2\3\0\1", 6)};
+    GifFrame second = frame;
+    second.interlaced = true;
+    second.transparent = 2;
+    second.at = {1, 1};
+    return {gif(), gifBytes({3, 2}, {frame}), gifBytes({5, 4}, {frame, second}, 2)};
 }
 
 }  // namespace
-}  // namespace velorama::test
 
-int main(int count, char** words) {
-    return count == 2 ? velorama::test::write(QFile::decodeName(words[1])) : 1;
+QByteArrayList pictureSeeds() {
+    return plainBmps() + packedBmps() + jpegs() + gifs() +
+           QByteArrayList{saved("jpg"), saved("png")};
 }
+
+}  // namespace velorama::fuzz
