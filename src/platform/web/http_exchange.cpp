@@ -10,7 +10,7 @@
 namespace velorama {
 namespace {
 
-constexpr qint64 readAhead = 64 * 1024;  // bytes
+constexpr qint64 readAhead = 64LL * 1024;  // bytes
 constexpr quint16 httpPort = 80;
 constexpr quint16 httpsPort = 443;
 

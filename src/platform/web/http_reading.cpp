@@ -3,7 +3,7 @@
 namespace velorama {
 namespace {
 
-constexpr qint64 mostHead = 64 * 1024;  // bytes
+constexpr qint64 mostHead = 64LL * 1024;  // bytes
 
 /// Just behind the empty line, or -1. Lines may lack the CR.
 qsizetype endOfHead(const QByteArray& bytes, qsizetype from) {
