@@ -48,6 +48,15 @@ bool FileBeside::becomes(const QByteArray& target) {
     return true;
 }
 
+bool reachesDisk(int file) {
+    int result = 0;
+    do {
+        result = ::fsync(file);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP ||
+           errno == EROFS;
+}
+
 bool writeAll(int to, const char* bytes, qint64 count) {
     while (count > 0) {
         const ssize_t written = ::write(to, bytes, static_cast<size_t>(count));

@@ -45,6 +45,11 @@ private:
     Descriptor file_;
 };
 
+/// Waits until the disk has what was written to an open file. False if the disk says that it has
+/// not taken all of it: some find out no earlier that they are full. Where the file system knows no
+/// such waiting, the file is as good as any other there.
+bool reachesDisk(int file);
+
 /// Writes to an open file until all of it is there; false if it cannot be.
 bool writeAll(int to, const char* bytes, qint64 count);
 

@@ -73,9 +73,8 @@ bool writeFileWhole(const QString& target, const QByteArray& bytes, Lasting last
         !writeAll(file.number(), bytes.constData(), bytes.size())) {
         return false;
     }
-    // Some file systems cannot, and the file is as good as any other there.
-    if (lasting == Lasting::Yes) {
-        ::fsync(file.number());
+    if (lasting == Lasting::Yes && !reachesDisk(file.number())) {
+        return false;
     }
     const OldFile old(name);
     return file.becomes(name);
