@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QRegularExpression>
 
 #include <sqlite3.h>
 
@@ -94,9 +95,12 @@ bool isJournal(const QString& name) {
            name.endsWith(QLatin1String("-shm"));
 }
 
-/// Names that last no longer than the write that they are made for.
+/// Names that last no longer than the write that they are made for: the program's own, and those
+/// that Qt makes of a file's name.
 bool isUnfinished(const QString& name) {
-    return QFileInfo(name).fileName().startsWith(QLatin1String(".velorama-"));
+    static const QRegularExpression names(
+        QStringLiteral("(^|/)(\\.velorama-[0-9a-z]+|Velorama Wallpaper\\.bmp\\.[A-Za-z0-9]{6})$"));
+    return names.match(name).hasMatch();
 }
 
 QByteArray bytesOf(const QString& path) {
