@@ -17,7 +17,7 @@ struct HttpLimits {
     /// From the asking to the last byte, redirects included.
     std::chrono::milliseconds time{10000};
     /// A body is read no further than this.
-    qint64 bytes = 64 * 1024;
+    qint64 bytes = 64LL * 1024;
     int redirects = 4;
     /// Whether redirects may lead away from the server that was asked.
     bool otherServers = true;
