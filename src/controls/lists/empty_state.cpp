@@ -5,23 +5,30 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
 
 namespace velorama {
 namespace {
 
 // Logical pixels.
 constexpr int margin = 12;
+constexpr int lowMargin = 2;
 constexpr int gap = 8;
 // A text broken into letters tells nothing.
 constexpr int leastWidth = 90;
 constexpr int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
 constexpr float strength = 0.8F;
+constexpr QChar ellipsis(0x2026);
 
 }  // namespace
 
 EmptyState::EmptyState(QAbstractItemView& list, std::function<bool()> isEmpty)
     : QObject(&list), list_(list), isEmpty_(std::move(isEmpty)) {
     list.viewport()->installEventFilter(this);
+    list.installEventFilter(this);
 }
 
 void EmptyState::setText(const QString& text) {
@@ -46,8 +53,7 @@ QString EmptyState::words() const {
 
 cbtn* EmptyState::addButton(const char* name, const char* symbol, const char* caption,
                             const char* tooltip) {
-    cbtn* made = makeButton(list_.viewport(), QLatin1String(name), symbol, tooltip, caption);
-    made->setCursor(Qt::ArrowCursor);
+    cbtn* made = makeButton(&ground(), QLatin1String(name), symbol, tooltip, caption);
     made->setBackgroundRole(QPalette::Base);
     made->hide();
     made->installEventFilter(this);
@@ -61,20 +67,55 @@ void EmptyState::setButton(cbtn* button) {
     followSoon();
 }
 
-QRect EmptyState::room() const {
-    return list_.viewport()->rect().adjusted(margin, gap, -margin, -gap);
+// Assistive tools are told of a list's rows and of nothing else in it: a button that stood inside
+// would have the keyboard without their knowing.
+QWidget& EmptyState::ground() const {
+    return list_.parentWidget() != nullptr ? *list_.parentWidget() : *list_.viewport();
 }
 
-QSize EmptyState::textSize() const {
+QRect EmptyState::room() const {
+    return list_.viewport()->rect().adjusted(margin, lowMargin, -margin, -lowMargin);
+}
+
+int EmptyState::heightOf(const QString& text) const {
     const QFontMetrics font(QApplication::font(&list_));
-    return font.boundingRect(room(), flags, words()).size();
+    return text.isEmpty() ? 0 : font.boundingRect(room(), flags, text).height();
 }
 
 bool EmptyState::hasRoomForButton() const {
+    if (button_ == nullptr || !button_->isEnabled()) {
+        return false;
+    }
+    const QSize room = this->room().size();
+    return button_->sizeHint().boundedTo(room) == button_->sizeHint();
+}
+
+int EmptyState::contentHeight(const QString& shown) const {
+    const int above = heightOf(shown);
+    const int below = hasRoomForButton() ? button_->sizeHint().height() : 0;
+    return above + below + (above > 0 && below > 0 ? gap : 0);
+}
+
+// Sentences go from the last one on; half a sentence says more than none.
+QString EmptyState::shownWords() const {
+    static const QRegularExpression endOfSentence(QStringLiteral("[.]\\s"));
     const QRect place = room();
-    const QSize needed = button_ != nullptr ? button_->sizeHint() : QSize();
-    return button_ != nullptr && button_->isEnabled() && needed.width() <= place.width() &&
-           textSize().height() + gap + needed.height() <= place.height();
+    if (place.width() < leastWidth) {
+        return {};
+    }
+    const int most = place.height() - (hasRoomForButton() ? button_->sizeHint().height() + gap : 0);
+    QString shown = words();
+    qsizetype end = 0;
+    while (heightOf(shown) > most && (end = shown.lastIndexOf(endOfSentence)) >= 0) {
+        shown.truncate(end + 1);
+    }
+    if (heightOf(shown) <= most) {
+        return shown;
+    }
+    while (!shown.isEmpty() && heightOf(shown + ellipsis) > most) {
+        shown.truncate(std::max<qsizetype>(0, shown.lastIndexOf(QLatin1Char(' '))));
+    }
+    return shown.isEmpty() ? shown : shown + ellipsis;
 }
 
 // The list may be in the midst of painting or of being filled.
@@ -89,28 +130,35 @@ void EmptyState::follow() {
     following_ = false;
     for (cbtn* each : buttons_) {
         each->setFont(QApplication::font(&list_));
+        each->setPalette(list_.palette());
     }
-    const bool isSeen = isEmpty_() && hasRoomForButton();
-    if (isSeen) {
+    if (isWanted()) {
         const QSize size = button_->sizeHint();
-        const QRect place = room();
-        const int height = textSize().height() + gap + size.height();
-        button_->setGeometry(QRect(QPoint(place.center().x() - size.width() / 2,
-                                          place.center().y() + height / 2 - size.height()),
-                                   size));
+        const QPoint middle = room().center();
+        const int bottom = middle.y() + contentHeight(shownWords()) / 2;
+        const QPoint corner(middle.x() - size.width() / 2, bottom - size.height());
+        const bool isInside = button_->parentWidget() == list_.viewport();
+        button_->setGeometry(
+            {isInside ? corner : list_.viewport()->mapTo(button_->parentWidget(), corner), size});
+        button_->raise();
     }
     for (cbtn* each : buttons_) {
-        each->setVisible(isSeen && each == button_);
+        each->setVisible(isWanted() && each == button_);
     }
 }
 
+bool EmptyState::isWanted() const {
+    return isEmpty_() && !list_.isHidden() && hasRoomForButton();
+}
+
 bool EmptyState::eventFilter(QObject* watched, QEvent* event) {
-    const bool isList = watched == list_.viewport();
-    if ((isList && (event->type() == QEvent::Resize || event->type() == QEvent::Paint)) ||
-        (!isList && event->type() == QEvent::EnabledChange)) {
+    static const QSet<QEvent::Type> moves = {QEvent::Resize, QEvent::Move, QEvent::PaletteChange};
+    static const QSet<QEvent::Type> hints = {QEvent::Paint, QEvent::ShowToParent,
+                                             QEvent::HideToParent, QEvent::EnabledChange};
+    const bool hasMoved = moves.contains(event->type()) && !buttons_.contains(watched);
+    if (hasMoved || hints.contains(event->type())) {
         const bool isSeen = button_ != nullptr && !button_->isHidden();
-        const bool isWanted = isEmpty_() && hasRoomForButton();
-        if (isSeen != isWanted || (isWanted && event->type() == QEvent::Resize)) {
+        if (isSeen != isWanted() || (isSeen && hasMoved)) {
             followSoon();
         }
     }
@@ -126,18 +174,15 @@ void EmptyState::paint() const {
         painter.setPen(list_.palette().color(QPalette::Active, QPalette::Highlight));
         painter.drawRect(list_.viewport()->rect().adjusted(1, 1, -2, -2));
     }
+    const QString shown = shownWords();
     QRect place = room();
-    if (place.width() < leastWidth) {
-        return;
-    }
-    const int below = hasRoomForButton() ? gap + button_->sizeHint().height() : 0;
-    place.setTop(place.center().y() - (textSize().height() + below) / 2 + 1);
+    place.setTop(place.center().y() - contentHeight(shown) / 2 + 1);
     QColor colour = list_.palette().color(QPalette::Text);
     colour.setAlphaF(strength);
     painter.setPen(colour);
     // The captions of the list may be small. This is no caption.
     painter.setFont(QApplication::font(&list_));
-    painter.drawText(place, flags, words());
+    painter.drawText(place, flags, shown);
 }
 
 }  // namespace velorama

@@ -10,7 +10,7 @@ namespace velorama {
 
 /// What an empty list shows in its middle: what is missing, in the font of the desktop, and below
 /// it a button that helps. In a list without a frame also the accent around it while it has the
-/// keyboard. Child of the list.
+/// keyboard. Child of the list; its buttons stand over the list on the same parent.
 class EmptyState : public QObject {
     Q_OBJECT
 public:
@@ -22,6 +22,9 @@ public:
     void setNote(const QString& note);
     /// Text and note.
     QString words() const;
+    /// What of the words is painted: in a low list the sentences, or words with an ellipsis, that
+    /// have room above the button; empty where not one line has room.
+    QString shownWords() const;
 
     /// A button of the list. The one made last is the one in use.
     cbtn* addButton(const char* name, const char* symbol, const char* caption, const char* tooltip);
@@ -36,10 +39,15 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// What the buttons stand on.
+    QWidget& ground() const;
     QRect room() const;
-    QSize textSize() const;
-    /// What text and button take together; without a button that has no room.
+    /// Of a text in the room's width, logical pixels.
+    int heightOf(const QString& text) const;
     bool hasRoomForButton() const;
+    /// Of these words and the button, with the gap between them.
+    int contentHeight(const QString& shown) const;
+    bool isWanted() const;
     void follow();
     void followSoon();
 
