@@ -24,10 +24,10 @@ struct Arrows {
     QRectF next;
 };
 
-/// Three cells, which share the width by what they hold.
+/// Three cells, which share the width by what they hold; a picture is never cut.
 Arrows planArrows(qreal middle, qreal top, const PageLines& lines) {
     const qreal held = 2 * arrowSide + lines.between;
-    const qreal arrowCell = arrowsWidth * arrowSide / held;
+    const qreal arrowCell = std::max(arrowSide, arrowsWidth * arrowSide / held);
     const qreal inset = (arrowCell - arrowSide) / 2;
     const qreal left = middle - arrowsWidth / 2;
     const qreal text = arrowsWidth - 2 * arrowCell;

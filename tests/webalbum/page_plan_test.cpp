@@ -44,6 +44,13 @@ TEST(PagePlan, AnIndexPageOfTwelve) {
     expectAt(plan.cells[11].caption, {592.8, 469, 176.3, 17}, "last caption");
 }
 
+TEST(PagePlan, ManyPageNumbersLeaveTheArrowsTheirRoom) {
+    const IndexPlan plan = planIndexPage(800, thumbnails(12), {33, 17, 5000});
+    expectAt(plan.previous, {301, 109, 20, 20}, "previous");
+    expectAt(plan.numbers, {321, 109, 158, 17}, "numbers");
+    expectAt(plan.next, {479, 109, 20, 20}, "next");
+}
+
 TEST(PagePlan, AnIndexPageHasTwelvePicturesAtMost) {
     EXPECT_EQ(planIndexPage(800, thumbnails(13), lines).cells.size(), 12U);
 }

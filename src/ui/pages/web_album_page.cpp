@@ -212,13 +212,15 @@ void WebAlbumPage::layOut() {
     placeRow({cbtnVIEWWEBALB, cbtnWEBALBUM});
     placeNoSlides();
     scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this) - belowList));
-    constexpr int least = WebAlbumSamples::leastSide;
-    samples_->setPaneSize(QSize(least, least));
+    samples_->setPaneSize(QSize(leastPane(), leastPane()));
     alignCaptions(false);
     scroll_->arrange({row_, settings_});
-    // In one column the settings leave more to the samples.
+    // In one column the settings leave more to the samples, or have room for their longest texts.
     if (row_->direction() == QBoxLayout::LeftToRight) {
         scroll_->stackIfHigh(*settings_);
+    } else if (content_->sizeHint().width() > scroll_->width() - scrollBar()) {
+        settings_->setDirection(QBoxLayout::TopToBottom);
+        scroll_->refresh();
     }
     alignCaptions(settings_->direction() == QBoxLayout::TopToBottom);
     growSamples();

@@ -79,6 +79,8 @@ private:
     QBoxLayout* settings();
     QBoxLayout* panes();
     void alignCaptions(bool areAligned);
+    int leastPane() const;
+    int scrollBar() const;
     int headingHeight(int width) const;
     void growSamples();
     void sizeSamples();
@@ -99,7 +101,6 @@ private:
     /// The fields in the order of the Tab key.
     QList<QWidget*> fields_;
     std::unique_ptr<WebAlbumSamples> samples_;
-    SampleAlbum sampleAlbum_;
 };
 
 }  // namespace velorama

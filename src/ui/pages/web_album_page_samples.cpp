@@ -50,14 +50,11 @@ void WebAlbumPage::sizeSamples() {
 void WebAlbumPage::showTitle() {
     const QString title = txtTITLE->text();
     txtTITLE->setToolTip(title.isEmpty() ? titleTip : tipMarkup({title, titleTip}, font()));
-    sampleAlbum_.title = title;
-    samples_->setAlbum(sampleAlbum_);
+    samples_->setTitle(title);
 }
 
 void WebAlbumPage::setSampleSlides(const SampleAlbum& album) {
-    sampleAlbum_ = album;
-    sampleAlbum_.title = txtTITLE->text();
-    samples_->setAlbum(sampleAlbum_);
+    samples_->setAlbum(album);
 }
 
 void WebAlbumPage::setAlbumFolder(const QString& folder) {
@@ -109,6 +106,16 @@ QBoxLayout* WebAlbumPage::panes() {
     return row;
 }
 
+// Beside large letters the least samples would be specks.
+int WebAlbumPage::leastPane() const {
+    constexpr int lines = 6;
+    return std::max(WebAlbumSamples::leastSide, lines * fontMetrics().lineSpacing());
+}
+
+int WebAlbumPage::scrollBar() const {
+    return style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
+
 int WebAlbumPage::headingHeight(int width) const {
     int height = 0;
     for (const QLabel* heading : headings_) {
@@ -122,7 +129,7 @@ int WebAlbumPage::headingHeight(int width) const {
 void WebAlbumPage::growSamples() {
     const bool isBeside = row_->direction() == QBoxLayout::LeftToRight;
     const bool scrolls = !isBeside || content_->minimumSizeHint().height() > scroll_->height();
-    const int bar = scrolls ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    const int bar = scrolls ? scrollBar() : 0;
     const QMargins margins = row_->contentsMargins();
     // Headings may be wider than the panes, and are wrapped then.
     const int besides =
@@ -132,9 +139,7 @@ void WebAlbumPage::growSamples() {
     const int width = (scroll_->width() - bar - taken) / 2;
     const int below = scroll_->height() - margins.top() - belowHeading;
     const int height = isBeside ? below - headingHeight(width) : width * 3 / 4;
-    const auto bounded = [](int side) {
-        return std::clamp(side, WebAlbumSamples::leastSide, mostSampleSide);
-    };
+    const auto bounded = [this](int side) { return std::clamp(side, leastPane(), mostSampleSide); };
     samples_->setPaneSize(QSize(bounded(width), bounded(height)));
 }
 

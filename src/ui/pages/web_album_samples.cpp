@@ -59,10 +59,20 @@ QSizeF styledSize(const QSizeF& style, const QSizeF& plain) {
     return style.width() < 0 || style.height() < 0 ? plain : style;
 }
 
+/// Where there are many, only those that a pane has room for at either end of its line.
 QString pageNumbers(int slides) {
+    constexpr int mostAtEnd = 40;
+    const int pages = std::max(1, (slides + picturesPerPage - 1) / picturesPerPage);
+    const int lastOnes = std::max(mostAtEnd + 1, pages - mostAtEnd + 1);
     QStringList numbers;
-    for (int page = 0; page * picturesPerPage < std::max(1, slides); ++page) {
-        numbers.append(QString::number(page + 1));
+    for (int page = 1; page <= std::min(mostAtEnd, pages); ++page) {
+        numbers.append(QString::number(page));
+    }
+    if (lastOnes > mostAtEnd + 1) {
+        numbers.append(QString(QChar(0x2026)));
+    }
+    for (int page = lastOnes; page <= pages; ++page) {
+        numbers.append(QString::number(page));
     }
     return numbers.join(QLatin1Char(' '));
 }
@@ -134,6 +144,7 @@ WebAlbumSamples::WebAlbumSamples(QWidget* parent)
     pages_.previous->setAlbumImage(noPrevious);
     before_->setAlbumImage(endOfSlides);
     makeCells();
+    setTitle({});
     fill();
     setPaneSize(QSize(leastSide, leastSide));
 }
@@ -220,8 +231,12 @@ SampleAlbum::Slide WebAlbumSamples::slide(std::size_t number) const {
     return {number < shownSlides() ? QStringLiteral("Photo") : QString(), {}};
 }
 
+// One line whatever it is, so nothing else moves.
+void WebAlbumSamples::setTitle(const QString& title) {
+    lblTTLMAINCOL->setCaption(title.isEmpty() ? QStringLiteral("Title") : title);
+}
+
 void WebAlbumSamples::fill() {
-    lblTTLMAINCOL->setCaption(album_.title.isEmpty() ? QStringLiteral("Title") : album_.title);
     for (std::size_t i = 0; i < thumbnails_.size(); ++i) {
         thumbnails_[i]->setImage(slide(i).picture);
         captions_[i]->setCaption(slide(i).name);

@@ -46,7 +46,6 @@ struct SampleAlbum {
         QImage picture;
     };
 
-    QString title;
     /// Those of the first index page.
     std::vector<Slide> slides;
     /// Of all slides.
@@ -63,6 +62,7 @@ struct WebAlbumSamples {
     static constexpr int leastSide = 105;
     void setPaneSize(const QSize& size);
     void setAlbum(const SampleAlbum& album);
+    void setTitle(const QString& title);
     /// Pixels on the page, as the album is written with them.
     void setPictureSizes(qint32 photo, qint32 thumbnail);
     /// Of captions and links.

@@ -9,6 +9,16 @@ namespace {
 
 using test::comesTrue;
 
+class PaintCount : public QObject {
+public:
+    explicit PaintCount(QObject& watched) { watched.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 /// The page with slides of its own.
 class SampleSlidesTest : public test::WithWebAlbumPage {
 protected:
@@ -118,6 +128,38 @@ TEST_F(SampleSlidesTest, TheTitleShowsAsItIsTyped) {
     QTest::keyClicks(page->txtTITLE, QStringLiteral("<b>Trip"));
     EXPECT_EQ(samples().lblTTLMAINCOL->Caption(), QStringLiteral("<b>Trip"));
     EXPECT_TRUE(page->txtTITLE->toolTip().contains(QStringLiteral("&lt;b&gt;Trip")));
+}
+
+TEST_F(SampleSlidesTest, OfManyPageNumbersThoseAtTheEndsStandThere) {
+    const auto numbersOf = [this](int count) {
+        SampleAlbum album;
+        album.count = count;
+        page->setSampleSlides(album);
+        return part<Label>(QStringLiteral("lblPAGESCOL")).Caption();
+    };
+    EXPECT_EQ(numbersOf(0).toStdString(), "1");
+    EXPECT_EQ(numbersOf(12).toStdString(), "1");
+    EXPECT_TRUE(numbersOf(80 * 12).contains(QLatin1String(" 40 41 ")));
+    EXPECT_EQ(numbersOf(80 * 12).count(u' '), 79);
+    const QString many = numbersOf(100000);
+    EXPECT_TRUE(many.startsWith(QLatin1String("1 2 3 "))) << many.toStdString();
+    EXPECT_TRUE(many.contains(QStringLiteral(" 40 \u2026 8295 "))) << many.toStdString();
+    EXPECT_TRUE(many.endsWith(QLatin1String(" 8333 8334"))) << many.toStdString();
+    EXPECT_EQ(many.count(u' '), 80);
+}
+
+// Whole pictures would be scaled anew at each letter.
+TEST_F(SampleSlidesTest, ATypedTitleLeavesThePicturesAsTheyArePainted) {
+    addMany(2);
+    watch();
+    ASSERT_TRUE(areLoaded(2));
+    page->grab();
+    QApplication::processEvents();
+    PaintCount paints(thumbnail(0));
+    QTest::keyClicks(page->txtTITLE, QStringLiteral("Trip"));
+    QApplication::processEvents();
+    EXPECT_EQ(paints.count, 0);
+    EXPECT_EQ(samples().lblTTLMAINCOL->Caption(), QStringLiteral("Trip"));
 }
 
 TEST_F(SampleSlidesTest, PicturesHaveTheSizesOfTheAlbumToScale) {

@@ -134,6 +134,31 @@ TEST_F(WebAlbumLayout, TheSmallestWindowScrollsDownwardsOnly) {
     EXPECT_GT(sample.y(), page->udnTHUMBNAIL->y());
 }
 
+TEST_F(WebAlbumLayout, BelowOneAnotherInALargeFontTextsAreWholeAndSamplesLarge) {
+    QFont large = page->font();
+    large.setPointSize(16);
+    page->setFont(large);
+    layOut(726, 223);
+    for (const QComboBox* list : {page->cboFONTS, page->cboFONTSBAR}) {
+        EXPECT_GE(list->width(), list->sizeHint().width());
+    }
+    EXPECT_LE(area().widget()->width(), area().viewport()->width());
+    EXPECT_GT(samples().picWAMAIN->width(), 250);
+}
+
+TEST_F(WebAlbumLayout, NoSampleIsSmallerThanSixLinesOfText) {
+    for (const int points : {9, 12, 16, 20}) {
+        QFont font = page->font();
+        font.setPointSize(points);
+        page->setFont(font);
+        for (int width = 490; width < 1300; width += 30) {
+            layOut(width, 223);
+            EXPECT_GE(samples().picWAMAIN->width(), 6 * page->fontMetrics().lineSpacing())
+                << points << " pt in " << width;
+        }
+    }
+}
+
 TEST_F(WebAlbumLayout, InALargeWindowTheSamplesGrowAndTheFieldsAreAsWideAsTheirContents) {
     layOut(726, 223);
     const int before = samples().picWAMAIN->width();
