@@ -1,7 +1,8 @@
 #include "controls/buttons/control_making.h"
 
+#include "controls/buttons/dialog_button.h"
+
 #include <QLabel>
-#include <QPushButton>
 
 namespace velorama {
 
@@ -25,7 +26,7 @@ cbtn* makeButton(QWidget* parent, const QString& name, const char* symbol, const
 QPushButton* makeDialogButton(QWidget* dialog, const char* name, const QString& caption,
                               const QString& tooltip) {
     constexpr int leastWidth = 84;
-    auto* button = make<QPushButton>(name, dialog);
+    auto* button = make<DialogButton>(name, dialog);
     button->setText(caption);
     button->setToolTip(tooltip);
     button->setMinimumWidth(leastWidth);
