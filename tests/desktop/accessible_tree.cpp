@@ -6,6 +6,8 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
+#include <algorithm>
+
 namespace velorama::desktop {
 namespace {
 
@@ -13,6 +15,11 @@ const QString kConnection = QStringLiteral("accessible-tree");
 const QString kRegistry = QStringLiteral("org.a11y.atspi.Registry");
 const QString kRoot = QStringLiteral("/org/a11y/atspi/accessible/root");
 const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
+
+bool has(quint64 states, std::initializer_list<int> wanted) {
+    return std::all_of(wanted.begin(), wanted.end(),
+                       [states](int state) { return (states >> state & 1U) != 0; });
+}
 
 }  // namespace
 
@@ -102,15 +109,15 @@ void AccessibleTree::walk(const Object& object,
     }
 }
 
-bool AccessibleTree::isFocused(const Object& object) const {
-    constexpr quint32 focused = 1U << 12U;
+quint64 AccessibleTree::statesOf(const Object& object) const {
     const QVariant answer = ask(object, kAccessible, QStringLiteral("GetState"));
-    const auto states = qdbus_cast<QList<quint32>>(answer);
-    return !states.isEmpty() && (states.first() & focused) != 0;
+    const auto words = qdbus_cast<QList<quint32>>(answer);
+    return quint64{words.value(1)} << 32U | words.value(0);
 }
 
 AccessibleTree::Told AccessibleTree::told(const Object& object) const {
     Told all;
+    all.id = object.service + object.path;
     all.name = property(object, QStringLiteral("Name"));
     all.role = ask(object, kAccessible, QStringLiteral("GetRoleName")).toString();
     all.place = ask(object, kAccessible, QStringLiteral("GetIndexInParent")).toInt();
@@ -147,10 +154,27 @@ AccessibleTree::Object AccessibleTree::parentOf(const Object& object) const {
 std::vector<AccessibleTree::Told> AccessibleTree::focused() const {
     std::vector<Told> all;
     walk({kRegistry, kRoot}, [&](const Object& object) {
-        if (isFocused(object)) {
+        if (has(statesOf(object), {Focused})) {
             all.push_back(told(object));
         }
     });
+    return all;
+}
+
+std::vector<AccessibleTree::Told> AccessibleTree::focusable() const {
+    std::vector<Told> all;
+    for (const Object& program : children({kRegistry, kRoot})) {
+        for (const Object& window : children(program)) {
+            if (!has(statesOf(window), {Active})) {
+                continue;
+            }
+            walk(window, [&](const Object& object) {
+                if (has(statesOf(object), {Focusable, Sensitive, Showing})) {
+                    all.push_back(told(object));
+                }
+            });
+        }
+    }
     return all;
 }
 

@@ -27,6 +27,8 @@ public:
 
     /// One object as it is told.
     struct Told {
+        /// Another one for each object, as long as it lives.
+        QString id;
         QString name;
         QString role;
         /// Place among its neighbours from 0, and how many these are.
@@ -37,15 +39,21 @@ public:
     };
     /// What has the keyboard, from the outermost object to the innermost.
     std::vector<Told> focused() const;
+    /// What is shown and on in the window that has the keyboard, and could have the keyboard
+    /// itself.
+    std::vector<Told> focusable() const;
 
 private:
+    /// As AT-SPI numbers them.
+    enum State { Active = 1, Focusable = 11, Focused = 12, Sensitive = 24, Showing = 25 };
     struct Object {
         QString service;
         QString path;
     };
     Told told(const Object& object) const;
     Object parentOf(const Object& object) const;
-    bool isFocused(const Object& object) const;
+    /// A bit for each of `State`.
+    quint64 statesOf(const Object& object) const;
     QVariant ask(const Object& object, const QString& interface, const QString& method,
                  const QVariantList& arguments = {}) const;
     QString property(const Object& object, const QString& name) const;
