@@ -2,9 +2,10 @@
 # screenshots.sh [PROGRAM [OUT [SCALE [SIZE [FONT]]]]]: takes the pictures of docs/screenshots/ on an X
 # server in memory, light and dark. OUT is docs/screenshots, SCALE 1 and SIZE 1280x860 unless given;
 # SIZE "own" leaves the window as it comes up. With a FONT, as "Cantarell 11", there are also the
-# other windows of the program and what it shows a new user, and no show. The pictures show the home folder of a user who does not exist: it is mounted over /home for this script
-# alone, as root or where users may have namespaces of their own. Needs the packages of the groups
-# build and screen, sqlite3, and qt6-gtk-platformtheme for the dark ones.
+# other windows of the program and what it shows a new user, and no show. The pictures show the home
+# folder of a user who does not exist, and the program in a folder of /opt: both are mounted for this
+# script alone, as root or where users may have namespaces of their own. Needs the packages of the
+# groups build and screen, sqlite3, and qt6-gtk-platformtheme for the dark ones.
 set -euo pipefail
 
 # --- outside: copies everything, because /home will be hidden, and fetches the pictures ---
@@ -56,6 +57,13 @@ album() {
     printf '%s\r\n' "${@/#/$HOME/Pictures/}" '' >>"$HOME/Pictures/$name.vlr"
 }
 
+# The samples that a new user is shown lie beside the program.
+install_program() {
+    mount -t tmpfs tmpfs /opt
+    mkdir /opt/velorama
+    cp -r "$work"/{velorama,samples,images} /opt/velorama/
+}
+
 make_home() {
     mount -t tmpfs tmpfs /home
     export HOME=/home/ann
@@ -102,10 +110,11 @@ press() {
     xdotool key --delay 80 "$@"
 }
 
-# The window that has the keyboard, if it is a dialog.
+# dialog TITLE: the window that has the keyboard, if it is this dialog. Others come up before some.
 dialog() {
     local active
-    active=$(xdotool getactivewindow) && [[ $active != "$window" ]] && echo "$active"
+    active=$(xdotool getactivewindow) && [[ $active != "$window" ]] &&
+        [[ $(xdotool getwindowname "$active") == "$1" ]] && echo "$active"
 }
 
 # The pointer rests where it lights nothing up.
@@ -114,7 +123,7 @@ start_program() {
     if [[ ${1:-} != fresh ]]; then
         choose_settings
     fi
-    (cd "$HOME" && exec "$work/velorama") 2>"$work/errors" &
+    (cd "$HOME" && exec /opt/velorama/velorama) 2>"$work/errors" &
     running=$!
     pids+=("$running")
     until_true main_window || fail "no window came up"
@@ -133,11 +142,11 @@ take() {
     mv "$work/small.png" "$work/out/$1$suffix.png"
 }
 
+# take_dialog NAME TITLE
 take_dialog() {
-    local name=$1
-    until_true dialog || fail "no dialog: $name"
+    until_true dialog "$2" || fail "no dialog: $1"
     sleep 0.7
-    take "$name" "$(dialog)"
+    take "$1" "$(dialog "$2")"
 }
 
 take_pages() {
@@ -169,21 +178,21 @@ take_settings() {
     press alt+s
     sleep 0.3
     press t
-    take_dialog settings
+    take_dialog settings "Slideshow Settings"
     press Escape
     sleep 0.5
 }
 
-# chosen NAME KEY...: the dialog that the keys bring up.
+# take_chosen NAME TITLE KEY...: the dialog that the keys bring up.
 take_chosen() {
-    local name=$1
-    shift
+    local name=$1 title=$2
+    shift 2
     press "$1"
     sleep 0.3
     if (($# > 1)); then
         press "${@:2}"
     fi
-    take_dialog "$name"
+    take_dialog "$name" "$title"
     press Escape
     until_true main_window
     xdotool windowactivate --sync "$window"
@@ -191,10 +200,10 @@ take_chosen() {
 }
 
 take_others() {
-    take_chosen preview F11
-    take_chosen about alt+h a
-    take_chosen update alt+h u
-    take_chosen help F1
+    take_chosen preview 'Picture Preview' F11
+    take_chosen about About alt+h a
+    take_chosen update 'Check for Updates' alt+h u
+    take_chosen help Help F1
 }
 
 end_program() {
@@ -210,7 +219,7 @@ take_question() {
     press c
     sleep 0.5
     press alt+F4
-    take_dialog question
+    take_dialog question Help
 }
 
 run_once() {
@@ -232,6 +241,7 @@ run_once() {
     fi
 }
 
+install_program
 make_home
 export QT_SCALE_FACTOR=$scale
 screen_width=2560 screen_height=1720
