@@ -25,12 +25,12 @@ QString TouchedPicture::path(const ListItem* item) const {
     if (item == nullptr) {
         return {};
     }
-    return ActiveList == found ? ftvFOLDER_.Path() + u'/' + item->Text() : item->Key();
+    return ActiveList == found ? flbFOUND_.Path() + u'/' + item->Text() : item->Key();
 }
 
 QString TouchedPicture::joinedPath(const ListItem* item) const {
     const bool isFound = ActiveList == found && item != nullptr;
-    return isFound ? joinPath(ftvFOLDER_.Path(), item->Text()) : path(item);
+    return isFound ? joinPath(flbFOUND_.Path(), item->Text()) : path(item);
 }
 
 }  // namespace velorama

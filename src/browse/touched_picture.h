@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/lists/folder_tree.h"
+#include "controls/lists/file_list.h"
 #include "controls/lists/list_view.h"
 
 namespace velorama {
@@ -10,9 +10,8 @@ namespace velorama {
 class TouchedPicture {
 public:
     /// All must outlive this object.
-    TouchedPicture(const ListView& lvwSLIDEBAR, const ListView& lvwFOUND,
-                   const FolderTree& ftvFOLDER)
-        : lvwSLIDEBAR_(lvwSLIDEBAR), lvwFOUND_(lvwFOUND), ftvFOLDER_(ftvFOLDER) {}
+    TouchedPicture(const ListView& lvwSLIDEBAR, const ListView& lvwFOUND, const FileList& flbFOUND)
+        : lvwSLIDEBAR_(lvwSLIDEBAR), lvwFOUND_(lvwFOUND), flbFOUND_(flbFOUND) {}
 
     /// False where nothing is to be done: no picture has been found.
     bool choose() const;
@@ -26,7 +25,8 @@ public:
 private:
     const ListView& lvwSLIDEBAR_;
     const ListView& lvwFOUND_;
-    const FolderTree& ftvFOLDER_;
+    /// Its folder is that of the rows; the tree may be at another, whose names are still read.
+    const FileList& flbFOUND_;
 };
 
 }  // namespace velorama

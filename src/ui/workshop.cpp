@@ -43,7 +43,7 @@ Workshop::Workshop(QWidget& form, Pages& pages, SlideBar& slideBar, Commands& co
       slideNotes_(slideBar.slides, thumbnails_),
       albumNotes_(pages.slideshows->albums),
       touched_(*slideBar.slides.lvwSLIDEBAR, *pages.pictures->found.lvwFOUND,
-               *pages.pictures->found.ftvFOLDER),
+               *pages.pictures->found.flbFOUND),
       preview_(touched_, [this]() -> const PreviewControls& { return previewWindow(); }),
       wallpaper_(touched_, boxes_, services.desktop),
       sampleSlides_(*slideBar.slides.lvwSLIDEBAR, *pages.webAlbum, loadSamples(pictures_.cells())) {

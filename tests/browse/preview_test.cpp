@@ -39,7 +39,7 @@ QImage halves(QSize size) {
 class PreviewTest : public test::WithServices {
 protected:
     PreviewTest() {
-        ftvFOLDER.setPath(folder);
+        flbFOUND.setPath(folder);
         ActiveList = QStringLiteral("FOUND");
         form.setWindowTitle(design);
         QObject::connect(&preview, &Preview::Ready, [this] {
@@ -115,7 +115,7 @@ protected:
     const QString design = QStringLiteral("Picture Preview");
     ListView lvwSLIDEBAR;
     ListView lvwFOUND;
-    FolderTree ftvFOLDER;
+    FileList flbFOUND;
     QWidget form;
     PreviewControls controls{form};
     QWidget& shpBORDER = *controls.shpBORDER;
@@ -126,7 +126,7 @@ protected:
     int asked = 0;
     int shown = 0;
     QRect atShow;
-    Preview preview{{lvwSLIDEBAR, lvwFOUND, ftvFOLDER}, [this]() -> const PreviewControls& {
+    Preview preview{{lvwSLIDEBAR, lvwFOUND, flbFOUND}, [this]() -> const PreviewControls& {
                         ++asked;
                         return controls;
                     }};
@@ -254,7 +254,7 @@ TEST_F(PreviewTest, bothPathFormsOpen) {
 }
 
 TEST_F(PreviewTest, theRootOfTheMachineIsAFolderToo) {
-    ftvFOLDER.setPath(QStringLiteral("/"));
+    flbFOUND.setPath(QStringLiteral("/"));
     addFound(folder.mid(1) + QStringLiteral("/a.bmp"));
     test::savePicture(folder, QStringLiteral("a.bmp"), {30, 9});
     show(1);
@@ -673,7 +673,7 @@ TEST_F(PreviewTest, aFolderThatVanishesLeavesTheFormerPicture) {
     test::savePicture(gone, QStringLiteral("a.bmp"), {40, 30});
     addFound(QStringLiteral("a.bmp"));
     addFound(QStringLiteral("b.gif"));
-    ftvFOLDER.setPath(gone);
+    flbFOUND.setPath(gone);
     show(1);
     ASSERT_TRUE(QDir(gone).removeRecursively());
     for (int i = 0; i < 4; ++i) {

@@ -43,7 +43,7 @@ protected:
         for (const char* name : {"x.bmp", "y.bmp"}) {
             savePicture(otherFolder, QLatin1String(name), QSize(3, 9), colourOf(name[0]));
         }
-        ftvFOLDER.setPath(folder);
+        flbFOUND.setPath(folder);
         ActiveList = QStringLiteral("FOUND");
     }
     ~WallpaperTest() override { qputenv("XDG_DATA_HOME", homeBefore); }
@@ -79,11 +79,11 @@ protected:
     const QString target = dataFolder + QStringLiteral("/velorama/Velorama Wallpaper.bmp");
     ListView lvwSLIDEBAR;
     ListView lvwFOUND;
-    FolderTree ftvFOLDER;
+    FileList flbFOUND;
     QWidget surface;
     WallpaperBoxes boxes{surface};
     RecordingDesktop desktop;
-    Wallpaper wallpaper{{lvwSLIDEBAR, lvwFOUND, ftvFOLDER}, boxes, desktop};
+    Wallpaper wallpaper{{lvwSLIDEBAR, lvwFOUND, flbFOUND}, boxes, desktop};
 };
 
 TEST_F(WallpaperTest, foundListGivesItsCurrentItem) {

@@ -1,3 +1,4 @@
+#include "browse/wallpaper.h"
 #include "support/waiting.h"
 #include "ui/window_world.h"
 
@@ -45,6 +46,20 @@ TEST_F(FoundPage, AFolderOfOtherPicturesSaysSo) {
     EXPECT_NE(found().grab().toImage(), other);
     EXPECT_EQ(found().accessibleDescription().section(u'\n', 0, 0),
               QStringLiteral("No pictures in this folder."));
+}
+
+TEST_F(FoundPage, APictureIsTakenFromTheFolderOnShowWhileTheNextIsRead) {
+    open({QStringLiteral("a.jpg")});
+    found().setFocus();
+    QFile::remove(wallpaperFile());
+    bool isAsked = false;
+    QTimer::singleShot(0, window.get(), [&] {
+        isAsked = found().Count() == 1;
+        commands().wallpaper.trigger();
+    });
+    foundControls().ftvFOLDER->setPath(test::temporaryFolder());
+    EXPECT_TRUE(isAsked) << "the next folder was there first";
+    EXPECT_EQ(QImage(wallpaperFile()).size(), QSize(40, 30));
 }
 
 TEST_F(FoundPage, WhatIsInTheShowIsMarked) {
