@@ -1,6 +1,5 @@
 #include "ui/dialogs/frm_toolssettings.h"
 
-#include "albums/album_fields.h"
 #include "core/globals.h"
 #include "core/show_colours.h"
 #include "platform/numbers.h"
@@ -40,10 +39,6 @@ frmTOOLSSETTINGS::frmTOOLSSETTINGS(QWidget* main, const QString& albumPath,
 void frmTOOLSSETTINGS::Form_Load(const QString& albumPath, const ReportView& lvwALBUMS) {
     picGRADCOLOR->setBackColor(showGradient());
     picBACKGROUND->setBackColor(showBackground());
-    // The count of an album's slides has no place on the form yet.
-    if (gLibrary->FileExists(albumPath)) {
-        albumHeader(albumPath);
-    }
     const QString bar = loadSetting(configKey, QStringLiteral("TBAR"), QStringLiteral("1"));
     chkTBAR->setChecked(wholeNumber(bar) == 1);
     if (const ReportItem* album = lvwALBUMS.item(albumPath)) {
