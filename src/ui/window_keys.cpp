@@ -2,9 +2,12 @@
 
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+
+#include <utility>
 
 namespace velorama {
 namespace {
@@ -22,6 +25,7 @@ bool isTextField(const QWidget* control) {
 
 WindowKeys::WindowKeys(QWidget& surface, const Pages& pages, const SlideBar& slideBar)
     : surface_(surface), pages_(pages), slideBar_(slideBar) {
+    QCoreApplication::instance()->installEventFilter(this);
     connectMove(Qt::ALT | Qt::Key_Left, *slideBar.cbtnCONTROLS[4]);
     connectMove(Qt::ALT | Qt::Key_Right, *slideBar.cbtnCONTROLS[5]);
     connect(shortcut(Qt::Key_F6), &QShortcut::activated, this, [this] { walk(1); });
@@ -33,11 +37,33 @@ QShortcut* WindowKeys::shortcut(const QKeySequence& key) {
 }
 
 void WindowKeys::connectMove(const QKeySequence& key, cbtn& button) {
-    connect(shortcut(key), &QShortcut::activated, &button, [&button] {
-        if (!isTextField(QApplication::focusWidget())) {
-            button.click();
+    connect(shortcut(key), &QShortcut::activated, &button, [this, &button] {
+        if (isTextField(QApplication::focusWidget())) {
+            return;
         }
+        isRepeat_ ? stepSoon(button) : button.click();
     });
+}
+
+/// Once what has come in meanwhile is handled. A step through a very long list takes longer than a
+/// held key takes to repeat itself: its repeats would be stepped through after it has been let go.
+void WindowKeys::stepSoon(cbtn& button) {
+    if (std::exchange(isStepDue_, true)) {
+        return;
+    }
+    const auto step = [this, &button] {
+        isStepDue_ = false;
+        button.click();
+    };
+    QMetaObject::invokeMethod(&button, step, Qt::QueuedConnection);
+}
+
+/// Shortcuts do not tell of it; this comes before each of them.
+bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        isRepeat_ = static_cast<const QKeyEvent*>(event)->isAutoRepeat();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 QList<QWidget*> WindowKeys::parts() const {

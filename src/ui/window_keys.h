@@ -18,8 +18,12 @@ public:
     /// Gives the keyboard to the next part that is in sight, or to the one before.
     void walk(int step) const;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void connectMove(const QKeySequence& key, cbtn& button);
+    void stepSoon(cbtn& button);
     QShortcut* shortcut(const QKeySequence& key);
     QList<QWidget*> parts() const;
     qsizetype partWithFocus(const QList<QWidget*>& parts) const;
@@ -27,6 +31,10 @@ private:
     QWidget& surface_;
     const Pages& pages_;
     const SlideBar& slideBar_;
+    /// The key that was looked up last is held.
+    bool isRepeat_ = false;
+    /// A step of a held key is still to be taken.
+    bool isStepDue_ = false;
 };
 
 }  // namespace velorama

@@ -51,6 +51,29 @@ TEST_F(WindowKeysTest, AltWithArrowsMovesTheCurrentSlide) {
     EXPECT_EQ(stored("frmSLIDESHOW\\Selection", "1"), before[0]);
 }
 
+TEST_F(WindowKeysTest, RepeatsOfAHeldKeyDoNotQueueUp) {
+    start(album(7));
+    QApplication::setActiveWindow(window.get());
+    makeCurrent(1);
+    slideList().setFocus();
+    const auto comes = [&](bool isRepeat) {
+        QTest::simulateEvent(&slideList(), true, Qt::Key_Right, Qt::AltModifier, {}, isRepeat);
+    };
+    comes(false);
+    EXPECT_EQ(current(), 2);
+    comes(true);
+    comes(true);
+    comes(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(current(), 3);
+    comes(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(current(), 4);
+    comes(false);
+    comes(false);
+    EXPECT_EQ(current(), 6) << "presses of a hand count, each of them";
+}
+
 // Where there is no place to move to, the key is no plain arrow either.
 TEST_F(WindowKeysTest, AtTheEndAltWithArrowsDoesNothing) {
     makeCurrent(1);
