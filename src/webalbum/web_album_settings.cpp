@@ -28,10 +28,9 @@ void loadColour(const char* name, Colour& colour) {
     colour = wholeNumber(stored).value_or(colour);
 }
 
-/// A list shows its entries and nothing else.
-void loadEntry(const char* name, const QStringList& entries, QString& entry) {
-    const QString stored = loadSetting(settings, QLatin1String(name), entry);
-    entry = entries.contains(stored) ? stored : entry;
+/// As it stands, be it no entry of the list: a style sheet takes it all the same.
+void loadText(const char* name, QString& text) {
+    text = loadSetting(settings, QLatin1String(name), text);
 }
 
 void loadSize(const char* name, QString& size) {
@@ -75,13 +74,13 @@ WebAlbumValues loadWebAlbumValues(WebAlbumValues fallback) {
     WebAlbumValues& values = fallback;
     loadColour("BackColor", values.picBACKGROUND);
     loadColour("TextColor", values.picTEXTCOLOR);
-    loadEntry("Fonts", webAlbumFonts(), values.cboFONTS);
-    loadEntry("FontsSize", webAlbumFontSizes(), values.cboFONTSIZE);
+    loadText("Fonts", values.cboFONTS);
+    loadText("FontsSize", values.cboFONTSIZE);
     loadColour("TitleBarColor", values.picTITLEBARCOL);
     loadColour("BarColor", values.picBARCOL);
     loadColour("TitleBarTextColor", values.picTITLEBARTEXTCOL);
-    loadEntry("FontsBar", webAlbumBarFonts(), values.cboFONTSBAR);
-    loadEntry("FontsSizeBar", webAlbumFontSizes(), values.cboFONTSSIZEBAR);
+    loadText("FontsBar", values.cboFONTSBAR);
+    loadText("FontsSizeBar", values.cboFONTSSIZEBAR);
     loadSize("PhotoSize", values.udnPHOTO);
     loadSize("ThumbnailSize", values.udnTHUMBNAIL);
     return fallback;

@@ -26,8 +26,9 @@ inline constexpr WebAlbumSizes webAlbumThumbnailSizes = {10, 2000};
 /// What the page shows before anything was chosen; without a title.
 WebAlbumValues webAlbumDesign();
 
-/// The eleven values of the settings. One that is absent, or that the page could not show, is that
-/// of `fallback`; so is the title, which is not kept.
+/// The eleven values of the settings. One that is absent, or is to be a number and is none, is that
+/// of `fallback`; so is the title, which is not kept. A font or a size may be one that is not
+/// offered.
 WebAlbumValues loadWebAlbumValues(WebAlbumValues fallback);
 void saveWebAlbumValues(const WebAlbumValues& values);
 

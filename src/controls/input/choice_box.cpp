@@ -19,6 +19,19 @@ constexpr int entryMargin = 2;
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
     setSizeAdjustPolicy(AdjustToContents);
     setMinimumContentsLength(leastCharacters);
+    connect(this, &QComboBox::currentIndexChanged, this, &ChoiceBox::tellOther);
+}
+
+void ChoiceBox::setText(const QString& text) {
+    other_ = text;
+    setCurrentIndex(findText(text));
+    tellOther();
+    update();
+}
+
+/// Screen readers know of the entries alone.
+void ChoiceBox::tellOther() {
+    setAccessibleDescription(currentIndex() < 0 ? other_ : QString());
 }
 
 QString ChoiceBox::fitted() const {
@@ -26,7 +39,7 @@ QString ChoiceBox::fitted() const {
     initStyleOption(&option);
     const QRect field =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    return fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width() - 2 * entryMargin);
+    return fontMetrics().elidedText(Text(), Qt::ElideRight, field.width() - 2 * entryMargin);
 }
 
 void ChoiceBox::paintEvent(QPaintEvent*) {
@@ -39,9 +52,9 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
 }
 
 bool ChoiceBox::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && fitted() != currentText()) {
+    if (event->type() == QEvent::ToolTip && fitted() != Text()) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                           tipMarkup({currentText()}, QToolTip::font()), this);
+                           tipMarkup({Text()}, QToolTip::font()), this);
         return true;
     }
     return QComboBox::event(event);

@@ -11,6 +11,12 @@ class ChoiceBox : public QComboBox {
 public:
     explicit ChoiceBox(QWidget* parent = nullptr);
 
+    /// The entry chosen, or a text that was set and is none.
+    QString Text() const { return currentIndex() < 0 ? other_ : currentText(); }
+    /// Chooses the entry of this text. One that is no entry is shown until an entry is chosen, and
+    /// is not offered again.
+    void setText(const QString& text);
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -18,6 +24,9 @@ protected:
 private:
     /// The entry as it is shown.
     QString fitted() const;
+    void tellOther();
+
+    QString other_;
 };
 
 }  // namespace velorama

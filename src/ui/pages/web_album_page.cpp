@@ -4,7 +4,6 @@
 #include "controls/buttons/control_making.h"
 #include "controls/geometry/caption_room.h"
 #include "controls/geometry/twips.h"
-#include "controls/input/choice_box.h"
 #include "controls/input/one_line.h"
 #include "controls/input/wheel_guard.h"
 #include "webalbum/web_album_settings.h"
@@ -18,7 +17,7 @@ namespace {
 constexpr int Gap = 10;
 constexpr int RowGap = 3;
 
-QComboBox* combo(const char* name, const QStringList& entries, const QString& design,
+ChoiceBox* combo(const char* name, const QStringList& entries, const QString& design,
                  QWidget* parent) {
     auto* made = make<ChoiceBox>(name, parent);
     made->addItems(entries);
@@ -148,7 +147,7 @@ void WebAlbumPage::makeFonts() {
     cboFONTSIZE = combo("cboFONTSIZE", sizes, design.cboFONTSIZE, content_);
     cboFONTSBAR = combo("cboFONTSBAR", webAlbumBarFonts(), design.cboFONTSBAR, content_);
     cboFONTSSIZEBAR = combo("cboFONTSSIZEBAR", sizes, design.cboFONTSSIZEBAR, content_);
-    for (const QComboBox* list : {cboFONTS, cboFONTSBAR}) {
+    for (const ChoiceBox* list : {cboFONTS, cboFONTSBAR}) {
         connect(list, &QComboBox::activated, this, &WebAlbumPage::WebAlbumSampleUpdate);
     }
 }

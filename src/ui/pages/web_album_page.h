@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/input/choice_box.h"
 #include "controls/input/up_down.h"
 #include "core/commands.h"
 #include "ui/pages/page.h"
@@ -8,7 +9,6 @@
 #include "ui/parts/scrolled_content.h"
 #include "webalbum/web_album_values.h"
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -29,10 +29,10 @@ public:
     ColourField* picBARCOL = nullptr;
     ColourField* picTITLEBARCOL = nullptr;
     ColourField* picTITLEBARTEXTCOL = nullptr;
-    QComboBox* cboFONTS = nullptr;
-    QComboBox* cboFONTSIZE = nullptr;
-    QComboBox* cboFONTSBAR = nullptr;
-    QComboBox* cboFONTSSIZEBAR = nullptr;
+    ChoiceBox* cboFONTS = nullptr;
+    ChoiceBox* cboFONTSIZE = nullptr;
+    ChoiceBox* cboFONTSBAR = nullptr;
+    ChoiceBox* cboFONTSSIZEBAR = nullptr;
     updown* udnPHOTO = nullptr;
     updown* udnTHUMBNAIL = nullptr;
     cbtn* cbtnWEBALBUM = nullptr;

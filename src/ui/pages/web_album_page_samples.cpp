@@ -78,10 +78,10 @@ void WebAlbumPage::WebAlbumSampleUpdate() {
     s.picWASLIDE->setBackColor(page);
     s.picWAMAIN->setBackColor(page);
     s.setTextColour(shownColour(picTEXTCOLOR->BackColor()));
-    if (const auto family = sampleFont(cboFONTS->currentText())) {
+    if (const auto family = sampleFont(cboFONTS->Text())) {
         s.setTextFamily(*family);
     }
-    if (const auto family = sampleFont(cboFONTSBAR->currentText())) {
+    if (const auto family = sampleFont(cboFONTSBAR->Text())) {
         s.setTitleFamily(*family);
     }
     s.lblTTLMAINCOL->setForeColor(shownColour(picTITLEBARTEXTCOL->BackColor()));

@@ -12,10 +12,10 @@ void WebAlbumPage::load() {
     picBARCOL->setBackColor(stored.picBARCOL);
     picTITLEBARCOL->setBackColor(stored.picTITLEBARCOL);
     picTITLEBARTEXTCOL->setBackColor(stored.picTITLEBARTEXTCOL);
-    cboFONTS->setCurrentText(stored.cboFONTS);
-    cboFONTSIZE->setCurrentText(stored.cboFONTSIZE);
-    cboFONTSBAR->setCurrentText(stored.cboFONTSBAR);
-    cboFONTSSIZEBAR->setCurrentText(stored.cboFONTSSIZEBAR);
+    cboFONTS->setText(stored.cboFONTS);
+    cboFONTSIZE->setText(stored.cboFONTSIZE);
+    cboFONTSBAR->setText(stored.cboFONTSBAR);
+    cboFONTSSIZEBAR->setText(stored.cboFONTSSIZEBAR);
     udnPHOTO->setText(stored.udnPHOTO);
     udnTHUMBNAIL->setText(stored.udnTHUMBNAIL);
     WebAlbumSampleUpdate();
@@ -32,10 +32,10 @@ WebAlbumValues WebAlbumPage::values() const {
             .picBARCOL = picBARCOL->BackColor(),
             .picTITLEBARCOL = picTITLEBARCOL->BackColor(),
             .picTITLEBARTEXTCOL = picTITLEBARTEXTCOL->BackColor(),
-            .cboFONTS = cboFONTS->currentText(),
-            .cboFONTSIZE = cboFONTSIZE->currentText(),
-            .cboFONTSBAR = cboFONTSBAR->currentText(),
-            .cboFONTSSIZEBAR = cboFONTSSIZEBAR->currentText(),
+            .cboFONTS = cboFONTS->Text(),
+            .cboFONTSIZE = cboFONTSIZE->Text(),
+            .cboFONTSBAR = cboFONTSBAR->Text(),
+            .cboFONTSSIZEBAR = cboFONTSSIZEBAR->Text(),
             .udnPHOTO = udnPHOTO->Text(),
             .udnTHUMBNAIL = udnTHUMBNAIL->Text()};
 }

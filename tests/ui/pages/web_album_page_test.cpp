@@ -225,18 +225,36 @@ TEST_F(WebAlbumPageTest, NothingIsWrittenBeforeTheSave) {
     EXPECT_TRUE(store.written.isEmpty());
 }
 
-TEST_F(WebAlbumPageTest, ColoursThatAreNoNumbersAndUnknownEntriesLeaveTheDefaults) {
+TEST_F(WebAlbumPageTest, ColoursThatAreNoNumbersLeaveTheDefaults) {
     for (const char* name :
          {"BackColor", "TextColor", "BarColor", "TitleBarColor", "TitleBarTextColor"}) {
         setStored(name, QStringLiteral("red"));
     }
     setStored("BarColor", QString());
     setStored("TitleBarColor", QStringLiteral("99999999999"));
-    for (const char* name : {"Fonts", "FontsSize", "FontsBar", "FontsSizeBar"}) {
-        setStored(name, QStringLiteral("Nonesuch"));
-    }
     page->load();
     EXPECT_EQ(values(), defaults);
+}
+
+TEST_F(WebAlbumPageTest, FontsAndSizesThatAreNotOfferedAreKeptUntilOthersAreChosen) {
+    for (const char* name : {"Fonts", "FontsSize", "FontsBar", "FontsSizeBar"}) {
+        setStored(name, QLatin1String(name) + QStringLiteral(", none of the list"));
+    }
+    const QImage before = page->cboFONTS->grab().toImage();
+    page->load();
+    const WebAlbumValues given = page->values();
+    EXPECT_EQ(given.cboFONTS, QStringLiteral("Fonts, none of the list"));
+    EXPECT_EQ(given.cboFONTSIZE, QStringLiteral("FontsSize, none of the list"));
+    EXPECT_EQ(given.cboFONTSBAR, QStringLiteral("FontsBar, none of the list"));
+    EXPECT_EQ(given.cboFONTSSIZEBAR, QStringLiteral("FontsSizeBar, none of the list"));
+    EXPECT_EQ(page->cboFONTS->count(), 7);
+    EXPECT_NE(page->cboFONTS->grab().toImage(), before) << "it is not shown";
+    EXPECT_EQ(page->cboFONTS->accessibleDescription(), given.cboFONTS);
+    page->save();
+    EXPECT_EQ(stored("Fonts"), given.cboFONTS);
+    choose(*page->cboFONTS, 1);
+    EXPECT_EQ(page->values().cboFONTS, QStringLiteral("Verdana, Arial, Helvetica, Sans-Serif"));
+    EXPECT_EQ(page->cboFONTS->accessibleDescription(), QString());
 }
 
 TEST_F(WebAlbumPageTest, OneBadValueDoesNotKeepTheOthersFromLoading) {
