@@ -189,8 +189,8 @@ void SlideBar::showLength() {
 void SlideBar::showStatus() {
     const QString work = slides.prgBARSLIDES->Told();
     const QString leaving = slides.prgBARSLIDES->Leaving();
-    const Status status =
-        work.isEmpty() ? length_ : Status{work + QStringLiteral(". ") + leaving, work};
+    const QString whole = leaving.isEmpty() ? work : QString(work + QStringLiteral(". ") + leaving);
+    const Status status = work.isEmpty() ? length_ : Status{whole, work};
     const bool fits =
         lblSLIDECOUNT->fontMetrics().horizontalAdvance(status.whole) <= lblSLIDECOUNT->width();
     lblSLIDECOUNT->setCaption(fits ? status.whole : status.brief);

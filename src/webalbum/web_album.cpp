@@ -84,7 +84,8 @@ void WebAlbum::WebAlbumFolderCreate(const QString& path) const {
 
 void WebAlbum::WebAlbumPicturesCopy(const ListView& list, const QString& destination) const {
     const int count = list.Count();
-    c_.prgBARSLIDES->setWork(QStringLiteral("Copying"), leavingBuild);
+    // Closing the window is kept for later, too, as all that hands do: it ends the pages behind.
+    c_.prgBARSLIDES->setWork(QStringLiteral("Copying"), {});
     for (int i = 1; i <= count && !stop_.stop_requested(); ++i) {
         c_.prgBARSLIDES->tell(i, count);
         const ListItem* item = list.item(i);

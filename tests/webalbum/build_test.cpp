@@ -302,6 +302,21 @@ TEST_F(Build, LetsTheWindowAnswerAtEveryPicture) {
     EXPECT_GE(answers - answersWhileCopying, 40 + 3 * 40);
 }
 
+TEST_F(Build, OnlyWhatClosingTheWindowEndsSaysSo) {
+    addSlides(3);
+    QSet<QString> copying;
+    QSet<QString> writing;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        const bool isCopying = prgBARSLIDES.Told().startsWith(QStringLiteral("Copying"));
+        (isCopying ? copying : writing).insert(prgBARSLIDES.toolTip());
+    });
+    watch.start(0);
+    build();
+    EXPECT_EQ(copying, QSet<QString>({QString()}));
+    EXPECT_TRUE(writing.contains(leavingBuild));
+}
+
 TEST_F(Build, SecondClicksBuildOnceMoreBehind) {
     addSlides(5);
     int open = 0;

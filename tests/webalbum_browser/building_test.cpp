@@ -128,7 +128,7 @@ TEST_F(Building, WithoutATitleSaysSoAndWritesNothing) {
     EXPECT_EQ(page->close(), 0);
 }
 
-TEST_F(Building, ASecondClickBuildsInsideTheFirst) {
+TEST_F(Building, ASecondClickBuildsOnceMoreBehind) {
     takeSpecks(many);
     ASSERT_NO_FATAL_FAILURE(start());
     page->typeTitle(QStringLiteral("Twice"));
