@@ -57,6 +57,7 @@ private:
     // -- main_window_start.cpp, as Form_Load --
     void closeEvent(QCloseEvent* event) override;
     void restore();
+    void showLastFolder();
     void appear();
     void awaitFirstPaint();
     void fillUnseen();

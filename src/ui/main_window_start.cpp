@@ -3,6 +3,7 @@
 #include "browse/screen_pointer.h"
 #include "core/documents.h"
 #include "core/globals.h"
+#include "platform/process/await_work.h"
 #include "platform/process/events.h"
 #include "platform/session/shell.h"
 #include "ui/dialogs/modal_forms.h"
@@ -62,8 +63,28 @@ void mfrmPRGMAIN::Form_Load(const QString& commandLine) {
     if (!unloaded_) {
         mediaKeys_.start();
     }
-    found.ftvFOLDER->setPath(
-        loadSetting(toolSettings, QStringLiteral("Files Location"), firstFolder()));
+    showLastFolder();
+}
+
+// Events run until the disk has answered for the folder: one that does not would keep the window
+// from every key and click. Who chooses another folder, or closes the window, does not wait.
+void mfrmPRGMAIN::showLastFolder() {
+    const QPointer<mfrmPRGMAIN> self = this;
+    FolderTree& tree = *pages_->pictures->found.ftvFOLDER;
+    const QString folder =
+        loadSetting(toolSettings, QStringLiteral("Files Location"), firstFolder());
+    const auto look = [folder] {
+        FolderTree::lookAlong(folder);
+        return true;
+    };
+    bool isChosen = false;
+    const QMetaObject::Connection chosen =
+        connect(&tree, &FolderTree::NodeChange, [&isChosen] { isChosen = true; });
+    const auto isLooked = awaitWork(look, [&] { return !self || unloaded_ || isChosen; });
+    disconnect(chosen);
+    if (isLooked) {
+        tree.setPath(folder);
+    }
 }
 
 void mfrmPRGMAIN::restore() {

@@ -2,6 +2,7 @@
 
 #include "desktop/album_world.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -12,14 +13,18 @@ namespace {
 /// Opens or looks at anything below it wait as long as it hangs.
 class HangingPlace {
 public:
-    explicit HangingPlace(const QString& path)
+    enum class First { Hangs, Answers };
+    explicit HangingPlace(const QString& path, First first = First::Hangs)
         : path_(path), flag_(path + QStringLiteral(".hangs")) {
-        EXPECT_TRUE(putBytes(flag_, "yes"));
+        if (first == First::Hangs) {
+            hang();
+        }
     }
     ~HangingPlace() { QFile::remove(flag_); }
     HangingPlace(const HangingPlace&) = delete;
     HangingPlace& operator=(const HangingPlace&) = delete;
 
+    void hang() const { EXPECT_TRUE(putBytes(flag_, "yes")); }
     void answer() const { EXPECT_TRUE(QFile::remove(flag_)); }
     QStringList environment() const {
         return {QStringLiteral("LD_PRELOAD=" VELORAMA_HANGING_LIBRARY),
@@ -36,6 +41,18 @@ protected:
     void open(const HangingPlace& place, const QStringList& arguments = {}) {
         page.emplace(session, session.start(arguments, place.environment()));
         ASSERT_NE(page->window(), 0U);
+    }
+    /// With the album of all three photographs, which has been read.
+    void openAlbumOf(const HangingPlace& place) {
+        ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));
+        open(place, {album});
+        ASSERT_TRUE(page->waitForTitle(QStringLiteral("Velorama - ") + album));
+        ASSERT_TRUE(waitFor([&] { return filesLocation(store).has_value(); }));
+    }
+    QString folderAtHome(const char* name) const {
+        const QString folder = session.home() + u'/' + QLatin1String(name);
+        EXPECT_TRUE(QDir().mkpath(folder));
+        return folder;
     }
 };
 
@@ -81,6 +98,49 @@ TEST_F(HangingPlaces, AnAlbumListWithOneThatHangsIsKeptWhole) {
     EXPECT_TRUE(page->turnTo(MusicPage));
     EXPECT_EQ(page->close(), 0);
     EXPECT_EQ(storedAlbums(store), QStringList({album, other}));
+}
+
+TEST_F(HangingPlaces, TheWindowAnswersWhileTheLastFolderHangs) {
+    const QString folder = folderAtHome("last");
+    setFilesLocation(store, folder);
+    const HangingPlace place(folder);
+    open(place);
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_TRUE(page->turnTo(FoldersPage));
+    EXPECT_EQ(page->close(), 0);
+    EXPECT_EQ(filesLocation(store), folder);
+}
+
+TEST_F(HangingPlaces, AFolderThatHangsStandsInTheTreeBesideTheOthers) {
+    setFilesLocation(store, folderAtHome("trips/shown"));
+    const HangingPlace place(folderAtHome("trips/gone"));
+    open(place);
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_TRUE(page->turnTo(FoldersPage));
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_EQ(page->close(), 0);
+}
+
+TEST_F(HangingPlaces, TheSettingsComeUpWhileTheAlbumHangs) {
+    const HangingPlace place(album, HangingPlace::First::Answers);
+    ASSERT_NO_FATAL_FAILURE(openAlbumOf(place));
+    place.hang();
+    page->menu(QStringLiteral("s"), QStringLiteral("t"));
+    EXPECT_NE(page->waitForDialog(QStringLiteral("Slideshow Settings")), 0U);
+    session.key(QStringLiteral("Escape"));
+    EXPECT_TRUE(page->waitForNoDialog());
+    EXPECT_EQ(page->close(), 0);
+}
+
+TEST_F(HangingPlaces, ASlideThatHangsHasItsTooltip) {
+    const HangingPlace place(slides.at(0), HangingPlace::First::Answers);
+    ASSERT_NO_FATAL_FAILURE(openAlbumOf(place));
+    place.hang();
+    session.moveMouse(page->window(), page->firstSlide(3));
+    session.moveMouse(page->window(), page->firstSlide());
+    EXPECT_TRUE(page->waitForPopup());
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_EQ(page->close(), 0);
 }
 
 }  // namespace

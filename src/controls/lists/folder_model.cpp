@@ -39,7 +39,7 @@ void addMedia(std::vector<FolderRoot>& roots, const QString& base) {
 constexpr int mostLookedAt = 10'000;
 
 /// Whether a folder has folders that are not hidden. One of very many files is taken to have some
-/// until it is opened: the tree asks for every row in sight and must not keep the window waiting.
+/// until it is opened: the others are to be looked at soon.
 bool mayHaveFolders(const QString& path) {
     std::error_code failed;
     int looks = mostLookedAt;
@@ -92,8 +92,10 @@ public:
     bool read = false;
     // Read because it is being opened: no need to read it again when it is open.
     bool fresh = false;
-    // Whether there is anything below, found out when the row is first painted: -1 not yet known.
-    int hasAny = -1;
+    // Somebody looks whether there is anything below, or has looked.
+    bool isLooked = false;
+    // What was found; until then a folder is taken to have some.
+    bool mayHaveAny = true;
 };
 
 /// Of a valid index: every item is a folder.
@@ -141,7 +143,6 @@ void FolderModel::refresh(const QModelIndex& index) {
         return order(a->text(), b->text());
     });
     folder.read = true;
-    folder.hasAny = fresh.empty() ? 0 : 1;
     merge(folder, std::move(fresh));
 }
 
@@ -169,7 +170,7 @@ void FolderModel::merge(QStandardItem& parent, Folders fresh) {
     for (int row = 0; row < static_cast<int>(fresh.size()); ++row) {
         std::unique_ptr<Folder>& each = fresh[static_cast<size_t>(row)];
         if (row < parent.rowCount() && childOf(parent, row).path == each->path) {
-            childOf(parent, row).hasAny = -1;
+            childOf(parent, row).isLooked = false;
         } else {
             parent.insertRow(row, each.release());
         }
@@ -222,7 +223,6 @@ FolderModel::Folder* FolderModel::child(Folder& parent, const QString& name) {
     if (!QDir(path).exists()) {
         return nullptr;
     }
-    parent.hasAny = 1;
     parent.insertRow(place, new Folder(name, path));
     return &childOf(parent, place);
 }
@@ -235,10 +235,36 @@ bool FolderModel::hasChildren(const QModelIndex& parent) const {
     if (folder.read || folder.hasChildren()) {
         return folder.hasChildren();
     }
-    if (folder.hasAny < 0) {
-        folder.hasAny = mayHaveFolders(folder.path) ? 1 : 0;
+    if (!std::exchange(folder.isLooked, true)) {
+        look(folder);
     }
-    return folder.hasAny == 1;
+    return folder.mayHaveAny;
+}
+
+void FolderModel::look(Folder& folder) const {
+    auto* self = const_cast<FolderModel*>(this);  // What the model says changes with the answer.
+    const qint64 number = ++asked_;
+    sought_.insert(number, QPersistentModelIndex(folder.index()));
+    const auto find = [self, number, path = folder.path]() -> SlowLooks::Answer {
+        const bool mayHaveAny = mayHaveFolders(path);
+        return [self, number, mayHaveAny] { self->learn(number, mayHaveAny); };
+    };
+    looks_->ask(find, [self, number] { self->forget(number); });
+}
+
+void FolderModel::learn(qint64 look, bool mayHaveAny) {
+    const QModelIndex row = sought_.take(look);
+    if (row.isValid() && std::exchange(folderOf(row).mayHaveAny, mayHaveAny) != mayHaveAny) {
+        emit Learned();
+    }
+}
+
+/// Its row asks anew when the tree is next laid out.
+void FolderModel::forget(qint64 look) {
+    const QModelIndex row = sought_.take(look);
+    if (row.isValid()) {
+        folderOf(row).isLooked = false;
+    }
 }
 
 bool FolderModel::canFetchMore(const QModelIndex& parent) const {

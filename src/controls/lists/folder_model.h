@@ -1,5 +1,9 @@
 #pragma once
 
+#include "platform/process/slow_looks.h"
+
+#include <QHash>
+#include <QPersistentModelIndex>
 #include <QStandardItemModel>
 
 #include <memory>
@@ -35,9 +39,15 @@ public:
     QModelIndex find(const QString& path);
     QString path(const QModelIndex& folder) const;
 
+    /// Asks no disk: a folder that nobody has read is looked at by another thread, and is taken to
+    /// have folders until that has answered.
     bool hasChildren(const QModelIndex& parent = {}) const override;
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
+
+signals:
+    /// Of folders it is known by now that there are none below them.
+    void Learned();
 
 private:
     class Folder;
@@ -48,6 +58,14 @@ private:
     Folder* deepestRoot(const QString& path) const;
     Folder* child(Folder& parent, const QString& name);
     static void merge(QStandardItem& parent, Folders fresh);
+    void look(Folder& folder) const;
+    void learn(qint64 look, bool mayHaveAny);
+    void forget(qint64 look);
+
+    /// The rows of the looks that run or wait, by the number of the look.
+    mutable QHash<qint64, QPersistentModelIndex> sought_;
+    mutable qint64 asked_ = 0;
+    const std::unique_ptr<SlowLooks> looks_ = std::make_unique<SlowLooks>();
 };
 
 }  // namespace velorama

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -52,6 +53,7 @@ FolderTree::FolderTree(QWidget* parent) : QTreeView(parent), model_(new FolderMo
     setSelectionMode(SingleSelection);
     setContextMenuPolicy(Qt::PreventContextMenu);
     model_->setRoots(folderRoots());
+    connect(model_, &FolderModel::Learned, this, &FolderTree::scheduleDelayedItemsLayout);
     connect(this, &QTreeView::expanded, model_, &FolderModel::opened);
     connect(this, &QTreeView::collapsed, this, &FolderTree::leaveCollapsed);
 }
@@ -103,6 +105,18 @@ void FolderTree::setPath(const QString& path) {
     path_ = QDir(there).exists() && QDir::isAbsolutePath(there) ? there : path;
     reveal(there);
     emit NodeChange(path_);
+}
+
+void FolderTree::lookAlong(const QString& path) {
+    QString folder = QDir::cleanPath(hostFile(path));
+    for (QString below; QDir::isAbsolutePath(folder) && folder != below;) {
+        QDirIterator entries(folder, QDir::Dirs | QDir::NoDotAndDotDot);
+        while (entries.hasNext()) {
+            entries.next();
+        }
+        below = folder;
+        folder = QFileInfo(folder).path();
+    }
 }
 
 void FolderTree::reveal(const QString& path) {

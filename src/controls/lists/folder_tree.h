@@ -7,7 +7,8 @@ namespace velorama {
 class FolderModel;
 
 /// A tree of the folders of this machine: the user's pictures folder, the home folder, the whole
-/// computer, mounted media. Folders are read when they are opened.
+/// computer, mounted media. Folders are read when they are opened; whether one can be opened is
+/// found out on other threads.
 class FolderTree : public QTreeView {
     Q_OBJECT
 public:
@@ -19,6 +20,9 @@ public:
     /// the current one already. A folder that is not there is kept as the path all the same; the
     /// tree then shows the nearest one above it. An empty path does nothing.
     void setPath(const QString& path);
+    /// Asks the disk for all that `setPath` does. For any thread: where that comes back, so does
+    /// `setPath`.
+    static void lookAlong(const QString& path);
 
 signals:
     /// Another folder has become current; `path` is the node's key.
