@@ -60,6 +60,7 @@ QString AlbumFile::readAlbum(std::optional<QByteArray> bytes) {
 }
 
 void AlbumFile::beginReading() {
+    slides_.leaveBatches();
     slides_.hideSlides();
     c_.imlTHUMBNAILS->Clear();
     c_.lvwSLIDEBAR->Clear();

@@ -10,9 +10,8 @@
 namespace velorama {
 namespace {
 
-// Thumbnails announced to the work ahead, and the rows looked through for selected ones.
+// Thumbnails announced to the work ahead.
 constexpr int lookAhead = 16;
-constexpr int farthestLook = 256;
 
 /// What follows the first dot, upper case.
 QString extension(const QString& entry) {
@@ -88,26 +87,6 @@ QList<FoundFile> FoundFiles::backwards() const {
         files.append(file(i));
     }
     return files;
-}
-
-void FoundFiles::expectSelected(int row) {
-    QStringList next;
-    const int end = std::min(found_.lvwFOUND->Count(), row + farthestLook);
-    for (int i = row, seen = 0; i <= end && seen < lookAhead; ++i) {
-        if (found_.lvwFOUND->item(i)->Selected()) {
-            ++seen;
-            appendIfNew(next, file(i - 1));
-        }
-    }
-    thumbnails_.expectSlides(next);
-}
-
-void FoundFiles::expectBackwards(int index) {
-    QStringList next;
-    for (int i = index; i >= 0 && i > index - lookAhead; --i) {
-        appendIfNew(next, file(i));
-    }
-    thumbnails_.expectSlides(next);
 }
 
 void FoundFiles::expectOf(const QList<FoundFile>& files, qsizetype index) {

@@ -36,10 +36,6 @@ public:
     /// All, from the last to the first.
     QList<FoundFile> backwards() const;
 
-    /// Announces the selected files from row `row` on.
-    void expectSelected(int row);
-    /// Announces the files from entry `index` on towards the start.
-    void expectBackwards(int index);
     /// Announces the files of a list from its entry `index` on.
     void expectOf(const QList<FoundFile>& files, qsizetype index);
 

@@ -5,18 +5,18 @@
 
 namespace velorama {
 
-/// Pressed inside itself the command follows later, with the files of its own press: the lists may
-/// show another folder by then; `files` is for that case alone. A press that repeats the one that
-/// waits is the same press.
-void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& now,
-                      const std::function<void()>& later) {
+/// Pressed inside itself the command follows later. The files are those of its press: the lists may
+/// show another folder before all are added. A press that repeats the one that waits is the same
+/// press.
+void SlideList::press(Batch& batch, const QList<FoundFile>& files,
+                      const std::function<void()>& add) {
     if (!batch.turn.isRunning()) {
-        batch.turn.run(now);
+        batch.turn.run(add);
     } else if (!batch.turn.isAwaited() || batch.files != files) {
         batch.files = files;
-        batch.turn.run([this, later] {
+        batch.turn.run([this, add] {
             if (!stopped_) {
-                later();
+                add();
             }
         });
     }
@@ -24,10 +24,8 @@ void SlideList::press(Batch& batch, const QList<FoundFile>& files, const std::fu
 
 void SlideList::Add() {
     history_.forgetWaiting();
-    const QList<FoundFile> files = add_.turn.isRunning() ? files_.selected() : QList<FoundFile>();
-    press(
-        add_, files, [this] { runAdd([this] { addSelected(); }); },
-        [this, files] { runAdd([this, &files] { insertAll(files); }); });
+    const QList<FoundFile> files = files_.selected();
+    press(add_, files, [this, files] { runAdd([this, &files] { insertAll(files); }); });
 }
 
 void SlideList::runAdd(const std::function<void()>& insertFiles) {
@@ -37,6 +35,7 @@ void SlideList::runAdd(const std::function<void()>& insertFiles) {
     found_.lvwFOUND->setVisible(false);
     hideSlides();
     const QPointer<SlideList> self = this;
+    const IsLeft isLeft = batchLeft();
     insertFiles();
     if (!self || !settleBatch()) {
         return;
@@ -44,7 +43,9 @@ void SlideList::runAdd(const std::function<void()>& insertFiles) {
     FoundButtonsCheck();
     SelectChk();
     found_.lvwFOUND->setVisible(true);
-    markModified();
+    if (!isLeft()) {
+        markModified();
+    }
     // On another page than its own it is not in sight.
     if (found_.lvwFOUND->isVisible()) {
         hidden_.leaveKeyboard();
@@ -63,35 +64,19 @@ bool SlideList::settleBatch() {
     return !self.isNull();
 }
 
-void SlideList::addSelected() {
-    const QPointer<SlideList> self = this;
-    const int count = found_.lvwFOUND->Count();
-    for (int i = 1; self && !stopped_ && i <= count; ++i) {
-        const ListItem* row = found_.lvwFOUND->item(i);
-        if (row && row->Selected()) {
-            files_.expectSelected(i);
-            insert(files_.file(i - 1));
-        }
-    }
-}
-
 void SlideList::insertAll(const QList<FoundFile>& files) {
-    const QPointer<SlideList> self = this;
-    for (const FoundFile& file : files) {
-        if (!self || stopped_) {
-            return;
-        }
-        insert(file);
+    const IsLeft isLeft = batchLeft();
+    for (qsizetype i = 0; !isLeft() && i < files.size(); ++i) {
+        files_.expectOf(files, i);
+        insert(files[i], isLeft);
     }
 }
 
+/// From the last file to the first: each goes in at position 1, which leaves them in folder order.
 void SlideList::AddAll() {
     history_.forgetWaiting();
-    const QList<FoundFile> files =
-        addAll_.turn.isRunning() ? files_.backwards() : QList<FoundFile>();
-    press(
-        addAll_, files, [this] { runAddAll([this] { addFolder(); }); },
-        [this, files] { runAddAll([this, &files] { insertAll(files); }); });
+    const QList<FoundFile> files = files_.backwards();
+    press(addAll_, files, [this, files] { runAddAll([this, &files] { insertFolder(files); }); });
 }
 
 void SlideList::runAddAll(const std::function<void()>& insertFiles) {
@@ -104,6 +89,7 @@ void SlideList::runAddAll(const std::function<void()>& insertFiles) {
     c_.prgBARSLIDES->setVisible(true);
     setScreenPointer(ScreenPointer::Hourglass);
     const QPointer<SlideList> self = this;
+    const IsLeft isLeft = batchLeft();
     insertFiles();
     if (!self || !settleBatch()) {
         setScreenPointer(ScreenPointer::Default);
@@ -114,22 +100,24 @@ void SlideList::runAddAll(const std::function<void()>& insertFiles) {
     FoundButtonsCheck();
     SelectChk();
     found_.lvwFOUND->setVisible(true);
-    markModified();
+    if (!isLeft()) {
+        markModified();
+    }
     showSlides();
 }
 
-/// From the last file to the first: each goes in at position 1, which leaves them in folder order.
-/// The first round lies past the end and adds nothing; the bar stands at nought meanwhile.
-void SlideList::addFolder() {
-    const QPointer<SlideList> self = this;
-    const int most = c_.lvwSLIDEBAR->Count() + found_.flbFOUND->ListCount();
+/// The same with the bar, which stands at nought first.
+void SlideList::insertFolder(const QList<FoundFile>& files) {
+    const IsLeft isLeft = batchLeft();
+    const int most = c_.lvwSLIDEBAR->Count() + static_cast<int>(files.size());
     c_.lvwSLIDEBAR->reserve(most);
     c_.imlTHUMBNAILS->reserve(most);
-    for (int i = found_.flbFOUND->ListCount(); self && !stopped_ && i >= 0; --i) {
-        c_.prgBARSLIDES->setMax(found_.flbFOUND->ListCount());
-        c_.prgBARSLIDES->setValue(found_.flbFOUND->ListCount() - i);
-        files_.expectBackwards(i);
-        insert(files_.file(i));
+    c_.prgBARSLIDES->setMax(static_cast<float>(files.size()));
+    c_.prgBARSLIDES->setValue(0);
+    for (qsizetype i = 0; !isLeft() && i < files.size(); ++i) {
+        c_.prgBARSLIDES->setValue(static_cast<float>(i + 1));
+        files_.expectOf(files, i);
+        insert(files[i], isLeft);
     }
 }
 

@@ -34,11 +34,8 @@ void SlideList::AddAt(int gap) {
     history_.forgetWaiting();
     const QList<FoundFile> files = files_.selected();
     const QString before = slideBehind(gap);
-    const auto selected = [this] { addSelected(); };
-    const auto noted = [this, files] { insertAll(files); };
-    press(
-        add_, files, [=, this] { runAdd([=, this] { insertAt(before, files, selected); }); },
-        [=, this] { runAdd([=, this] { insertAt(before, files, noted); }); });
+    const auto insertFiles = [this, files] { insertAll(files); };
+    press(add_, files, [=, this] { runAdd([=, this] { insertAt(before, files, insertFiles); }); });
 }
 
 void SlideList::AddFiles(const QStringList& paths, int gap) {
@@ -56,33 +53,20 @@ void SlideList::AddFiles(const QStringList& paths, int gap) {
 }
 
 void SlideList::addDropped(const QList<FoundFile>& files, const QString& before) {
-    const auto dropped = [this, files] { insertDropped(files); };
-    const auto add = [=, this] { runAddAll([=, this] { insertAt(before, files, dropped); }); };
-    press(addAll_, files, add, add);
+    const auto insertFiles = [this, files] { insertFolder(files); };
+    press(addAll_, files,
+          [=, this] { runAddAll([=, this] { insertAt(before, files, insertFiles); }); });
 }
 
 /// The place is told by the slide behind it: while events run, or while this waits, others may come
 /// and go.
 void SlideList::insertAt(const QString& before, const QList<FoundFile>& files,
                          const std::function<void()>& insertFiles) {
-    const QPointer<SlideList> self = this;
+    const IsLeft isLeft = batchLeft();
     const QSet<QString> known = keys();
     insertFiles();
-    if (self && !stopped_ && settleBatch() && !stopped_) {
+    if (!isLeft() && settleBatch() && !isLeft()) {
         bringNew(files, known, before);
-    }
-}
-
-void SlideList::insertDropped(const QList<FoundFile>& files) {
-    const QPointer<SlideList> self = this;
-    const int most = c_.lvwSLIDEBAR->Count() + static_cast<int>(files.size());
-    c_.lvwSLIDEBAR->reserve(most);
-    c_.imlTHUMBNAILS->reserve(most);
-    c_.prgBARSLIDES->setMax(static_cast<float>(files.size()));
-    for (qsizetype i = 0; self && !stopped_ && i < files.size(); ++i) {
-        c_.prgBARSLIDES->setValue(static_cast<float>(i));
-        files_.expectOf(files, i);
-        insert(files[i]);
     }
 }
 

@@ -14,31 +14,35 @@ constexpr int mostAtOnce = 64;
 
 void SlideList::SlideInsert(int Index) {
     store_.settle();
-    insert(files_.file(Index));
+    insert(files_.file(Index), batchLeft());
     store_.settle();
 }
 
-void SlideList::insert(const FoundFile& file) {
+/// True from when what is begun now is to end, or this object has gone.
+SlideList::IsLeft SlideList::batchLeft() const {
+    const QPointer<const SlideList> self = this;
+    return [self, begun = left_] { return !self || self->stopped_ || self->left_ != begun; };
+}
+
+void SlideList::insert(const FoundFile& file, const IsLeft& isLeft) {
     if (!file.isPicture()) {
         return;
     }
-    const bool first = c_.lvwSLIDEBAR->Count() == 0;
-    const QPointer<SlideList> self = this;
-    const auto left = [self] { return !self || self->stopped_; };
-    thumbnails_.SlideThumbnailAdd(file.path, left);
-    if (!left() && ++inserted_ % mostAtOnce == 0) {
+    thumbnails_.SlideThumbnailAdd(file.path, isLeft);
+    if (!isLeft() && ++inserted_ % mostAtOnce == 0) {
         DoEvents();
     }
-    if (left()) {
+    if (isLeft()) {
         return;
     }
     const bool mayWait = store_.wouldKeep(file.path);
-    const bool written = first ? addFirst(file) : addAtCurrent(file);
+    // Events have run: the slides that were there may have been removed.
+    const bool written = c_.lvwSLIDEBAR->Count() == 0 ? addFirst(file) : addAtCurrent(file);
     enableStart();
     if (mayWait && written) {
         store_.putOff();
     } else if (store_.isLong()) {
-        store_.writeAndReadInSteps(left);
+        store_.writeAndReadInSteps(isLeft);
     } else {
         store_.writeAndRead();
     }
@@ -50,8 +54,7 @@ bool SlideList::addFirst(const FoundFile& file) {
     return true;
 }
 
-/// False if the settings did not take the slide. Events have run: the list may be empty by now, and
-/// then there is no place to insert at.
+/// False if the settings did not take the slide.
 bool SlideList::addAtCurrent(const FoundFile& file) {
     const int icon = file.isGif() ? imageOf(file) : thumbnails_.SlideIconIndex(file.path);
     c_.lvwSLIDEBAR->Add(currentIndex(), file.path, textOf(file), icon);

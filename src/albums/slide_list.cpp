@@ -74,6 +74,7 @@ void SlideList::ClearAll() {
 }
 
 void SlideList::empty() {
+    leaveBatches();
     store_.settle();
     hideSlides();
     const int stored = store_.storedCount();

@@ -22,8 +22,9 @@ namespace velorama {
 /// lvwSLIDEBAR; a second copy in the settings, kept by SlideStore, is what the player reads.
 ///
 /// Making a thumbnail lets events run, so that any operation may come inside a running Add or
-/// AddAll. Add itself is not begun inside Add, nor AddAll inside AddAll: what was to be added is
-/// noted and follows.
+/// AddAll, which add the files that they were pressed for, whatever folder is shown then. They end
+/// where all slides are taken away. Add itself is not begun inside Add, nor AddAll inside AddAll:
+/// what was to be added is noted and follows.
 class SlideList : public QObject {
     Q_OBJECT
 public:
@@ -41,6 +42,8 @@ public:
     void ClearAll();
     /// The same as part of another command, with which it is undone.
     void empty();
+    /// Another album's slides come: a running Add or AddAll ends at its next file.
+    void leaveBatches() { ++left_; }
     /// The current slide one place towards the start or the end.
     void MoveBack();
     void MoveForward();
@@ -104,7 +107,9 @@ private:
     void lvwSLIDEBAR_MouseUp(int Button, float X, float Y);
 
     // slide_insert.cpp
-    void insert(const FoundFile& file);
+    using IsLeft = std::function<bool()>;
+    IsLeft batchLeft() const;
+    void insert(const FoundFile& file, const IsLeft& isLeft);
     bool addFirst(const FoundFile& file);
     bool addAtCurrent(const FoundFile& file);
     int imageOf(const FoundFile& file) const;
@@ -118,14 +123,12 @@ private:
     };
 
     // slide_batch.cpp
-    void press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& now,
-               const std::function<void()>& later);
+    void press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& add);
     void runAdd(const std::function<void()>& insertFiles);
     void runAddAll(const std::function<void()>& insertFiles);
     bool settleBatch();
-    void addSelected();
-    void addFolder();
     void insertAll(const QList<FoundFile>& files);
+    void insertFolder(const QList<FoundFile>& files);
 
     // slide_drop.cpp
     QString slideBehind(int gap) const;
@@ -133,7 +136,6 @@ private:
     void addDropped(const QList<FoundFile>& files, const QString& before);
     void insertAt(const QString& before, const QList<FoundFile>& files,
                   const std::function<void()>& insertFiles);
-    void insertDropped(const QList<FoundFile>& files);
     void bringNew(const QList<FoundFile>& files, const QSet<QString>& known, const QString& before);
     bool bring(const QStringList& slides, const QString& before);
     bool arrange(const QStringList& order);
@@ -157,6 +159,8 @@ private:
     bool stopped_ = false;
     /// Files that the batch begun last has come to.
     int inserted_ = 0;
+    /// How often batches were left.
+    int left_ = 0;
     HiddenList hidden_;
 
     Batch add_;

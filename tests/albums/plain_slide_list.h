@@ -35,24 +35,28 @@ public:
     bool isAddingAll = false;
     bool addsAgain = false;
     bool addsAllAgain = false;
+    /// How often all slides were taken away.
+    int emptied = 0;
     /// Runs where events would be let run.
     std::function<void()> onYield;
     /// Runs after an image was added.
     std::function<void()> onImage;
 
-    /// Neither is begun inside itself: it follows.
+    /// Neither is begun inside itself: it follows. Both end where all slides are taken away.
     void Add() {
         takeTurn(isAdding, addsAgain, [this] {
             const std::vector<int> chosen = rows;
+            const int begun = emptied;
             for (const int row : chosen) {
-                insert(row - 1);
+                insert(row - 1, begun);
             }
         });
     }
     void AddAll() {
         takeTurn(isAddingAll, addsAllAgain, [this] {
+            const int begun = emptied;
             for (int i = static_cast<int>(files.size()); i >= 0; --i) {
-                insert(i);
+                insert(i, begun);
             }
         });
     }
@@ -84,6 +88,7 @@ public:
         }
     }
     void ClearAll() {
+        ++emptied;
         const int stored = load(QStringLiteral("Items"), QStringLiteral("0")).toInt();
         slides.clear();
         current = 0;
@@ -117,7 +122,8 @@ public:
         }
     }
     void setCurrent(int index) { current = index; }
-    void insert(int index) {
+    void insert(int index) { insert(index, emptied); }
+    void insert(int index, int begun) {
         const QString entry = files.value(index);
         const QString ending = entry.mid(entry.indexOf(QLatin1Char('.')) + 1).toUpper();
         if (ending != QLatin1String("BMP") && ending != QLatin1String("JPG") &&
@@ -125,9 +131,11 @@ public:
             return;
         }
         const QString path = folder + QLatin1Char('/') + entry;
-        const bool first = slides.empty();
-        addImage(path);
-        if (first) {
+        addImage(path, begun);
+        if (emptied != begun) {
+            return;
+        }
+        if (slides.empty()) {
             addSlide(1, path);
         } else {
             addSlide(current, path);
@@ -185,14 +193,14 @@ private:
         }
         current = std::min(current, count());
     }
-    void addImage(const QString& path) {
-        if (images.contains(path)) {
+    void addImage(const QString& path, int begun) {
+        if (emptied != begun || images.contains(path)) {
             return;
         }
         if (onYield) {
             onYield();
         }
-        if (!images.contains(path)) {
+        if (emptied == begun && !images.contains(path)) {
             images.append(path);
             if (onImage) {
                 onImage();

@@ -25,10 +25,45 @@ TEST_F(SlowPictures, newInTheMidstOfAddAll) {
         threads.release();
     });
     list->AddAll();
-    EXPECT_EQ(keys(), all);
-    EXPECT_EQ(storedSlides(3), all);
+    // The new album has none of them.
+    EXPECT_EQ(keys(), QStringList());
+    EXPECT_EQ(storedSlide(1), std::nullopt);
+    EXPECT_FALSE(isModified());
+    EXPECT_TRUE(prgBARSLIDES->isHidden());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SlowPictures, anAlbumOpenedInTheMidstOfAddAllHasItsOwnSlidesAlone) {
+    const QString path = album(formA({all[1]}));
+    whileLoading([&] {
+        threads.release();
+        file->openFromList(path);
+    });
+    list->AddAll();
+    EXPECT_EQ(keys(), QStringList(all[1]));
+    EXPECT_FALSE(isModified());
+}
+
+TEST_F(SlowPictures, removeAllInTheMidstOfAddAllEndsIt) {
+    whileLoading([&] {
+        list->ClearAll();
+        threads.release();
+    });
+    list->AddAll();
+    EXPECT_EQ(keys(), QStringList());
     EXPECT_TRUE(isModified());
-    EXPECT_EQ(imlTHUMBNAILS.Count(), 3);
+    EXPECT_TRUE(slideControls.lvwSLIDEBAR->isVisible());
+}
+
+TEST_F(SlowPictures, removeAllInTheMidstOfAddEndsIt) {
+    selectFound({1, 2, 3});
+    whileLoading([&] {
+        list->ClearAll();
+        threads.release();
+    });
+    list->Add();
+    EXPECT_EQ(keys(), QStringList());
+    EXPECT_TRUE(foundControls.lvwFOUND->isVisible());
 }
 
 TEST_F(SlowPictures, removeInTheMidstOfAddAll) {
@@ -40,9 +75,9 @@ TEST_F(SlowPictures, removeInTheMidstOfAddAll) {
         again.release();
     });
     list->AddAll();
-    // The file in hand has lost the slide it was to go in front of.
-    EXPECT_EQ(keys(), QStringList({all[0], all[1]}));
-    EXPECT_EQ(storedSlides(2), keys());
+    // The file in hand has lost the slide it was to go in front of, and is the first then.
+    EXPECT_EQ(keys(), all);
+    EXPECT_EQ(storedSlides(3), keys());
 }
 
 TEST_F(SlowPictures, addInTheMidstOfAddAll) {
@@ -63,7 +98,17 @@ TEST_F(SlowPictures, anotherFolderInTheMidstOfAddAll) {
         threads.release();
     });
     list->AddAll();
-    EXPECT_EQ(keys(), QStringList({flbFOUND.Path() + QStringLiteral("/x.bmp"), all[2]}));
+    EXPECT_EQ(keys(), all);
+}
+
+TEST_F(SlowPictures, anotherFolderInTheMidstOfAdd) {
+    selectFound({1, 3});
+    whileLoading([&] {
+        browse({QStringLiteral("x.bmp")});
+        threads.release();
+    });
+    list->Add();
+    EXPECT_EQ(keys(), QStringList({all[2], all[0]}));
 }
 
 TEST_F(SlowPictures, closingInTheMidstOfAddAll) {
