@@ -39,6 +39,7 @@ void ListItem::setSelected(bool selected) {
     if (!list_.model_->isPublished()) {
         return;
     }
+    list_.model_->showAppended();
     const QModelIndex row = list_.model_->index(Index() - 1);
     if (selected) {
         list_.selectionModel()->setCurrentIndex(row, QItemSelectionModel::Select);

@@ -1,5 +1,8 @@
 #include "controls/lists/list_items.h"
 
+#include <iterator>
+#include <utility>
+
 namespace velorama {
 
 ListItem* ListItems::at(int index) const {
@@ -27,6 +30,29 @@ void ListItems::remove(int index) {
     select(*at(index), false);
     keys_.remove(at(index)->key_);
     items_.erase(items_.begin() + (index - 1));
+    numbered_ = false;
+}
+
+void ListItems::remove(const std::vector<int>& places) {
+    for (const int place : places) {
+        select(*at(place), false);
+        keys_.remove(at(place)->key_);
+        items_[static_cast<size_t>(place) - 1].reset();
+    }
+    std::erase(items_, nullptr);
+    changes_ += static_cast<qint64>(places.size());
+    numbered_ = false;
+}
+
+void ListItems::insert(int index, std::vector<std::unique_ptr<ListItem>> made) {
+    changes_ += static_cast<qint64>(made.size());
+    for (const std::unique_ptr<ListItem>& each : made) {
+        if (!each->key_.isEmpty()) {
+            keys_.insert(each->key_, each.get());
+        }
+    }
+    items_.insert(items_.begin() + (index - 1), std::make_move_iterator(made.begin()),
+                  std::make_move_iterator(made.end()));
     numbered_ = false;
 }
 

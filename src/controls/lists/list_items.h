@@ -5,10 +5,18 @@
 
 #include <deque>
 #include <memory>
+#include <vector>
 
 namespace velorama {
 
 class ListView;
+
+/// What an item is made of.
+struct ListEntry {
+    QString key;
+    QString text;
+    int icon = 0;
+};
 
 /// One item of a ListView. It belongs to its list and dies with Remove and Clear.
 class ListItem {
@@ -55,6 +63,10 @@ public:
     bool hasRoomFor(int index, const QString& key) const;
     ListItem* insert(int index, std::unique_ptr<ListItem> made);
     void remove(int index);
+    /// Several in one go, `places` rising: one by one from the midst of a long list costs the
+    /// square.
+    void remove(const std::vector<int>& places);
+    void insert(int index, std::vector<std::unique_ptr<ListItem>> made);
     void clear();
     void reserve(int count) { keys_.reserve(count); }
     /// False, and nothing changes, if another item has this key.

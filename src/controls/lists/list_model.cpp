@@ -11,6 +11,10 @@ namespace {
 // would take seconds to measure.
 constexpr qsizetype shownEnd = 1000;
 
+// So many are laid out within a millisecond or two. Appended to more, rows wait for each other.
+constexpr int fewRows = 1000;
+constexpr int appendDelay = 100;  // milliseconds
+
 QString shortened(const QString& caption) {
     return caption.size() <= 2 * shownEnd
                ? caption
@@ -19,7 +23,10 @@ QString shortened(const QString& caption) {
 
 }  // namespace
 
-ListModel::ListModel(ListView& list) : QAbstractListModel(&list), list_(list) {}
+ListModel::ListModel(ListView& list) : QAbstractListModel(&list), list_(list) {
+    appending_.setSingleShot(true);
+    connect(&appending_, &QTimer::timeout, this, &ListModel::showAppended);
+}
 
 void ListModel::setPublished(bool published) {
     if (published == published_) {
@@ -27,7 +34,25 @@ void ListModel::setPublished(bool published) {
     }
     beginResetModel();
     published_ = published;
+    rows_ = published ? list_.Count() : 0;
+    appending_.stop();
     endResetModel();
+}
+
+void ListModel::appended() {
+    if (!appending_.isActive()) {
+        appending_.start(list_.Count() > fewRows ? appendDelay : 0);
+    }
+}
+
+void ListModel::showAppended() {
+    appending_.stop();
+    const int count = list_.Count();
+    if (published_ && rows_ < count) {
+        beginInsertRows({}, rows_, count - 1);
+        rows_ = count;
+        endInsertRows();
+    }
 }
 
 void ListModel::end() {
@@ -52,6 +77,7 @@ void ListModel::publishIfVisible() {
 }
 
 void ListModel::publish() {
+    showAppended();
     if (published_ || publishing_) {
         return;
     }
@@ -65,6 +91,7 @@ void ListModel::publish() {
 }
 
 void ListModel::publishSelection() {
+    showAppended();
     QItemSelection selection;
     int first = 0;
     for (int at = 1; at <= list_.Count() + 1; ++at) {
@@ -87,13 +114,13 @@ void ListModel::publishSelection() {
 }
 
 void ListModel::rowChanged(int row) {
-    if (published_) {
+    if (published_ && row < rows_) {
         emit dataChanged(index(row), index(row));
     }
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {
-    return published_ && !parent.isValid() ? list_.Count() : 0;
+    return parent.isValid() ? 0 : rows_;
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {

@@ -2,6 +2,7 @@
 
 #include <QAbstractListModel>
 #include <QPoint>
+#include <QTimer>
 
 namespace velorama {
 
@@ -13,7 +14,8 @@ class ListView;
 ///
 /// The items are the truth; the model is withdrawn at the first change of the rows, has none then,
 /// and is published again when something is to be seen or touched. So thousands of changes in one
-/// go cost what they cost in the list, and nothing in the view.
+/// go cost what they cost in the list, and nothing in the view. Rows that come behind all others of
+/// a list in sight follow a little later instead: each would have the whole list laid out again.
 class ListModel : public QAbstractListModel {
     Q_OBJECT
 public:
@@ -26,6 +28,11 @@ public:
     bool isPublishing() const { return publishing_; }
     void withdraw();
     void publish();
+    /// A row has come behind all others of a published list.
+    void appended();
+    /// The rows that the view knows of; more may have been appended.
+    int shownRows() const { return rows_; }
+    void showAppended();
     /// The selection and the current item of a list that is published.
     void publishSelection();
     /// Published next, the list begins at its first item.
@@ -45,6 +52,8 @@ private:
 
     ListView& list_;
     QPoint scroll_;
+    QTimer appending_;
+    int rows_ = 0;
     bool published_ = true;
     bool publishing_ = false;
 };

@@ -54,48 +54,6 @@ void ListView::setRightRim(int pixels) {
     addScrollBarWidget(spacer, Qt::AlignRight);
 }
 
-ListItem* ListView::Add(int index, const QString& key, const QString& text, int icon) {
-    if (!items_.hasRoomFor(index, key)) {
-        return nullptr;
-    }
-    model_->withdraw();
-    ListItem* const added =
-        items_.insert(index, std::unique_ptr<ListItem>(new ListItem(*this, key, text, icon)));
-    if (current_ == nullptr) {
-        current_ = added;
-    }
-    return added;
-}
-
-bool ListView::Remove(int index) {
-    const ListItem* gone = item(index);
-    if (gone == nullptr) {
-        return false;
-    }
-    model_->withdraw();
-    const bool wasCurrent = gone == current_;
-    items_.remove(index);
-    if (wasCurrent) {
-        current_ = item(qMin(index, Count()));
-    }
-    return true;
-}
-
-void ListView::Clear() {
-    if (Count() == 0) {
-        return;
-    }
-    model_->withdraw();
-    model_->forgetScroll();
-    current_ = nullptr;
-    items_.clear();
-}
-
-void ListView::forgetScroll() {
-    model_->withdraw();
-    model_->forgetScroll();
-}
-
 void ListView::setSelectedItem(int index) {
     ListItem* const chosen = item(index);
     if (chosen == nullptr) {
@@ -103,6 +61,7 @@ void ListView::setSelectedItem(int index) {
     }
     current_ = chosen;
     if (model_->isPublished()) {
+        model_->showAppended();
         selectionModel()->setCurrentIndex(model_->index(index - 1), QItemSelectionModel::NoUpdate);
     }
 }
@@ -201,9 +160,13 @@ bool ListView::event(QEvent* event) {
         case QEvent::Show:
         case QEvent::KeyPress:
         case QEvent::InputMethod:
-        // Here, not in paintEvent: the layout may show or hide scroll bars.
-        case QEvent::Paint:
             model_->publish();
+            break;
+        case QEvent::Paint:
+            // Here, not in paintEvent: the layout may show or hide scroll bars.
+            if (!model_->isPublished()) {
+                model_->publish();
+            }
             break;
         default:
             break;

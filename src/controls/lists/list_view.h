@@ -48,7 +48,7 @@ public:
     /// Grows whenever an item comes or goes, or changes its key, its caption or its picture.
     qint64 changes() const { return items_.changes(); }
 
-    // -- ListItems --
+    // -- ListItems, list_view_items.cpp --
     int Count() const { return items_.count(); }
     /// Inserts so that the new item has position `index`, 1 to Count + 1. Null, and nothing
     /// changes, if the index is outside or another item has the key. The first item added becomes
@@ -62,6 +62,13 @@ public:
     /// current, or the last.
     bool Remove(int index);
     void Clear();
+
+    // -- Several at once --
+    /// As Add for each from `index` on; those that Add would refuse are passed over.
+    void Add(int index, const std::vector<ListEntry>& entries);
+    /// As Remove for each from the last to the first. `places` rise; those outside are passed over.
+    void Remove(const std::vector<int>& places);
+
     /// A list that is out of sight begins at its start when it is shown again, as after Clear.
     void forgetScroll();
     /// Makes room for so many in all: a table that grows on the way holds the window up.
