@@ -59,7 +59,36 @@ void appendSlide(QList<SlideChange::Run>& runs, int place, const ListedSlide& sl
     runs.last().slides.append(slide);
 }
 
+/// Of the slides behind the `front` first of both lists.
+SlideChange changeInside(const ListedSlides& from, const ListedSlides& to, int front) {
+    Places places = common(from, to);
+    keepRising(places);
+    SlideChange change;
+    std::vector<bool> stays(static_cast<std::size_t>(to.size()));
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (places[i] == nowhere) {
+            appendPlace(change.leaving, front + static_cast<int>(i) + 1);
+        } else {
+            stays[static_cast<std::size_t>(places[i])] = true;
+        }
+    }
+    for (qsizetype i = 0; i < to.size(); ++i) {
+        if (!stays[static_cast<std::size_t>(i)]) {
+            appendSlide(change.coming, front + static_cast<int>(i) + 1, to[i]);
+        }
+    }
+    return change;
+}
+
 }  // namespace
+
+bool ListedSlide::operator==(const ListedSlide& other) const {
+    const auto same = [](const QString& one, const QString& two) {
+        // Nearly all are one text held twice.
+        return one.constData() == two.constData() ? one.size() == two.size() : one == two;
+    };
+    return same(key, other.key) && same(text, other.text) && same(picture, other.picture);
+}
 
 qsizetype SlideChange::held() const {
     qsizetype all = 0;
@@ -77,26 +106,18 @@ void appendPlace(QList<SlideRange>& ranges, int place) {
 }
 
 SlideChange changeBetween(const ListedSlides& from, const ListedSlides& to) {
-    if (from == to) {
-        return {};
+    // Most changes are small, and the list may be long: its ends stay.
+    const qsizetype most = std::min(from.size(), to.size());
+    qsizetype front = 0;
+    while (front < most && from[front] == to[front]) {
+        ++front;
     }
-    Places places = common(from, to);
-    keepRising(places);
-    SlideChange change;
-    std::vector<bool> stays(static_cast<std::size_t>(to.size()));
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        if (places[i] == nowhere) {
-            appendPlace(change.leaving, static_cast<int>(i) + 1);
-        } else {
-            stays[static_cast<std::size_t>(places[i])] = true;
-        }
+    qsizetype back = 0;
+    while (back < most - front && from[from.size() - 1 - back] == to[to.size() - 1 - back]) {
+        ++back;
     }
-    for (qsizetype i = 0; i < to.size(); ++i) {
-        if (!stays[static_cast<std::size_t>(i)]) {
-            appendSlide(change.coming, static_cast<int>(i) + 1, to[i]);
-        }
-    }
-    return change;
+    return changeInside(from.mid(front, from.size() - front - back),
+                        to.mid(front, to.size() - front - back), static_cast<int>(front));
 }
 
 }  // namespace velorama

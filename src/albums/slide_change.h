@@ -12,7 +12,7 @@ struct ListedSlide {
     /// Key of its thumbnail, which the number of the image does not outlive; empty for none.
     QString picture;
 
-    bool operator==(const ListedSlide&) const = default;
+    bool operator==(const ListedSlide& other) const;
 };
 using ListedSlides = QList<ListedSlide>;
 

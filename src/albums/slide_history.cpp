@@ -2,6 +2,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,16 @@ constexpr qsizetype mostSlides = 50'000;
 /// Pieces of a selection, beyond one for each slide that the step holds anyway: of a selection in
 /// more pieces only the current slide is held.
 constexpr qsizetype mostPieces = 256;
+
+std::vector<int> placesOf(const QList<SlideRange>& ranges) {
+    std::vector<int> places;
+    for (const SlideRange& range : ranges) {
+        for (int i = range.first; i < range.first + range.count; ++i) {
+            places.push_back(i);
+        }
+    }
+    return places;
+}
 
 template <typename Step>
 void limitSelection(Step& step) {
@@ -53,11 +64,19 @@ void SlideHistory::end() {
     }
 }
 
-SlideHistory::State SlideHistory::state() const {
+SlideHistory::State SlideHistory::state() {
     return {slides(), choice(), album_, commands_.save.isEnabled()};
 }
 
-ListedSlides SlideHistory::slides() const {
+const ListedSlides& SlideHistory::slides() {
+    if (slidesAt_ != c_.lvwSLIDEBAR->changes()) {
+        slides_ = listed();
+        slidesAt_ = c_.lvwSLIDEBAR->changes();
+    }
+    return slides_;
+}
+
+ListedSlides SlideHistory::listed() const {
     const int count = c_.lvwSLIDEBAR->Count();
     ListedSlides all;
     all.reserve(count);
@@ -73,14 +92,16 @@ ListedSlides SlideHistory::slides() const {
 
 SlideHistory::Choice SlideHistory::choice() const {
     const ListItem* const current = c_.lvwSLIDEBAR->SelectedItem();
+    int missing = c_.lvwSLIDEBAR->SelectedCount();
     Choice chosen;
-    for (int i = 1; i <= c_.lvwSLIDEBAR->Count(); ++i) {
+    for (int i = 1; i <= c_.lvwSLIDEBAR->Count() && (chosen.current == 0 || missing > 0); ++i) {
         const ListItem* const item = c_.lvwSLIDEBAR->item(i);
         if (item == current) {
             chosen.current = i;
         }
         if (item->Selected()) {
             appendPlace(chosen.selected, i);
+            --missing;
         }
     }
     return chosen;
@@ -232,17 +253,18 @@ SlideChange SlideHistory::carryOut(const SlideChange& change) {
     SlideChange back;
     const ListedSlides before = slides();
     for (auto range = change.leaving.crbegin(); range != change.leaving.crend(); ++range) {
-        back.coming.prepend(
+        back.coming.append(
             SlideChange::Run{range->first, before.mid(range->first - 1, range->count)});
-        for (int i = range->first + range->count - 1; i >= range->first; --i) {
-            list.Remove(i);
-        }
     }
+    std::reverse(back.coming.begin(), back.coming.end());
+    list.Remove(placesOf(change.leaving));
     for (const SlideChange::Run& run : change.coming) {
-        int place = run.first;
+        std::vector<ListEntry> entries;
+        entries.reserve(static_cast<std::size_t>(run.slides.size()));
         for (const ListedSlide& slide : run.slides) {
-            list.Add(place++, slide.key, slide.text, imageOf(slide.picture));
+            entries.push_back({slide.key, slide.text, imageOf(slide.picture)});
         }
+        list.Add(run.first, entries);
         back.leaving.append(SlideRange{run.first, static_cast<int>(run.slides.size())});
     }
     return back;
@@ -260,13 +282,7 @@ int SlideHistory::imageOf(const QString& picture) {
 }
 
 void SlideHistory::choose(const Choice& choice) {
-    std::vector<int> places;
-    for (const SlideRange& range : choice.selected) {
-        for (int i = range.first; i < range.first + range.count; ++i) {
-            places.push_back(i);
-        }
-    }
-    c_.lvwSLIDEBAR->select(places, choice.current);
+    c_.lvwSLIDEBAR->select(placesOf(choice.selected), choice.current);
 }
 
 }  // namespace velorama

@@ -92,8 +92,9 @@ private:
     };
     using Steps = std::deque<Step>;
 
-    State state() const;
-    ListedSlides slides() const;
+    State state();
+    const ListedSlides& slides();
+    ListedSlides listed() const;
     Choice choice() const;
     void keep();
     void push(Step step);
@@ -119,6 +120,9 @@ private:
     /// As it was when the recording began that runs.
     State before_;
     int depth_ = 0;
+    /// The list as it was at so many of its changes: of a long one to look is half of a step.
+    ListedSlides slides_;
+    qint64 slidesAt_ = -1;
     /// The list's count of changes after the last one that was recorded.
     qint64 known_ = -1;
     bool undoWaits_ = false;

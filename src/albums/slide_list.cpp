@@ -5,6 +5,7 @@
 #include <QDateTime>
 
 #include <utility>
+#include <vector>
 
 namespace velorama {
 
@@ -57,14 +58,14 @@ void SlideList::Clear() {
 }
 
 bool SlideList::removeSelected() {
-    bool removed = false;
-    for (int i = c_.lvwSLIDEBAR->Count(); i >= 1; --i) {
+    std::vector<int> places;
+    for (int i = 1; i <= c_.lvwSLIDEBAR->Count(); ++i) {
         if (c_.lvwSLIDEBAR->item(i)->Selected()) {
-            c_.lvwSLIDEBAR->Remove(i);
-            removed = true;
+            places.push_back(i);
         }
     }
-    return removed;
+    c_.lvwSLIDEBAR->Remove(places);
+    return !places.empty();
 }
 
 void SlideList::ClearAll() {

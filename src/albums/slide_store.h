@@ -63,7 +63,7 @@ private:
     int selectedBesideFirst() const;
     std::vector<int> selected() const;
     bool writeAll() const;
-    bool writePaths() const;
+    bool writePaths(int first, int last) const;
     bool survives() const;
 
     ListView& list_;

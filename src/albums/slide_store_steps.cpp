@@ -5,6 +5,8 @@
 #include "core/globals.h"
 #include "platform/process/await_work.h"
 
+#include <algorithm>
+
 namespace velorama {
 namespace {
 
@@ -84,9 +86,10 @@ bool SlideStore::tryToSettle(const IsLeft& isLeft) {
 bool SlideStore::writeInSteps(const IsLeft& isOver) {
     const int count = list_.Count();
     bool written = saveSlideCount(count);
-    for (int i = 1; written && i <= count; ++i) {
-        written = saveSlidePath(i, list_.item(i)->Key());
-        if (i % longestAtOnce == 0) {
+    for (int first = 1; written && first <= count; first += longestAtOnce) {
+        const int last = std::min(count, first + longestAtOnce - 1);
+        written = writePaths(first, last);
+        if (last < count) {
             DoEvents();
             written = !isOver() && written;
         }

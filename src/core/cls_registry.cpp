@@ -52,6 +52,17 @@ bool clsREGISTRY::StringSave(const QString& Hive, const QString& KeyPath, const 
                                    {ValueType::Text, Value.toUtf8()});
 }
 
+bool clsREGISTRY::StringsSave(const QString& Hive, const QString& KeyPath,
+                              const std::vector<std::pair<QString, QString>>& Values) {
+    std::vector<NamedValue> named;
+    named.reserve(Values.size());
+    for (const auto& [name, value] : Values) {
+        named.push_back({name, {ValueType::Text, value.toUtf8()}});
+    }
+    const std::optional<qint32> hive = wholeNumber(Hive);
+    return hive && store_.setValues(static_cast<velorama::Hive>(*hive), KeyPath, named);
+}
+
 QString clsREGISTRY::WindowsVersion() const {
     const QString version = StringLoad(
         HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION"),

@@ -5,6 +5,9 @@
 
 #include <QWidget>
 
+#include <utility>
+#include <vector>
+
 namespace velorama {
 
 /// Hives as the callers of StringLoad (number) and StringSave (decimal text) name them.
@@ -26,6 +29,10 @@ public:
     /// `Hive` as decimal text of the signed number. True if the value was written.
     bool StringSave(const QString& Hive, const QString& KeyPath, const QString& ValueName,
                     const QString& Value);
+
+    /// The same with several values of one key, by name. True if all were written.
+    bool StringsSave(const QString& Hive, const QString& KeyPath,
+                     const std::vector<std::pair<QString, QString>>& Values);
 
     /// Window state and geometry of a form, in twips, under the form's object name.
     void FormDimensionsSave(const QWidget& form, bool Full);

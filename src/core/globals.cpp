@@ -55,4 +55,8 @@ bool saveSetting(const QString& segment, const QString& name, const QString& val
     return gRegistry->StringSave(hiveCurrentUser, keyPath(segment), name, value);
 }
 
+bool saveSettings(const QString& segment, const std::vector<std::pair<QString, QString>>& values) {
+    return gRegistry->StringsSave(hiveCurrentUser, keyPath(segment), values);
+}
+
 }  // namespace velorama

@@ -44,5 +44,7 @@ bool isModernSystem();
 /// Shorthand for settings under the program's root in the user's hive.
 QString loadSetting(const QString& segment, const QString& name, const QString& fallback);
 bool saveSetting(const QString& segment, const QString& name, const QString& value);
+/// Many of one segment, by name, in their order; true if all were written.
+bool saveSettings(const QString& segment, const std::vector<std::pair<QString, QString>>& values);
 
 }  // namespace velorama

@@ -82,6 +82,14 @@ TEST(SlideChange, NeighboursAreOneRange) {
     EXPECT_EQ(back.coming[0].slides, slides("bcde"));
 }
 
+TEST(SlideChange, PlacesCountFromTheStartOfTheListWhereItsEndsStay) {
+    const SlideChange change = changeBetween(slides("abcdefg"), slides("abxeg"));
+    EXPECT_EQ(change.leaving, QList<SlideRange>({{3, 2}, {6, 1}}));
+    ASSERT_EQ(change.coming.size(), 1);
+    EXPECT_EQ(change.coming[0].first, 3);
+    EXPECT_EQ(change.coming[0].slides, slides("x"));
+}
+
 TEST(SlideChange, LeadsFromAnyListToAnyOther) {
     std::mt19937 random(7);
     const QString letters = QStringLiteral("abcdefghij");

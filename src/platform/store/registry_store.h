@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 namespace velorama {
 
@@ -24,6 +25,11 @@ struct RegistryValue {
     bool operator==(const RegistryValue&) const = default;
 };
 
+struct NamedValue {
+    QString name;
+    RegistryValue value;
+};
+
 /// The system's settings store: hives of keys of named values. Key paths (segments joined by `\`)
 /// and value names ignore letter case. A write is visible at once to every reader in this process.
 /// No call blocks on a disk and none throws.
@@ -41,6 +47,15 @@ public:
     /// False if the store takes no writes in this hive.
     virtual bool setValue(Hive hive, const QString& key, const QString& name,
                           const RegistryValue& value) = 0;
+    /// The same with several of one key, in their order; false if one was not taken. A store may
+    /// have a quicker way than one after the other.
+    virtual bool setValues(Hive hive, const QString& key, const std::vector<NamedValue>& values) {
+        bool taken = true;
+        for (const NamedValue& one : values) {
+            taken = setValue(hive, key, one.name, one.value) && taken;
+        }
+        return taken;
+    }
     /// True if there was such a value and it is gone.
     virtual bool removeValue(Hive hive, const QString& key, const QString& name) = 0;
 };

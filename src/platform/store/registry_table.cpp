@@ -38,7 +38,7 @@ QString foldedAddress(QString text) {
     return text;
 }
 
-std::size_t RegistryTable::FoldedHash::operator()(QStringView text) const noexcept {
+std::size_t RegistryTable::FoldedHash::operator()(QStringView text) const {
     std::size_t hash = 14695981039346656037U;
     for (const QChar c : text) {
         hash = (hash ^ folded(c)) * 1099511628211U;
@@ -85,6 +85,16 @@ bool RegistryTable::set(Hive hive, const QString& key, const QString& name,
     // writer wins.
     target = {std::move(value), true};
     return true;
+}
+
+void RegistryTable::set(Hive hive, const QString& key, const std::vector<NamedValue>& values) {
+    if (!isHive(hive) || values.empty()) {
+        return;
+    }
+    Key& stored = hives_[indexOf(hive)][plainPath(key)];
+    for (const NamedValue& one : values) {
+        stored[one.name] = {one.value, true};
+    }
 }
 
 void RegistryTable::load(AddressedValue&& entry) {

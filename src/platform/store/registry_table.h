@@ -30,6 +30,8 @@ public:
     /// False if there is nothing to write. The value counts as changed until `takeChanges`.
     bool set(Hive hive, const QString& key, const QString& name,
              std::optional<RegistryValue> value);
+    /// The same with several of one key.
+    void set(Hive hive, const QString& key, const std::vector<NamedValue>& values);
     /// Like `set`, but for what is already on disk.
     void load(AddressedValue&& entry);
 
@@ -45,9 +47,11 @@ public:
     std::vector<AddressedValue> all() const;
 
 private:
+    /// Not noexcept: the map keeps the codes of its entries then, and need not work out those of
+    /// the neighbours of each that it looks for.
     struct FoldedHash {
         using is_transparent = void;
-        std::size_t operator()(QStringView text) const noexcept;
+        std::size_t operator()(QStringView text) const;
     };
     struct FoldedEqual {
         using is_transparent = void;

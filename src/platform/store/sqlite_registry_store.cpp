@@ -40,10 +40,14 @@ public:
         if (!table_.values.set(hive, key, name, std::move(value))) {
             return false;
         }
-        if (!std::exchange(table_.isDue, true)) {
-            QMetaObject::invokeMethod(keeper_, [this] { keeper_->writeSoon(); });
-        }
+        writeSoon();
         return true;
+    }
+
+    void set(Hive hive, const QString& key, const std::vector<NamedValue>& values) {
+        const std::lock_guard guard(table_.lock);
+        table_.values.set(hive, key, values);
+        writeSoon();
     }
 
     void flush() {
@@ -52,6 +56,13 @@ public:
     }
 
 private:
+    /// With the lock held.
+    void writeSoon() {
+        if (!std::exchange(table_.isDue, true)) {
+            QMetaObject::invokeMethod(keeper_, [this] { keeper_->writeSoon(); });
+        }
+    }
+
     SharedTable table_;
     QThread thread_;
     RegistryKeeper* keeper_;
@@ -78,6 +89,15 @@ bool SqliteRegistryStore::setValue(Hive hive, const QString& key, const QString&
         return false;
     }
     d->set(hive, key, name, value);
+    return true;
+}
+
+bool SqliteRegistryStore::setValues(Hive hive, const QString& key,
+                                    const std::vector<NamedValue>& values) {
+    if (!RegistryTable::isHive(hive)) {
+        return values.empty();
+    }
+    d->set(hive, key, values);
     return true;
 }
 

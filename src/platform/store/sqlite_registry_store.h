@@ -30,6 +30,7 @@ public:
                                        const QString& name) const override;
     bool setValue(Hive hive, const QString& key, const QString& name,
                   const RegistryValue& value) override;
+    bool setValues(Hive hive, const QString& key, const std::vector<NamedValue>& values) override;
     bool removeValue(Hive hive, const QString& key, const QString& name) override;
 
     /// Blocks until everything written so far is on disk, or writing it has failed once.

@@ -129,6 +129,28 @@ TEST_F(SqliteStore, ReadingCreatesNoFile) {
     EXPECT_TRUE(QDir(folder).isEmpty());
 }
 
+TEST_F(SqliteStore, SeveralValuesAreKeptAsOneByOne) {
+    {
+        SqliteRegistryStore store(file);
+        save(store, number(2), "old");
+        const QString otherSpelling = u'\\' + key.toLower() + u'\\';
+        EXPECT_TRUE(store.setValues(Hive::CurrentUser, otherSpelling,
+                                    {{number(1), text("one")},
+                                     {number(2), text("two")},
+                                     {number(3), text("")},
+                                     {number(1), text("last")}}));
+        EXPECT_EQ(load(store, number(2)), "two");
+        EXPECT_FALSE(store.setValues(static_cast<Hive>(7), key, {{number(1), text("x")}}));
+        EXPECT_TRUE(store.setValues(Hive::CurrentUser, key + QStringLiteral("\\None"), {}));
+    }
+    SqliteRegistryStore again(file);
+    EXPECT_EQ(load(again, number(1)), "last");
+    EXPECT_EQ(load(again, number(2)), "two");
+    EXPECT_EQ(load(again, number(3)), "");
+    EXPECT_EQ(sql(file, "SELECT count(*) FROM registry WHERE key LIKE '%None%'"), "0");
+    EXPECT_EQ(sql(file, "SELECT count(*) FROM registry WHERE name = '1'"), "1");
+}
+
 /// The rights of a file or folder, in octal.
 QByteArray modeOf(const QString& path) {
     struct stat state = {};
