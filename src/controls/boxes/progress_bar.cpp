@@ -15,6 +15,11 @@ namespace {
 constexpr int Steps = 1000;
 constexpr qreal Thickness = 6;
 
+// Of up to so many steps each one is seen; of more, a screen shows no more often than this in
+// milliseconds. A bar painted for each of a thousand slides takes longer than the slides.
+constexpr float fewSteps = 100;
+constexpr int paintEvery = 16;
+
 QString stepOf(const QString& doing, int step, int count) {
     return doing + u' ' + decimalText(step) + u" of " + decimalText(count);
 }
@@ -25,6 +30,8 @@ ProgressBar::ProgressBar(QWidget* parent) : QProgressBar(parent) {
     setRange(0, Steps);
     QProgressBar::setValue(0);
     setTextVisible(false);
+    late_.setSingleShot(true);
+    connect(&late_, &QTimer::timeout, this, &ProgressBar::showValue);
 }
 
 bool ProgressBar::setMin(float min) {
@@ -92,10 +99,22 @@ int ProgressBar::filledPixels() const {
     return static_cast<int>(std::lround(share * width() * devicePixelRatioF()));
 }
 
+bool ProgressBar::mayWait() const {
+    return max_ - min_ > fewSteps && value_ > min_ && value_ < max_ && sincePainted_.isValid() &&
+           !sincePainted_.hasExpired(paintEvery);
+}
+
 void ProgressBar::showValue() {
     if (filledPixels() == painted_) {
         return;
     }
+    if (mayWait()) {
+        if (!late_.isActive()) {
+            late_.start(paintEvery);
+        }
+        return;
+    }
+    sincePainted_.start();
     const double share = (double(value_) - double(min_)) / (double(max_) - double(min_));
     QProgressBar::setValue(static_cast<int>(std::lround(share * Steps)));
     if (filledPixels() != painted_) {

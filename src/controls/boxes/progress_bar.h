@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QProgressBar>
+#include <QTimer>
 
 namespace velorama {
 
@@ -35,7 +37,8 @@ public:
     QSize minimumSizeHint() const override;
 
 signals:
-    /// Told() may be another, at most for each pixel of the way.
+    /// Told() may be another, at most for each pixel of the way, and in long work some sixty times
+    /// a second.
     void Moved();
 
 protected:
@@ -44,12 +47,15 @@ protected:
 
 private:
     int filledPixels() const;
+    bool mayWait() const;
     void showValue();
 
     float min_ = 0;
     float max_ = 100;
     float value_ = 0;
     int painted_ = -1;
+    QElapsedTimer sincePainted_;
+    QTimer late_;
     QString doing_;
     QString leaving_;
     /// Of work without a bar.

@@ -1,5 +1,7 @@
 #include "controls/boxes/progress_bar.h"
 
+#include "support/waiting.h"
+
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -89,23 +91,50 @@ TEST(ProgressBar, TellsOfWorkThatHasNoBar) {
 TEST(ProgressBar, PaintsAtOnceAndOnlyWhereThePixelsChange) {
     ProgressBar bar;
     bar.resize(100, 10);
-    bar.setMax(10000);
+    bar.setMax(100);
     bar.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
     bar.repaint();
     PaintCounter counter;
     bar.installEventFilter(&counter);
-    bar.setValue(100);
+    bar.setValue(1);
     EXPECT_EQ(counter.paints, 1) << "without a turn of the event loop";
-    bar.setValue(110);
+    bar.setValue(1.1F);
     EXPECT_EQ(counter.paints, 1);
-    bar.setValue(5000);
+    bar.setValue(50);
     EXPECT_EQ(counter.paints, 2);
 
     const QImage image = bar.grab().toImage();
     const QColor highlight = bar.palette().color(QPalette::Highlight);
     EXPECT_EQ(image.pixelColor(30, 5), highlight);
     EXPECT_NE(image.pixelColor(70, 5), highlight);
+}
+
+TEST(ProgressBar, StepsOfLongWorkAreSeenTogether) {
+    ProgressBar bar;
+    bar.resize(1000, 10);
+    bar.setMax(10000);
+    bar.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+    bar.repaint();
+    int moves = 0;
+    QObject::connect(&bar, &ProgressBar::Moved, [&] { ++moves; });
+    PaintCounter counter;
+    bar.installEventFilter(&counter);
+    bar.setValue(100);
+    EXPECT_TRUE(test::comesTrue([&] { return counter.paints == 1; }));
+    // So many pixels within a time that no machine paints them in.
+    for (int step = 101; step <= 9000; ++step) {
+        bar.setValue(static_cast<float>(step));
+    }
+    EXPECT_EQ(bar.Value(), 9000);
+    EXPECT_LT(counter.paints, 890);
+    EXPECT_TRUE(test::comesTrue([&] { return bar.value() == 900; })) << "the last of them later";
+    EXPECT_EQ(moves, counter.paints);
+    bar.setValue(9500);
+    const int paints = counter.paints;
+    bar.setValue(10000);
+    EXPECT_EQ(counter.paints, paints + 1) << "the end at once";
 }
 
 }  // namespace
