@@ -75,7 +75,8 @@ TEST_F(ListRuns, SeveralGoAsOneAfterTheOther) {
                 places.push_back(i);
             }
         }
-        choose(count == 0 ? 0 : 1 + static_cast<int>(random() % 2) * (count - 1), selected);
+        choose(count == 0 ? 0 : 1 + static_cast<int>(random() % static_cast<unsigned>(count)),
+               selected);
         const qint64 before = list.changes();
         remove(places);
         ASSERT_EQ(look(list), look(plain)) << round;
@@ -88,6 +89,10 @@ TEST_F(ListRuns, OfTheCurrentItemTheNextThatStaysBecomesCurrentOrTheLast) {
     choose(3, {});
     remove({3, 4});
     EXPECT_EQ(list.SelectedItem()->Key(), key(5));
+    fill(6);
+    choose(3, {});
+    remove({1, 3});
+    EXPECT_EQ(list.SelectedItem()->Key(), key(4));
     fill(6);
     choose(5, {});
     remove({4, 5, 6});
