@@ -27,7 +27,8 @@ QImage imageOf(const QByteArray& bytes) {
     const auto rows = static_cast<int>(qMin<qsizetype>(64, (bytes.size() - 1) / (4 * width)));
     QImage image(width, rows, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < rows; ++y) {
-        std::copy_n(bytes.constData() + 1 + qsizetype{4} * width * y, 4 * width, image.scanLine(y));
+        std::copy_n(bytes.constData() + 1 + qsizetype{4} * width * y, qsizetype{4} * width,
+                    image.scanLine(y));
     }
     return image;
 }

@@ -327,9 +327,9 @@ TEST_F(Fetch, WhatSpeaksNoHttpIsNoAnswer) {
 }
 
 TEST_F(Fetch, AGigabyteIsReadAsFarAsTheLimit) {
-    constexpr qint64 gigabyte = 1024 * 1024 * 1024;
+    constexpr qint64 gigabyte = 1024LL * 1024 * 1024;
     server.pour(QStringLiteral("/v.txt"), gigabyte);
-    EXPECT_EQ(get(QStringLiteral("/v.txt")), QString(64 * 1024, QLatin1Char('1')));
+    EXPECT_EQ(get(QStringLiteral("/v.txt")), QString(64LL * 1024, QLatin1Char('1')));
     // What stood in the buffers of the two sockets.
     EXPECT_LT(server.poured, 32 * 1024 * 1024);
 }
