@@ -1,9 +1,9 @@
+#include "application.h"
 #include "controls/browser/page_addresses.h"
 #include "controls/browser/web_page.h"
 #include "entry.h"
 #include "platform/web/http_request.h"
 
-#include <QApplication>
 #include <QTextBlock>
 
 using namespace velorama;
@@ -27,14 +27,6 @@ void checkLinks(const QTextDocument& page) {
 }
 
 }  // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char*** words) {
-    static int count = 1;
-    // Never ended: what fonts hold would count as lost then.
-    static const auto* application = new QApplication(count, *words);
-    Q_UNUSED(application)
-    return 0;
-}
 
 // A page as it comes from the server, laid out. The first byte chooses what the server says of it.
 // Links lead to the web or the mail program only, pictures to the page's own server.

@@ -1,10 +1,10 @@
+#include "application.h"
 #include "core/long_text.h"
 #include "core/stored_list.h"
 #include "entry.h"
 #include "platform/numbers.h"
 #include "support/services.h"
 
-#include <QApplication>
 #include <QWidget>
 
 #include <cmath>
@@ -90,14 +90,6 @@ QList<RegistryValue> valuesOf(const QByteArray& bytes) {
 }
 
 }  // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char*** words) {
-    static int count = 1;
-    // Never ended: what fonts hold would count as lost then.
-    static const auto* application = new QApplication(count, *words);
-    Q_UNUSED(application)
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     test::Services services;

@@ -64,7 +64,7 @@ bool clsREGISTRY::StringsSave(const QString& Hive, const QString& KeyPath,
 }
 
 QString clsREGISTRY::WindowsVersion() const {
-    const QString version = StringLoad(
+    QString version = StringLoad(
         HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION"),
         QStringLiteral("CurrentVersion"), QString());
     if (!version.isEmpty()) {

@@ -40,6 +40,7 @@ public:
 
     /// From the first track on, `told` is called from the event loop when the output that plays is
     /// pulled out (`OutputWatch`). An empty function ends that.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who overrides it keeps the function.
     virtual void whenPulled(std::function<void()> /*told*/) {}
 };
 

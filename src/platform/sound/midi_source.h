@@ -4,8 +4,8 @@
 
 #include <QByteArray>
 
-struct _fluid_hashtable_t;
-struct _fluid_synth_t;
+struct _fluid_hashtable_t;  // NOLINT(bugprone-reserved-identifier): the library's own name
+struct _fluid_synth_t;      // NOLINT(bugprone-reserved-identifier)
 
 namespace velorama {
 

@@ -56,7 +56,7 @@ TEST(DrivesText, WhatIsNoTextGivesNoDrives) {
 }
 
 TEST(DrivesText, AnEndlessLineIsNoFolderAndSpoilsNoneBeforeIt) {
-    const QByteArray endless = "C: /" + QByteArray(10 * 1024 * 1024, 'x');
+    const QByteArray endless = "C: /" + QByteArray(10LL * 1024 * 1024, 'x');
     EXPECT_EQ(folder(endless), QString());
     EXPECT_EQ(folder("C: /mnt/windows\n" + endless + "\nC: /later"), S("/mnt/windows"));
 }
