@@ -57,6 +57,7 @@ cbtn* EmptyState::addButton(const char* name, const char* symbol, const char* ca
     made->setBackgroundRole(QPalette::Base);
     made->hide();
     made->installEventFilter(this);
+    made->setAcceptDrops(true);
     buttons_.append(made);
     setButton(made);
     return made;
@@ -151,7 +152,39 @@ bool EmptyState::isWanted() const {
     return isEmpty_() && !list_.isHidden() && hasRoomForButton();
 }
 
+/// What is dragged over a button is over the list: from its next movement on the button is none to
+/// the mouse, until the drag has left the list.
+bool EmptyState::letDragThrough(QObject* watched, QEvent* event) {
+    const bool isButton = buttons_.contains(watched);
+    switch (event->type()) {
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+            isDragged_ = !isButton;
+            setThrough(true);
+            event->setAccepted(event->isAccepted() && !isButton);
+            return isButton;
+        case QEvent::DragLeave:
+        case QEvent::Drop:
+            // Gone from a button, it may come to the list in this very turn.
+            isDragged_ = false;
+            QMetaObject::invokeMethod(
+                this, [this] { setThrough(isDragged_); }, Qt::QueuedConnection);
+            return isButton;
+        default:
+            return false;
+    }
+}
+
+void EmptyState::setThrough(bool through) {
+    for (cbtn* each : buttons_) {
+        each->setAttribute(Qt::WA_TransparentForMouseEvents, through);
+    }
+}
+
 bool EmptyState::eventFilter(QObject* watched, QEvent* event) {
+    if (letDragThrough(watched, event)) {
+        return true;
+    }
     static const QSet<QEvent::Type> moves = {QEvent::Resize, QEvent::Move, QEvent::PaletteChange};
     static const QSet<QEvent::Type> hints = {QEvent::Paint, QEvent::ShowToParent,
                                              QEvent::HideToParent, QEvent::EnabledChange};

@@ -50,6 +50,8 @@ private:
     bool isWanted() const;
     void follow();
     void followSoon();
+    bool letDragThrough(QObject* watched, QEvent* event);
+    void setThrough(bool through);
 
     QAbstractItemView& list_;
     std::function<bool()> isEmpty_;
@@ -58,6 +60,8 @@ private:
     QList<cbtn*> buttons_;
     cbtn* button_ = nullptr;
     bool following_ = false;
+    /// Something is being dragged over the list.
+    bool isDragged_ = false;
 };
 
 }  // namespace velorama

@@ -4,6 +4,8 @@
 #include "controls/lists/list_view.h"
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -133,6 +135,31 @@ TEST_F(EmptyStateTest, ASentenceLongerThanTheRoomEndsInAnEllipsis) {
 }
 
 // Assistive tools are told of nothing inside a list but its rows.
+TEST(EmptyStateOnAPage, WhatIsDraggedOverTheButtonIsOverTheList) {
+    QWidget page;
+    page.resize(500, 400);
+    ListBox list(&page);
+    list.setGeometry(50, 50, 400, 200);
+    list.setEmptyText(QStringLiteral("Drop it here."));
+    cbtn* button = list.emptyState().addButton("btnHELPS", "plus", "Add", "Add something");
+    page.show();
+    QApplication::processEvents();
+    ASSERT_TRUE(button->isVisible());
+    const QPoint spot = button->geometry().center();
+    ASSERT_EQ(page.childAt(spot), button);
+    ASSERT_TRUE(button->acceptDrops());
+    const QMimeData what;
+    QDragEnterEvent enters(QPoint(3, 4), Qt::CopyAction, &what, Qt::LeftButton, {});
+    QApplication::sendEvent(button, &enters);
+    EXPECT_FALSE(enters.isAccepted());
+    EXPECT_EQ(page.childAt(spot), list.viewport());
+    // The drag leaves the list at last.
+    QDragLeaveEvent leaves;
+    static_cast<QObject*>(&list.emptyState())->eventFilter(list.viewport(), &leaves);
+    QApplication::processEvents();
+    EXPECT_EQ(page.childAt(spot), button);
+}
+
 TEST(EmptyStateOnAPage, TheButtonIsBesideTheListForAssistiveTools) {
     QWidget page;
     page.resize(500, 300);
