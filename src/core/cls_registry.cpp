@@ -64,9 +64,9 @@ bool clsREGISTRY::StringsSave(const QString& Hive, const QString& KeyPath,
 }
 
 QString clsREGISTRY::WindowsVersion() const {
-    QString version = StringLoad(
-        HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION"),
-        QStringLiteral("CurrentVersion"), QString());
+    QString version = StringLoad(HKEY_LOCAL_MACHINE,
+                                 QStringLiteral("SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION"),
+                                 QStringLiteral("CurrentVersion"), QString());
     if (!version.isEmpty()) {
         return version;
     }
