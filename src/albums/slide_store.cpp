@@ -4,6 +4,7 @@
 #include "core/globals.h"
 #include "core/long_text.h"
 #include "platform/numbers.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -30,7 +31,7 @@ int loadCount() {
 /// settings, a rebuild keeps what the list has.
 bool survivesRebuild(const QString& path) {
     const QByteArray stored = path.toUtf8();
-    return !stored.isEmpty() && !stored.contains('\0') && QString::fromUtf8(stored) == path;
+    return !stored.isEmpty() && !stored.contains('\0') && textOfUtf8(stored) == path;
 }
 
 bool saveSlideCount(int count) {

@@ -3,6 +3,7 @@
 #include "core/lib_txt.h"
 #include "core/long_text.h"
 #include "platform/numbers.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -38,7 +39,7 @@ QString clsREGISTRY::StringLoad(qint32 Hive, const QString& KeyPath, const QStri
     if (!stored || !isText(stored->type)) {
         return Default;
     }
-    const QString text = QString::fromUtf8(stored->data);
+    const QString text = textOfUtf8(stored->data);
     if (text.isEmpty()) {
         return QString(bufferSize, u' ');
     }

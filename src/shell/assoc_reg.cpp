@@ -1,5 +1,7 @@
 #include "shell/assoc_reg.h"
 
+#include "platform/utf8.h"
+
 namespace velorama {
 
 bool RegReadFailed = false;
@@ -26,7 +28,7 @@ QString RegStringGet(const RegistryStore& store, Hive root, const QString& key,
         return QString();
     }
     const qsizetype end = stored->data.indexOf('\0');
-    return QString::fromUtf8(end < 0 ? stored->data : stored->data.left(end));
+    return textOfUtf8(end < 0 ? stored->data : stored->data.left(end));
 }
 
 bool RegStringSet(RegistryStore& store, Hive root, const QString& key, const QString& name,

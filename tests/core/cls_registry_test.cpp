@@ -45,6 +45,14 @@ TEST_F(ClsRegistry, WhatIsSavedReadsBack) {
               (RegistryValue{ValueType::Text, "/pics/\xC3\xA4.vlr"}));
 }
 
+TEST_F(ClsRegistry, AByteOrderMarkIsALetterOfTheText) {
+    const QString marked = QStringLiteral("\uFEFF\uFEFFa");
+    EXPECT_TRUE(save(marked));
+    EXPECT_EQ(load(), marked);
+    put("\xEF\xBB\xBF");
+    EXPECT_EQ(load(), QStringLiteral("\uFEFF"));
+}
+
 TEST_F(ClsRegistry, TwoHundredAndFiftyFourCharactersAreTheLimit) {
     save(QString(254, u'a'));
     EXPECT_EQ(load(), QString(254, u'a'));

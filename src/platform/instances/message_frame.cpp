@@ -1,6 +1,7 @@
 #include "platform/instances/message_frame.h"
 
-#include <QStringDecoder>
+#include "platform/utf8.h"
+
 #include <QtEndian>
 
 namespace velorama {
@@ -26,12 +27,8 @@ ReadFrame readFrame(const QByteArray& bytes) {
     if (bytes.size() - frameHead < qsizetype(length)) {
         return {};
     }
-    // A byte order mark at the start is a letter of the text here.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
-                                                     QStringDecoder::Flag::ConvertInitialBom);
-    const QString text = decoder(bytes.mid(frameHead, length));
-    return decoder.hasError() ? ReadFrame{ReadFrame::Refused, {}}
-                              : ReadFrame{ReadFrame::Whole, text};
+    const std::optional<QString> text = textOfValidUtf8(bytes.mid(frameHead, length));
+    return text ? ReadFrame{ReadFrame::Whole, *text} : ReadFrame{ReadFrame::Refused, {}};
 }
 
 }  // namespace velorama

@@ -1,6 +1,7 @@
 #include "platform/store/registry_lines.h"
 
-#include <QStringDecoder>
+#include "platform/utf8.h"
+
 #include <QtEndian>
 
 namespace velorama {
@@ -55,7 +56,7 @@ std::optional<QString> RegistryLines::next(QString& fault) {
         fault = QStringLiteral("the line is too long");
         return std::nullopt;
     }
-    const std::optional<QString> text = isUtf16_ ? fromUtf16(line) : fromUtf8(line);
+    const std::optional<QString> text = isUtf16_ ? fromUtf16(line) : textOfValidUtf8(line);
     if (!text || text->contains(QChar(u'\0'))) {
         fault = isUtf16_ ? QStringLiteral("these bytes are no UTF-16 text")
                          : QStringLiteral("these bytes are no UTF-8 text");
@@ -71,13 +72,6 @@ std::optional<QString> RegistryLines::fromUtf16(QByteArrayView bytes) {
     QString text(bytes.size() / 2, Qt::Uninitialized);
     qFromLittleEndian<quint16>(bytes.data(), text.size(), text.data());
     return text.isValidUtf16() ? std::optional(text) : std::nullopt;
-}
-
-std::optional<QString> RegistryLines::fromUtf8(QByteArrayView bytes) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
-                                                     QStringDecoder::Flag::ConvertInitialBom);
-    const QString text = decoder(bytes);
-    return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
 }  // namespace velorama

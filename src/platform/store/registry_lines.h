@@ -25,7 +25,6 @@ private:
     qsizetype endOfLine() const;
     qsizetype afterEnd(qsizetype end) const;
     static std::optional<QString> fromUtf16(QByteArrayView bytes);
-    static std::optional<QString> fromUtf8(QByteArrayView bytes);
 
     QByteArray bytes_;
     bool isUtf16_ = false;

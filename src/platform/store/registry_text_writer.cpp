@@ -1,5 +1,6 @@
 #include "platform/store/registry_names.h"
 #include "platform/store/registry_text.h"
+#include "platform/utf8.h"
 
 #include <QtEndian>
 
@@ -46,7 +47,7 @@ QString ofType(ValueType type, const QByteArray& bytes) {
 
 /// In quotes a text stays on its line.
 QString dataOfText(const RegistryValue& value) {
-    const QString text = QString::fromUtf8(value.data);
+    const QString text = textOfUtf8(value.data);
     const bool staysOnLine =
         std::none_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < u' '; });
     return value.type == ValueType::Text && staysOnLine
