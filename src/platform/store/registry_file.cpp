@@ -3,6 +3,7 @@
 #include "platform/files/private_files.h"
 #include "platform/store/registry_names.h"
 #include "platform/store/sqlite_statement.h"
+#include "platform/utf8.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -33,7 +34,7 @@ void loadRow(const Statement& row, RegistryTable& table) {
     }
     const auto type =
         row.isNull(3) ? ValueType::Text : static_cast<ValueType>(static_cast<int>(row.number(3)));
-    table.load({hive->hive, QString::fromUtf8(row.bytes(1)), QString::fromUtf8(row.bytes(2)),
+    table.load({hive->hive, textOfUtf8(row.bytes(1)), textOfUtf8(row.bytes(2)),
                 RegistryValue{type, row.bytes(4)}});
 }
 
@@ -91,6 +92,7 @@ bool RegistryFile::isReplaced() const {
 }
 
 bool RegistryFile::open(bool create) {
+    busy_ = false;
     if (isReplaced()) {
         close();
     }
@@ -168,6 +170,7 @@ bool RegistryFile::hasTable() {
 }
 
 RegistryFile::Result RegistryFile::resultOf(int code) {
+    busy_ = (code & 0xFF) == SQLITE_BUSY;
     if (code == SQLITE_OK || code == SQLITE_DONE) {
         return Result::Done;
     }

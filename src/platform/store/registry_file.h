@@ -33,6 +33,9 @@ public:
     RegistryFile& operator=(const RegistryFile&) = delete;
     ~RegistryFile();
 
+    /// True if the last call failed because another process held the file for the half second that
+    /// one is waited for.
+    bool isBusy() const { return busy_; }
     /// True if a file stands at the path.
     bool exists() const;
     /// True if other processes have written since the last `load`, if there was none yet, or if
@@ -76,6 +79,7 @@ private:
     sqlite3* database_ = nullptr;
     Identity opened_;
     std::int64_t loadedVersion_ = -1;
+    bool busy_ = false;
 };
 
 }  // namespace velorama

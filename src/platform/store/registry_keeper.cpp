@@ -2,6 +2,7 @@
 
 #include "platform/store/system_values.h"
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QStorageInfo>
 
@@ -16,6 +17,7 @@ using namespace std::chrono_literals;
 
 constexpr auto writeDelay = 100ms;  // from the first change to the disk
 constexpr auto retryDelay = 1s;     // after a write that failed
+constexpr auto lastPatience = 10s;  // for a file held by others when the program ends
 constexpr auto lookDelay = 100ms;   // from the first sign of others' writing
 constexpr auto pollInterval = 250ms;
 
@@ -143,6 +145,17 @@ void RegistryKeeper::write() {
         shared_.isDue = true;
         writing_.start(retryDelay);
     }
+}
+
+void RegistryKeeper::writeLast() {
+    const QDeadlineTimer patience(lastPatience);
+    const auto isDue = [this] {
+        const std::lock_guard guard(shared_.lock);
+        return shared_.isDue;
+    };
+    do {
+        write();
+    } while (isDue() && file_.isBusy() && !patience.hasExpired());
 }
 
 /// Writes the changes, or everything where there is no file yet.

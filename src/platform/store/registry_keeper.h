@@ -28,6 +28,8 @@ public:
     void writeSoon();
     /// Writes at once what is due.
     void write();
+    /// The same, for the last time: a file that another process holds is waited for.
+    void writeLast();
 
 private:
     void watch();

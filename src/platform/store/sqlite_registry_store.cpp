@@ -22,7 +22,8 @@ public:
     Private& operator=(const Private&) = delete;
 
     ~Private() {
-        flush();
+        QMetaObject::invokeMethod(
+            keeper_, [this] { keeper_->writeLast(); }, Qt::BlockingQueuedConnection);
         thread_.quit();
         thread_.wait();
     }

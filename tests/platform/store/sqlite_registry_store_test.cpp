@@ -12,10 +12,13 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <memory>
 #include <random>
 #include <string>
+#include <thread>
 
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -263,6 +266,18 @@ TEST_F(SqliteStore, HoldsEveryTypeOverTheEndOfTheProgram) {
     EXPECT_EQ(store.value(Hive::CurrentUser, key, QStringLiteral("count")), count);
 }
 
+TEST_F(SqliteStore, AByteOrderMarkIsALetterOfKeyAndName) {
+    const QString mark = QStringLiteral("\uFEFF");
+    {
+        SqliteRegistryStore store(file);
+        store.setValue(Hive::CurrentUser, mark + key, mark + number(1), text("marked"));
+        save(store, number(1), "plain");
+    }
+    SqliteRegistryStore store(file);
+    EXPECT_EQ(store.value(Hive::CurrentUser, mark + key, mark + number(1)), text("marked"));
+    EXPECT_EQ(store.value(Hive::CurrentUser, key, number(1)), text("plain"));
+}
+
 TEST_F(SqliteStore, TheTableIsPlain) {
     {
         SqliteRegistryStore store(file);
@@ -450,13 +465,15 @@ TEST_F(SqliteStore, TakesOverAFileThatComesLater) {
 }
 
 TEST_F(SqliteStore, TwoWritersLoseNothing) {
-    SqliteRegistryStore one(file);
-    SqliteRegistryStore two(file);
-    for (int round = 0; round < 20; ++round) {
-        save(one, QStringLiteral("one%1").arg(round), "1");
-        save(two, QStringLiteral("two%1").arg(round), "2");
-        one.flush();
-        two.flush();
+    {
+        SqliteRegistryStore one(file);
+        SqliteRegistryStore two(file);
+        for (int round = 0; round < 20; ++round) {
+            save(one, QStringLiteral("one%1").arg(round), "1");
+            save(two, QStringLiteral("two%1").arg(round), "2");
+            one.flush();
+            two.flush();
+        }
     }
     EXPECT_EQ(sql(file, "SELECT count(*) FROM registry WHERE name LIKE 'one%'"), "20");
     EXPECT_EQ(sql(file, "SELECT count(*) FROM registry WHERE name LIKE 'two%'"), "20");
@@ -474,6 +491,25 @@ TEST_F(SqliteStore, ALockedFileIsWrittenLater) {
     ASSERT_EQ(sqlite3_exec(locker, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
     sqlite3_close(locker);
     store.flush();
+    EXPECT_EQ(sql(file, "SELECT data FROM registry WHERE name = '1'"), "x");
+}
+
+TEST_F(SqliteStore, AFileLockedAtTheEndIsWaitedFor) {
+    runSql(createTable);
+    sqlite3* locker = nullptr;
+    ASSERT_EQ(sqlite3_open(file.toUtf8().constData(), &locker), SQLITE_OK);
+    auto store = std::make_unique<SqliteRegistryStore>(file);
+    ASSERT_EQ(sqlite3_exec(locker, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    save(*store, number(1), "x");
+    QElapsedTimer failedTry;
+    failedTry.start();
+    store->flush();
+    const auto another = std::chrono::milliseconds(failedTry.elapsed() * 3 / 2);
+    std::thread ending([&store] { store.reset(); });
+    std::this_thread::sleep_for(another);
+    ASSERT_EQ(sqlite3_exec(locker, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+    ending.join();
+    sqlite3_close(locker);
     EXPECT_EQ(sql(file, "SELECT data FROM registry WHERE name = '1'"), "x");
 }
 
