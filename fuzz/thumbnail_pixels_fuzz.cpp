@@ -17,9 +17,8 @@ void check(const QByteArray& packed) {
 /// The bytes as a body under a head that fits it, which chance would not find.
 QByteArray underGoodHead(const QByteArray& bytes) {
     QByteArray head = bytes.left(5) + QByteArray(2, '\0');
-    const QByteArray body = bytes.mid(5);
-    qToLittleEndian(qChecksum(body), head.data() + 5);
-    return head + body;
+    qToLittleEndian(qChecksum(QByteArrayView(head).first(5)), head.data() + 5);
+    return head + bytes.mid(5);
 }
 
 QImage imageOf(const QByteArray& bytes) {
