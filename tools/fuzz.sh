@@ -4,6 +4,7 @@
 # build/fuzz/corpus and is where the next run begins. A finding ends its entry; the input lies in
 # build/fuzz/findings, and build/fuzz/fuzz_<entry> FILE repeats it. The last line counts entries.
 # FUZZ_JOBS: entries at a time, as many as there are processors otherwise.
+# FUZZ_SEED: where the fuzzer's chance begins, elsewhere each time otherwise.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
@@ -38,6 +39,14 @@ rm -rf "$fuzz/seeds"
 mkdir -p "$fuzz/seeds" "$fuzz/findings" "$fuzz/logs"
 "$fuzz/fuzz_seeds" "$fuzz/seeds"
 
+# is_stall NAME: true if the entry ended at an input that takes no time by itself: a machine that stands
+# still for half a minute looks like a hang.
+is_stall() {
+    local slow
+    slow=$(sed -n 's/.*Test unit written to \(.*-timeout-.*\)$/\1/p' "$fuzz/logs/$1.log")
+    [[ -n $slow ]] && "$fuzz/fuzz_$1" -timeout=30 "$slow" >"$fuzz/logs/$1.again.log" 2>&1 && rm "$slow"
+}
+
 # run_entry NAME: the longest input is that of the corpus, 4096 bytes at the least. An input of 30 s is
 # a finding as well, and so is one that takes 3 GB: pictures may take 512 MB, and ASan keeps what is freed.
 run_entry() {
@@ -46,11 +55,11 @@ run_entry() {
     if [[ -e $root/fuzz/$name.dict ]]; then
         words+=(-dict="$root/fuzz/$name.dict")
     fi
-    "$fuzz/fuzz_$name" -max_total_time="$seconds" -timeout=30 -rss_limit_mb=3072 -print_final_stats=1 \
+    "$fuzz/fuzz_$name" -seed="${FUZZ_SEED:-0}" -max_total_time="$seconds" -timeout=30 -rss_limit_mb=3072 -print_final_stats=1 \
         -artifact_prefix="$fuzz/findings/$name-" "${words[@]}" "$fuzz/corpus/$name" "$fuzz/seeds/$name" \
         >"$log" 2>&1 || status=$?
     count=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
-    if ((status == 0)); then
+    if ((status == 0)) || is_stall "$name"; then
         echo "$name: ${count:-0} inputs, clean"
         return
     fi
@@ -58,7 +67,7 @@ run_entry() {
     echo "$name: FAILED after ${count:-?} inputs, $(sed -n 's/.*Test unit written to //p' "$log")"
     return 1
 }
-export -f run_entry
+export -f is_stall run_entry
 
 status=0
 printf '%s\n' "${entries[@]}" |
