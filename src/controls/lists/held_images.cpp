@@ -1,5 +1,7 @@
 #include "controls/lists/held_images.h"
 
+#include "platform/process/free_elsewhere.h"
+
 #include <QtConcurrentRun>
 
 #include <utility>
@@ -29,7 +31,7 @@ void HeldImages::add(const QImage& image, std::shared_ptr<const ImageOrigin> ori
 }
 
 void HeldImages::clear() {
-    entries_.clear();
+    freeElsewhere(entries_);
     held_.clear();
     bytes_ = 0;
 }

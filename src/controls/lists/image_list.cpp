@@ -1,5 +1,7 @@
 #include "controls/lists/image_list.h"
 
+#include "platform/process/free_elsewhere.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -42,9 +44,9 @@ void ImageList::rememberLength(const QString& key) {
 }
 
 void ImageList::Clear() {
-    numbers_.clear();
+    freeElsewhere(numbers_);
     lengths_.clear();
-    keys_.clear();
+    freeElsewhere(keys_);
     images_.clear();
     emit changed();
 }

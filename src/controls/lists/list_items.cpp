@@ -1,5 +1,7 @@
 #include "controls/lists/list_items.h"
 
+#include "platform/process/free_elsewhere.h"
+
 #include <iterator>
 #include <utility>
 
@@ -34,14 +36,17 @@ void ListItems::remove(int index) {
 }
 
 void ListItems::remove(const std::vector<int>& places) {
+    std::vector<std::unique_ptr<ListItem>> gone;
+    gone.reserve(places.size());
     for (const int place : places) {
         select(*at(place), false);
         keys_.remove(at(place)->key_);
-        items_[static_cast<size_t>(place) - 1].reset();
+        gone.push_back(std::move(items_[static_cast<size_t>(place) - 1]));
     }
     std::erase(items_, nullptr);
     changes_ += static_cast<qint64>(places.size());
     numbered_ = false;
+    freeElsewhere(gone);
 }
 
 void ListItems::insert(int index, std::vector<std::unique_ptr<ListItem>> made) {
@@ -58,8 +63,8 @@ void ListItems::insert(int index, std::vector<std::unique_ptr<ListItem>> made) {
 
 void ListItems::clear() {
     ++changes_;
-    keys_.clear();
-    items_.clear();
+    freeElsewhere(keys_);
+    freeElsewhere(items_);
     numbered_ = true;
     selected_ = 0;
 }
