@@ -2,6 +2,8 @@
 
 #include <QtEndian>
 
+#include <zlib.h>
+
 #include <array>
 
 namespace velorama {
@@ -9,12 +11,11 @@ namespace {
 
 // Planes, width, height, check sum of these; a byte and three words of 16 bits, the lower byte
 // first. Then one plane a colour, each byte the difference from its neighbour on the left,
-// deflated: the size and a stream that ends in a check sum of its own.
+// deflated as quickly as zlib can (its higher levels take three times the time for a tenth of the
+// bytes): a stream that ends in a check sum of its own.
 constexpr qsizetype sumAt = 5;
 constexpr qsizetype headBytes = 7;
 constexpr int longestSide = 2048;
-/// Of zlib. Higher ones take three times the time for a tenth of the bytes.
-constexpr int fastest = 1;
 
 constexpr char opaque = 3;
 constexpr char seeThrough = 4;
@@ -52,6 +53,29 @@ quint16 headSum(QByteArrayView packed) {
     return qChecksum(packed.first(sumAt));
 }
 
+/// False, as where memory ends, if nothing came behind the head.
+bool deflateBehind(QByteArray& head, const QByteArray& bytes) {
+    auto size = compressBound(static_cast<uLong>(bytes.size()));
+    const qsizetype headSize = head.size();
+    head.resize(headSize + static_cast<qsizetype>(size));
+    const int code = compress2(reinterpret_cast<Bytef*>(head.data() + headSize), &size,
+                               reinterpret_cast<const Bytef*>(bytes.constData()),
+                               static_cast<uLong>(bytes.size()), Z_BEST_SPEED);
+    head.resize(headSize + static_cast<qsizetype>(size));
+    head.squeeze();
+    return code == Z_OK;
+}
+
+/// What is behind the head, if it is whole and of this size; nothing otherwise.
+QByteArray inflated(const QByteArray& packed, qsizetype size) {
+    QByteArray bytes(size, Qt::Uninitialized);
+    auto got = static_cast<uLongf>(size);
+    const int code = uncompress(reinterpret_cast<Bytef*>(bytes.data()), &got,
+                                reinterpret_cast<const Bytef*>(packed.constData() + headBytes),
+                                static_cast<uLong>(packed.size() - headBytes));
+    return code == Z_OK && static_cast<qsizetype>(got) == size ? bytes : QByteArray();
+}
+
 }  // namespace
 
 QByteArray packPixels(const QImage& image) {
@@ -68,30 +92,26 @@ QByteArray packPixels(const QImage& image) {
             packRow(reinterpret_cast<const QRgb*>(image.constScanLine(y)), width, 8 * plane, out);
         }
     }
-    QByteArray head(headBytes, planes);
-    qToLittleEndian(static_cast<quint16>(width), head.data() + 1);
-    qToLittleEndian(static_cast<quint16>(height), head.data() + 3);
-    qToLittleEndian(headSum(head), head.data() + sumAt);
-    return head + qCompress(bytes, fastest);
+    QByteArray packed(headBytes, planes);
+    qToLittleEndian(static_cast<quint16>(width), packed.data() + 1);
+    qToLittleEndian(static_cast<quint16>(height), packed.data() + 3);
+    qToLittleEndian(headSum(packed), packed.data() + sumAt);
+    return deflateBehind(packed, bytes) ? packed : QByteArray();
 }
 
 QImage unpackPixels(const QByteArray& packed) {
-    if (packed.size() <= headBytes + 4 || (packed[0] != opaque && packed[0] != seeThrough)) {
+    if (packed.size() <= headBytes || (packed[0] != opaque && packed[0] != seeThrough)) {
         return {};
     }
     const int planes = packed[0];
     const int width = qFromLittleEndian<quint16>(packed.constData() + 1);
     const int height = qFromLittleEndian<quint16>(packed.constData() + 3);
     const qsizetype size = qsizetype{planes} * width * height;
-    const char* body = packed.constData() + headBytes;
-    // qUncompress believes the size that stands before the deflated bytes, so it is checked first.
     if (width > longestSide || height > longestSide || size == 0 ||
-        qFromBigEndian<quint32>(body) != size ||
         qFromLittleEndian<quint16>(packed.constData() + sumAt) != headSum(packed)) {
         return {};
     }
-    const QByteArray bytes =
-        qUncompress(reinterpret_cast<const uchar*>(body), packed.size() - headBytes);
+    const QByteArray bytes = inflated(packed, size);
     QImage image(width, height,
                  planes == opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     if (bytes.size() != size || image.isNull()) {

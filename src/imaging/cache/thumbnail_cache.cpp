@@ -165,7 +165,7 @@ ThumbnailCache::Batch ThumbnailCache::nextBatch() const {
 
 void ThumbnailCache::writeBatch(ThumbnailFile& file, const Batch& batch,
                                 const std::vector<qint64>& used) const {
-    if (!file.isOpen()) {
+    if (!file.isReady()) {
         return;
     }
     std::vector<StoredThumbnail> thumbnails;

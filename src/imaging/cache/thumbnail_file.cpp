@@ -19,6 +19,7 @@ namespace {
 
 /// Whoever holds the file longer costs this process a thumbnail made anew, no more.
 constexpr int busyMilliseconds = 200;
+constexpr std::chrono::seconds retryDelay{1};
 
 /// Says that a file is ours ("Velo"), and what it holds. To be raised with every change of the
 /// table, of the packing, of decoding or of scaling that moves a pixel.
@@ -137,7 +138,10 @@ void ThumbnailFile::open() {
     }
     close();
     const QByteArray name = QFile::encodeName(path_);
-    if (found == State::Unusable) {
+    if (found == State::Busy) {
+        retry_ = std::chrono::steady_clock::now() + retryDelay;
+    }
+    if (found == State::Unusable || found == State::Busy) {
         return;
     }
     found == State::Outdated ? remove(name) : moveAside(name);
@@ -165,29 +169,42 @@ ThumbnailFile::State ThumbnailFile::tryToOpen() {
 }
 
 /// Somebody has emptied the folder, or another has found the file damaged.
-void ThumbnailFile::reopenIfReplaced() {
+bool ThumbnailFile::isReady() {
     if (database_ != nullptr && identityOf(QFile::encodeName(path_)) != opened_) {
         close();
         makeFolder();
         open();
+    } else if (database_ == nullptr && retry_ && std::chrono::steady_clock::now() >= *retry_) {
+        open();
     }
+    return isOpen();
 }
 
 ThumbnailFile::State ThumbnailFile::prepare() {
     const auto [code, tables] = countTables(database_);
     if (code != SQLITE_ROW) {
-        return isDamage(code) ? State::Foreign : State::Unusable;
+        return failure();
     }
     if (tables == 0) {
         return create();
     }
-    if (ask("PRAGMA application_id") != applicationId) {
+    const std::optional<qint64> application = ask("PRAGMA application_id");
+    const std::optional<qint64> itsVersion = ask("PRAGMA user_version");
+    if (!application || !itsVersion) {
+        return failure();
+    }
+    if (*application != applicationId) {
         return State::Foreign;
     }
-    if (ask("PRAGMA user_version") != version) {
-        return State::Outdated;
-    }
-    return State::Usable;
+    return *itsVersion == version ? State::Usable : State::Outdated;
+}
+
+/// What the file is by the last step, which has failed.
+ThumbnailFile::State ThumbnailFile::failure() const {
+    const int code = sqlite3_errcode(database_);
+    return isDamage(code)                 ? State::Foreign
+           : (code & 0xFF) == SQLITE_BUSY ? State::Busy
+                                          : State::Unusable;
 }
 
 /// Another process may be doing the same.
@@ -199,8 +216,9 @@ ThumbnailFile::State ThumbnailFile::create() {
     if (execute(make.constData())) {
         return State::Usable;
     }
+    const State state = failure();
     rollBack(database_);
-    return State::Unusable;
+    return state;
 }
 
 bool ThumbnailFile::succeeds(int code) {
@@ -221,9 +239,9 @@ bool ThumbnailFile::execute(const char* sql) {
     return sqlite3_exec(database_, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
-qint64 ThumbnailFile::ask(const char* sql) {
+std::optional<qint64> ThumbnailFile::ask(const char* sql) {
     Statement query(database_, sql);
-    return query.step() == SQLITE_ROW ? query.number(0) : 0;
+    return query.step() == SQLITE_ROW ? std::optional(query.number(0)) : std::nullopt;
 }
 
 qint64 ThumbnailFile::keyOf(const QByteArray& path, int cell) {
@@ -233,8 +251,7 @@ qint64 ThumbnailFile::keyOf(const QByteArray& path, int cell) {
 }
 
 std::optional<StoredThumbnail> ThumbnailFile::find(const FileStamp& file, int cell) {
-    reopenIfReplaced();
-    if (database_ == nullptr) {
+    if (!isReady()) {
         return {};
     }
     int code = SQLITE_OK;
@@ -255,8 +272,7 @@ std::optional<StoredThumbnail> ThumbnailFile::find(const FileStamp& file, int ce
 
 template <typename Step, typename Items>
 bool ThumbnailFile::inTransaction(const Step& step, const Items& items) {
-    reopenIfReplaced();
-    if (database_ == nullptr || items.empty()) {
+    if (!isReady() || items.empty()) {
         return false;
     }
     Statement begin(database_, "BEGIN IMMEDIATE");
@@ -297,7 +313,8 @@ bool ThumbnailFile::markUsed(const std::vector<qint64>& keys, qint64 day) {
 }
 
 qint64 ThumbnailFile::bytes() {
-    return (ask("PRAGMA page_count") - ask("PRAGMA freelist_count")) * ask("PRAGMA page_size");
+    return (ask("PRAGMA page_count").value_or(0) - ask("PRAGMA freelist_count").value_or(0)) *
+           ask("PRAGMA page_size").value_or(0);
 }
 
 void ThumbnailFile::shrink(qint64 most) {

@@ -2,6 +2,7 @@
 
 #include "imaging/cache/file_stamp.h"
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <utility>
@@ -33,6 +34,9 @@ public:
     ~ThumbnailFile();
 
     bool isOpen() const { return database_ != nullptr; }
+    /// The same, after a look whether another file stands there now. One that others held when it
+    /// was to be opened is tried again, once a second.
+    bool isReady();
 
     /// The thumbnail of exactly this state of the file.
     std::optional<StoredThumbnail> find(const FileStamp& file, int cell);
@@ -49,12 +53,11 @@ public:
     static qint64 keyOf(const QByteArray& path, int cell);
 
 private:
-    enum class State { Usable, Unusable, Outdated, Foreign };
+    enum class State { Usable, Unusable, Busy, Outdated, Foreign };
 
     void makeFolder() const;
     void open();
     State tryToOpen();
-    void reopenIfReplaced();
     State prepare();
     State create();
     void close();
@@ -63,7 +66,8 @@ private:
     template <typename Step, typename Items>
     bool inTransaction(const Step& step, const Items& items);
     bool execute(const char* sql);
-    qint64 ask(const char* sql);
+    std::optional<qint64> ask(const char* sql);
+    State failure() const;
     qint64 bytes();
     int writeOne(const StoredThumbnail& thumbnail);
 
@@ -71,6 +75,8 @@ private:
     sqlite3* database_ = nullptr;
     /// Device and number of the file that is open.
     std::pair<std::uint64_t, std::uint64_t> opened_;
+    /// When to try again a file that others held.
+    std::optional<std::chrono::steady_clock::time_point> retry_;
 };
 
 }  // namespace velorama

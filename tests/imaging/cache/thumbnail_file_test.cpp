@@ -2,6 +2,7 @@
 
 #include "support/full_disk.h"
 #include "support/test_world.h"
+#include "support/waiting.h"
 #include "support/without_rights.h"
 
 #include <QDir>
@@ -17,6 +18,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <memory>
 #include <random>
 
 namespace velorama {
@@ -260,6 +262,46 @@ TEST_F(ThumbnailFileTest, DropsThoseUnusedForLongest) {
     EXPECT_FALSE(file.find(stampOf(2), 64));
     EXPECT_TRUE(file.find(stampOf(200), 64));
     EXPECT_FALSE(file.find(stampOf(50), 64));
+}
+
+/// Holds the file as a process does that takes its journal over.
+class Holder {
+public:
+    explicit Holder(const QString& path) {
+        EXPECT_EQ(sqlite3_open(path.toUtf8().constData(), &database_), SQLITE_OK);
+        execute("PRAGMA locking_mode = EXCLUSIVE");
+        execute("BEGIN EXCLUSIVE");
+    }
+    ~Holder() {
+        execute("COMMIT");
+        sqlite3_close(database_);
+    }
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+
+private:
+    void execute(const char* sql) {
+        EXPECT_EQ(sqlite3_exec(database_, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+    }
+    sqlite3* database_ = nullptr;
+};
+
+TEST_F(ThumbnailFileTest, IsTriedAgainWhereOthersHeldIt) {
+    {
+        ThumbnailFile file(path);
+        ASSERT_TRUE(file.write(thumbnails(1, 2)));
+    }
+    auto holder = std::make_unique<Holder>(path);
+    ThumbnailFile reader(path);
+    ThumbnailFile writer(path);
+    EXPECT_FALSE(reader.isOpen());
+    EXPECT_FALSE(reader.find(stampOf(1), 64));
+    EXPECT_FALSE(writer.write(thumbnails(2, 3)));
+    holder.reset();
+    EXPECT_TRUE(test::comesTrue([&] { return reader.find(stampOf(1), 64).has_value(); }));
+    EXPECT_TRUE(test::comesTrue([&] { return writer.write(thumbnails(2, 3)); }));
+    EXPECT_TRUE(reader.find(stampOf(2), 64));
+    EXPECT_FALSE(QFile::exists(path + QStringLiteral(".damaged")));
 }
 
 TEST_F(ThumbnailFileTest, IsSharedByTwo) {
