@@ -6,13 +6,14 @@
 #include "core/globals.h"
 #include "imaging/decode/picture.h"
 #include "imaging/scale/scaling.h"
+#include "platform/files/file_beside.h"
 #include "platform/files/private_files.h"
 #include "platform/session/shell.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QSaveFile>
 
 namespace velorama {
 namespace {
@@ -67,7 +68,6 @@ QImage wallpaperPicture(const QString& path, const QColor& behind) {
     return opaque(LoadPicture(path).bitmap, behind);
 }
 
-// A link in its place goes: what it leads to is not the program's own.
 bool saveWallpaper(const QImage& picture) {
     const QString path = wallpaperFile();
     const QFileInfo place(path);
@@ -76,17 +76,17 @@ bool saveWallpaper(const QImage& picture) {
     }
     makePrivateFolder(place.path());
     closeToOthers(place.path());
-    if (place.isSymLink()) {
-        QFile::remove(path);
-    }
-    QSaveFile file(path);
-    // On a full disk only the flush says so.
-    if (!file.open(QIODevice::WriteOnly)) {
+    FileBeside beside(QFile::encodeName(place.path()));
+    QFile file;
+    if (beside.number() < 0 || !file.open(beside.number(), QIODevice::WriteOnly)) {
         return false;
     }
     // A disk without such rights takes the picture all the same.
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    return picture.save(&file, "BMP") && file.flush() && file.commit();
+    // On a full disk only the flush says so. A link in the file's place goes: what it leads to is
+    // not the program's own.
+    return picture.save(&file, "BMP") && file.flush() && reachesDisk(beside.number()) &&
+           beside.becomes(QFile::encodeName(path));
 }
 
 WallpaperBoxes::WallpaperBoxes(QWidget& surface)

@@ -279,19 +279,48 @@ TEST_F(WallpaperTest, emptyPathTellsTheDesktopAllTheSame) {
     EXPECT_FALSE(QFile::exists(target));
 }
 
+/// No file grows beyond 20,000 bytes while it lives.
+class SmallFiles {
+public:
+    SmallFiles() {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &before_), 0);
+        const rlimit small{20000, before_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    }
+    ~SmallFiles() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    SmallFiles(const SmallFiles&) = delete;
+    SmallFiles& operator=(const SmallFiles&) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+TEST_F(WallpaperTest, fullDiskKeepsALinkInPlaceOfTheFile) {
+    const QString other = otherFolder + QStringLiteral("/x.bmp");
+    const QString large = savePicture(folder, QStringLiteral("large.bmp"), QSize(300, 300));
+    ASSERT_TRUE(QDir().mkpath(applicationFolder()));
+    ASSERT_TRUE(QFile::link(other, wallpaperFile()));
+    {
+        const SmallFiles full;
+        wallpaper.SetDesktopWallpaper(large);
+    }
+    EXPECT_EQ(QFileInfo(wallpaperFile()).symLinkTarget(), other);
+    EXPECT_EQ(QDir(applicationFolder()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
 TEST_F(WallpaperTest, fullDiskKeepsAndAppliesTheOldFile) {
     addFound();
     wallpaper.DESKTOPWALLPAPER();
     desktop.files.clear();
     const QString large = savePicture(folder, QStringLiteral("large.bmp"), QSize(300, 300));
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{20000, before.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    wallpaper.SetDesktopWallpaper(large);
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    {
+        const SmallFiles full;
+        wallpaper.SetDesktopWallpaper(large);
+    }
     expectShown(colourOf('a'));
     EXPECT_EQ(desktop.shown.size(), QSize(7, 5));
 }

@@ -95,11 +95,9 @@ bool isJournal(const QString& name) {
            name.endsWith(QLatin1String("-shm"));
 }
 
-/// Names that last no longer than the write that they are made for: the program's own, and those
-/// that Qt makes of a file's name.
+/// Names that last no longer than the write that they are made for.
 bool isUnfinished(const QString& name) {
-    static const QRegularExpression names(
-        QStringLiteral("(^|/)(\\.velorama-[0-9a-z]+|Velorama Wallpaper\\.bmp\\.[A-Za-z0-9]{6})$"));
+    static const QRegularExpression names(QStringLiteral("(^|/)\\.velorama-[0-9a-z]+$"));
     return names.match(name).hasMatch();
 }
 
