@@ -1,27 +1,38 @@
 #!/usr/bin/python3
 """Changes the program in one small place at a time and tells which changes no test notices.
 
-    tools/mutations.py LAYER... [--changes N] [--seed N] [--only FILE...] [--at PLACE...]
-                       [--build DIR] [--report FILE]
+    tools/mutations.py LAYER... [--changes N] [--seed N] [--only FILE...] [--at PLACE...] [--again]
+                       [--jobs N] [--build DIR] [--report FILE]
 
-Works on the tree that it lies in, which has to be clean and built with tests, and puts each file
-back; a run that is killed leaves its change to `git checkout src`. Of all changes that a layer
-allows, N are taken by chance (20; 0 for all), the same for the same seed. --at repeats single ones,
-named as in the report: file:line:column:kind.
+The sources stay as they are: a changed copy is compiled, and the layer's test program is linked with
+its object in front of the layer's library, so that two processes serve and the tree can be worked on.
+The build folder has to be configured with tests; the test program is built first.
 
-A change is caught when a test program of its layer fails, crashes or does not end within ten times
-its usual time. One that does not compile counts for nothing.
+Of all changes that a layer allows, N are taken (20; 0 for all), by chance, but evenly over the kinds
+of change and over the sources, and the same for the same seed. Each result is written to the report
+as it comes; a run that finds results there of a run before goes on behind them. --at tries single
+ones, named as in the report: file:line:column:kind; --again those that the report calls missed.
+
+A change is caught when a test program of its layer fails or crashes twice running, or does not end
+within ten times its usual time. The report tells by which test. One that does not compile or link
+counts as neither.
 """
 
 import argparse
+import collections
+import hashlib
 import json
 import os
+import pickle
 import random
 import re
 import shlex
+import shutil
 import subprocess
 import sys
+import threading
 import time
+from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -65,12 +76,21 @@ class Change:
     def name(self):
         return f'{self.file.relative_to(ROOT)}:{self.line}:{self.column}:{self.kind}'
 
+    def group(self):
+        """The sort of change: removed, exchanged, if-not, a number, a bool, an operator."""
+        first = self.kind.split('->')[0]
+        if first == self.kind:
+            return first
+        return 'bool' if first in ('true', 'false') else 'number' if first[0].isdigit() else 'turned'
+
 
 def arguments_of(build):
     """What the compiler is called with, by source file, as far as the parser understands it."""
     arguments = {}
     for entry in json.loads((build / 'compile_commands.json').read_text()):
-        words = shlex.split(entry['command'])[1:]
+        words = shlex.split(entry['command'])
+        # What stands before the first option of the compiler's is ccache and the like.
+        words = words[next(i for i, word in enumerate(words) if word[:2] in ('-D', '-I')):]
         kept, skip = [], False
         for word in words:
             if skip:
@@ -191,47 +211,119 @@ class Finder:
             before = place
 
 
-def run(command, limit=None):
-    """The exit code; None beyond the limit, which is in seconds."""
-    environment = dict(os.environ, QT_QPA_PLATFORM='offscreen')
-    with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                          stdin=subprocess.DEVNULL, env=environment, cwd=ROOT,
-                          start_new_session=True) as process:
-        try:
-            return process.wait(limit)
-        except subprocess.TimeoutExpired:
-            os.killpg(process.pid, 9)
+class Process:
+    """What a command wrote and how it ended."""
+
+    def __init__(self, command, limit=None):
+        environment = dict(os.environ, QT_QPA_PLATFORM='offscreen')
+        with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              stdin=subprocess.DEVNULL, env=environment, cwd=ROOT,
+                              start_new_session=True) as process:
+            self.in_time = True
+            try:
+                output, _ = process.communicate(timeout=limit)
+            except subprocess.TimeoutExpired:
+                self.in_time = False
+                os.killpg(process.pid, 9)
+                output, _ = process.communicate()
+            self.well = self.in_time and process.returncode == 0
+        self.output = output.decode(errors='replace')
+
+    def failed_test(self):
+        """The one that failed, or was running at the crash or the deadline."""
+        found = re.findall(r'^\[  FAILED  \] (\S+?),? ', self.output + ' ', re.MULTILINE) or \
+            re.findall(r'^\[ RUN      \] (\S+)', self.output, re.MULTILINE)[-1:]
+        return found[0] if found else ''
+
+
+class Program:
+    """A test program, and how to make it with one object changed."""
+
+    def __init__(self, name, build):
+        self.name, self.build = name, build
+        if not Process(['ninja', '-C', str(build), name]).well:
+            sys.exit(f'{name} does not build as it is')
+        steps = Process(['ninja', '-C', str(build), '-t', 'commands', name]).output.splitlines()
+        self.link = next(step for step in reversed(steps) if f' -o {name} ' in step)
+        begin = time.monotonic()
+        whole = self.run(build / name)
+        if not whole.well:
+            sys.exit(f'{name} fails as it is: {whole.failed_test()}')
+        self.limit = 30 + 10 * (time.monotonic() - begin)
+
+    def run(self, file, limit=None, only='*'):
+        return Process([str(file), '--gtest_fail_fast', '--gtest_color=no',
+                        f'--gtest_filter={only}'], limit)
+
+    def linked(self, changed, folder):
+        """With the changed object before the libraries, whose own one is left out for that. Beside
+        the other programs, since some tests look there for what they need; nothing on failure."""
+        file = self.build / f'{self.name}_{folder.name}'
+        command = self.link.replace(f' -o {self.name} ', f' -o {file} {changed} ', 1)
+        made = Process(['sh', '-c', f'cd {shlex.quote(str(self.build))} && {command}'])
+        return file if made.well else None
+
+    def caught(self, changed, folder):
+        """By which test; empty where none does, nothing where there is no program."""
+        file = self.linked(changed, folder)
+        if not file:
             return None
+        try:
+            return self.failing_test(file)
+        finally:
+            file.unlink()
+
+    def failing_test(self, file):
+        # A failure may have come from something else on the machine: it has to come again.
+        for _ in range(3):
+            whole = self.run(file, self.limit)
+            if whole.well:
+                return ''
+            test = whole.failed_test() or 'start'
+            if not whole.in_time:
+                return test + ' does not end'
+            only = '*' if test == 'start' else test
+            if not self.run(file, self.limit, only).well:
+                return test
+        return ''
 
 
 class Trial:
     """Builds and tests one layer."""
 
     def __init__(self, layer, build):
-        self.build, self.programs = build, TESTS[layer]
-        if not self.builds():
-            sys.exit(f'{layer}: the tree does not build as it is')
-        begin = time.monotonic()
-        if not self.passes(limit=None):
-            sys.exit(f'{layer}: its tests fail as it is')
-        self.limit = 30 + 10 * (time.monotonic() - begin)
+        self.build = build
+        self.programs = [Program(name, build) for name in TESTS[layer]]
+        self.commands = {Path(entry['file']): entry for entry in
+                         json.loads((build / 'compile_commands.json').read_text())}
+        unchanged = next(file for file in self.commands
+                         if ROOT / 'src' / layer in file.parents)
+        if self.verdict(unchanged, unchanged.read_bytes())[0] != 'missed':
+            sys.exit(f'{layer}: the tests fail with an unchanged copy of {unchanged}')
 
-    def builds(self):
-        return run(['ninja', '-C', str(self.build), *self.programs]) == 0
-
-    def passes(self, limit):
-        return all(run([str(self.build / program), '--gtest_fail_fast', '--gtest_brief=1'],
-                       limit) == 0 for program in self.programs)
-
-    def verdict(self, change):
-        whole = change.file.read_bytes()
+    def verdict(self, file, content):
+        folder = self.build / f'changed{threading.get_ident()}'
+        folder.mkdir(exist_ok=True)
         try:
-            change.file.write_bytes(whole[:change.begin] + change.text + whole[change.end:])
-            if not self.builds():
-                return 'no program'
-            return 'missed' if self.passes(self.limit) else 'caught'
+            changed = self.compiled(file, content, folder)
+            tests = [changed and program.caught(changed, folder) for program in self.programs]
         finally:
-            change.file.write_bytes(whole)
+            shutil.rmtree(folder)
+        if None in tests:
+            return 'no program', ''
+        test = next(filter(None, tests), '')
+        return ('caught' if test else 'missed'), test
+
+    def compiled(self, file, content, folder):
+        """The object, or nothing. Names left unused are no errors here."""
+        source, target = folder / file.name, folder / 'changed.o'
+        source.write_bytes(content)
+        words = shlex.split(self.commands[file]['command'])
+        words[words.index('-o') + 1] = str(target)
+        words[words.index('-c') + 1] = str(source)
+        words.append('-Wno-error')
+        return target if Process(['sh', '-c', f'cd {shlex.quote(str(self.build))} && '
+                                  + shlex.join(words)]).well else None
 
 
 def changes_of(layer, build, only):
@@ -239,30 +331,78 @@ def changes_of(layer, build, only):
     changes = []
     for file in sorted((ROOT / 'src' / layer).rglob('*.cpp')):
         if file in arguments and (not only or file.name in only):
-            changes += Finder(file, arguments[file]).changes
+            changes += changes_in(file, arguments[file], build)
     return changes
 
 
-def chosen(changes, options):
+def changes_in(file, arguments, build):
+    """As found before in the same source, since to read its headers takes a second or two."""
+    key = hashlib.sha1(str(file).encode() + Path(__file__).read_bytes() + file.read_bytes())
+    found = build / 'mutations' / key.hexdigest()
+    if not found.exists():
+        found.parent.mkdir(exist_ok=True)
+        found.write_bytes(pickle.dumps(Finder(file, arguments).changes))
+    return pickle.loads(found.read_bytes())
+
+
+def spread(changes, seed, number):
+    """By chance, each time of the kind and then of the source that has had fewest."""
+    waiting = sorted(changes, key=Change.name)
+    random.Random(seed).shuffle(waiting)
+    groups, files, taken = collections.Counter(), collections.Counter(), []
+    while waiting and (not number or len(taken) < number):
+        change = min(waiting, key=lambda one: (groups[one.group()], files[one.file]))
+        waiting.remove(change)
+        groups[change.group()] += 1
+        files[change.file] += 1
+        taken.append(change)
+    return taken
+
+
+def known(report):
+    """The last verdict of each change that a report names."""
+    verdicts = {}
+    for line in report.read_text().splitlines() if report and report.exists() else []:
+        found = re.match(r'(caught|missed|no program) +(src/\S+)', line)
+        if found:
+            verdicts[found[2]] = found[1]
+    return verdicts
+
+
+def chosen(changes, options, before):
     if options.at:
         return [change for change in changes if change.name() in options.at]
-    if options.changes and options.changes < len(changes):
-        return random.Random(options.seed).sample(changes, options.changes)
-    return changes
+    if options.again:
+        return [change for change in changes if before.get(change.name()) == 'missed']
+    return [change for change in spread(changes, options.seed, options.changes)
+            if change.name() not in before]
 
 
-def examine(layer, options, report):
+def examine(layer, options):
+    def tell(line):
+        print(line, flush=True)
+        if options.report:
+            with options.report.open('a') as report:
+                report.write(line + '\n')
+
     changes = changes_of(layer, options.build, options.only)
+    todo = chosen(changes, options, known(options.report))
     trial = Trial(layer, options.build)
-    counts = {'caught': 0, 'missed': 0, 'no program': 0}
-    for change in chosen(changes, options):
-        verdict = trial.verdict(change)
-        counts[verdict] += 1
-        print(f'{verdict:10} {change.name()}', file=report, flush=True)
-    tried = counts['caught'] + counts['missed']
-    print(f'{layer}: {counts["caught"]} of {tried} caught, of {len(changes)} that there are; '
-          f'{counts["no program"]} were no program', file=report, flush=True)
-    trial.builds()
+
+    def tried(change):
+        whole = change.file.read_bytes()
+        content = whole[:change.begin] + change.text + whole[change.end:]
+        verdict, test = trial.verdict(change.file, content)
+        tell(f'{verdict:10} {change.name()} {test}'.rstrip())
+        return change.name(), verdict
+
+    with ThreadPoolExecutor(options.jobs) as pool:
+        verdicts = dict(pool.map(tried, todo))
+    verdicts.update(known(options.report))
+    counts = collections.Counter(verdict for name, verdict in verdicts.items()
+                                 if name.startswith(f'src/{layer}/'))
+    tell(f'{layer}: {counts["caught"]} of {counts["caught"] + counts["missed"]} caught, seed '
+         f'{options.seed}, of {len(changes)} that there are; {counts["no program"]} were no program')
 
 
 def main():
@@ -273,13 +413,14 @@ def main():
     parser.add_argument('--seed', type=int, default=1)
     parser.add_argument('--only', nargs='*', default=[])
     parser.add_argument('--at', nargs='*', default=[])
+    parser.add_argument('--again', action='store_true')
+    parser.add_argument('--jobs', type=int, default=1)
     parser.add_argument('--build', type=Path, default=ROOT / 'build' / 'release')
-    parser.add_argument('--report', type=argparse.FileType('a'), default=sys.stdout)
+    parser.add_argument('--report', type=Path)
     options = parser.parse_args()
-    if subprocess.run(['git', 'diff', '--quiet', '--', 'src'], cwd=ROOT, check=False).returncode:
-        sys.exit('the tree has changes of its own')
+    options.build = options.build.resolve()
     for layer in options.layers:
-        examine(layer, options, options.report)
+        examine(layer, options)
 
 
 if __name__ == '__main__':
