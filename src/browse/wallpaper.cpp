@@ -123,7 +123,6 @@ void Wallpaper::setItem(const ListItem* item) const {
 void Wallpaper::load(const QString& path) const {
     const QImage picture = wallpaperPicture(path, boxes_.picWALLPAPER->BackColor());
     if (!picture.isNull()) {
-        paintStretched(picture, *boxes_.picWALLPAPER);
         boxes_.picWALLPAPER->setPicture(picture);
     }
 }

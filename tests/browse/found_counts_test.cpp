@@ -14,9 +14,9 @@ using test::savePicture;
 
 TEST(OtherPicturesTest, AreToldByTheirEnding) {
     OtherPictures isOther;
-    for (const char* name :
-         {"a.png", "A.PNG", "a.jpeg", "a.webp", "a.tif", "a.tiff", "a.heic", "a.avif", "a.cr2",
-          "a.nef", "a.dng", "a.svg", "a.psd", "Gruppenbild v1.2.png", "a..png", "ä b.webp"}) {
+    for (const char* name : {"a.png", "A.PNG", "a.jpeg", "a.webp", "a.tif", "a.tiff", "a.heic",
+                             "a.avif", "a.cr2", "a.nef", "a.dng", "a.svg", "a.psd",
+                             "Gruppenbild v1.2.png", "a..png", ".png", "ä b.webp"}) {
         EXPECT_TRUE(isOther(QString::fromUtf8(name))) << name;
     }
     for (const char* name : {"a.txt", "a.mp4", "a.pdf", "a.vlr", "png", "a.", "", ".", "a.png.txt",
