@@ -80,6 +80,8 @@ void SlideList::empty() {
     hideSlides();
     const int stored = store_.storedCount();
     c_.lvwSLIDEBAR->Clear();
+    enableStart();
+    SelectChk();
     store_.blank(stored);
     FoundButtonsCheck();
     SelectChk();

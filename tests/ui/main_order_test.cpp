@@ -1,38 +1,15 @@
 // What the window writes, reads and asks of the music device, in which order.
 
+#include "support/noting_store.h"
 #include "ui/window_world.h"
 
 namespace velorama {
 namespace {
 
-/// Settings in memory that note what is asked of them, between what else is noted.
-class NotingStore : public MemoryRegistryStore {
-public:
-    std::optional<RegistryValue> value(Hive hive, const QString& key,
-                                       const QString& name) const override {
-        note(QStringLiteral("read ") + name);
-        return MemoryRegistryStore::value(hive, key, name);
-    }
-    bool setValue(Hive hive, const QString& key, const QString& name,
-                  const RegistryValue& value) override {
-        note(QStringLiteral("write ") + name);
-        return MemoryRegistryStore::setValue(hive, key, name, value);
-    }
-    /// Called before each note.
-    std::function<void()> before = [] {};
-    mutable QStringList notes;
-
-private:
-    void note(const QString& text) const {
-        before();
-        notes.append(text);
-    }
-};
-
 class MainOrder : public test::WithWindow {
 protected:
     MainOrder() {
-        noting.before = [this] { takeCommands(); };
+        noting.before = [this](const QString&) { takeCommands(); };
         makeServices(noting, shell);
         setToolSetting("Files Location", test::temporaryFolder());
     }
@@ -68,7 +45,7 @@ protected:
     }
     void note(const QString& text) { noting.notes.append(text); }
 
-    NotingStore noting;
+    test::NotingStore noting;
 
 private:
     /// The device has noted for itself what it was sent since the last note.
