@@ -96,6 +96,16 @@ TEST_F(AlbumListStore, theFirstMissingAlbumIsTheLastOneRead) {
     EXPECT_EQ(storedAlbum(3), three);
 }
 
+TEST_F(AlbumListStore, anAlbumChosenWhileTheNotesAreReadStaysChosen) {
+    storeList({one, gone, three});
+    // Before the notes come, which wait for their turn behind it.
+    QMetaObject::invokeMethod(
+        lvwALBUMS, [this] { lvwALBUMS->item(1)->setSelected(true); }, Qt::QueuedConnection);
+    load();
+    EXPECT_EQ(albumKeys(), QStringList({one, gone}));
+    EXPECT_EQ(selectedAlbum(), one);
+}
+
 TEST_F(AlbumListStore, emptyEntriesArePassedOver) {
     storeTotal(QStringLiteral("5"));
     store(1, QString());

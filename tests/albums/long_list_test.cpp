@@ -39,10 +39,12 @@ protected:
 
 TEST_F(LongList, IsAfterAddAllWhatARebuildGives) {
     lvwSLIDEBAR->item(700)->setText(QStringLiteral("edited"));
+    lvwSLIDEBAR->item(800)->setText(lvwSLIDEBAR->item(799)->Text());
     lvwSLIDEBAR->setSelectedItem(900);
     lvwSLIDEBAR->item(900)->setSelected(true);
     QStringList expected = texts();
     expected[699] = lvwSLIDEBAR->item(700)->Key();
+    expected[799] = lvwSLIDEBAR->item(800)->Key();
     // The first file goes in at the current slide, the others in front of all.
     expected.insert(899, QStringLiteral("c.bmp"));
     expected.prepend(QStringLiteral("b.gif"));

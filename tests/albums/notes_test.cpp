@@ -232,9 +232,11 @@ TEST_F(NotesTest, AnAlbumTellsItsPathAndItsSlides) {
     albums->AlbumListAdd(three);
     albums->AlbumListAdd(one);
     EXPECT_EQ(albumNotes.tip(three), QStringList(three));
+    QSignalSpy told(&albumNotes, &ItemNotes::Changed);
     albumNotes.look(three);
     EXPECT_EQ(albumNotes.tip(three), QStringList(three)) << "nobody has waited";
     ASSERT_TRUE(comesTrue([&] { return albumNotes.tip(three).size() == 2; }));
+    EXPECT_EQ(told.count(), 1) << "a tooltip on show is told anew";
     EXPECT_EQ(albumNotes.tip(three)[1], QStringLiteral("3 slides"));
     albumNotes.look(one);
     ASSERT_TRUE(comesTrue([&] { return albumNotes.tip(one).size() == 2; }));
