@@ -375,7 +375,7 @@ def chosen(changes, options, before):
     if options.again:
         return [change for change in changes if before.get(change.name()) == 'missed']
     return [change for change in spread(changes, options.seed, options.changes)
-            if change.name() not in before]
+            if before.get(change.name()) not in ('caught', 'missed')]
 
 
 def examine(layer, options):
