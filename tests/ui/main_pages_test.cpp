@@ -154,6 +154,42 @@ TEST_F(PagesTest, TheKeyboardBringsAFieldIntoSight) {
     EXPECT_TRUE(seen.contains(place)) << field->objectName().toStdString();
 }
 
+TEST_F(PagesTest, HelpIsSetWideWhereThereIsRoomAndCloseWhereItWouldScroll) {
+    start();
+    pages().tabPAGES->press(5);
+    const HelpPage& help = *pages().help;
+    const QWidget& first = *help.findChild<QWidget*>(QStringLiteral("btnSTEPCHOOSE"));
+    const QWidget& second = *help.findChild<QWidget*>(QStringLiteral("btnSTEPADD"));
+    const auto pitch = [&] { return second.y() - first.y(); };
+    window->resize(1280, 860);
+    QApplication::processEvents();
+    EXPECT_GE(pitch(), 36);
+    window->resize(750, 520);
+    QApplication::processEvents();
+    EXPECT_LE(pitch(), 28);
+    EXPECT_EQ(help.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+}
+
+// The links, which have the keyboard then, stand below the steps.
+TEST_F(PagesTest, HelpBeginsAtItsTopAndFollowsTheKeysFromThere) {
+    start();
+    window->resize(500, 400);
+    window->activateWindow();
+    const auto* area = pages().help->findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    const QScrollBar& bar = *area->verticalScrollBar();
+    pages().tabPAGES->press(5);
+    QApplication::processEvents();
+    ASSERT_GT(bar.maximum(), 0);
+    EXPECT_EQ(QApplication::focusWidget(), pages().help->cbtnHELP);
+    EXPECT_EQ(bar.value(), 0);
+    QTest::keyClick(pages().help->cbtnHELP, Qt::Key_Tab);
+    EXPECT_GT(bar.value(), 0);
+    pages().tabPAGES->press(3);
+    pages().tabPAGES->press(5);
+    EXPECT_EQ(bar.value(), 0);
+}
+
 // What a wide window has too much stands at the right of them.
 TEST_F(PagesTest, TheColumnsOfHelpStayTogetherInAWideWindow) {
     start();

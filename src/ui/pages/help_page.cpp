@@ -9,16 +9,30 @@ namespace {
 
 // Logical pixels. The page of the first window takes it all without scrolling.
 constexpr int Margin = 16;
-constexpr int TopMargin = 8;
 constexpr int ColumnGap = 28;
 constexpr int IconSize = 40;
 constexpr int LeastTextWidth = 150;
 constexpr int LeastButtonWidth = 150;
 constexpr int LeastStepWidth = 130;
-constexpr int LeastButtonHeight = 22;
-constexpr int RowGap = 3;
 constexpr int StepGap = 10;
+constexpr int KeyGap = 12;
 constexpr qreal TitleScale = 1.5;
+
+}  // namespace
+
+struct HelpPage::Spacing {
+    int top;
+    int belowHeading;
+    int rows;
+    int leastButton;
+    int aboutCaption;
+};
+
+namespace {
+
+// As a page of a book where there is room, close together where the page would scroll.
+constexpr HelpPage::Spacing roomy = {24, 12, 9, 30, 12};
+constexpr HelpPage::Spacing tight = {8, 6, 3, 22, 4};
 
 }  // namespace
 
@@ -55,7 +69,6 @@ HelpPage::HelpPage(QWidget& surface, Commands& commands)
       cbtnABOUT(button({"cbtnABOUT", "about", "About this program", "About"}, commands.about)),
       steps_(new QWidget(&scroll_->content())),
       row_(new QHBoxLayout(&scroll_->content())) {
-    row_->setContentsMargins(Margin, TopMargin, Margin, 0);
     row_->setSpacing(ColumnGap);
     // What is left over stands at the right, and not between the columns.
     steps_->setLayout(steps(commands));
@@ -107,11 +120,21 @@ QBoxLayout* HelpPage::head() {
     return row;
 }
 
-QBoxLayout* HelpPage::steps(Commands& commands) {
+QGridLayout* HelpPage::grid(int gap) {
     auto* rows = new QGridLayout;
-    rows->setHorizontalSpacing(StepGap);
-    rows->setVerticalSpacing(RowGap);
+    rows->setHorizontalSpacing(gap);
     rows->setColumnStretch(1, 1);
+    grids_.append(rows);
+    return rows;
+}
+
+QBoxLayout* HelpPage::column() {
+    columns_.append(new QVBoxLayout);
+    return columns_.last();
+}
+
+QBoxLayout* HelpPage::steps(Commands& commands) {
+    QGridLayout* rows = grid(StepGap);
     addStep(*rows, {{"btnSTEPCHOOSE", "picture", "Go to the page Pictures", "1  Choose Pictures"},
                     commands.choosePictures,
                     "Find a folder of photographs."});
@@ -121,9 +144,8 @@ QBoxLayout* HelpPage::steps(Commands& commands) {
     addStep(*rows, {{"btnSTEPPLAY", "play", "Play Slideshow [F5]", "3  Play"},
                     commands.start,
                     "See them on the whole screen."});
-    auto* column = new QVBoxLayout;
+    QBoxLayout* column = this->column();
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(6);
     column->addLayout(head());
     column->addWidget(heading("Your first show"));
     column->addLayout(rows);
@@ -144,10 +166,7 @@ void HelpPage::addStep(QGridLayout& rows, const Step& step) {
 }
 
 QBoxLayout* HelpPage::keys() {
-    auto* rows = new QGridLayout;
-    rows->setHorizontalSpacing(12);
-    rows->setVerticalSpacing(RowGap);
-    rows->setColumnStretch(1, 1);
+    QGridLayout* rows = grid(KeyGap);
     const std::pair<const char*, const char*> lines[] = {{"F5", "Start the show"},
                                                          {"Right, Left", "Next, previous"},
                                                          {"Click", "Pause, go on"},
@@ -160,8 +179,7 @@ QBoxLayout* HelpPage::keys() {
         QLabel* what = makeText(&scroll_->content(), "", QLatin1String(meaning));
         rows->addWidget(what, row++, 1, Qt::AlignTop);
     }
-    auto* column = new QVBoxLayout;
-    column->setSpacing(6);
+    QBoxLayout* column = this->column();
     column->addWidget(heading("Keys of a show"));
     column->addLayout(rows);
     column->addStretch(1);
@@ -169,14 +187,13 @@ QBoxLayout* HelpPage::keys() {
 }
 
 QBoxLayout* HelpPage::links() {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(RowGap);
+    links_ = new QVBoxLayout;
+    QBoxLayout* column = links_;
     for (cbtn* button : linkButtons()) {
         column->addWidget(button, 0, Qt::AlignLeft);
     }
     lblCOPYRIGHT->setWordWrap(true);
     texts_.append(lblCOPYRIGHT);
-    column->addSpacing(RowGap);
     column->addWidget(lblCOPYRIGHT);
     column->addStretch(1);
     return column;
@@ -211,7 +228,6 @@ void HelpPage::makeRoom() {
         }
         for (cbtn* button : column) {
             button->setMinimumWidth(width);
-            button->setFixedHeight(std::max(LeastButtonHeight, button->fontMetrics().height() + 4));
         }
     };
     align(linkButtons(), LeastButtonWidth);
@@ -233,7 +249,28 @@ void HelpPage::boundSteps() {
 
 void HelpPage::layOut() {
     scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this)));
-    scroll_->arrange({row_});
+    for (const Spacing& spacing : {roomy, tight}) {
+        space(spacing);
+        scroll_->arrange({row_});
+        if (row_->totalHeightForWidth(scroll_->width()) <= scroll_->height()) {
+            return;
+        }
+    }
+}
+
+void HelpPage::space(const Spacing& spacing) {
+    row_->setContentsMargins(Margin, spacing.top, Margin, 0);
+    for (QGridLayout* rows : std::as_const(grids_)) {
+        rows->setVerticalSpacing(spacing.rows);
+    }
+    for (QBoxLayout* column : std::as_const(columns_)) {
+        column->setSpacing(spacing.belowHeading);
+    }
+    links_->setSpacing(spacing.rows);
+    for (cbtn* button : stepButtons_ + linkButtons()) {
+        const int caption = button->fontMetrics().height() + spacing.aboutCaption;
+        button->setFixedHeight(std::max(spacing.leastButton, caption));
+    }
 }
 
 QList<QWidget*> HelpPage::tabOrder() const {

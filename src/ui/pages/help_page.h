@@ -16,12 +16,16 @@ class HelpPage : public Page {
 public:
     HelpPage(QWidget& surface, Commands& commands);
 
+    /// Lengths between and around what stands on the page, in logical pixels.
+    struct Spacing;
+
     /// The texts of the start, and the program's icon.
     void fill(const QIcon& icon);
     void makeRoom() override;
-    /// The columns stand side by side or below one another, as the width allows. Where there is too
-    /// little room the page scrolls.
+    /// The columns stand side by side or below one another, as the width allows, and wide or close
+    /// as the height does. Where there is too little room the page scrolls.
     void layOut() override;
+    void beginAtTop() override { scroll_->toTop(); }
     QWidget* firstFocus() const override { return cbtnHELP; }
     QList<QWidget*> tabOrder() const override;
 
@@ -42,6 +46,9 @@ public:
 private:
     struct Design;
     struct Step;
+    QGridLayout* grid(int gap);
+    QBoxLayout* column();
+    void space(const Spacing& spacing);
     QLabel* line(const char* name);
     cbtn* button(const Design& design, Command& command);
     QLabel* heading(const char* text);
@@ -56,6 +63,9 @@ private:
 
     QWidget* steps_;
     QBoxLayout* row_;
+    QBoxLayout* links_ = nullptr;
+    QList<QBoxLayout*> columns_;
+    QList<QGridLayout*> grids_;
     QList<cbtn*> stepButtons_;
     QList<QLabel*> stepTexts_;
     /// Those that wrap.

@@ -16,6 +16,8 @@ public:
     virtual void makeRoom() {}
     /// Places the controls that follow the page's size.
     virtual void layOut() = 0;
+    /// The page is turned to: one that scrolls begins at its top, wherever it was left.
+    virtual void beginAtTop() {}
     /// Where the keyboard goes when the page comes up.
     virtual QWidget* firstFocus() const = 0;
     /// The controls that the key F6 walks to on this page.

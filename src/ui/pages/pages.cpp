@@ -58,6 +58,7 @@ void Pages::tabPAGES_Click(const QString& caption) {
     }
     Page* up = pages.at(static_cast<std::size_t>(chosen));
     up->show();
+    up->beginAtTop();
     for (Page* page : pages) {
         page->setVisible(page == up);
     }

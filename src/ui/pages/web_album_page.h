@@ -57,6 +57,7 @@ public:
     /// Settings and samples stand side by side or below one another, as the width allows, and the
     /// samples take what room is left. Where there is too little they scroll.
     void layOut() override;
+    void beginAtTop() override { scroll_->toTop(); }
     QWidget* firstFocus() const override { return txtTITLE; }
     QList<QWidget*> tabOrder() const override;
     void tint() override;

@@ -1,6 +1,7 @@
 #include "ui/parts/scrolled_content.h"
 
-#include <QApplication>
+#include <QFocusEvent>
+#include <QScrollBar>
 #include <QStyle>
 
 namespace velorama {
@@ -25,17 +26,32 @@ ScrolledContent::ScrolledContent(QWidget* page) : QScrollArea(page) {
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget*, QWidget* now) { follow(now); });
 }
 
-// The base does so only for steps of the Tab key that begin inside. What the mouse is pressing must
-// not move from under it.
-void ScrolledContent::follow(QWidget* focused) {
-    const bool isPressed = QGuiApplication::mouseButtons() != Qt::NoButton;
-    if (focused != nullptr && widget()->isAncestorOf(focused) && !isPressed) {
-        ensureWidgetVisible(focused);
+void ScrolledContent::showEvent(QShowEvent* event) {
+    QScrollArea::showEvent(event);
+    const QList<QWidget*> parts = widget()->findChildren<QWidget*>();
+    for (QWidget* part : parts) {
+        part->installEventFilter(this);
     }
+}
+
+// The base follows only steps of the Tab key that begin inside. What has the keyboard because the
+// page came up, or the window, does not move the page, nor what the mouse is pressing.
+bool ScrolledContent::eventFilter(QObject* watched, QEvent* event) {
+    auto* part = qobject_cast<QWidget*>(watched);
+    if (part != nullptr && event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+            reason == Qt::ShortcutFocusReason) {
+            ensureWidgetVisible(part);
+        }
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+void ScrolledContent::toTop() {
+    verticalScrollBar()->setValue(0);
 }
 
 void ScrolledContent::arrange(std::initializer_list<QBoxLayout*> boxes) {

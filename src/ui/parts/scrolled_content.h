@@ -6,7 +6,8 @@
 namespace velorama {
 
 /// A part of a page that a layout fills and that scrolls where it has too little room. The page's
-/// colour shows through. Its place is the page's to give.
+/// colour shows through. Its place is the page's to give. It follows the keyboard where a key has
+/// moved that, and nothing else.
 class ScrolledContent : public QScrollArea {
     Q_OBJECT
 public:
@@ -21,9 +22,13 @@ public:
     void refresh();
     /// Puts what a box holds one below the other as long as nothing has to scroll down for that.
     void stackIfHigh(QBoxLayout& box);
+    void toTop();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void follow(QWidget* focused);
     void arrangeIn(int width, std::initializer_list<QBoxLayout*> boxes);
 };
 
