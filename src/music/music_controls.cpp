@@ -11,29 +11,36 @@ namespace {
 
 // Design places in twips.
 constexpr float columnLeft = 105;
-constexpr float columnTop = 60;
-constexpr float columnPitch = 345;
+constexpr float columnTop = 90;
+constexpr float columnWidth = 1440;
+constexpr float rowTop = 2950;
+constexpr float rowWidth = 1080;
 
 struct Design {
     const char* symbol;
+    const char* caption;
     const char* tooltip;
-    float left;
-    float top;
+    bool plays;
 };
 
 // Those that work on the list stand in a column beside it, those that play in a row below.
 constexpr std::array<Design, 6> audioButtons = {{
-    {"plus", "Add music files", columnLeft, columnTop},
-    {"minus", "Remove the selected track", columnLeft, columnTop + columnPitch},
-    {"play", "Play", 9150, 2950},
-    {"pause", "Pause or go on", 9660, 2950},
-    {"stop", "Stop", 10170, 2950},
-    {"clear", "Remove all tracks", columnLeft, columnTop + 2 * columnPitch},
+    {"plus", "Add...", "Add music files", false},
+    {"minus", "Remove", "Remove the selected track", false},
+    {"play", "Play", "Play the selected track from its start", true},
+    {"pause", "Pause", "Pause or go on", true},
+    {"stop", "Stop", "Stop the music", true},
+    {"clear", "Remove All", "Remove all tracks and stop", false},
 }};
 
-cbtn* makeAt(QWidget& page, const QString& name, const Design& design) {
-    cbtn* button = makeButton(&page, name, design.symbol, design.tooltip);
-    placeDesign(*button, design.left, design.top, 450, 330);
+cbtn* makeOn(QWidget& page, const QString& name, const Design& design) {
+    cbtn* button = makeButton(&page, name, design.symbol, design.tooltip, design.caption);
+    button->setLeading(!design.plays);
+    if (design.plays) {
+        placeDesign(*button, 0, rowTop, rowWidth, 330);
+    } else {
+        placeDesign(*button, columnLeft, columnTop, columnWidth, 345);
+    }
     return button;
 }
 
@@ -46,21 +53,21 @@ MusicControls::MusicControls(QWidget& page)
       lblM1(make<Label>("lblM1", &page)),
       lblM2(make<Label>("lblM2", &page)),
       lblFile(make<Label>("lblFile", &page)),
-      Command1(makeAt(page, QStringLiteral("Command1"),
-                      {"up", "Move up", columnLeft, columnTop + 3 * columnPitch})),
-      Command2(makeAt(page, QStringLiteral("Command2"),
-                      {"down", "Move down", columnLeft, columnTop + 4 * columnPitch})) {
+      Command1(makeOn(page, QStringLiteral("Command1"),
+                      {"up", "Move Up", "Move the selected track up", false})),
+      Command2(makeOn(page, QStringLiteral("Command2"),
+                      {"down", "Move Down", "Move the selected track down", false})) {
     for (std::size_t index = 0; index < audioButtons.size(); ++index) {
         cbtnAUDIO.at(index) =
-            makeAt(page, QStringLiteral("cbtnAUDIO%1").arg(index), audioButtons.at(index));
+            makeOn(page, QStringLiteral("cbtnAUDIO%1").arg(index), audioButtons.at(index));
     }
-    place(*lstMUSIC, 645, 90, 10170, 2760);
+    place(*lstMUSIC, 1650, 90, 9165, 2760);
     lstMUSIC->setAccessibleName(QStringLiteral("Music"));
     lstMUSIC->setEmptyText(QCoreApplication::translate(
         "MusicControls", "Add MP3, WAV or MIDI files, or drop them here."));
     // A disabled list means paused.
     lstMUSIC->setDisabledSymbol(QStringLiteral("pause"));
-    place(*prgPLAY, 645, 3040, 8200, 150);
+    place(*prgPLAY, 1650, 3040, 5700, 150);
     prgPLAY->setAccessibleName(QStringLiteral("Progress of the track"));
     for (QWidget* hidden : std::initializer_list<QWidget*>{prgPLAY, lblM1, lblM2, lblFile}) {
         hidden->hide();

@@ -10,9 +10,9 @@ namespace velorama::desktop {
 namespace {
 
 // The music list, in twips on its page.
-constexpr int listX = 645;
+constexpr int listX = 1935;
 constexpr int listY = 90;
-constexpr int listWidth = 10000;
+constexpr int listWidth = 8700;
 constexpr int listHeight = 2700;
 
 QString rowOf(const Store& store, int row) {

@@ -21,10 +21,10 @@ constexpr double noGap = 0.02;  // seconds
 // The page at the size that the program starts with, from the window's left edge and from the lower
 // edge of its menu.
 constexpr int surfaceHeight = 480;
-constexpr QRect listPlace(48, 33, 678, 184);
-constexpr QRect progressPlace(48, 230, 559, 10);
-constexpr QPoint addButton(27, 42);
-constexpr QPoint pauseButton(674, 235);
+constexpr QRect listPlace(128, 33, 598, 184);
+constexpr QRect progressPlace(128, 230, 350, 10);
+constexpr QPoint addButton(65, 44);
+constexpr QPoint pauseButton(609, 235);
 
 const QString detailsKey = QStringLiteral("mfrmPRGMAINAUD\\Details");
 const QString totalKey = QStringLiteral("mfrmPRGMAINAUD\\Items Total");

@@ -10,17 +10,17 @@ TEST(MusicControlsDesign, PlacesAndNames) {
     QWidget page;
     const MusicControls controls(page);
     EXPECT_EQ(test::designOf(page),
-              "Command1 105 1095 450 330 \"Move up\"\n"
-              "Command2 105 1440 450 330 \"Move down\"\n"
-              "cbtnAUDIO0 105 60 450 330 \"Add music files\"\n"
-              "cbtnAUDIO1 105 405 450 330 \"Remove the selected track\"\n"
-              "cbtnAUDIO2 9150 2950 450 330 \"Play\"\n"
-              "cbtnAUDIO3 9660 2950 450 330 \"Pause or go on\"\n"
-              "cbtnAUDIO4 10170 2950 450 330 \"Stop\"\n"
-              "cbtnAUDIO5 105 750 450 330 \"Remove all tracks\"\n"
+              "Command1 105 90 1440 345\n"
+              "Command2 105 90 1440 345\n"
+              "cbtnAUDIO0 105 90 1440 345\n"
+              "cbtnAUDIO1 105 90 1440 345\n"
+              "cbtnAUDIO2 0 2950 1080 330\n"
+              "cbtnAUDIO3 0 2950 1080 330\n"
+              "cbtnAUDIO4 0 2950 1080 330\n"
+              "cbtnAUDIO5 105 90 1440 345\n"
               "lblFile 0 0 1500 450 hidden\nlblM1 0 0 1500 450 hidden\n"
-              "lblM2 0 0 1500 450 hidden\nlstMUSIC 645 90 10170 2760 \"Music\"\n"
-              "prgPLAY 645 3040 8200 150 \"Progress of the track\" hidden");
+              "lblM2 0 0 1500 450 hidden\nlstMUSIC 1650 90 9165 2760 \"Music\"\n"
+              "prgPLAY 1650 3040 5700 150 \"Progress of the track\" hidden");
 }
 
 }  // namespace

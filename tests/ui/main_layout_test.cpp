@@ -147,6 +147,29 @@ TEST_P(LayoutRules, WebAlbumPage) {
     EXPECT_EQ(Top(create), pageHeight - 400);
 }
 
+TEST_F(MainLayoutTest, TheMusicButtonsShowTheirCaptions) {
+    layOut(736, 480);
+    QList<cbtn*> buttons(music().cbtnAUDIO.begin(), music().cbtnAUDIO.end());
+    for (const cbtn* button : buttons + QList<cbtn*>{music().Command1, music().Command2}) {
+        const std::string name = button->objectName().toStdString();
+        EXPECT_FALSE(button->text().isEmpty()) << name;
+        EXPECT_FALSE(button->toolTip().isEmpty()) << name;
+        const int caption = button->fontMetrics().horizontalAdvance(button->text());
+        EXPECT_GE(button->width(), button->iconSize().width() + caption) << name;
+    }
+}
+
+TEST_F(MainLayoutTest, TheMusicListKeepsItsRoomBesideLargeLetters) {
+    QFont large = pages().music->font();
+    large.setPointSizeF(24);
+    pages().music->setFont(large);
+    layOut(500, 378);
+    EXPECT_GT(Width(*music().lstMUSIC), 0.7F * pageWidth);
+    layOut(1280, 760);
+    const cbtn& remove = *music().cbtnAUDIO[5];
+    EXPECT_GT(remove.width(), remove.fontMetrics().horizontalAdvance(remove.text()));
+}
+
 TEST_F(MainLayoutTest, TheSeparatorEndsAtAHeightOfItsOwn) {
     const auto* area = qobject_cast<Surface*>(&surface());
     surface().resize(800, 600);

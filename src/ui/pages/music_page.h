@@ -19,7 +19,8 @@ public:
     const MusicControls controls{*this};
 
 private:
-    QList<QWidget*> columnButtons() const;
+    float columnRight() const;
+    QList<cbtn*> columnButtons() const;
 
     cbtn* btnMUSIC_ = nullptr;
 };
