@@ -10,12 +10,16 @@
 #include <QTextLayout>
 #include <QtMath>
 
+#include <algorithm>
+
 namespace velorama {
 namespace {
 
 constexpr int Padding = 4;
 constexpr int Spacing = 2;
 constexpr int LeastWidth = 104;
+// In a line of a caption, whatever the font.
+constexpr int LeastLetters = 12;
 constexpr int CaptionLines = 2;
 constexpr qreal Radius = 5;
 constexpr float CurrentStrength = 0.6F;
@@ -107,7 +111,8 @@ void ListDelegate::setIcons(ImageList* icons) {
 }
 
 QSize ListDelegate::cellSize(QSize image, const QFontMetrics& font) {
-    return {qMax(image.width() + 4 * Padding, LeastWidth),
+    const int letters = LeastLetters * font.averageCharWidth() + 2 * Padding;
+    return {std::max({image.width() + 4 * Padding, LeastWidth, letters}),
             qMax(image.height(), 0) + CaptionLines * font.height() + 2 * Padding + 2 * Spacing};
 }
 

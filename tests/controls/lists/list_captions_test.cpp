@@ -39,6 +39,16 @@ protected:
     ListView list;
 };
 
+TEST_F(ListCaptions, AWordOfTenLettersIsWholeInAnyFont) {
+    for (const int points : {9, 14, 20, 40}) {
+        QFont font = list.font();
+        font.setPointSize(points);
+        list.setFont(font);
+        EXPECT_GE(room(), list.fontMetrics().horizontalAdvance(QStringLiteral("leaves.jpg")))
+            << points;
+    }
+}
+
 TEST_F(ListCaptions, ANameOfOneWordIsBrokenBeforeItsEnding) {
     const QString name = QStringLiteral("Lighthouse.jpg");
     letOverflow(name);
