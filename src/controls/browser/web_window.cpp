@@ -3,7 +3,10 @@
 #include "controls/browser/page_addresses.h"
 
 #include <QEvent>
+#include <QProxyStyle>
 #include <QScrollBar>
+#include <QStyleOption>
+#include <QTextCursor>
 
 namespace velorama {
 namespace {
@@ -12,10 +15,46 @@ QUrl withoutFragment(const QUrl& address) {
     return address.adjusted(QUrl::RemoveFragment);
 }
 
+/// A link that the keyboard is on stands out as a selected text does: a dotted line around it is
+/// hard to find.
+class LinkStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* answer) const override {
+        auto* variant = qstyleoption_cast<QStyleHintReturnVariant*>(answer);
+        const bool isLink = hint == SH_TextControl_FocusIndicatorTextCharFormat;
+        if (!isLink || variant == nullptr || option == nullptr) {
+            return QProxyStyle::styleHint(hint, option, widget, answer);
+        }
+        QTextCharFormat format;
+        format.setBackground(option->palette.brush(QPalette::Active, QPalette::Highlight));
+        format.setForeground(option->palette.brush(QPalette::Active, QPalette::HighlightedText));
+        variant->variant = format;
+        return 1;
+    }
+};
+
+/// What of a text is selected, be it by the mouse or as the link that the keyboard is on.
+struct Selected {
+    explicit Selected(const QTextCursor& cursor)
+        : begin(cursor.selectionStart()), end(cursor.selectionEnd()) {}
+    void putBack(QTextEdit& text) const {
+        QTextCursor cursor(text.document());
+        cursor.setPosition(begin);
+        cursor.setPosition(end, QTextCursor::KeepAnchor);
+        text.setTextCursor(cursor);
+    }
+    int begin;
+    int end;
+};
+
 }  // namespace
 
 webWINDOW::webWINDOW(QWidget* parent) : QTextBrowser(parent) {
     setOpenLinks(false);
+    auto* style = new LinkStyle;
+    style->setParent(this);
+    setStyle(style);
     connect(this, &QTextBrowser::anchorClicked, this, &webWINDOW::follow);
 }
 
@@ -181,6 +220,9 @@ void webWINDOW::tellCommands() {
 
 void webWINDOW::render() {
     const QPointer<QTextDocument> before = page_;
+    const bool isSame = before && rendered_ == text_;
+    const Selected selected(textCursor());
+    rendered_ = text_;
     page_ = makePage(text_, kind_, shown_, font()).release();
     page_->setParent(this);
     forgetOtherPictures();
@@ -189,6 +231,9 @@ void webWINDOW::render() {
     }
     setDocument(page_);
     delete before;
+    if (isSame && selected.begin < selected.end) {
+        selected.putBack(*this);
+    }
 }
 
 void webWINDOW::forgetOtherPictures() {

@@ -89,6 +89,8 @@ private:
 
     // What is on show, from which it can be drawn again.
     QString text_;
+    /// As it was last drawn: a page that comes anew unchanged keeps what is selected.
+    QString rendered_;
     PageKind kind_ = PageKind::Html;
     QUrl shown_;
     bool shownFailed_ = true;

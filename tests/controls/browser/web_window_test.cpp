@@ -199,6 +199,28 @@ TEST_F(WebWindow, RefreshWhileAPageLoadsLeavesItAlone) {
     EXPECT_EQ(completed.size(), 1);
 }
 
+TEST_F(WebWindow, TheLinkThatTheKeyboardIsOnStandsOutAndStaysOverARefresh) {
+    page("/a.html", "<p><a href=\"b.html\">one</a> <a href=\"c.html\">two</a></p>");
+    page("/c.html", "the second");
+    open("/a.html");
+    web.show();
+    web.setFocus();
+    QTest::keyClick(&web, Qt::Key_Tab);
+    QTest::keyClick(&web, Qt::Key_Tab);
+    EXPECT_EQ(web.textCursor().selectedText(), QStringLiteral("two"));
+    const QRect place = web.cursorRect().adjusted(-10, 0, 0, 0);
+    const QColor ground = web.palette().color(QPalette::Active, QPalette::Highlight);
+    const auto corner = [&] { return web.viewport()->grab(place).toImage().pixelColor(8, 0); };
+    EXPECT_EQ(corner(), ground);
+    web.Refresh();
+    settle();
+    EXPECT_EQ(web.textCursor().selectedText(), QStringLiteral("two"));
+    QTest::keyClick(&web, Qt::Key_Return);
+    settle();
+    EXPECT_TRUE(pageHolds("the second"));
+    EXPECT_FALSE(web.textCursor().hasSelection());
+}
+
 TEST_F(WebWindow, RefreshKeepsThePlace) {
     page("/a.html", longPage("first"));
     web.show();
