@@ -15,7 +15,7 @@ namespace velorama::desktop {
 class KeyboardWalk : public testing::Test {
 protected:
     using Told = AccessibleTree::Told;
-    /// What does not show that it has the keyboard, by name, and why.
+    /// What does not show that it has the keyboard, or tells no role, by name, and why.
     using Reasons = std::map<std::string, const char*>;
 
     void SetUp() override;
@@ -26,11 +26,15 @@ protected:
 
     /// Goes round the window that has the keyboard with Tab, and back with Shift+Tab. At each stop
     /// one control says that it has the keyboard, has a name and a role, and can be seen to have
-    /// it. Whatever could have the keyboard is come by, but for what `passedOver` gives a reason
-    /// for.
-    void walkRound(const Reasons& unseen = {}) const;
+    /// it, but for those that have a reason. Whatever could have the keyboard is come by.
+    void walkRound(const Reasons& unseen = {}, const Reasons& mute = {}) const;
     /// The one control that has the keyboard, once it is another than that of this id.
     Told focus(const QString& leaving = {}) const;
+    /// Presses a key that leads from `last` to another control, which comes back. `last` could be
+    /// seen to have the keyboard.
+    Told step(const QString& key, const Told& last, const Reasons& unseen = {}) const;
+    /// It has a name and a role.
+    static void expectTold(const Told& told);
     static std::string nameOf(const Told& told);
     /// The pixels of a place and around it, once they have come to rest.
     QImage look(const QRect& place) const;

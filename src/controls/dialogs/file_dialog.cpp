@@ -1,9 +1,12 @@
 #include "controls/dialogs/file_dialog.h"
 
+#include "controls/boxes/list_frame.h"
 #include "controls/input/one_line.h"
 
+#include <QAbstractItemView>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLayout>
 #include <QLineEdit>
 #include <QStandardPaths>
 #include <QTreeView>
@@ -75,6 +78,13 @@ public:
         setOption(QFileDialog::DontUseNativeDialog);
         added_ = missingPlaces(sidebarUrls());
         setSidebarUrls(sidebarUrls() + added_);
+        for (auto* each : findChildren<QAbstractItemView*>()) {
+            // Those that belong to a popup have its frame.
+            if (each->window() == this) {
+                frameOtherList(*each);
+            }
+        }
+        layout()->activate();
         // The one line and the one list with columns that such a dialog has.
         line_ = findChild<QLineEdit*>();
         const auto* list = findChild<QTreeView*>();

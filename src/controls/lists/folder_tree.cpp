@@ -1,9 +1,9 @@
 #include "controls/lists/folder_tree.h"
 
+#include "controls/boxes/list_frame.h"
 #include "controls/buttons/contrast.h"
 #include "controls/input/keys.h"
 #include "controls/lists/folder_model.h"
-#include "controls/lists/list_frame.h"
 #include "platform/files/paths.h"
 
 #include <QApplication>

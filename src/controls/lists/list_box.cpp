@@ -1,9 +1,9 @@
 #include "controls/lists/list_box.h"
 
+#include "controls/boxes/list_frame.h"
 #include "controls/buttons/contrast.h"
 #include "controls/buttons/icon.h"
 #include "controls/geometry/tip_markup.h"
-#include "controls/lists/list_frame.h"
 #include "controls/lists/local_files.h"
 
 #include <QHelpEvent>

@@ -1,4 +1,4 @@
-#include "controls/lists/list_frame.h"
+#include "controls/boxes/list_frame.h"
 
 #include <QPainter>
 
@@ -26,7 +26,32 @@ QRegion edge(const QRect& outer, int width) {
     return QRegion(outer) - QRegion(outer.adjusted(width, width, -width, -width));
 }
 
+/// Lets the list handle what concerns its frame, and paints over it.
+class FrameOver : public QObject {
+public:
+    explicit FrameOver(QAbstractScrollArea& list) : QObject(&list), list_(list) {
+        list.installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        updateListFrame(list_, event->type());
+        if (event->type() != QEvent::Paint) {
+            return QObject::eventFilter(watched, event);
+        }
+        watched->event(event);
+        paintListFrame(list_);
+        return true;
+    }
+
+private:
+    QAbstractScrollArea& list_;
+};
+
 }  // namespace
+
+void frameOtherList(QAbstractScrollArea& list) {
+    setListFrame(list);
+    new FrameOver(list);
+}
 
 void setListFrame(QAbstractScrollArea& list) {
     list.setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));

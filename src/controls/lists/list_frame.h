@@ -12,6 +12,9 @@ void setListFrame(QAbstractScrollArea& list);
 /// list has the keyboard. For the list's event(), when it has handled a paint event.
 void paintListFrame(QAbstractScrollArea& list);
 
+/// The same frame for a list of the toolkit's own, whose event() nobody can reach.
+void frameOtherList(QAbstractScrollArea& list);
+
 /// Has the frame painted anew where the keyboard comes or goes. For the list's event(), before its
 /// own handling: a handler may delete the list.
 void updateListFrame(QAbstractScrollArea& list, QEvent::Type type);

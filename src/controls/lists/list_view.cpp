@@ -1,9 +1,9 @@
 #include "controls/lists/list_view.h"
 
+#include "controls/boxes/list_frame.h"
 #include "controls/geometry/twips.h"
 #include "controls/input/keys.h"
 #include "controls/lists/list_delegate.h"
-#include "controls/lists/list_frame.h"
 #include "controls/lists/list_model.h"
 
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 #include "controls/lists/report_view.h"
 
+#include "controls/boxes/list_frame.h"
 #include "controls/geometry/twips.h"
-#include "controls/lists/list_frame.h"
 #include "controls/lists/report_header.h"
 
 #include <QKeyEvent>

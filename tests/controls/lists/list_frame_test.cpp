@@ -1,4 +1,4 @@
-#include "controls/lists/list_frame.h"
+#include "controls/boxes/list_frame.h"
 
 #include "controls/lists/list_box.h"
 #include "controls/lists/report_view.h"
