@@ -147,6 +147,20 @@ TEST_P(LayoutRules, WebAlbumPage) {
     EXPECT_EQ(Top(create), pageHeight - 400);
 }
 
+TEST_F(MainLayoutTest, DescriptionsTakeMoreRoomInLargerLettersUntilTheyAreDragged) {
+    ReportView& albums = *albumControls().lvwALBUMS;
+    layOut(1280, 760);
+    const float usual = albums.ColumnWidth(2);
+    QFont large = pages().slideshows->font();
+    large.setPointSizeF(24);
+    pages().slideshows->setFont(large);
+    layOut(1280, 760);
+    EXPECT_GT(albums.ColumnWidth(2), 1.5F * usual);
+    albums.setColumnWidth(2, 3000);
+    layOut(1270, 760);
+    EXPECT_EQ(albums.ColumnWidth(2), 3000);
+}
+
 TEST_F(MainLayoutTest, TheMusicButtonsShowTheirCaptions) {
     layOut(736, 480);
     QList<cbtn*> buttons(music().cbtnAUDIO.begin(), music().cbtnAUDIO.end());

@@ -28,6 +28,14 @@ constexpr std::array<Design, 4> slidesButtons = {{
     {"save-as", "Save As", "Save Slideshow Album with new name", &Commands::saveAs},
 }};
 
+/// Room for a short sentence of any font, as long as the names keep the larger half.
+float descriptionWidth(const ReportView& list) {
+    constexpr float design = 2900;
+    constexpr int letters = 28;
+    const float wanted = toTwips(letters * list.fontMetrics().averageCharWidth());
+    return std::max(design, std::min(wanted, (Width(list) - 900) / 2));
+}
+
 }  // namespace
 
 SlideshowsPage::SlideshowsPage(QWidget& surface, Commands& commands)
@@ -41,6 +49,7 @@ SlideshowsPage::SlideshowsPage(QWidget& surface, Commands& commands)
         (commands.*design.command).addButton(*button);
         cbtnSLIDES.at(index) = button;
     }
+    givenWidth_ = albums.lvwALBUMS->ColumnWidth(2);
     btnCHOOSE_ = albums.lvwALBUMS->emptyState().addButton(
         "btnCHOOSEFORALBUM", "picture", "Choose Pictures", "Go to the page Pictures");
     commands.choosePictures.addButton(*btnCHOOSE_);
@@ -65,6 +74,10 @@ void SlideshowsPage::layOut() {
     ReportView& list = *albums.lvwALBUMS;
     setWidth(list, Width(*this) - Left(list) - 75);
     setHeight(list, Height(*this) - Top(list) - belowList);
+    if (list.ColumnWidth(2) == givenWidth_) {
+        list.setColumnWidth(2, descriptionWidth(list));
+        givenWidth_ = list.ColumnWidth(2);
+    }
     list.setColumnWidth(1, Width(list) - 900 - list.ColumnWidth(2));
     placeRow({albums.btnView, albums.btnREMOVE, albums.btnADD});
 }

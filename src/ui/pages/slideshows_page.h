@@ -25,6 +25,8 @@ public:
 
 private:
     cbtn* btnCHOOSE_ = nullptr;
+    /// Of the column of descriptions, in twips, as long as no hand has dragged it.
+    float givenWidth_ = 0;
 };
 
 }  // namespace velorama

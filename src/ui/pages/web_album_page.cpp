@@ -211,9 +211,7 @@ void WebAlbumPage::layOut() {
     placeRow({cbtnVIEWWEBALB, cbtnWEBALBUM});
     placeNoSlides();
     scroll_->setGeometry(0, 0, toPixels(Width(*this)), toPixels(Height(*this) - belowList));
-    samples_->setPaneSize(QSize(leastPane(), leastPane()));
-    alignCaptions(false);
-    scroll_->arrange({row_, settings_});
+    arrangeBeside();
     // In one column the settings leave more to the samples, or have room for their longest texts.
     if (row_->direction() == QBoxLayout::LeftToRight) {
         scroll_->stackIfHigh(*settings_);
@@ -223,6 +221,20 @@ void WebAlbumPage::layOut() {
     }
     alignCaptions(settings_->direction() == QBoxLayout::TopToBottom);
     growSamples();
+}
+
+// Fields that show less of their texts make the samples wider, as long as all stand side by side.
+void WebAlbumPage::arrangeBeside() {
+    constexpr int mostLines = 7;
+    for (int lines = mostLines; lines >= leastLines; --lines) {
+        leastWidth_ = leastPane(lines);
+        samples_->setPaneSize(QSize(leastWidth_, leastPane(leastLines)));
+        alignCaptions(false);
+        scroll_->arrange({row_, settings_});
+        if (row_->direction() == QBoxLayout::LeftToRight) {
+            return;
+        }
+    }
 }
 
 void WebAlbumPage::tint() {

@@ -80,7 +80,9 @@ private:
     QBoxLayout* settings();
     QBoxLayout* panes();
     void alignCaptions(bool areAligned);
-    int leastPane() const;
+    void arrangeBeside();
+    /// Logical pixels that so many lines of text take.
+    int leastPane(int lines) const;
     int scrollBar() const;
     int headingHeight(int width) const;
     void growSamples();
@@ -88,6 +90,10 @@ private:
     void showTitle();
     void WebAlbumSampleUpdate();
 
+    /// What a side of a sample has at least, in lines of text.
+    static constexpr int leastLines = 6;
+    /// Of the samples as they are arranged, in logical pixels.
+    int leastWidth_ = 0;
     Label* lblNOSLIDES_ = nullptr;
     cbtn* btnCHOOSE_ = nullptr;
     bool hasSlides_ = false;

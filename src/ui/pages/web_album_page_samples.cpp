@@ -107,8 +107,7 @@ QBoxLayout* WebAlbumPage::panes() {
 }
 
 // Beside large letters the least samples would be specks.
-int WebAlbumPage::leastPane() const {
-    constexpr int lines = 6;
+int WebAlbumPage::leastPane(int lines) const {
     return std::max(WebAlbumSamples::leastSide, lines * fontMetrics().lineSpacing());
 }
 
@@ -136,11 +135,11 @@ void WebAlbumPage::growSamples() {
         isBeside ? row_->sizeHint().width() - row_->itemAt(panesInRow)->sizeHint().width()
                  : margins.left() + margins.right();
     const int taken = besides + row_->spacing();
-    const int width = (scroll_->width() - bar - taken) / 2;
+    const int free = (scroll_->width() - bar - taken) / 2;
+    const int width = std::clamp(free, leastWidth_, mostSampleSide);
     const int below = scroll_->height() - margins.top() - belowHeading;
     const int height = isBeside ? below - headingHeight(width) : width * 3 / 4;
-    const auto bounded = [this](int side) { return std::clamp(side, leastPane(), mostSampleSide); };
-    samples_->setPaneSize(QSize(bounded(width), bounded(height)));
+    samples_->setPaneSize({width, std::clamp(height, leastPane(leastLines), mostSampleSide)});
 }
 
 }  // namespace velorama

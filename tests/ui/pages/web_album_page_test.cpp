@@ -126,6 +126,13 @@ TEST_F(WebAlbumLayout, NothingScrollsInTheDesignWindow) {
     EXPECT_GT(samples().picWASLIDE->mapTo(page.get(), QPoint()).x(), 400);
 }
 
+TEST_F(WebAlbumLayout, InTheDesignWindowFieldsGiveTheSamplesWhatTheyCanSpare) {
+    layOut(726, 223);
+    const int line = page->fontMetrics().lineSpacing();
+    EXPECT_GE(samples().picWAMAIN->width(), 7 * line);
+    EXPECT_GE(samples().picWAMAIN->height(), 8 * line);
+}
+
 TEST_F(WebAlbumLayout, TheSmallestWindowScrollsDownwardsOnly) {
     layOut(490, 121);
     EXPECT_LE(area().widget()->width(), area().viewport()->width());
