@@ -189,6 +189,18 @@ TEST_F(ClsFileFoldr, ACopyReplacesWhatIsThere) {
     EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 2);
 }
 
+TEST_F(ClsFileFoldr, ACopyTellsWhetherItIsThere) {
+    const QString source = make(QStringLiteral("a.jpg"), "new");
+    const QString target = folder + QStringLiteral("/b.jpg");
+    EXPECT_TRUE(files.FileCopyNew(source, target));
+    EXPECT_TRUE(files.FileCopyNew(source, source)) << "it is what it would be";
+    EXPECT_FALSE(files.FileCopyNew(folder + QStringLiteral("/none.jpg"), target));
+    EXPECT_FALSE(files.FileCopyNew(folder, target));
+    EXPECT_FALSE(files.FileCopyNew(source, folder));
+    EXPECT_FALSE(files.FileCopyNew(source, QString()));
+    EXPECT_EQ(read(target), "new");
+}
+
 TEST_F(ClsFileFoldr, ACopyReplacesNoFileOfAnotherName) {
     const QString source = make(QStringLiteral("a.jpg"), "new");
     const QString other = make(QStringLiteral("b.jpg"), "old");

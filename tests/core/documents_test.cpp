@@ -31,6 +31,13 @@ TEST_F(DocumentSave, emptyContentIsOneLineEnd) {
     EXPECT_EQ(contentOf(path), QByteArray("\r\n"));
 }
 
+TEST_F(DocumentSave, tellsWhetherItIsWritten) {
+    EXPECT_TRUE(DocumentSaveText(QStringLiteral("a"), path));
+    EXPECT_FALSE(DocumentSaveText(QStringLiteral("a"), QString()));
+    EXPECT_FALSE(DocumentSaveText(QStringLiteral("a"), folder));
+    EXPECT_FALSE(DocumentSaveText(QStringLiteral("a"), folder + QStringLiteral("/none/a.vlr")));
+}
+
 TEST_F(DocumentSave, nothingElseIsChangedOnTheWay) {
     DocumentSaveText(QStringLiteral("a\nb\rc\td\"e\" "), path);
     EXPECT_EQ(contentOf(path), QByteArray("a\nb\rc\td\"e\" \r\n"));
