@@ -1,6 +1,7 @@
 #!/bin/bash
 # tidy.sh [FILE...]: clang-tidy with the settings of .clang-tidy over all sources, or over those that are
-# named; a header is looked at where the source of its name includes it. Any warning fails.
+# named; a header is looked at where the source of its name includes it. Any warning fails. Sources found
+# clean before are passed over until they change (tools/tidy_sources.py).
 # TIDY_JOBS: sources at a time, as many as there are processors otherwise.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
@@ -36,12 +37,7 @@ if ((${#files[@]} == 0)); then
 fi
 
 log=$tidy/tidy.log
-# The names are read as expressions, to be found anywhere in a path.
-mapfile -t patterns < <(printf '^%s$\n' "${files[@]}" | sed 's/[.+]/\\&/g')
 status=0
-run-clang-tidy -quiet -p "$tidy" -j "${TIDY_JOBS:-$(nproc)}" "${patterns[@]}" >"$log" 2>"$log.errors" || status=1
-if ((status != 0)); then
-    grep -vE '^(clang-tidy |[0-9]+ warnings? (generated|treated))' "$log" >&2 || true
-fi
+"$root/tools/tidy_sources.py" "$tidy" "${TIDY_JOBS:-$(nproc)}" "${files[@]}" | tee "$log" >&2 || status=1
 echo "clang-tidy: ${#files[@]} sources, $(grep -cE '(warning|error): ' "$log" || true) warnings"
 exit "$status"
