@@ -270,7 +270,7 @@ void AlbumFile::openLast(const QString& path) {
 QByteArray AlbumFile::text(const QString& firstLine) const {
     // Characters. Some hundred lines are converted at a time: one would cost a block of memory
     // each, and all of them memory that the system has to clear first.
-    constexpr qsizetype part = 32 * 1024;
+    constexpr qsizetype part = 32LL * 1024;
     const int count = c_.lvwSLIDEBAR->Count();
     QString lines = firstLine + lineEnd;
     qsizetype size = lines.size() + lineEnd.size();

@@ -17,7 +17,7 @@ ComingSlides::~ComingSlides() {
     drop(std::move(looks_));
 }
 
-void ComingSlides::drop(Looks looks) {
+void ComingSlides::drop(Looks looks) {  // NOLINT(performance-unnecessary-value-param): ends them
     for (auto& [fields, look] : looks) {
         look.cancel();
     }

@@ -191,8 +191,8 @@ void FoundList::addRow(int row, int listing) {
     }
     c_.lvwFOUND->Add(c_.lvwFOUND->Count() + 1, QString::number(row) + QLatin1Char('M'),
                      c_.flbFOUND->List(row - 1), thumbnails_.FoundIconIndex(path));
-    prgBARSLIDES_.setMax(c_.flbFOUND->ListCount());
-    prgBARSLIDES_.setValue(c_.lvwFOUND->Count());
+    prgBARSLIDES_.setMax(static_cast<float>(c_.flbFOUND->ListCount()));
+    prgBARSLIDES_.setValue(static_cast<float>(c_.lvwFOUND->Count()));
     DoEvents();
 }
 

@@ -7,7 +7,7 @@
 namespace velorama {
 namespace {
 
-constexpr qint64 mebibyte = 1024 * 1024;
+constexpr qint64 mebibyte = 1024LL * 1024;
 constexpr qint64 designSize = 512;
 /// More than any disk has, and its bytes fit into a number.
 constexpr qint64 largest = 1 << 30;

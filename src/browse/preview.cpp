@@ -33,7 +33,7 @@ void tellSize(const PreviewControls& w, QSize pixels) {
 
 /// Loads the file; one that cannot be read leaves what is there.
 Picture load(const PreviewControls& w, const QString& path, const Fit& fit) {
-    const Picture picture = LoadPicture(hostFile(path), fit);
+    Picture picture = LoadPicture(hostFile(path), fit);
     w.imgPICTURE->setPicture(picture.bitmap, picture.size);
     tellSize(w, picture.size);
     return picture;

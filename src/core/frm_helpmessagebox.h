@@ -38,7 +38,7 @@ public:
     QWidget* cframBTNBARYN;
     QWidget* cframBTNBARYNC;
 
-public slots:
+public slots:  // NOLINT(readability-redundant-access-specifiers): makes them slots
     /// However the form is closed, it is unloaded here.
     void done(int result) override;
 

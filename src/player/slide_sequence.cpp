@@ -103,7 +103,7 @@ QString SlideSequence::upcoming() const {
     qint32 index = SlideIndex;
     for (qint32 tries = 0; tries < std::min(SlideCount, lookAheadTries); ++tries) {
         index = index > SlideCount - 1 ? 1 : index + 1;
-        const QString path = pathOf(index);
+        QString path = pathOf(index);
         if (gLibrary->FileExists(path)) {
             return path;
         }

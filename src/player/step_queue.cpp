@@ -34,7 +34,7 @@ QList<ShowStep> StepQueue::takeNext() {
     const auto rest = std::find_if_not(steps_.cbegin(), steps_.cend(), isArrow);
     const qsizetype arrows = rest - steps_.cbegin();
     const qsizetype count = std::min(std::max<qsizetype>(arrows, 1), steps_.size());
-    const QList<ShowStep> taken = steps_.first(count);
+    QList<ShowStep> taken = steps_.first(count);
     steps_.remove(0, count);
     return taken;
 }

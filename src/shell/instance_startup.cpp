@@ -19,7 +19,7 @@ QString fileOf(const QString& commandLine) {
 
 }  // namespace
 
-InstanceStart::InstanceStart(RegistryStore& store, InstanceBus* bus, AppPlace app)
+InstanceStart::InstanceStart(RegistryStore& store, InstanceBus* bus, const AppPlace& app)
     : store_(store), bus_(bus), key_(detailsKey(app)) {}
 
 void InstanceStart::InstanceStartup(QWidget& mainWindow, const QString& commandLine) {

@@ -13,7 +13,7 @@ namespace velorama {
 class InstanceStart {
 public:
     /// Without a bus there is no hand-over. Both must outlive this, and this its window.
-    InstanceStart(RegistryStore& store, InstanceBus* bus, AppPlace app = App());
+    InstanceStart(RegistryStore& store, InstanceBus* bus, const AppPlace& app = App());
 
     /// `commandLine` is what follows the program's own name, in one text. `mainWindow` has its
     /// caption already. Its handle becomes `hwnd`, last of all; a window that has none yet is bound

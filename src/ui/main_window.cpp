@@ -130,9 +130,8 @@ void mfrmPRGMAIN::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) {
         pages_->tint();
         Form_Resize();
-    } else if (event->type() == QEvent::FontChange) {
-        Form_Resize();
-    } else if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    } else if (event->type() == QEvent::FontChange ||
+               (event->type() == QEvent::ActivationChange && isActiveWindow())) {
         Form_Resize();
     }
 }

@@ -13,8 +13,8 @@ namespace velorama {
 /// the one that was asked.
 struct WebLimits {
     // One line of plain text as long as this is still broken up in half a second.
-    HttpLimits page{std::chrono::milliseconds(10000), 64 * 1024, 4, false};
-    HttpLimits picture{std::chrono::milliseconds(20000), 8 * 1024 * 1024, 4, false};
+    HttpLimits page{std::chrono::milliseconds(10000), 64LL * 1024, 4, false};
+    HttpLimits picture{std::chrono::milliseconds(20000), 8LL * 1024 * 1024, 4, false};
 };
 
 /// Fetches one page, and then those of its pictures that are asked for.

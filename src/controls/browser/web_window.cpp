@@ -108,7 +108,7 @@ void webWINDOW::stop() {
     }
 }
 
-void webWINDOW::pageArrived(const HttpAnswer& answer, QUrl asked, Task task) {
+void webWINDOW::pageArrived(const HttpAnswer& answer, const QUrl& asked, Task task) {
     if (!answer.ok && task == Task::Refresh && !shownFailed_) {
         return;
     }

@@ -36,7 +36,7 @@ public:
 
     enum Command : int { CommandForward = 1, CommandBack = 2 };
 
-public slots:
+public slots:  // NOLINT(readability-redundant-access-specifiers): makes them slots
     void backward() override { GoBack(); }
     void forward() override { GoForward(); }
     void reload() override { Refresh(); }
@@ -65,7 +65,7 @@ private:
 
     void start(const QUrl& address, Task task);
     void stop();
-    void pageArrived(const HttpAnswer& answer, QUrl asked, Task task);
+    void pageArrived(const HttpAnswer& answer, const QUrl& asked, Task task);
     void enter(const QUrl& address, Task task);
     void takePicture(const QUrl& address, const QImage& picture);
     void loadDone(Task task);

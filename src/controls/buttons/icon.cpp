@@ -20,7 +20,7 @@ QByteArray symbolText(const QString& name) {
         return *known;
     }
     QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
-    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     texts.insert(name, text);
     return text;
 }

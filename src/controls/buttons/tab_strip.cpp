@@ -286,7 +286,7 @@ void tab::paintEvent(QPaintEvent*) {
 void tab::paintTab(QPainter& painter, int number) const {
     const bool active = number == active_;
     QRectF area = bounds(number).adjusted(0.5, 0.5, -0.5, 0);
-    area.setBottom(BorderTop / twipsPerLogicalPixel + (active ? 1 : 0));
+    area.setBottom(BorderTop / twipsPerLogicalPixel + (active ? 1.0F : 0.0F));
     const QColor window = palette().color(QPalette::Window);
     const QColor text = palette().color(QPalette::WindowText);
     painter.save();

@@ -59,7 +59,7 @@ void FileList::read() {
     files_ = filesIn(path_, pattern_, isOther_);
 }
 
-FolderFiles FileList::filesIn(const QString& path, const QString& pattern, Teller isOther) {
+FolderFiles FileList::filesIn(const QString& path, const QString& pattern, const Teller& isOther) {
     FolderFiles files;
     if (path.isEmpty()) {
         return files;

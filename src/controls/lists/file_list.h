@@ -43,7 +43,7 @@ public:
     int OtherCount() const { return files_.others; }
 
     /// What the list would hold. For any thread.
-    static FolderFiles filesIn(const QString& path, const QString& pattern, Teller isOther);
+    static FolderFiles filesIn(const QString& path, const QString& pattern, const Teller& isOther);
 
 private:
     void read();

@@ -11,7 +11,7 @@ namespace {
 
 /// Of images in memory: 2048 cells of 64 pixels or 1035 of 90. Twice what a screen of 3840 x 2160
 /// shows at once, so that scrolling to and fro finds them here.
-constexpr qsizetype mostBytes = 32 * 1024 * 1024;
+constexpr qsizetype mostBytes = 32LL * 1024 * 1024;
 /// From here on adding waits for the answers: it must not outrun them.
 constexpr qsizetype farTooMany = 2 * mostBytes;
 /// Images asked about in one go: some milliseconds of work between those that decode.

@@ -13,7 +13,7 @@ namespace {
 /// that tells nothing about the picture.
 bool canBeRead(const QString& file) {
     QFile handle(file);
-    QByteArray piece(1024 * 1024, Qt::Uninitialized);
+    QByteArray piece(1024LL * 1024, Qt::Uninitialized);
     qint64 count = handle.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? 1 : -1;
     while (count > 0) {
         count = handle.read(piece.data(), piece.size());

@@ -55,7 +55,7 @@ LookAhead::Work LookAhead::anewIfChanged(const Work& done, const QString& path, 
 }
 
 /// What runs goes on and is for nobody.
-void LookAhead::drop(Works works) {
+void LookAhead::drop(Works works) {  // NOLINT(performance-unnecessary-value-param): ends them
     for (auto& [path, work] : works) {
         work.cancel();
     }

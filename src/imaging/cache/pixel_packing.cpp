@@ -103,7 +103,7 @@ QImage unpackPixels(const QByteArray& packed) {
     if (packed.size() <= headBytes || (packed[0] != opaque && packed[0] != seeThrough)) {
         return {};
     }
-    const int planes = packed[0];
+    const int planes = static_cast<uchar>(packed[0]);
     const int width = qFromLittleEndian<quint16>(packed.constData() + 1);
     const int height = qFromLittleEndian<quint16>(packed.constData() + 3);
     const qsizetype size = qsizetype{planes} * width * height;

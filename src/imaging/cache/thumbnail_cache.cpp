@@ -18,13 +18,13 @@ using std::chrono::steady_clock;
 /// decoding ...
 constexpr std::chrono::milliseconds gathering(250);
 /// ... unless so many bytes of bitmaps wait.
-constexpr qint64 mostGathered = 16 * 1024 * 1024;
+constexpr qint64 mostGathered = 16LL * 1024 * 1024;
 /// For what is not written when the program ends.
 constexpr std::chrono::seconds lastWrites(1);
 /// Bytes of bitmaps in a transaction: the journal stays small, and the end near.
-constexpr qint64 mostInBatch = 4 * 1024 * 1024;
+constexpr qint64 mostInBatch = 4LL * 1024 * 1024;
 /// Of bitmaps that wait to be written.
-constexpr qint64 mostWaiting = 64 * 1024 * 1024;
+constexpr qint64 mostWaiting = 64LL * 1024 * 1024;
 
 qint64 today() {
     return QDate::currentDate().toJulianDay();

@@ -29,7 +29,7 @@ struct Xyz {
 };
 
 Xyz endpoint(QByteArrayView bytes, int index) {
-    const qint64 place = Endpoints + index * 12;
+    const qint64 place = Endpoints + qint64{index} * 12;
     return {fixedAt(bytes, place, 30), fixedAt(bytes, place + 4, 30),
             fixedAt(bytes, place + 8, 30)};
 }

@@ -21,6 +21,7 @@ public:
 
     /// Exact: what is rounded here is never nearer to a half than 2^-33.
     QRgb of(quint32 pixel) const {
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings): never negative
         return static_cast<QRgb>(((pixel & mask_) >> shift_) * scale_ + 0.5);
     }
 
@@ -80,7 +81,7 @@ const std::vector<uchar>& lightCurve() {
             const double light = double(i) / 8192;
             const double value =
                 light <= 0.0031308 ? 12.92 * light : 1.055 * std::pow(light, 1 / 2.4) - 0.055;
-            bytes[i] = static_cast<uchar>(value * 255 + 0.5);
+            bytes[i] = static_cast<uchar>(std::lround(value * 255));
         }
         return bytes;
     }();
@@ -94,7 +95,7 @@ void readDeep(const char* row, QRgb* out, int count) {
     for (int x = 0; x < count; ++x) {
         size_t channel[4];
         for (int i = 0; i < 4; ++i) {
-            const auto value = qFromLittleEndian<qint16>(row + qsizetype(x) * 8 + i * 2);
+            const auto value = qFromLittleEndian<qint16>(row + qsizetype(x) * 8 + qsizetype(i) * 2);
             channel[i] = static_cast<size_t>(std::clamp<int>(value, 0, 8192));
         }
         const auto alpha = static_cast<int>((channel[3] * 255 + 4096) / 8192);

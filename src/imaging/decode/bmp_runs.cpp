@@ -48,7 +48,7 @@ private:
 
 QRgb RunPainter::colour(int index) const {
     if (depth_ == 24) {
-        const qsizetype at = at_ + index * 3;
+        const qsizetype at = at_ + qsizetype(index) * 3;
         return qRgb(numberAt<quint8>(runs_, at + 2), numberAt<quint8>(runs_, at + 1),
                     numberAt<quint8>(runs_, at));
     }
@@ -80,7 +80,7 @@ void RunPainter::copy(int count) {
         pixels[i] = colour(i);
     }
     x_ += seen;
-    at_ += (count * depth_ + 15) / 16 * 2;
+    at_ += (qsizetype(count) * depth_ + 15) / 16 * 2;
 }
 
 bool RunPainter::escape(int code) {

@@ -43,7 +43,7 @@ public:
 
     qint64 size() const override { return size_; }
     QByteArrayView from(qint64 at) override {
-        constexpr qint64 blockSize = 16 * 1024;
+        constexpr qint64 blockSize = 16LL * 1024;
         block_ = at < size_ && file_.seek(at) ? file_.read(blockSize) : QByteArray();
         return block_;
     }

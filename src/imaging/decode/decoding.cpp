@@ -13,7 +13,7 @@
 namespace velorama {
 namespace {
 
-constexpr qint64 mebibyte = 1024 * 1024;
+constexpr qint64 mebibyte = 1024LL * 1024;
 
 /// Kinds that the toolkit's readers decode: how a file begins, the reader's name, and the bytes of
 /// memory that one pixel of it may take on the way.

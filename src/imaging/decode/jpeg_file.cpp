@@ -214,7 +214,7 @@ void JpegFile::readRows(uchar* pixels, qsizetype stride, uchar* inks) {
             jpeg_read_scanlines(&info_, &inks, 1);
             const int ink = info_.saw_Adobe_marker ? 0 : 255;
             for (JDIMENSION x = 0; x < info_.output_width; ++x) {
-                reinterpret_cast<QRgb*>(first)[x] = fromInks(inks + 4 * x, ink);
+                reinterpret_cast<QRgb*>(first)[x] = fromInks(inks + size_t{4} * x, ink);
             }
         }
     }

@@ -23,7 +23,7 @@ QSize shownSize(const JpegFile& file) {
 
 int jpegEighths(QSize size, const Fit& fit) {
     // Below this the last, incomplete block of a side shows, and there is little to win.
-    constexpr qint64 smallPicture = 512 * 512;
+    constexpr qint64 smallPicture = 512LL * 512;
     if (fit.kind == Fit::Kind::Whole || qint64(size.width()) * size.height() <= smallPicture) {
         return 8;
     }

@@ -10,7 +10,7 @@ namespace velorama {
 namespace {
 
 /// From this many bytes on rows are worth waking a second thread for.
-constexpr qint64 worthAThread = 1024 * 1024;
+constexpr qint64 worthAThread = 1024LL * 1024;
 /// Rows that stay between two that change are painted with them: each rectangle of its own costs
 /// the painter and the X server more than some rows.
 constexpr int paintedGap = 32;

@@ -34,8 +34,8 @@ int pixelDifference(const QRgb* one, const QRgb* other, int from, int count, QRg
         const QRgb a = one[i] & channels;
         const QRgb b = other[i] & channels;
         for (const int shift : {0, 8, 16, 24}) {
-            const int x = (a >> shift) & 0xFF;
-            const int y = (b >> shift) & 0xFF;
+            const auto x = static_cast<int>((a >> shift) & 0xFF);
+            const auto y = static_cast<int>((b >> shift) & 0xFF);
             largest = std::max(largest, std::max(x, y) - std::min(x, y));
         }
     }

@@ -62,7 +62,8 @@ QPoint roundedPoint(PointF point) {
 }
 
 Run runFor(float angle, int width, int height) {
-    const PointF centre{static_cast<float>(width / 2), static_cast<float>(height / 2)};
+    const QPoint middle(width / 2, height / 2);
+    const PointF centre{static_cast<float>(middle.x()), static_cast<float>(middle.y())};
     const double side = std::max(width, height);
     const double half = (std::sqrt(side * side + side * side) + 2) * 0.5;
     const float turn = reducedAngle(double(angle) + 90);

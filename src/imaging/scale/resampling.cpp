@@ -84,10 +84,10 @@ void mixColumns(int* out, const int* middle, const ResamplingWeights& weights, i
         Pixel sum = Pixel{} + half;
         for (int i = 0; i < weights.count; ++i) {
             Pixel pixel;
-            std::memcpy(&pixel, place + 4 * i, sizeof pixel);
+            std::memcpy(&pixel, place + qsizetype(i) * 4, sizeof pixel);
             sum += pixel * *values++;
         }
-        std::memcpy(out + 4 * x, &sum, sizeof sum);
+        std::memcpy(out + qsizetype(x) * 4, &sum, sizeof sum);
     }
 }
 

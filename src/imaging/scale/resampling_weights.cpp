@@ -28,7 +28,7 @@ void spread(Reach& reach, double centre, double width, int from) {
     const int high = static_cast<int>(std::ceil(centre + 2 * width)) - 1;
     reach.first = std::clamp(low, 0, from - 1);
     const int last = std::clamp(high, 0, from - 1);
-    reach.weights.assign(static_cast<size_t>(last - reach.first + 1), 0);
+    reach.weights.assign(static_cast<size_t>(last - reach.first) + 1, 0);
     double sum = 0;
     for (int i = low; i <= high; ++i) {
         const double weight = cubic((i - centre) / width);

@@ -21,6 +21,7 @@ public:
 
     /// From now on until the end of the bus, others find this window by its title and `receiver`
     /// gets their texts, on this thread. One window a bus. False if there is no way.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who overrides it keeps the function.
     virtual bool bind(quint32 /*window*/, const QString& /*title*/, Receiver) { return false; }
     virtual void setTitle(const QString& /*title*/) {}
 

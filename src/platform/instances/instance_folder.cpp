@@ -23,7 +23,7 @@ bool makePrivate(const QString& path) {
 
 QString instanceFolder() {
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString inRuntime = runtime + QStringLiteral("/velorama");
+    QString inRuntime = runtime + QStringLiteral("/velorama");
     if (QDir::isAbsolutePath(runtime) && makePrivate(inRuntime)) {
         return inRuntime;
     }

@@ -17,7 +17,7 @@ constexpr int connectWait = 100;
 constexpr int searchWait = 250;
 
 constexpr int mostEntries = 256;  // looked at in the folder
-constexpr qint64 longestTitle = 128 * 1024;
+constexpr qint64 longestTitle = 128LL * 1024;
 
 void remove(const InstanceWindow& window) {
     QLocalServer::removeServer(window.socket);

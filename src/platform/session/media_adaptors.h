@@ -32,7 +32,7 @@ public:
     QString desktopEntry() const { return QStringLiteral("velorama"); }
     QStringList nothing() const { return {}; }
 
-public slots:
+public slots:  // NOLINT(readability-redundant-access-specifiers): makes them slots
     void Raise() { remote_.ask(MediaRequest::Raise); }
     void Quit() { remote_.ask(MediaRequest::Quit); }
 
@@ -70,7 +70,7 @@ public:
     bool yes() const { return true; }
     bool no() const { return false; }
 
-public slots:
+public slots:  // NOLINT(readability-redundant-access-specifiers): makes them slots
     void Play() { remote_.ask(MediaRequest::Play); }
     void Pause() { remote_.ask(MediaRequest::Pause); }
     void PlayPause() { remote_.ask(MediaRequest::PlayPause); }

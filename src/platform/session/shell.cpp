@@ -94,7 +94,7 @@ QString firstFolder() {
 
 QString programDataFolder() {
     if (QCoreApplication::instance() != nullptr) {
-        const QString beside = QCoreApplication::applicationDirPath();
+        QString beside = QCoreApplication::applicationDirPath();
         if (QFileInfo(beside + QStringLiteral("/images")).isDir()) {
             return beside;  // a build tree
         }
@@ -115,7 +115,7 @@ QString programLibrary(const QString& name) {
     const QString beside = QCoreApplication::applicationDirPath();
     for (const QString& folder :
          QStringList{beside, beside + QStringLiteral("/../" VELORAMA_LIBRARY_PLACE)}) {
-        const QString path = folder + u'/' + name;
+        QString path = folder + u'/' + name;
         if (QFileInfo::exists(path)) {
             return path;
         }

@@ -137,7 +137,7 @@ Device openHeld(const AudioDevice::Wanted& wanted) {
 
 }  // namespace
 
-struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
+struct AudioDevice::Shared {
     std::mutex lock;
     std::condition_variable changed;
     std::optional<Wanted> wanted;  // what no thread has taken up yet
@@ -152,10 +152,10 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
     bool idle() const { return !working && closing == 0; }
 
     /// With the lock held.
-    void letGo(const Device& old) {
+    static void letGo(const std::shared_ptr<Shared>& self, const Device& old) {
         old.gate->setRunning(false);
-        ++closing;
-        const auto close = [self = shared_from_this(), old] {
+        ++self->closing;
+        const auto close = [self, old] {
             SDL_CloseAudioDevice(old.id);
             SDL_TLSCleanup();
             const std::lock_guard guard(self->lock);
@@ -164,7 +164,7 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
         };
         if (!startDetached(close)) {
             SDL_CloseAudioDevice(old.id);  // It takes its time here, then.
-            --closing;
+            --self->closing;
         }
     }
 
@@ -199,15 +199,15 @@ struct AudioDevice::Shared : std::enable_shared_from_this<Shared> {
     }
 
     /// With the lock held; for a device that has come, or one that has not.
-    void take(const Device& opened) {
-        if (state == State::Opening && !wanted) {
-            device = opened;
-            state = opened.id != 0 ? State::Open : State::Failed;
+    static void take(const std::shared_ptr<Shared>& self, const Device& opened) {
+        if (self->state == State::Opening && !self->wanted) {
+            self->device = opened;
+            self->state = opened.id != 0 ? State::Open : State::Failed;
             if (opened.id != 0) {
-                opened.gate->setRunning(running);
+                opened.gate->setRunning(self->running);
             }
         } else if (opened.id != 0) {
-            letGo(opened);  // Nobody waits for it any more.
+            letGo(self, opened);  // Nobody waits for it any more.
         }
     }
 };
@@ -220,7 +220,7 @@ void AudioDevice::work(const std::shared_ptr<Shared>& shared) {
         guard.unlock();
         const Device opened = shared->openAnew(wanted);
         guard.lock();
-        shared->take(opened);
+        Shared::take(shared, opened);
         shared->changed.notify_all();
     }
     if (shared->leaving) {
@@ -284,7 +284,7 @@ void AudioDevice::setRunning(bool running) {
 void AudioDevice::close() {
     const std::lock_guard guard(shared_->lock);
     if (shared_->device.id != 0) {
-        shared_->letGo(std::exchange(shared_->device, Device()));
+        Shared::letGo(shared_, std::exchange(shared_->device, Device()));
     }
     shared_->wanted.reset();
     shared_->state = State::Closed;

@@ -44,8 +44,9 @@ void AudioOutput::onDeviceWants(void* self, unsigned char* bytes, int count) {
 void AudioOutput::fill(float* out, int frames) {
     const int channels = source_->channels();
     const int got = ended_ ? 0 : source_->read(out, frames);
-    std::transform(out, out + got * channels, out, audible);
-    std::fill(out + got * channels, out + frames * channels, 0.0F);
+    float* const silence = out + qsizetype(got) * channels;
+    std::transform(out, silence, out, audible);
+    std::fill(silence, out + qsizetype(frames) * channels, 0.0F);
     handed_ += got;
     if (got < frames) {
         ended_ = true;

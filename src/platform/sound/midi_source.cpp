@@ -12,7 +12,7 @@ namespace velorama {
 namespace {
 
 // A larger file is no music, and the player needs twenty times its size in memory.
-constexpr qint64 MaxFileSize = 16 * 1024 * 1024;
+constexpr qint64 MaxFileSize = 16LL * 1024 * 1024;
 // Makes MIDI about as loud as recorded music.
 constexpr double Gain = 1.0;
 
@@ -25,7 +25,7 @@ void beSilent() {
 QByteArray defaultFont(fluid_settings_t* settings) {
     char* name = nullptr;
     fluid_settings_dupstr(settings, "synth.default-soundfont", &name);
-    const QByteArray font(name);
+    QByteArray font(name);
     fluid_free(name);
     return font;
 }

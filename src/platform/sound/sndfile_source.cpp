@@ -53,7 +53,8 @@ public:
                 break;
             }
             for (int i = 0; i < got; ++i, ++done) {
-                std::copy_n(&whole_[static_cast<size_t>(i * info_.channels)], 2, out + 2 * done);
+                const float* frame = whole_.data() + qsizetype(i) * info_.channels;
+                std::copy_n(frame, 2, out + qsizetype(done) * 2);
             }
         }
         return done;

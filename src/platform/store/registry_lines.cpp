@@ -56,7 +56,7 @@ std::optional<QString> RegistryLines::next(QString& fault) {
         fault = QStringLiteral("the line is too long");
         return std::nullopt;
     }
-    const std::optional<QString> text = isUtf16_ ? fromUtf16(line) : textOfValidUtf8(line);
+    std::optional<QString> text = isUtf16_ ? fromUtf16(line) : textOfValidUtf8(line);
     if (!text || text->contains(QChar(u'\0'))) {
         fault = isUtf16_ ? QStringLiteral("these bytes are no UTF-16 text")
                          : QStringLiteral("these bytes are no UTF-8 text");
