@@ -24,7 +24,7 @@ public:
     QLabel* lblPLEASEWAIT2;
     QTimer tmrWAITING;
 
-public slots:
+public slots:  // NOLINT(readability-redundant-access-specifiers): makes them slots
     /// The timer's tick.
     void tmrWAITING_Timer();
     void done(int result) override;
