@@ -121,7 +121,12 @@ TEST_F(AlbumForeign, aHundredThousandMissingPictures) {
     EXPECT_EQ(prgBARSLIDES->Value(), 50000);
     EXPECT_EQ(imlTHUMBNAILS.Count(), 50000);
     EXPECT_EQ(imlTHUMBNAILS.image(50000).size(), QSize(90, 90));
+    // A sanitizer keeps notes of its own about each piece of memory.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     EXPECT_LT(residentMegabytes() - before, 200);
+#else
+    Q_UNUSED(before)
+#endif
 }
 
 }  // namespace
