@@ -83,7 +83,7 @@ QString mistakeIn(const QCommandLineParser& parser, const OptionRow& leading) {
     bool takesRest = false;
     for (const QString& name : parser.optionNames()) {
         const OptionRow* row = rowOf(name);
-        const QString mistake =
+        QString mistake =
             row != nullptr ? mistakeIn(*row, parser, leading.call, leading.name) : QString();
         if (!mistake.isEmpty()) {
             return mistake;
