@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLayout>
 #include <QLineEdit>
 #include <QStandardPaths>
@@ -79,8 +80,8 @@ public:
         added_ = missingPlaces(sidebarUrls());
         setSidebarUrls(sidebarUrls() + added_);
         for (auto* each : findChildren<QAbstractItemView*>()) {
-            // Those that belong to a popup have its frame.
-            if (each->window() == this) {
+            // Those that belong to a popup have its frame, and a header stands in its list's.
+            if (each->window() == this && qobject_cast<QHeaderView*>(each) == nullptr) {
                 frameOtherList(*each);
             }
         }

@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
@@ -210,6 +211,19 @@ TEST(RealDialog, ShowsTitleKindsFolderAndModes) {
     });
     EXPECT_FALSE(dialog.ShowOpen());
     EXPECT_TRUE(dialog.FileNames().isEmpty());
+}
+
+TEST(RealDialog, ListsHaveFramesAndTheirHeaderHasNone) {
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    onceShown([](QFileDialog& shown) {
+        const auto* list = shown.findChild<QTreeView*>(QStringLiteral("treeView"));
+        ASSERT_NE(list, nullptr);
+        EXPECT_GT(list->frameWidth(), 0);
+        EXPECT_EQ(list->header()->frameWidth(), 0);
+        shown.reject();
+    });
+    EXPECT_FALSE(dialog.ShowOpen());
 }
 
 TEST(RealDialog, GivesTheFilesInTheOrderOfItsLine) {
