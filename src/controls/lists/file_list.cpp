@@ -59,7 +59,8 @@ void FileList::read() {
     files_ = filesIn(path_, pattern_, isOther_);
 }
 
-FolderFiles FileList::filesIn(const QString& path, const QString& pattern, const Teller& isOther) {
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a copy is what is asked
+FolderFiles FileList::filesIn(const QString& path, const QString& pattern, Teller isOther) {
     FolderFiles files;
     if (path.isEmpty()) {
         return files;

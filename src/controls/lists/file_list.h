@@ -43,7 +43,8 @@ public:
     int OtherCount() const { return files_.others; }
 
     /// What the list would hold. For any thread.
-    static FolderFiles filesIn(const QString& path, const QString& pattern, const Teller& isOther);
+    /// A copy of the teller is asked: one that counts begins anew with each reading.
+    static FolderFiles filesIn(const QString& path, const QString& pattern, Teller isOther);
 
 private:
     void read();
