@@ -171,7 +171,11 @@ void ThumbnailCache::writeBatch(ThumbnailFile& file, const Batch& batch,
     std::vector<StoredThumbnail> thumbnails;
     thumbnails.reserve(batch.size());
     for (const Waiting& one : batch) {
-        thumbnails.push_back({one.file, one.cell, packPixels(one.thumbnail), today()});
+        QByteArray pixels = packPixels(one.thumbnail);
+        // Nothing would mean that the file is no picture.
+        if (!pixels.isEmpty() || one.thumbnail.isNull()) {
+            thumbnails.push_back({one.file, one.cell, std::move(pixels), today()});
+        }
     }
     file.write(thumbnails);
     file.markUsed(used, today());

@@ -113,7 +113,7 @@ void remove(const QByteArray& name) {
 
 ThumbnailFile::ThumbnailFile(const QString& path) : path_(path) {
     makeFolder();
-    open();
+    open(busyMilliseconds);
 }
 
 void ThumbnailFile::makeFolder() const {
@@ -131,26 +131,24 @@ void ThumbnailFile::close() {
     database_ = nullptr;
 }
 
-void ThumbnailFile::open() {
-    const State found = tryToOpen();
-    if (found == State::Usable) {
-        return;
+void ThumbnailFile::open(int patience) {
+    retry_.reset();
+    State found = tryToOpen(patience);
+    if (found == State::Outdated || found == State::Foreign) {
+        close();
+        const QByteArray name = QFile::encodeName(path_);
+        found == State::Outdated ? remove(name) : moveAside(name);
+        found = tryToOpen(patience);
     }
-    close();
-    const QByteArray name = QFile::encodeName(path_);
     if (found == State::Busy) {
         retry_ = std::chrono::steady_clock::now() + retryDelay;
     }
-    if (found == State::Unusable || found == State::Busy) {
-        return;
-    }
-    found == State::Outdated ? remove(name) : moveAside(name);
-    if (tryToOpen() != State::Usable) {
+    if (found != State::Usable) {
         close();
     }
 }
 
-ThumbnailFile::State ThumbnailFile::tryToOpen() {
+ThumbnailFile::State ThumbnailFile::tryToOpen(int patience) {
     const QByteArray name = QFile::encodeName(path_);
     makeFile(name);
     if (!stands(name, S_IFREG)) {
@@ -161,10 +159,13 @@ ThumbnailFile::State ThumbnailFile::tryToOpen() {
         SQLITE_OK) {
         return State::Unusable;
     }
-    sqlite3_busy_timeout(database_, busyMilliseconds);
+    sqlite3_busy_timeout(database_, patience);
     opened_ = identityOf(name);
     const State state = prepare();
-    execute(habits);
+    if (state == State::Usable) {
+        execute(habits);
+        sqlite3_busy_timeout(database_, busyMilliseconds);
+    }
     return state;
 }
 
@@ -173,9 +174,10 @@ bool ThumbnailFile::isReady() {
     if (database_ != nullptr && identityOf(QFile::encodeName(path_)) != opened_) {
         close();
         makeFolder();
-        open();
+        open(busyMilliseconds);
     } else if (database_ == nullptr && retry_ && std::chrono::steady_clock::now() >= *retry_) {
-        open();
+        // The window may be the one that asks.
+        open(0);
     }
     return isOpen();
 }
@@ -189,14 +191,14 @@ ThumbnailFile::State ThumbnailFile::prepare() {
         return create();
     }
     const std::optional<qint64> application = ask("PRAGMA application_id");
+    if (application != applicationId) {
+        return application ? State::Foreign : failure();
+    }
     const std::optional<qint64> itsVersion = ask("PRAGMA user_version");
-    if (!application || !itsVersion) {
-        return failure();
+    if (itsVersion != version) {
+        return itsVersion ? State::Outdated : failure();
     }
-    if (*application != applicationId) {
-        return State::Foreign;
-    }
-    return *itsVersion == version ? State::Usable : State::Outdated;
+    return State::Usable;
 }
 
 /// What the file is by the last step, which has failed.
@@ -230,7 +232,7 @@ bool ThumbnailFile::succeeds(int code) {
         if (isOpened) {
             moveAside(name);
         }
-        open();
+        open(busyMilliseconds);
     }
     return code == SQLITE_OK || code == SQLITE_DONE || code == SQLITE_ROW;
 }

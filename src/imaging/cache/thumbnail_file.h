@@ -56,8 +56,9 @@ private:
     enum class State { Usable, Unusable, Busy, Outdated, Foreign };
 
     void makeFolder() const;
-    void open();
-    State tryToOpen();
+    /// What others hold is waited for so many milliseconds.
+    void open(int patience);
+    State tryToOpen(int patience);
     State prepare();
     State create();
     void close();
