@@ -271,6 +271,8 @@ void HelpPage::space(const Spacing& spacing) {
         const int caption = button->fontMetrics().height() + spacing.aboutCaption;
         button->setFixedHeight(std::max(spacing.leastButton, caption));
     }
+    // Its layout is not one of the row's, and keeps the height that it has told.
+    steps_->updateGeometry();
 }
 
 QList<QWidget*> HelpPage::tabOrder() const {
