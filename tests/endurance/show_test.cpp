@@ -144,14 +144,14 @@ protected:
         EXPECT_NE(window.startShow(), 0U);
         return program;
     }
-    /// Until the show has come to so many slides, however long that takes.
-    bool waitForSlides(Turns& shown, int count, const Program& program) {
-        int last = shown.count();
+    /// Until the show has come to so many slides or tracks, however long that takes.
+    bool waitForTurns(Turns& turns, int count, const Program& program) {
+        int last = turns.count();
         while (last < count && program.runs()) {
-            if (!waitFor([&] { return shown.count() > last || !program.runs(); })) {
+            if (!waitFor([&] { return turns.count() > last || !program.runs(); })) {
                 return false;
             }
-            last = shown.count();
+            last = turns.count();
         }
         return program.runs();
     }
@@ -172,11 +172,13 @@ TEST_P(LongShow, HoldsAtItsEndWhatItHeldAtItsBeginning) {
     Program& program = begin(GetParam());
     Turns shown(folder, pictures);
     Turns heard(music, static_cast<int>(tracks.size()));
-    ASSERT_TRUE(waitForSlides(shown, warmUp, program));
+    ASSERT_TRUE(waitForTurns(shown, warmUp, program));
+    // The sounds of MIDI files come into memory with the first of them.
+    ASSERT_TRUE(waitForTurns(heard, static_cast<int>(tracks.size()) + 1, program));
     const Usage before = leastUsage(program.pid(), display);
     const int first = shown.count();
     const int firstTrack = heard.count();
-    ASSERT_TRUE(waitForSlides(shown, first + slidesToShow(), program));
+    ASSERT_TRUE(waitForTurns(shown, first + slidesToShow(), program));
     const Usage after = leastUsage(program.pid(), display);
     const int slidesShown = shown.count() - first;
     const int tracksHeard = heard.count() - firstTrack;

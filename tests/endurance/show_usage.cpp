@@ -22,16 +22,20 @@ Owned<Reply> owned(Reply* reply) {
     return {reply, &std::free};
 }
 
+/// Not what it has of files: the share in libraries grows when another program ends that had them
+/// too.
 long memoryOf(const QString& process) {
     QFile file(process + QStringLiteral("/smaps_rollup"));
+    long memory = -1;
     if (file.open(QIODevice::ReadOnly)) {
+        memory = 0;
         for (const QByteArray& line : file.readAll().split('\n')) {
-            if (line.startsWith("Pss:")) {
-                return line.mid(4).trimmed().split(' ').first().toLong();
+            if (line.startsWith("Pss_Anon:") || line.startsWith("Pss_Shmem:")) {
+                memory += line.mid(line.indexOf(':') + 1).trimmed().split(' ').first().toLong();
             }
         }
     }
-    return -1;
+    return memory;
 }
 
 long entries(const QString& folder) {

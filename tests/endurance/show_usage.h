@@ -8,7 +8,7 @@ namespace velorama::endurance {
 
 /// What a process holds at a moment.
 struct Usage {
-    long memory = 0;  ///< kB, with its share of what others have too (PSS)
+    long memory = 0;  ///< kB of its own, and its share of what it has in common with the X server
     long handles = 0;
     long threads = 0;
     /// Resources of the X server by kind, and the kB of its pixmaps.
