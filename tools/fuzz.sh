@@ -4,7 +4,8 @@
 # build/fuzz/corpus and is where the next run begins. A finding ends its entry; the input lies in
 # build/fuzz/findings, and build/fuzz/fuzz_<entry> FILE repeats it. The last line counts entries.
 # FUZZ_JOBS: entries at a time, as many as there are processors otherwise.
-# FUZZ_SEED: where the fuzzer's chance begins, elsewhere each time otherwise.
+# FUZZ_SEED: where the fuzzer's chance begins, elsewhere each time otherwise. How far it comes depends on
+# the machine, and on what it knows already, the corpus.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
@@ -44,7 +45,8 @@ mkdir -p "$fuzz/seeds" "$fuzz/findings" "$fuzz/logs"
 is_stall() {
     local slow
     slow=$(sed -n 's/.*Test unit written to \(.*-timeout-.*\)$/\1/p' "$fuzz/logs/$1.log")
-    [[ -n $slow ]] && "$fuzz/fuzz_$1" -timeout=30 "$slow" >"$fuzz/logs/$1.again.log" 2>&1 && rm "$slow"
+    [[ -n $slow ]] && "$fuzz/fuzz_$1" -timeout=30 -artifact_prefix="$fuzz/findings/$1-again-" "$slow" \
+        >"$fuzz/logs/$1.again.log" 2>&1 && rm "$slow"
 }
 
 # run_entry NAME: the longest input is that of the corpus, 4096 bytes at the least. An input of 30 s is

@@ -32,15 +32,16 @@ def commands(build):
 
 
 def text(folder, command):
-    """All that clang-tidy reads: comments too, since they may silence a check."""
+    """What clang-tidy reads: comments too, since they may silence a check, and the directives, which
+    the preprocessor leaves out but for these."""
     words = shlex.split(command)
     out = words.index('-o')
     words = [word for word in words[:out] + words[out + 2:] if word != '-c']
-    return output(words + ['-E', '-CC', '-w'], folder)
+    return output(words + ['-E', '-CC', '-dD', '-dI', '-w'], folder)
 
 
-def fingerprint(settings, compiled):
-    told = hashlib.sha256(settings)
+def fingerprint(settings, source, compiled):
+    told = hashlib.sha256(settings + Path(source).read_bytes())
     for folder, command in compiled:
         told.update(command.encode())
         told.update(text(folder, command))
@@ -50,7 +51,7 @@ def fingerprint(settings, compiled):
 def look(build, settings, source, compiled):
     """What clang-tidy finds in it, or why it could not look."""
     try:
-        clean = build / 'clean' / fingerprint(settings, compiled)
+        clean = build / 'clean' / fingerprint(settings, source, compiled)
     except subprocess.CalledProcessError:
         return f'{source}:1:1: error: does not compile\n'
     if clean.exists():

@@ -123,6 +123,7 @@ void Wallpaper::setItem(const ListItem* item) const {
 void Wallpaper::load(const QString& path) const {
     const QImage picture = wallpaperPicture(path, boxes_.picWALLPAPER->BackColor());
     if (!picture.isNull()) {
+        // Takes away what was painted on the box before.
         boxes_.picWALLPAPER->setPicture(picture);
     }
 }

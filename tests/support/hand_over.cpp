@@ -37,11 +37,12 @@ void QThreadPool::start(std::function<void()> work, int priority) {
     using Start = void (*)(QThreadPool*, std::function<void()>, int);
     static const auto own = qtsOwn<Start>("_ZN11QThreadPool5startESt8functionIFvvEEi");
     __tsan_release(&handedOver);
-    const auto seen = [work = std::move(work)] {
+    // Moved on: what the work holds goes with the task, and not here.
+    auto seen = [work = std::move(work)] {
         __tsan_acquire(&handedOver);
         work();
     };
-    own(this, seen, priority);
+    own(this, std::move(seen), priority);
 }
 
 // The first that a task asks.

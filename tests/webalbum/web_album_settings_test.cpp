@@ -67,11 +67,12 @@ TEST(WebAlbumSettings, WhatIsSavedComesBack) {
 // The folder may be made by the first album's style sheet: what lies there is the user's alone.
 TEST(WebAlbumSettings, TheStyleSheetsFolderIsPrivateFromTheFirst) {
     const test::Services services;
+    const bool wasSet = qEnvironmentVariableIsSet("XDG_DATA_HOME");
     const QByteArray before = qgetenv("XDG_DATA_HOME");
     const QString data = test::temporaryFolder();
     qputenv("XDG_DATA_HOME", data.toUtf8());
     modWEBALBUM::WebAlbumStyleSheetWrite(webAlbumDesign());
-    qputenv("XDG_DATA_HOME", before);
+    wasSet ? qputenv("XDG_DATA_HOME", before) : qunsetenv("XDG_DATA_HOME");
     const QString folder = data + QStringLiteral("/velorama");
     EXPECT_TRUE(QFileInfo(folder + QStringLiteral("/images/mainwa.css")).isFile());
     EXPECT_EQ(

@@ -1,5 +1,7 @@
 #include "platform/instances/instance_sockets.h"
 
+#include "platform/utf8.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -33,7 +35,7 @@ QString InstanceWindow::titleFile(const QString& socket) {
 QString InstanceWindow::title() const {
     QFile file(titleFile(socket));
     const bool plain = QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly);
-    return plain ? QString::fromUtf8(file.read(longestTitle)) : QString();
+    return plain ? textOfUtf8(file.read(longestTitle)) : QString();
 }
 
 SocketLife connectTo(QLocalSocket& socket, const QString& path) {

@@ -12,7 +12,7 @@ namespace velorama {
 ///
 /// - A process killed at any moment leaves a file that opens, each value either old or new.
 /// - A full disk or a read-only folder: values live on in memory and are tried again later.
-/// - A file that another process holds when the program ends is waited for, ten seconds at most.
+/// - A file that another process holds when the program ends is tried again for five seconds.
 /// - A damaged file is moved aside (`registry.sqlite.damaged-<date>-<time>`), kept, and a new one
 ///   begun.
 /// - It lists the user's pictures, so nobody else gets in: 0600, its folder 0700.
