@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 constexpr auto writeDelay = 100ms;  // from the first change to the disk
 constexpr auto retryDelay = 1s;     // after a write that failed
-constexpr auto lastPatience = 5s;   // for a file held by others when the program ends; tries come on top
+constexpr auto lastPatience = 5s;   // for a file held by others at the end, before a last try
 constexpr auto lookDelay = 100ms;   // from the first sign of others' writing
 constexpr auto pollInterval = 250ms;
 
