@@ -15,7 +15,8 @@ ones, named as in the report: file:line:column:kind; --again those that the repo
 
 A change is caught when a test program of its layer fails or crashes twice running, or does not end
 within ten times its usual time. The report tells by which test. One that does not compile or link
-counts as neither.
+counts as neither. The program runs as often as CTest runs it, on each of its screens. The tests of
+the source's own name, and those that have caught a change in it before, come first.
 """
 
 import argparse
@@ -30,6 +31,7 @@ import shlex
 import shutil
 import subprocess
 import sys
+import tempfile
 import threading
 import time
 from concurrent.futures import ThreadPoolExecutor
@@ -214,8 +216,8 @@ class Finder:
 class Process:
     """What a command wrote and how it ended."""
 
-    def __init__(self, command, limit=None):
-        environment = dict(os.environ, QT_QPA_PLATFORM='offscreen')
+    def __init__(self, command, limit=None, variables=None):
+        environment = {**os.environ, 'QT_QPA_PLATFORM': 'offscreen', **(variables or {})}
         with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               stdin=subprocess.DEVNULL, env=environment, cwd=ROOT,
                               start_new_session=True) as process:
@@ -236,6 +238,48 @@ class Process:
         return found[0] if found else ''
 
 
+def temporary_folder():
+    """In memory where there is such a place: half of some tests is waiting for the disk."""
+    memory = Path('/dev/shm')
+    return tempfile.TemporaryDirectory(dir=memory if os.access(memory, os.W_OK) else None)
+
+
+class Run:
+    """One of CTest's runs of a test program, on a screen of its own or the usual one."""
+
+    def __init__(self, program, test):
+        words = test['command'][1:]
+        only = [word.split('=', 1)[1] for word in words if word.startswith('--gtest_filter=')]
+        self.program, self.only = program, only[0] if only else '*'
+        properties = {one['name']: one['value'] for one in test['properties']}
+        self.variables = dict(one.split('=', 1) for one in properties.get('ENVIRONMENT', []))
+
+    def process(self, file, limit=None, only=None):
+        with temporary_folder() as temporary:
+            return Process([str(file), '--gtest_fail_fast', '--gtest_color=no',
+                            f'--gtest_filter={only or self.only}'],
+                           limit, dict(self.variables, TMPDIR=temporary))
+
+    def without(self, tests):
+        """The run's filter without some tests."""
+        if not tests:
+            return self.only
+        return self.only + (':' if '-' in self.only else '-') + ':'.join(sorted(tests))
+
+    def failing_test(self, file, limit, only=None):
+        # A failure may have come from something else on the machine: it has to come again.
+        for _ in range(3):
+            whole = self.process(file, limit, only)
+            if whole.well:
+                return ''
+            test = whole.failed_test() or 'start'
+            if not whole.in_time:
+                return test + ' does not end'
+            if not self.process(file, limit, None if test == 'start' else test).well:
+                return test
+        return ''
+
+
 class Program:
     """A test program, and how to make it with one object changed."""
 
@@ -245,15 +289,31 @@ class Program:
             sys.exit(f'{name} does not build as it is')
         steps = Process(['ninja', '-C', str(build), '-t', 'commands', name]).output.splitlines()
         self.link = next(step for step in reversed(steps) if f' -o {name} ' in step)
+        if shutil.which('ld.lld'):
+            self.link = self.link.replace(f' -o {name} ', f' -fuse-ld=lld -o {name} ', 1)
+        listed = Process(['ctest', '--test-dir', str(build), '--show-only=json-v1']).output
+        tests = json.loads(listed[listed.index('{'):])['tests']
+        self.runs = [Run(self, test) for test in tests
+                     if test.get('command', [''])[0] == str(build / name)]
         begin = time.monotonic()
-        whole = self.run(build / name)
-        if not whole.well:
-            sys.exit(f'{name} fails as it is: {whole.failed_test()}')
+        for run in self.runs:
+            whole = run.process(build / name)
+            if not whole.well:
+                sys.exit(f'{name} fails as it is: {whole.failed_test()}')
         self.limit = 30 + 10 * (time.monotonic() - begin)
+        self.tests_of = self.tests_by_source()
 
-    def run(self, file, limit=None, only='*'):
-        return Process([str(file), '--gtest_fail_fast', '--gtest_color=no',
-                        f'--gtest_filter={only}'], limit)
+    def tests_by_source(self):
+        """The names of the tests in each file, by the name that it shares with a source."""
+        tests_of = collections.defaultdict(set)
+        with tempfile.NamedTemporaryFile() as listing:
+            Process([str(self.build / self.name), '--gtest_list_tests',
+                     f'--gtest_output=json:{listing.name}'])
+            for suite in json.load(listing)['testsuites']:
+                for test in suite['testsuite']:
+                    stem = Path(test['file']).stem.removesuffix('_test')
+                    tests_of[stem].add(f'{suite["name"]}.{test["name"]}')
+        return tests_of
 
     def linked(self, changed, folder):
         """With the changed object before the libraries, whose own one is left out for that. Beside
@@ -263,29 +323,26 @@ class Program:
         made = Process(['sh', '-c', f'cd {shlex.quote(str(self.build))} && {command}'])
         return file if made.well else None
 
-    def caught(self, changed, folder):
+    def caught(self, changed, folder, source):
         """By which test; empty where none does, nothing where there is no program."""
         file = self.linked(changed, folder)
         if not file:
             return None
         try:
-            return self.failing_test(file)
+            test = self.failing_test(file, self.tests_of[source])
         finally:
             file.unlink()
+        if re.fullmatch(r'[\w/]+\.[\w/]+', test):
+            self.tests_of[source].add(test)
+        return test
 
-    def failing_test(self, file):
-        # A failure may have come from something else on the machine: it has to come again.
-        for _ in range(3):
-            whole = self.run(file, self.limit)
-            if whole.well:
-                return ''
-            test = whole.failed_test() or 'start'
-            if not whole.in_time:
-                return test + ' does not end'
-            only = '*' if test == 'start' else test
-            if not self.run(file, self.limit, only).well:
-                return test
-        return ''
+    def failing_test(self, file, likely):
+        first, likely = self.runs[0], set(likely)
+        test = likely and first.failing_test(file, self.limit, ':'.join(sorted(likely)))
+        test = test or first.failing_test(file, self.limit, first.without(likely))
+        for run in self.runs[1:]:
+            test = test or run.failing_test(file, self.limit)
+        return test
 
 
 class Trial:
@@ -306,7 +363,8 @@ class Trial:
         folder.mkdir(exist_ok=True)
         try:
             changed = self.compiled(file, content, folder)
-            tests = [changed and program.caught(changed, folder) for program in self.programs]
+            tests = [changed and program.caught(changed, folder, file.stem)
+                     for program in self.programs]
         finally:
             shutil.rmtree(folder)
         if None in tests:

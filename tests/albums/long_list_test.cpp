@@ -1,6 +1,7 @@
 // Batches that end in a list too long to be written and rebuilt in one go.
 
 #include "albums/slide_world.h"
+#include "support/noting_store.h"
 
 #include <QScrollBar>
 #include <QTimer>
@@ -88,6 +89,57 @@ TEST_F(LongList, LetsEventsRunWhileItIsWritten) {
     list->AddAll();
     EXPECT_GT(turns, 8);
     expectStored();
+}
+
+/// A long list whose writes are noted, with the turns of events between them.
+class NotedLongList : public LongList {
+protected:
+    NotedLongList() {
+        makeServices(noting, shell);
+        list->SELECTIONSAVE();
+        noting.before = [this](const QString& text) {
+            if (text.startsWith(QLatin1String("write ")) && text != QLatin1String("write Items")) {
+                wrote(text.mid(6).toInt());
+            }
+        };
+    }
+    ~NotedLongList() override {
+        noting.before = [](const QString&) {};
+        makeServices(store, shell);
+    }
+
+    /// The numbers of the last write of the whole list behind which events ran, in order.
+    std::vector<int> pauses() const { return pauses_; }
+
+    test::NotingStore noting;
+
+private:
+    void wrote(int number) {
+        if (number == 1) {
+            pauses_.clear();
+        } else if (turned_ && last_ == number - 1) {
+            pauses_.push_back(last_);
+        }
+        last_ = number;
+        turned_ = false;
+        if (std::exchange(isAsked_, true)) {
+            return;
+        }
+        QTimer::singleShot(0, qApp, [this] {
+            turned_ = true;
+            isAsked_ = false;
+        });
+    }
+
+    std::vector<int> pauses_;
+    int last_ = 0;
+    bool turned_ = false;
+    bool isAsked_ = false;
+};
+
+TEST_F(NotedLongList, LetsEventsRunBehindEachFiveHundredPaths) {
+    list->AddAll();
+    EXPECT_EQ(pauses(), (std::vector<int>{500, 1000}));
 }
 
 TEST_F(LongList, RemoveAllInTheMidstEmptiesIt) {

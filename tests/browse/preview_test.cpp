@@ -2,12 +2,17 @@
 
 #include "browse/browse_world.h"
 #include "controls/geometry/twips.h"
+#include "imaging/decode/picture.h"
+#include "imaging/scale/scaling.h"
 #include "support/gif_files.h"
 
 #include <QBuffer>
 #include <QImageWriter>
+#include <QPainter>
 #include <QScreen>
 #include <QTest>
+
+#include <cmath>
 
 namespace velorama {
 namespace {
@@ -346,6 +351,33 @@ TEST_F(PreviewTest, aPhotographOfManyPixelsIsDecodedForTheSizeItIsShownAt) {
     const int y = drawn.height() / 2;
     EXPECT_LT(qGray(drawn.pixel(drawn.width() / 2 - 4, y)), 16);
     EXPECT_GT(qGray(drawn.pixel(drawn.width() / 2 + 4, y)), 239);
+}
+
+// A coarser decode that is enlarged would lose the finest lines that the size on show can hold.
+TEST_F(PreviewTest, aPhotographIsAsSharpAsDecodedWhole) {
+    const QString path = folder + QStringLiteral("/a.jpg");
+    const int width = halfAcross() * 8 - 96;
+    QImage noise({width, width / 2}, QImage::Format_RGB32);
+    quint32 chance = 1;
+    for (int y = 0; y < noise.height(); y += 8) {
+        for (int x = 0; x < width; x += 8) {
+            chance = chance * 1664525 + 1013904223;
+            QPainter(&noise).fillRect(x, y, 8, 8, (chance >> 31) != 0 ? Qt::white : Qt::black);
+        }
+    }
+    ASSERT_TRUE(noise.save(path, "JPG"));
+    addFound(QStringLiteral("a.jpg"));
+    show(1);
+    const QImage& drawn = imgPICTURE.Picture();
+    const Picture whole = LoadPicture(path, Fit::whole());
+    const QImage best = resampled(whole.bitmap, drawn.size(), whole.extent);
+    double squares = 0;
+    for (int y = 0; y < best.height(); ++y) {
+        for (int x = 0; x < best.width(); ++x) {
+            squares += std::pow(qGray(drawn.pixel(x, y)) - qGray(best.pixel(x, y)), 2);
+        }
+    }
+    EXPECT_LT(std::sqrt(squares / (double(best.width()) * best.height())), 8);
 }
 
 TEST_F(PreviewTest, aLargePictureIsShownWhole) {

@@ -194,6 +194,48 @@ TEST_F(ThumbnailsTest, placeholderIsAPictureOfTheCellsSize) {
     EXPECT_FALSE(areaOf(image, Qt::transparent).filled);
 }
 
+/// A framed picture of a hill under a sun, twice as fine on a sharp screen.
+TEST_F(ThumbnailsTest, placeholderShowsAHillAndASun) {
+    const QColor line(0x8c, 0x92, 0x99);
+    const QColor sky(0xee, 0xf0, 0xf2);
+    const QColor shape(0xc3, 0xc9, 0xcf);
+    Thumbnails sharp(found_, slides_, pictures, 2);
+    const QImage plain = thumbnails.placeholder();
+    const QImage fine = sharp.placeholder();
+    EXPECT_EQ(fine.devicePixelRatio(), 2);
+    const auto expectAt = [&](int x, int y, QColor colour) {
+        EXPECT_EQ(plain.pixelColor(x, y), colour) << x << ", " << y;
+        EXPECT_EQ(fine.pixelColor(2 * x, 2 * y), colour) << x << ", " << y;
+    };
+    // The frame's line is two pixels wide, half of it outside.
+    for (const int y : {12, 13, 50, 51}) {
+        expectAt(32, y, line);
+    }
+    for (const int x : {6, 7, 56, 57}) {
+        expectAt(x, 30, line);
+    }
+    for (const QPoint outside : {QPoint(32, 11), {32, 52}, {5, 30}, {58, 30}, {6, 12}, {57, 51}}) {
+        expectAt(outside.x(), outside.y(), QColor(0, 0, 0, 0));
+    }
+    for (const QPoint inside : {QPoint(32, 14), {32, 49}, {8, 30}, {55, 30}, {20, 18}, {32, 30}}) {
+        expectAt(inside.x(), inside.y(), sky);
+    }
+    // The sun's middle and its four ends, then beyond them.
+    for (const QPoint sun : {QPoint(20, 25), {17, 25}, {22, 25}, {20, 22}, {20, 27}}) {
+        expectAt(sun.x(), sun.y(), shape);
+    }
+    for (const QPoint beside : {QPoint(15, 25), {24, 25}, {20, 20}, {20, 29}}) {
+        expectAt(beside.x(), beside.y(), sky);
+    }
+    // The two tops with the dip between, and the foot.
+    for (const QPoint hill : {QPoint(25, 35), {41, 31}, {32, 42}, {13, 46}, {51, 46}, {52, 44}}) {
+        expectAt(hill.x(), hill.y(), shape);
+    }
+    for (const QPoint above : {QPoint(25, 31), {41, 26}, {32, 36}, {12, 43}, {52, 38}, {32, 48}}) {
+        expectAt(above.x(), above.y(), sky);
+    }
+}
+
 TEST_F(ThumbnailsTest, iconsAreFoundByTheFirstKeyThatOccursInThePath) {
     for (const char* key : {"dummy", "C:\\a.jpg", "D:\\C:\\a.jpg"}) {
         found_.Add(QString::fromLatin1(key), QImage());

@@ -23,6 +23,40 @@ TEST_F(PauseSign, ComesUpInTheMiddleWhereTheBarIsHiddenAndGoesByItself) {
     EXPECT_TRUE(show.Paused);
 }
 
+/// Two white bars on a dark plate with round corners.
+TEST_F(PauseSign, IsTwoBarsOnADarkPlate) {
+    makeSlides(1);
+    QWidget& sign = *openFaded().findChild<PauseMark*>();
+    ASSERT_EQ(sign.size(), QSize(96, 96));
+    QImage seen(sign.size(), QImage::Format_ARGB32);
+    seen.fill(Qt::transparent);
+    sign.render(&seen, {}, {}, QWidget::RenderFlags());
+    const QColor plate(24, 24, 28, 200);
+    QRect white;
+    QRect dark;
+    for (int y = 0; y < 96; ++y) {
+        for (int x = 0; x < 96; ++x) {
+            const QColor colour = seen.pixelColor(x, y);
+            white |= colour == QColor(Qt::white) ? QRect(x, y, 1, 1) : QRect();
+            dark |= colour.alpha() == plate.alpha() ? QRect(x, y, 1, 1) : QRect();
+        }
+    }
+    EXPECT_EQ(white, QRect(30, 26, 36, 44));
+    EXPECT_EQ(dark, QRect(0, 0, 96, 96));
+    for (const int x : {29, 42, 48, 53, 66}) {
+        EXPECT_EQ(seen.pixelColor(x, 48).alpha(), plate.alpha()) << x;
+    }
+    for (const int x : {30, 41, 54, 65}) {
+        EXPECT_EQ(seen.pixelColor(x, 48), QColor(Qt::white)) << x;
+    }
+    // No point of a corner is on the plate, whose edge runs there within a pixel or two.
+    for (const QPoint corner : {QPoint(0, 0), QPoint(95, 0), QPoint(0, 95), QPoint(95, 95)}) {
+        const QPoint inwards(corner.x() == 0 ? 1 : -1, corner.y() == 0 ? 1 : -1);
+        EXPECT_EQ(seen.pixelColor(corner + 3 * inwards).alpha(), 0);
+        EXPECT_EQ(seen.pixelColor(corner + 6 * inwards).alpha(), plate.alpha());
+    }
+}
+
 TEST_F(PauseSign, GoesAtOnceWithThePause) {
     makeSlides(2);
     frmSLIDESHOW& show = openFaded();

@@ -215,6 +215,52 @@ TEST_F(Show, APathThatTheSettingsCannotGiveBackIsPassedOver) {
     EXPECT_EQ(counter(show), "1 of 3");
 }
 
+/// What is decoded while a slide is on show: the one that the next tick will bring.
+class Upcoming : public PlayerTest {
+protected:
+    std::string after(qint32 number) {
+        slides.begin();
+        slides.SlideIndex = number;
+        return slides.upcoming().section(u'/', -1).toStdString();
+    }
+    SlideSequence slides;
+};
+
+TEST_F(Upcoming, IsTheNextOneAndBehindTheLastTheFirst) {
+    makeSlides(3);
+    EXPECT_EQ(after(0), "a.bmp");
+    EXPECT_EQ(after(1), "b.bmp");
+    EXPECT_EQ(after(2), "c.bmp");
+    EXPECT_EQ(after(3), "a.bmp");
+    EXPECT_EQ(slides.SlideIndex, 3);
+}
+
+TEST_F(Upcoming, IsTheOneOnShowWhereThereIsNoOther) {
+    makeSlides(1);
+    EXPECT_EQ(after(0), "a.bmp");
+    EXPECT_EQ(after(1), "a.bmp");
+    setSlides({missing("x.bmp"), picture("y.bmp", Qt::red)});
+    EXPECT_EQ(after(2), "y.bmp");
+}
+
+TEST_F(Upcoming, MissingFilesArePassedOverUpToFifteen) {
+    for (const int gone : {0, 1, 15, 16}) {
+        QStringList paths;
+        for (int i = 0; i < gone; ++i) {
+            paths.append(missing(QString::number(i)));
+        }
+        setSlides(paths + QStringList{picture("z.bmp", Qt::red), picture("on.bmp", Qt::blue)});
+        EXPECT_EQ(after(gone + 2), gone < 16 ? "z.bmp" : "") << gone;
+    }
+}
+
+TEST_F(Upcoming, IsNoneWhereNoFileIs) {
+    setSlides({missing("x.bmp"), missing("y.bmp")});
+    EXPECT_EQ(after(1), "");
+    setSlides({});
+    EXPECT_EQ(after(0), "");
+}
+
 /// The one missing slide appears in the midst of an endless search: the search ends on it. Before,
 /// it has gone round a thousand times and let no event run.
 class EndlessSearch : public PlayerTest {
