@@ -19,7 +19,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QTimer second_;
+    QTimer second_{this};
 };
 
 }  // namespace velorama

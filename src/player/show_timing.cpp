@@ -14,7 +14,7 @@ QString configured(const QString& name, const QString& fallback) {
 
 // A timer runs on whole milliseconds above 0.
 int runnable(double milliseconds, int otherwise) {
-    const bool runs = milliseconds >= 0.5 && milliseconds <= std::numeric_limits<int>::max();
+    const bool runs = milliseconds > 0.5 && milliseconds <= std::numeric_limits<int>::max();
     return runs ? static_cast<int>(roundHalfEven(milliseconds)) : otherwise;
 }
 

@@ -28,7 +28,7 @@ private:
     QString wordsFor(int room) const;
 
     QString words_;
-    QTimer end_;
+    QTimer end_{this};
 };
 
 }  // namespace velorama

@@ -234,6 +234,27 @@ TEST_F(ThumbnailsTest, placeholderShowsAHillAndASun) {
     for (const QPoint above : {QPoint(25, 31), {41, 26}, {32, 36}, {12, 43}, {52, 38}, {32, 48}}) {
         expectAt(above.x(), above.y(), sky);
     }
+    // Smooth: a slope has colours between the two.
+    const int slope = fine.pixelColor(35, 80).red();
+    EXPECT_GT(slope, shape.red());
+    EXPECT_LT(slope, sky.red());
+    // So fine that each corner of the hill is seen, and that of the frame, a circle of 4 round
+    // (10, 16).
+    Thumbnails finest(found_, slides_, pictures, 8);
+    const QImage large = finest.placeholder();
+    const auto expectNear = [&large](double x, double y, QColor colour) {
+        EXPECT_EQ(large.pixelColor(static_cast<int>(8 * x), static_cast<int>(8 * y)), colour)
+            << x << ", " << y;
+    };
+    for (const QPointF hill :
+         {QPointF(11.7, 46.7), {25, 33.5}, {32, 40.5}, {41, 28.6}, {52.8, 42.1}, {52.8, 46.6}}) {
+        expectNear(hill.x(), hill.y(), shape);
+    }
+    for (const QPointF above : {QPointF(14, 47.4), {32, 39.6}, {53.3, 45}, {50, 47.4}}) {
+        expectNear(above.x(), above.y(), sky);
+    }
+    expectNear(7.31, 13.31, line);
+    expectNear(6.9, 12.9, QColor(0, 0, 0, 0));
 }
 
 TEST_F(ThumbnailsTest, iconsAreFoundByTheFirstKeyThatOccursInThePath) {

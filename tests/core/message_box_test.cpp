@@ -4,6 +4,7 @@
 #include "controls/buttons/symbol_picture.h"
 #include "controls/geometry/twips.h"
 #include "support/services.h"
+#include "support/test_world.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -331,6 +332,21 @@ TEST_F(MessageBox, IsModalOverTheActiveWindow) {
         EXPECT_LE(qAbs(off.y()), 4);
     });
     EXPECT_EQ(looks, 1);
+}
+
+// Another program has the focus.
+TEST_F(MessageBox, WithoutAnActiveWindowItBelongsOverTheProgramsOwnThatIsShown) {
+    QWidget hidden;
+    QWidget hint(nullptr, Qt::ToolTip);
+    test::expectMessage(QStringLiteral("raise()"));  // of the platform without a screen
+    hint.show();
+    QApplication::setActiveWindow(nullptr);
+    tell([](frmHELPMESSAGEBOX& form) { EXPECT_EQ(form.parentWidget(), nullptr); });
+    QWidget window;
+    window.show();
+    QApplication::setActiveWindow(nullptr);
+    tell([&window](frmHELPMESSAGEBOX& form) { EXPECT_EQ(form.parentWidget(), &window); });
+    EXPECT_EQ(looks, 2);
 }
 
 TEST_F(MessageBox, WithoutAnOwnerItComesUpInTheMiddleOfTheScreen) {

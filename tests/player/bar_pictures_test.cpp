@@ -1,4 +1,5 @@
 #include "controls/buttons/button_picture.h"
+#include "player/control_bar.h"
 
 #include <QImage>
 #include <QPainter>
@@ -97,6 +98,26 @@ TEST(BarPictures, TellTheButtonsApart) {
                       40)
                 << buttons[a] << ' ' << buttons[b];
         }
+    }
+}
+
+// Its light line at the top, and its ground from light to dark.
+TEST(BarGround, RunsFromLightToDarkBelowALine) {
+    ControlBar bar(nullptr);
+    bar.resize(40, 64);
+    for (QWidget* child : bar.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        child->hide();
+    }
+    const QImage seen = bar.grab().toImage();
+    ASSERT_EQ(seen.size(), QSize(40, 64));
+    for (const int x : {0, 20, 39}) {
+        EXPECT_EQ(seen.pixelColor(x, 0), QColor(110, 110, 120));
+        EXPECT_NEAR(seen.pixelColor(x, 1).red(), 58, 2);
+        EXPECT_NEAR(seen.pixelColor(x, 1).blue(), 64, 2);
+        EXPECT_NEAR(seen.pixelColor(x, 32).red(), 41, 2);
+        EXPECT_NEAR(seen.pixelColor(x, 32).blue(), 46, 2);
+        EXPECT_NEAR(seen.pixelColor(x, 63).red(), 24, 2);
+        EXPECT_NEAR(seen.pixelColor(x, 63).blue(), 28, 2);
     }
 }
 

@@ -185,6 +185,10 @@ const IntervalCase intervalCases[] = {
     {"negative", "-1", 6000, "-1", 15},
     {"beyond all numbers", "1e30", 6000, "1e30", 15},
     {"fastest fade", "1", 1000, "1", 1},
+    {"longest", "2147483.647", 2147483647, "2147483647", 2147483647},
+    {"shortest", "0.0005", 6000, "1", 1},
+    {"shortest that is rounded up", "0.00051", 1, "1", 1},
+    {"too long", "2147483.648", 6000, "2147483648", 15},
 };
 
 INSTANTIATE_TEST_SUITE_P(Texts, Intervals, testing::ValuesIn(intervalCases));

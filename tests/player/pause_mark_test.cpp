@@ -49,12 +49,21 @@ TEST_F(PauseSign, IsTwoBarsOnADarkPlate) {
     for (const int x : {30, 41, 54, 65}) {
         EXPECT_EQ(seen.pixelColor(x, 48), QColor(Qt::white)) << x;
     }
-    // No point of a corner is on the plate, whose edge runs there within a pixel or two.
+    // A circle of 16 round (16, 16): on the diagonal it runs through 4.69, which is smooth.
     for (const QPoint corner : {QPoint(0, 0), QPoint(95, 0), QPoint(0, 95), QPoint(95, 95)}) {
         const QPoint inwards(corner.x() == 0 ? 1 : -1, corner.y() == 0 ? 1 : -1);
         EXPECT_EQ(seen.pixelColor(corner + 3 * inwards).alpha(), 0);
+        EXPECT_GT(seen.pixelColor(corner + 4 * inwards).alpha(), 10);
+        EXPECT_LT(seen.pixelColor(corner + 4 * inwards).alpha(), 100);
         EXPECT_EQ(seen.pixelColor(corner + 6 * inwards).alpha(), plate.alpha());
     }
+}
+
+TEST_F(PauseSign, StandsForASecond) {
+    makeSlides(1);
+    const QTimer& timer = *openFaded().findChild<PauseMark*>()->findChild<QTimer*>();
+    EXPECT_EQ(timer.interval(), 1000);
+    EXPECT_TRUE(timer.isSingleShot());
 }
 
 TEST_F(PauseSign, GoesAtOnceWithThePause) {

@@ -32,6 +32,42 @@ TEST_F(StartHintTest, ComesUpOverTheStatusLineAndGoesByItself) {
     EXPECT_TRUE(comesTrue([&] { return hint().isHidden(); }));
 }
 
+TEST_F(StartHintTest, IsWhiteOnADarkPlateWithRoundCorners) {
+    begin();
+    QImage seen(hint().size(), QImage::Format_ARGB32);
+    seen.fill(Qt::transparent);
+    hint().render(&seen, {}, {}, QWidget::RenderFlags());
+    const QColor plate(24, 24, 28);
+    const int right = seen.width() - 1;
+    const int bottom = seen.height() - 1;
+    int light = 0;
+    for (int x = 0; x <= right; ++x) {
+        const bool isInside = x >= 5 && x <= right - 5;
+        EXPECT_TRUE(!isInside || seen.pixelColor(x, 0) == plate) << x;
+        EXPECT_TRUE(!isInside || seen.pixelColor(x, bottom) == plate) << x;
+        for (int y = 0; y <= bottom; ++y) {
+            light += seen.pixelColor(x, y).lightness() > 200 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(light, 40);
+    // A circle of 5 round (5, 5), whose edge is smooth.
+    for (const QPoint corner :
+         {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
+        const QPoint inwards(corner.x() == 0 ? 1 : -1, corner.y() == 0 ? 1 : -1);
+        EXPECT_LT(seen.pixelColor(corner).alpha(), 40);
+        EXPECT_GT(seen.pixelColor(corner + inwards).alpha(), 40);
+        EXPECT_LT(seen.pixelColor(corner + inwards).alpha(), 255);
+        EXPECT_EQ(seen.pixelColor(corner + 3 * inwards).rgba(), plate.rgba());
+    }
+}
+
+TEST_F(StartHintTest, StandsForItsTime) {
+    begin();
+    const QTimer& timer = *hint().findChild<QTimer*>();
+    EXPECT_EQ(timer.interval(), 3000);
+    EXPECT_TRUE(timer.isSingleShot());
+}
+
 TEST_F(StartHintTest, SaysLessWhereTheBarHasLittleRoom) {
     const frmSLIDESHOW& show = begin();
     const QString all = hint().accessibleName();

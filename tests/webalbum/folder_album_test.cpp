@@ -83,6 +83,14 @@ TEST_F(FolderAlbumTest, APageThatCannotBeWrittenIsTold) {
     EXPECT_EQ(write(), folder.toStdString() + "/b.bmp.html: there is something else of that name");
 }
 
+TEST_F(FolderAlbumTest, NothingIsWrittenWhereAFolderCannotBeMade) {
+    ASSERT_TRUE(QDir().mkpath(folder));
+    writeFile(folder + QStringLiteral("/pictures"), "no folder");
+    EXPECT_EQ(write(),
+              folder.toStdString() + "/pictures: the folder cannot be made: a file has its name");
+    EXPECT_EQ(entriesBelow(folder).join(u' ').toStdString(), "images pictures");
+}
+
 // Two slides of one name: the later one takes the place, however many threads copy.
 TEST_F(FolderAlbumTest, OfSlidesOfOneNameTheLastIsCopied) {
     const QString other = temporaryFolder() + QStringLiteral("/a.bmp");
