@@ -112,6 +112,9 @@ protected:
     std::vector<int> pauses() const { return pauses_; }
 
     test::NotingStore noting;
+    /// Called once, at the first turn of events behind the write of this number.
+    int when = 0;
+    std::function<void()> action;
 
 private:
     void wrote(int number) {
@@ -122,6 +125,10 @@ private:
         }
         last_ = number;
         turned_ = false;
+        if (number == when) {
+            QTimer::singleShot(0, qApp, std::exchange(action, nullptr));
+            when = 0;
+        }
         if (std::exchange(isAsked_, true)) {
             return;
         }
@@ -140,6 +147,45 @@ private:
 TEST_F(NotedLongList, LetsEventsRunBehindEachFiveHundredPaths) {
     list->AddAll();
     EXPECT_EQ(pauses(), (std::vector<int>{500, 1000}));
+}
+
+TEST_F(NotedLongList, RemoveAllBetweenTwoPartsEmptiesIt) {
+    when = 500;
+    action = [this] { list->ClearAll(); };
+    list->AddAll();
+    EXPECT_EQ(when, 0);
+    EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+    EXPECT_EQ(
+        loadSetting(QStringLiteral("frmSLIDESHOW\\Items"), QStringLiteral("Items"), QString()),
+        QStringLiteral("0"));
+}
+
+TEST_F(NotedLongList, ARemovalBetweenTwoPartsIsStored) {
+    when = 500;
+    action = [this] {
+        selectSlides({2});
+        list->Clear();
+    };
+    list->AddAll();
+    EXPECT_EQ(lvwSLIDEBAR->Count(), many + 2);
+    for (const int number : {1, 2, 499, 500, 501, many + 2}) {
+        EXPECT_EQ(loadSetting(QStringLiteral("frmSLIDESHOW\\Selection"), QString::number(number),
+                              QString()),
+                  lvwSLIDEBAR->item(number)->Key())
+            << number;
+    }
+}
+
+TEST_F(LongList, TheOneBehindTheLastFiveHundredIsWrittenToo) {
+    for (const int before : {998, 997}) {
+        list->ClearAll();
+        for (int i = 1; i <= before; ++i) {
+            lvwSLIDEBAR->Add(i, QStringLiteral("/none/%1.jpg").arg(i), QString(), 0);
+        }
+        list->AddAll();
+        EXPECT_EQ(lvwSLIDEBAR->Count(), before + 3);
+        expectStored();
+    }
 }
 
 TEST_F(LongList, RemoveAllInTheMidstEmptiesIt) {

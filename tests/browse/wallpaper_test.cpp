@@ -338,6 +338,23 @@ TEST_F(WallpaperTest, folderInPlaceOfTheFileStays) {
     EXPECT_TRUE(QFileInfo(target).isDir());
 }
 
+// A call from a shell tells what has come of it.
+TEST_F(WallpaperTest, savingTellsWhetherTheFileIsThePicture) {
+    const QImage picture = test::plainImage({300, 300});
+    EXPECT_FALSE(saveWallpaper(QImage()));
+    {
+        const SmallFiles full;
+        EXPECT_FALSE(saveWallpaper(picture));
+    }
+    EXPECT_TRUE(saveWallpaper(picture));
+    ASSERT_TRUE(QFile::remove(target));
+    ASSERT_TRUE(QDir().mkpath(target));
+    EXPECT_FALSE(saveWallpaper(picture));
+    ASSERT_TRUE(QDir(dataFolder + QStringLiteral("/velorama")).removeRecursively());
+    test::saveBytes(dataFolder + QStringLiteral("/velorama"), "a file");
+    EXPECT_FALSE(saveWallpaper(picture));
+}
+
 TEST_F(WallpaperTest, resultShowsInThePreviewBox) {
     wallpaper.SetDesktopWallpaper(folder + QStringLiteral("/a.bmp"));
     EXPECT_EQ(boxes.picPREVIEW->Image().size(), QSize(40, 30));
