@@ -1,4 +1,5 @@
 #include "albums/album_world.h"
+#include "support/waiting.h"
 
 namespace velorama {
 namespace {
@@ -182,6 +183,13 @@ TEST_F(AlbumListStore, addingAppendsSelectsAndLeavesTheNote) {
     save();
     load();
     EXPECT_EQ(lvwALBUMS->item(2)->SubItems(1).trimmed(), QStringLiteral("My note"));
+}
+
+TEST_F(AlbumListStore, anAddedAlbumThatIsNotThereIsCalledByItsPathAfterALook) {
+    const QString path = test::temporaryFolder() + QStringLiteral("/x.vlr");
+    albums->AlbumListAdd(path);
+    EXPECT_EQ(lvwALBUMS->item(1)->Text(), QStringLiteral("x.vlr"));
+    EXPECT_TRUE(test::comesTrue([&] { return lvwALBUMS->item(1)->Text() == path; }));
 }
 
 TEST_F(AlbumListStore, aKnownAlbumIsLeftAsItIs) {

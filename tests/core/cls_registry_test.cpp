@@ -45,6 +45,24 @@ TEST_F(ClsRegistry, WhatIsSavedReadsBack) {
               (RegistryValue{ValueType::Text, "/pics/\xC3\xA4.vlr"}));
 }
 
+TEST_F(ClsRegistry, SeveralAreSavedAsOneByOne) {
+    const QString current = QStringLiteral("-2147483647");
+    EXPECT_TRUE(registry.StringsSave(current, key,
+                                     {{QStringLiteral("a"), QStringLiteral("ä")},
+                                      {QStringLiteral("b"), QString()},
+                                      {QStringLiteral("c"), QStringLiteral("3")}}));
+    const auto read = [this](const char* value) {
+        return registry.StringLoad(HKEY_CURRENT_USER, key, QString::fromLatin1(value),
+                                   QStringLiteral("absent"));
+    };
+    EXPECT_EQ(read("a"), QStringLiteral("ä"));
+    EXPECT_EQ(read("b").trimmed(), QString());
+    EXPECT_EQ(read("c"), QStringLiteral("3"));
+    EXPECT_EQ(read("d"), QStringLiteral("absent"));
+    EXPECT_FALSE(registry.StringsSave(QStringLiteral("none"), key, {{name, name}}));
+    EXPECT_EQ(load(), QStringLiteral("default"));
+}
+
 TEST_F(ClsRegistry, AByteOrderMarkIsALetterOfTheText) {
     const QString marked = QStringLiteral("\uFEFF\uFEFFa");
     EXPECT_TRUE(save(marked));

@@ -31,6 +31,12 @@ TEST(Globals, ServicesAreMadeOverTheStore) {
                  gFileFoldr);
 }
 
+TEST(Globals, NothingIsLoadingOrCancelledAtTheStart) {
+    EXPECT_FALSE(FormLoading);
+    EXPECT_FALSE(SaveCancelled);
+    EXPECT_EQ(ActiveList, QString());
+}
+
 TEST(Globals, TheModernSystemBeginsAbove499) {
     const QString before = SystemVersion;
     const struct {

@@ -360,6 +360,32 @@ TEST_F(MessageBox, WithoutAnOwnerItComesUpInTheMiddleOfTheScreen) {
     form.showModal();
 }
 
+TEST_F(MessageBox, StandsOnTheGroundOfAListAndBreaksItsLines) {
+    tell([](frmHELPMESSAGEBOX& form) {
+        QPalette palette = form.palette();
+        palette.setColor(QPalette::Base, Qt::yellow);
+        form.setPalette(palette);
+        const QImage seen = form.picframWINDOW->grab().toImage();
+        EXPECT_EQ(seen.pixelColor(2, 2), QColor(Qt::yellow));
+        EXPECT_TRUE(form.lblDESCRIPTION->wordWrap());
+        EXPECT_TRUE(form.lblHELPTEXT->wordWrap());
+    });
+    EXPECT_EQ(looks, 1);
+}
+
+TEST_F(MessageBox, HasTheSizeOfItsTextsWhateverIsStored) {
+    QSize plain;
+    tell([&plain](frmHELPMESSAGEBOX& form) { plain = form.size(); });
+    put("Width", "12000");
+    put("Height", "9000");
+    put("Window State", "2");
+    tell([plain](frmHELPMESSAGEBOX& form) {
+        EXPECT_EQ(form.size(), plain);
+        EXPECT_FALSE(form.isMaximized());
+    });
+    EXPECT_EQ(looks, 2);
+}
+
 TEST_F(MessageBox, ComesBackWhereTheUserLeftIt) {
     tell([](frmHELPMESSAGEBOX& form) { form.move(37, 51); });
     EXPECT_EQ(stored("Left"), "555");

@@ -29,6 +29,12 @@ TEST_F(MusicListTest, Button1RemovesTheSelectedRow) {
     EXPECT_EQ(lstMUSIC.ListIndex(), -1);
 }
 
+TEST_F(MusicListTest, Button1RemovesTheFirstRowToo) {
+    fill(texts("abc"), 0);
+    press(1);
+    EXPECT_EQ(rows(), texts("bc"));
+}
+
 TEST_F(MusicListTest, Button1WithoutASelectionRemovesTheLast) {
     fill(texts("abc"), -1);
     press(1);
@@ -90,6 +96,17 @@ TEST_F(MusicListTest, BrowseAsksForMusicFiles) {
     EXPECT_EQ(cdlDIALOG.Flags, 524806);
     EXPECT_TRUE(requests.front().several);
     EXPECT_EQ(requests.front().fileName, QString());
+}
+
+TEST_F(MusicListTest, TheDialogOfABrowseIsPutInTheMiddle) {
+    bool hooked = false;
+    CommonDialog::answerWith([&hooked](const FileDialogRequest&) {
+        hooked = gDlgHook->isHooked();
+        return FileDialogAnswer{};
+    });
+    press(0);
+    EXPECT_TRUE(hooked);
+    EXPECT_FALSE(gDlgHook->isHooked());
 }
 
 TEST_F(MusicListTest, ThatHasNoFolderYetBrowsesTheMusic) {
