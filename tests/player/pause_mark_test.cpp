@@ -62,6 +62,7 @@ TEST_F(PauseSign, IsTwoBarsOnADarkPlate) {
 TEST_F(PauseSign, StandsForASecond) {
     makeSlides(1);
     const QTimer& timer = *openFaded().findChild<PauseMark*>()->findChild<QTimer*>();
+    EXPECT_EQ(mark().accessibleName(), QString::fromLatin1(pausedText));
     EXPECT_EQ(timer.interval(), 1000);
     EXPECT_TRUE(timer.isSingleShot());
 }

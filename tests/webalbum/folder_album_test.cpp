@@ -83,6 +83,19 @@ TEST_F(FolderAlbumTest, APageThatCannotBeWrittenIsTold) {
     EXPECT_EQ(write(), folder.toStdString() + "/b.bmp.html: there is something else of that name");
 }
 
+// Not even the first or the last picture of another's folder is written over.
+TEST_F(FolderAlbumTest, APictureInTheWayIsKept) {
+    for (const char* name : {"a.bmp", "b.bmp", "c.bmp"}) {
+        folder = temporaryFolder();
+        const QString other = folder + QStringLiteral("/pictures/") + QLatin1String(name);
+        ASSERT_TRUE(QDir().mkpath(folder + QStringLiteral("/pictures")));
+        writeFile(other, "another");
+        EXPECT_EQ(write(),
+                  other.toStdString() + ": it is there already, and the folder holds no web album");
+        EXPECT_EQ(readFile(other), QByteArray("another"));
+    }
+}
+
 TEST_F(FolderAlbumTest, NothingIsWrittenWhereAFolderCannotBeMade) {
     ASSERT_TRUE(QDir().mkpath(folder));
     writeFile(folder + QStringLiteral("/pictures"), "no folder");
