@@ -238,10 +238,11 @@ TEST_F(ThumbnailCacheTest, NeverTakesMoreThanItMay) {
         for (int number = 0; number < 1600; ++number) {
             cache.keep(stampOf(QByteArray::number(1600 * run + number)), 64, noise(number));
         }
-        for (int look = 0; look < 40; ++look) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(25));
+        const FileStamp last = stampOf(QByteArray::number(1600 * run + 1599));
+        ASSERT_TRUE(test::comesTrue([&] {
             seen = std::max(seen, bytesIn(QFileInfo(path).path()));
-        }
+            return cache.holds(last, 64) == ThumbnailCache::Holding::Written;
+        }));
     }
     EXPECT_LE(seen, most);
     EXPECT_GT(seen, most / 4);
