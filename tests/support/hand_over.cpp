@@ -2,8 +2,12 @@
 // of Qt's and comes back from it is handed over under locks that the sanitizer does not see, as Qt
 // is not built for it. Here it is told. All tasks have one mark in common, so that more is taken
 // for ordered than is: a race between tasks that run at the same time is found, one between tasks
-// that chance lets run one after the other may not be.
+// that chance lets run one after the other may not be. A call that is left to the thread of an
+// object is handed over as well, with the object for its mark.
+#include <QEvent>
 #include <QFutureInterface>
+#include <QMetaObject>
+#include <QObject>
 #include <QThreadPool>
 
 #include <dlfcn.h>
@@ -36,12 +40,12 @@ void QThreadPool::start(QRunnable* runnable, int priority) {
 void QThreadPool::start(std::function<void()> work, int priority) {
     using Start = void (*)(QThreadPool*, std::function<void()>, int);
     static const auto own = qtsOwn<Start>("_ZN11QThreadPool5startESt8functionIFvvEEi");
-    __tsan_release(&handedOver);
     // Moved on: what the work holds goes with the task, and not here.
-    auto seen = [work = std::move(work)] {
+    std::function<void()> seen = [work = std::move(work)] {
         __tsan_acquire(&handedOver);
         work();
     };
+    __tsan_release(&handedOver);
     own(this, std::move(seen), priority);
 }
 
@@ -71,5 +75,32 @@ bool QFutureInterfaceBase::derefT() const noexcept {
     __tsan_release(&handedOver);
     const bool isKnown = own(this);
     __tsan_acquire(&handedOver);
+    return isKnown;
+}
+
+bool QMetaObject::invokeMethodImpl(QObject* object, QtPrivate::QSlotObjectBase* slot,
+                                   Qt::ConnectionType type, void* result) {
+    using Invoke = bool (*)(QObject*, QtPrivate::QSlotObjectBase*, Qt::ConnectionType, void*);
+    static const auto own = qtsOwn<Invoke>(
+        "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14"
+        "ConnectionTypeEPv");
+    __tsan_release(object);
+    const bool isInvoked = own(object, slot, type, result);
+    if (type == Qt::BlockingQueuedConnection) {
+        __tsan_acquire(object);
+    }
+    return isInvoked;
+}
+
+// Where such a call arrives: ours have no other for it, and those of Qt's that do end here.
+bool QObject::event(QEvent* event) {
+    using Arrive = bool (*)(QObject*, QEvent*);
+    static const auto own = qtsOwn<Arrive>("_ZN7QObject5eventEP6QEvent");
+    if (event->type() != QEvent::MetaCall) {
+        return own(this, event);
+    }
+    __tsan_acquire(this);
+    const bool isKnown = own(this, event);
+    __tsan_release(this);
     return isKnown;
 }

@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace velorama {
 namespace {
 
@@ -178,6 +180,11 @@ QStringList photographs() {
     while (folder.hasNext()) {
         paths.append(folder.next());
     }
+#ifdef __SANITIZE_THREAD__
+    // Each takes it a good part of a minute, and the threads do with one what they do with any.
+    paths.sort();
+    paths = paths.first(std::min<qsizetype>(paths.size(), 3));
+#endif
     return paths;
 }
 
