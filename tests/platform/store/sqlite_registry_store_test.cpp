@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -504,9 +505,11 @@ TEST_F(SqliteStore, AFileLockedAtTheEndIsWaitedFor) {
     QElapsedTimer failedTry;
     failedTry.start();
     store->flush();
-    const auto another = std::chrono::milliseconds(failedTry.elapsed() * 3 / 2);
+    // A try fails meanwhile where the machine is quick; an end waits for longer on any.
+    using std::chrono::milliseconds;
+    const auto held = std::min(milliseconds(failedTry.elapsed() + 250), milliseconds(4000));
     std::thread ending([&store] { store.reset(); });
-    std::this_thread::sleep_for(another);
+    std::this_thread::sleep_for(held);
     ASSERT_EQ(sqlite3_exec(locker, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
     ending.join();
     sqlite3_close(locker);
