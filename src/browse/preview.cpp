@@ -95,6 +95,19 @@ void showLarge(const PreviewControls& w, const QString& path) {
     frame(w);
 }
 
+/// Gives the size of what is shown. A name may lie about its content: what is no GIF stands still.
+QSize showIn(MovieBox& viewer, const QString& path) {
+    if (gPagProps->kind() == clsPAGPROPS::Gif) {
+        viewer.Navigate(hostFile(path));
+        return viewer.hasPicture()
+                   ? QSize(gPagProps->PictureAttribWidth(), gPagProps->PictureAttribHeight())
+                   : QSize();
+    }
+    const Picture picture = LoadPicture(hostFile(path));
+    viewer.setStill(picture.bitmap);
+    return picture.size;
+}
+
 void showMoving(const PreviewControls& w, const QString& path) {
     MovieBox& viewer = *w.webVIEWER;
     const float across = TwipsPerPixelX(viewer);
@@ -108,10 +121,7 @@ void showMoving(const PreviewControls& w, const QString& path) {
     setWidth(*w.framBOX, Width(viewer) - hiddenPixels * across);
     setHeight(*w.framBOX, Height(viewer) - hiddenPixels * down);
     viewer.setView(QRect(-viewer.pos(), w.framBOX->size()));
-    viewer.Navigate(hostFile(path));
-    tellSize(w, viewer.hasPicture()
-                    ? QSize(gPagProps->PictureAttribWidth(), gPagProps->PictureAttribHeight())
-                    : QSize());
+    tellSize(w, showIn(viewer, path));
 }
 
 void showSmall(const PreviewControls& w, const QString& path) {

@@ -588,6 +588,45 @@ TEST_F(PreviewTest, anotherContentUnderTheNameOfAGifIsShownStill) {
     EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(0, 255, 0));
 }
 
+// The toolkit's own reader refuses a header of 52 bytes.
+TEST_F(PreviewTest, anotherContentUnderTheNameOfAGifIsReadLikeAnyPicture) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    ASSERT_TRUE(test::plainImage({80, 60}, Qt::green)
+                    .convertToFormat(QImage::Format_RGB888)
+                    .save(&buffer, "BMP"));
+    constexpr int shortHead = 54;
+    constexpr int masks = 12;
+    bytes.insert(shortHead, masks, '\0');
+    bytes[10] = shortHead + masks;
+    bytes[14] = 52;
+    test::saveBytes(folder + QStringLiteral("/a.gif"), bytes);
+    addFound(QStringLiteral("a.gif"));
+    show(1);
+    form.show();
+    expectMovieSize({80, 60});
+    EXPECT_EQ(lblSIZE.text(), QStringLiteral("80 × 60 pixels"));
+    const QImage seen = lookAtFrame();
+    EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(0, 255, 0));
+}
+
+// Half a PNG, which has a head to go by and nothing to show.
+TEST_F(PreviewTest, aGifWithoutAPictureAfterOneShowsNothing) {
+    foundMovie(QStringLiteral("a.gif"), {100, 100}, 60000);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    ASSERT_TRUE(test::plainImage({80, 60}, Qt::green).save(&buffer, "PNG"));
+    test::saveBytes(folder + QStringLiteral("/b.gif"), bytes.left(bytes.size() / 2));
+    addFound(QStringLiteral("b.gif"));
+    form.show();
+    show(1);
+    show(2);
+    EXPECT_EQ(lblSIZE.text(), QStringLiteral("This picture cannot be shown."));
+    const QImage seen = lookAtFrame();
+    EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), seen.pixelColor(40, 40));
+    EXPECT_EQ(webVIEWER.movie(), nullptr);
+}
+
 TEST_F(PreviewTest, aBrokenGifShowsWhatItHas) {
     const QByteArray whole = test::movieBytes({60, 60}, {Qt::red, Qt::blue, Qt::green}, 2);
     form.show();

@@ -2,25 +2,26 @@
 
 #include "controls/geometry/device_pixels.h"
 
-#include <QImageReader>
 #include <QPainter>
 
 namespace velorama {
 
 void MovieBox::Navigate(const QString& file) {
-    movie_.reset();
-    update();
+    setStill({});
     if (file.isEmpty()) {
         return;
     }
-    // A name may lie about its content; nothing but pictures that the program reads is let in.
-    const QByteArray content = QImageReader::imageFormat(file);
-    const bool still = content == "jpeg" || content == "png" || content == "bmp";
-    movie_ = std::make_unique<QMovie>(file, still ? content : QByteArray("gif"));
+    movie_ = std::make_unique<QMovie>(file, "gif");
     connect(movie_.get(), &QMovie::frameChanged, this, [this] { update(); });
     if (isVisible()) {
         movie_->start();
     }
+}
+
+void MovieBox::setStill(const QImage& picture) {
+    movie_.reset();
+    still_ = picture;
+    update();
 }
 
 void MovieBox::setView(const QRect& view) {
@@ -41,14 +42,14 @@ void MovieBox::hideEvent(QHideEvent*) {
 }
 
 void MovieBox::paintEvent(QPaintEvent*) {
-    if (!movie_ || movie_->currentImage().isNull()) {
+    const QImage seen = frame();
+    if (seen.isNull()) {
         return;
     }
-    const QImage frame = movie_->currentImage();
-    QRectF place(QPointF(), QSizeF(frame.size()) / devicePixelRatioF());
+    QRectF place(QPointF(), QSizeF(seen.size()) / devicePixelRatioF());
     place.moveCenter(QRectF(view_).center());
     QPainter painter(this);
-    drawDevicePixels(painter, place.topLeft(), frame);
+    drawDevicePixels(painter, place.topLeft(), seen);
 }
 
 }  // namespace velorama

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QMovie>
 #include <QWidget>
 
@@ -13,12 +14,14 @@ class MovieBox : public QWidget {
 public:
     explicit MovieBox(QWidget* parent = nullptr) : QWidget(parent) {}
 
-    /// A file of this machine; one that cannot be read shows nothing. It moves while the box is
-    /// visible.
+    /// A GIF file of this machine; one that is none or cannot be read shows nothing. It moves while
+    /// the box is visible.
     void Navigate(const QString& file);
+    /// A picture in the place of the film; a null one shows nothing.
+    void setStill(const QImage& picture);
     /// The part of the box that is seen, in logical pixels.
     void setView(const QRect& view);
-    /// True if the file is one that can be shown.
+    /// True if the film is one that can be shown.
     bool hasPicture() const { return movie_ && movie_->isValid(); }
     const QMovie* movie() const { return movie_.get(); }
 
@@ -28,7 +31,10 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    QImage frame() const { return movie_ ? movie_->currentImage() : still_; }
+
     std::unique_ptr<QMovie> movie_;
+    QImage still_;
     QRect view_;
 };
 

@@ -82,6 +82,22 @@ TEST_F(MovieBoxTest, AnotherFileTakesThePlace) {
     EXPECT_EQ(at(50, 40), QColor(Qt::green));
 }
 
+TEST_F(MovieBoxTest, AStillPictureTakesTheFilmsPlaceAndGivesItBack) {
+    QImage still(20, 10, QImage::Format_RGB32);
+    still.fill(Qt::yellow);
+    box.show();
+    box.Navigate(movie);
+    EXPECT_TRUE(comes(Qt::red));
+    box.setStill(still);
+    EXPECT_EQ(at(50, 40), QColor(Qt::yellow));
+    EXPECT_EQ(at(50, 50), ground);
+    EXPECT_EQ(box.movie(), nullptr);
+    box.Navigate(movie);
+    EXPECT_TRUE(comes(Qt::red));
+    box.setStill({});
+    EXPECT_EQ(at(50, 40), ground);
+}
+
 TEST_F(MovieBoxTest, AFileThatCannotBeReadShowsNothing) {
     box.show();
     for (const QString& file : {QStringLiteral("/no/such/file.gif"), QString(), QStringLiteral("/"),
