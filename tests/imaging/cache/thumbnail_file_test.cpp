@@ -64,6 +64,13 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
     }
+    void setVersion(int version) {
+        sqlite3* database = nullptr;
+        ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &database), SQLITE_OK);
+        const QByteArray sql = "PRAGMA user_version = " + QByteArray::number(version);
+        EXPECT_EQ(sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(database);
+    }
     void expectFresh() {
         ThumbnailFile file(path);
         EXPECT_FALSE(file.find(stampOf(1), 64));
@@ -150,10 +157,7 @@ TEST_F(ThumbnailFileTest, RemovesOneOfAnotherVersion) {
         ThumbnailFile file(path);
         ASSERT_TRUE(file.write(thumbnails(1, 2)));
     }
-    sqlite3* database = nullptr;
-    ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &database), SQLITE_OK);
-    sqlite3_exec(database, "PRAGMA user_version = 99", nullptr, nullptr, nullptr);
-    sqlite3_close(database);
+    setVersion(99);
     expectFresh();
     EXPECT_FALSE(QFileInfo::exists(path + QStringLiteral(".damaged")));
 }
@@ -301,6 +305,24 @@ TEST_F(ThumbnailFileTest, IsTriedAgainWhereOthersHeldIt) {
     EXPECT_TRUE(test::comesTrue([&] { return reader.find(stampOf(1), 64).has_value(); }));
     EXPECT_TRUE(test::comesTrue([&] { return writer.write(thumbnails(2, 3)); }));
     EXPECT_TRUE(reader.find(stampOf(2), 64));
+    EXPECT_FALSE(QFile::exists(path + QStringLiteral(".damaged")));
+}
+
+TEST_F(ThumbnailFileTest, OfAnotherVersionAndHeldItIsRemovedLater) {
+    {
+        ThumbnailFile file(path);
+        ASSERT_TRUE(file.write(thumbnails(1, 2)));
+    }
+    setVersion(99);
+    auto holder = std::make_unique<Holder>(path);
+    ThumbnailFile file(path);
+    EXPECT_FALSE(file.write(thumbnails(2, 3)));
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_TRUE(QFile::exists(path));
+    holder.reset();
+    EXPECT_TRUE(test::comesTrue([&] { return file.write(thumbnails(2, 3)); }));
+    EXPECT_TRUE(file.find(stampOf(2), 64));
+    EXPECT_FALSE(file.find(stampOf(1), 64));
     EXPECT_FALSE(QFile::exists(path + QStringLiteral(".damaged")));
 }
 
