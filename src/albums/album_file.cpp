@@ -76,6 +76,11 @@ void AlbumFile::remember(const QString& path) {
     saveSetting(viewKey, albumName, path);
 }
 
+void AlbumFile::setUnmodified() {
+    slides_.forgetUnmarked();
+    commands_.save.setEnabled(false);
+}
+
 void AlbumFile::setSaved() {
     setUnmodified();
     slides_.history().saved();
@@ -174,17 +179,20 @@ void AlbumFile::read(const QString& path) {
 
 bool AlbumFile::mayLeaveAlbum() {
     SaveCancelled = false;
-    if (!isModified()) {
-        return true;
-    }
     const QPointer<AlbumFile> self = this;
-    const qint32 answer = gStatus->MessageBoxQuestionOpen(saveQuestion, open_.path);
-    if (!self || answer == AnswerCancel) {
-        return false;
-    }
-    if (answer == AnswerYes) {
+    // Events run in a save: what has been done to the slides then is asked about once more.
+    while (isModified()) {
+        const qint32 answer = gStatus->MessageBoxQuestionOpen(saveQuestion, open_.path);
+        if (!self || answer == AnswerCancel) {
+            return false;
+        }
+        if (answer != AnswerYes) {
+            return true;
+        }
         mnuFILESAVE_Click();
-        return self && !SaveCancelled;
+        if (!self || SaveCancelled) {
+            return false;
+        }
     }
     return true;
 }

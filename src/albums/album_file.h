@@ -29,8 +29,9 @@ public:
     void setTag(const QString& path) { open_.path = path; }
     /// The note of the open album, the Tag of lvwALBUMS.
     QString note() const { return open_.note; }
-    bool isModified() const { return commands_.save.isEnabled(); }
-    void setUnmodified() { commands_.save.setEnabled(false); }
+    /// Save is on, or a running batch has brought slides and switches it on at its end.
+    bool isModified() const { return commands_.save.isEnabled() || slides_.hasUnmarked(); }
+    void setUnmodified();
 
     /// Reads an album into the slide list, one thumbnail a slide; events run after each. The last
     /// field read; empty if there is no such file. New, Open or an album of the list, chosen

@@ -28,11 +28,21 @@ void SlideList::Add() {
     press(add_, files, [this, files] { runAdd([this, &files] { insertAll(files); }); });
 }
 
+/// Qt would give the keyboard to the next button, and a second Enter press that.
+void SlideList::hideFound() {
+    QWidget* const window = found_.lvwFOUND->window();
+    const bool hasKeyboard = window->focusWidget() == found_.lvwFOUND;
+    found_.lvwFOUND->setVisible(false);
+    if (hasKeyboard) {
+        window->setFocus();
+    }
+}
+
 void SlideList::runAdd(const std::function<void()>& insertFiles) {
     const SlideHistory::Recording step(history_);
     store_.settle();
     inserted_ = 0;
-    found_.lvwFOUND->setVisible(false);
+    hideFound();
     hideSlides();
     const QPointer<SlideList> self = this;
     const IsLeft isLeft = batchLeft();

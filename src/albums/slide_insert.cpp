@@ -16,6 +16,8 @@ void SlideList::SlideInsert(int Index) {
     store_.settle();
     insert(files_.file(Index), batchLeft());
     store_.settle();
+    // By itself it marks nothing.
+    forgetUnmarked();
 }
 
 /// True from when what is begun now is to end, or this object has gone.
@@ -39,6 +41,7 @@ void SlideList::insert(const FoundFile& file, const IsLeft& isLeft) {
     // Events have run: the slides that were there may have been removed.
     const bool written = c_.lvwSLIDEBAR->Count() == 0 ? addFirst(file) : addAtCurrent(file);
     enableStart();
+    unmarked_ = true;
     if (mayWait && written) {
         store_.putOff();
     } else if (store_.isLong()) {

@@ -32,6 +32,11 @@ void SlideList::showSlides() {
     hidden_.show();
 }
 
+void SlideList::leaveBatches() {
+    ++left_;
+    unmarked_ = false;
+}
+
 void SlideList::stop() {
     stopped_ = true;
     history_.stop();
@@ -176,6 +181,7 @@ void SlideList::FoundButtonsCheck() {
 }
 
 void SlideList::markModified() {
+    unmarked_ = false;
     commands_.save.setEnabled(true);
     commands_.saveAs.setEnabled(true);
 }

@@ -43,7 +43,7 @@ public:
     /// The same as part of another command, with which it is undone.
     void empty();
     /// Another album's slides come: a running Add or AddAll ends at its next file.
-    void leaveBatches() { ++left_; }
+    void leaveBatches();
     /// The current slide one place towards the start or the end.
     void MoveBack();
     void MoveForward();
@@ -90,6 +90,10 @@ public:
     void showSlides();
     /// If the list holds items: selects item 1, and only that, and runs the list's click handler.
     void selectFirstSlide();
+    /// Slides have come that no mark of changes tells of yet: a batch sets it at its end.
+    bool hasUnmarked() const { return unmarked_; }
+    /// The list as it is now has been saved.
+    void forgetUnmarked() { unmarked_ = false; }
     /// The window is closing: a running Add or AddAll ends at its next file.
     void stop();
     SlideHistory& history() { return history_; }
@@ -124,6 +128,7 @@ private:
 
     // slide_batch.cpp
     void press(Batch& batch, const QList<FoundFile>& files, const std::function<void()>& add);
+    void hideFound();
     void runAdd(const std::function<void()>& insertFiles);
     void runAddAll(const std::function<void()>& insertFiles);
     bool settleBatch();
@@ -161,6 +166,7 @@ private:
     int inserted_ = 0;
     /// How often batches were left.
     int left_ = 0;
+    bool unmarked_ = false;
     HiddenList hidden_;
 
     Batch add_;

@@ -275,6 +275,23 @@ TEST_F(AlbumPage, slidesChangedAfterTheQuestionAreAskedAboutOnceMore) {
     EXPECT_TRUE(isOpen(one));
 }
 
+TEST_F(AlbumPage, slidesChangedInTheMidstOfTheSaveAreAskedAboutOnceMore) {
+    add({one});
+    work(two);
+    lvwSLIDEBAR->Clear();
+    std::vector<bool> wasUnmodified;
+    test::MessageWatch watch(QStringLiteral("btnYES"));
+    whenAsked(watch, [&] {
+        wasUnmodified.push_back(isUnmodified());
+        change();
+    });
+    albumControls.btnView->click();
+    EXPECT_EQ(wasUnmodified, std::vector({true}));
+    EXPECT_EQ(watch.messages, std::vector({test::saveQuestion(two), test::saveQuestion(two)}));
+    EXPECT_EQ(test::contentOf(two), "1| \r\n" + formA({p[0]}).mid(3));
+    EXPECT_TRUE(isOpen(one));
+}
+
 TEST_F(AlbumPage, anAlbumThatHasGoneIsRemovedWhicheverIsSelectedByThen) {
     add({one, gone, two});
     albums->AlbumListSelect(gone);

@@ -33,6 +33,54 @@ TEST_F(SlowPictures, newInTheMidstOfAddAll) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(SlowPictures, whatAddAllHasBroughtSoFarIsAskedAbout) {
+    QStringList names;
+    for (int i = 0; i < 130; ++i) {
+        names.append(QStringLiteral("%1.bmp").arg(i, 3, 10, QLatin1Char('0')));
+    }
+    browse(names);
+    bool wasAsked = false;
+    atSlide(1, [&] {
+        const test::MessageWatch watch(QStringLiteral("btnCANCEL"));
+        EXPECT_LT(lvwSLIDEBAR->Count(), names.size());
+        EXPECT_TRUE(isUnmodified());
+        EXPECT_FALSE(file->mayLeaveAlbum());
+        EXPECT_EQ(watch.messages, std::vector({test::saveQuestion(QString())}));
+        wasAsked = true;
+    });
+    threads.release();
+    list->AddAll();
+    EXPECT_TRUE(wasAsked);
+    EXPECT_EQ(lvwSLIDEBAR->Count(), names.size());
+    EXPECT_TRUE(isModified());
+}
+
+TEST_F(SlowPictures, whatAddAllHadBroughtBeforeNewIsNotAskedAbout) {
+    threads.release();
+    list->SlideInsert(0);
+    EXPECT_TRUE(file->mayLeaveAlbum());
+    const test::BusyThreads again;
+    whileLoading([&] { file->mnuFILENEW_Click(); });
+    list->AddAll();
+    EXPECT_TRUE(file->mayLeaveAlbum());
+}
+
+TEST_F(SlowPictures, theKeyboardIsAtNoButtonWhileAddRuns) {
+    QPushButton next(&form);
+    next.show();
+    QWidget::setTabOrder(foundControls.lvwFOUND, &next);
+    selectFound({1, 2});
+    foundControls.lvwFOUND->setFocus();
+    const QWidget* where = nullptr;
+    whileLoading([&] {
+        where = form.focusWidget();
+        threads.release();
+    });
+    list->Add();
+    EXPECT_EQ(where, &form);
+    EXPECT_EQ(form.focusWidget(), foundControls.lvwFOUND);
+}
+
 TEST_F(SlowPictures, anAlbumOpenedInTheMidstOfAddAllHasItsOwnSlidesAlone) {
     const QString path = album(formA({all[1]}));
     whileLoading([&] {
