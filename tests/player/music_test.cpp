@@ -1,3 +1,4 @@
+#include "controls/input/keys.h"
 #include "player/player_world.h"
 
 #include <QTest>
@@ -54,6 +55,77 @@ TEST_F(ShowMusic, AnEmptyListLeavesLabelEmptyAndBarHidden) {
     frmSLIDESHOW& show = open();
     EXPECT_EQ(show.picCONTROLBAR.lblPLAYING.Caption(), QString());
     EXPECT_TRUE(show.picCONTROLBAR.prgPLAY.isHidden());
+}
+
+TEST_F(ShowMusic, ItsTimerRunsFromTheLoadToTheEnd) {
+    frmSLIDESHOW& show = open();
+    EXPECT_TRUE(show.tmrMUSIC.isActive());
+    show.Form_MouseUp();
+    ASSERT_TRUE(show.Paused);
+    EXPECT_TRUE(show.tmrMUSIC.isActive());
+    host.trackPath = QStringLiteral("/music/Next.wav");
+    host.position = QStringLiteral("13");
+    show.tmrMUSIC_Timer();
+    EXPECT_EQ(show.picCONTROLBAR.lblPLAYING.Caption(), QStringLiteral("Next.wav"));
+    EXPECT_EQ(show.picCONTROLBAR.prgPLAY.Value(), 13);
+}
+
+// Other than by the timer.
+TEST_F(ShowMusic, AClickAndASizeTakeThePositionWithoutALengthToo) {
+    frmSLIDESHOW& show = open();
+    const ProgressBar& bar = show.picCONTROLBAR.prgPLAY;
+    host.length = QStringLiteral("0");
+    host.position = QStringLiteral("7");
+    show.Form_MouseUp();
+    EXPECT_EQ(bar.Value(), 7);
+    host.position = QStringLiteral("8");
+    show.Form_Resize();
+    EXPECT_EQ(bar.Value(), 8);
+    host.position = QStringLiteral("9");
+    show.Form_KeyDown(KeyRight, 0);
+    EXPECT_EQ(bar.Value(), 9);
+    EXPECT_EQ(bar.Max(), 240);
+}
+
+TEST_F(ShowMusic, TheLoadEndsWithAPositionWithoutALengthToo) {
+    host.length = QStringLiteral("0");
+    int position = 0;
+    const test::AtYield watch([this, &position] { host.position = QString::number(++position); });
+    frmSLIDESHOW& show = open();
+    // After the last slide's picture has been fitted its caption is looked for, which yields.
+    ASSERT_GT(position, 2);
+    EXPECT_EQ(show.picCONTROLBAR.prgPLAY.Value(), static_cast<float>(position));
+}
+
+TEST_F(ShowMusic, ItsNameIsThatOfTheMomentWhenTheSlideIsTold) {
+    frmSLIDESHOW& show = open();
+    int number = 0;
+    const test::AtYield watch(
+        [this, &number] { host.trackPath = QStringLiteral("/music/%1.mp3").arg(++number); });
+    show.Form_KeyDown(KeyRight, 0);
+    ASSERT_GT(number, 1);
+    EXPECT_EQ(show.picCONTROLBAR.lblPLAYING.Caption(), QStringLiteral("%1.mp3").arg(number));
+}
+
+TEST_F(ShowMusic, ItsBarStaysAsTheLoadHasShownIt) {
+    const auto turn = [](frmSLIDESHOW& show) {
+        show.tmrMUSIC_Timer();
+        show.Form_Resize();
+        show.Form_KeyDown(KeyRight, 0);
+        show.Form_MouseUp();
+    };
+    const QString track = host.trackPath;
+    frmSLIDESHOW& first = open();
+    host.trackPath.clear();
+    turn(first);
+    EXPECT_EQ(first.picCONTROLBAR.lblPLAYING.Caption(), QString());
+    EXPECT_FALSE(first.picCONTROLBAR.prgPLAY.isHidden());
+    endShow();
+    frmSLIDESHOW& second = open();
+    host.trackPath = track;
+    turn(second);
+    EXPECT_EQ(second.picCONTROLBAR.lblPLAYING.Caption(), QStringLiteral("A long song.mp3"));
+    EXPECT_TRUE(second.picCONTROLBAR.prgPLAY.isHidden());
 }
 
 TEST_F(ShowMusic, PausesAndGoesOnWithTheShow) {

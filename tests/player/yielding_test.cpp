@@ -44,6 +44,17 @@ protected:
     static void fadeStep(frmSLIDESHOW& show) { show.tmrFADETRANS_Timer(); }
 };
 
+TEST_F(Yielding, ATickLetsEventsRunOnceMoreWhenItsSlideIsTold) {
+    makeSlides(3);
+    frmSLIDESHOW& show = open();
+    QStringList told;
+    const AtYield watch([&] { told.append(show.picCONTROLBAR.lblNOCOUNT.Caption()); });
+    show.tmrSLIDESHOW_Timer();
+    ASSERT_GT(told.size(), 1);
+    EXPECT_EQ(told.first(), QStringLiteral("1 of 3"));
+    EXPECT_EQ(told.last(), QStringLiteral("2 of 3"));
+}
+
 TEST_F(Yielding, AShowUnloadedInsideATickGoesQuietly) {
     atEveryYield(tick, unload, [](frmSLIDESHOW& show) { EXPECT_TRUE(show.isUnloaded()); });
 }
