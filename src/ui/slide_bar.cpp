@@ -191,8 +191,7 @@ void SlideBar::showStatus() {
     const QString leaving = slides.prgBARSLIDES->Leaving();
     const QString whole = leaving.isEmpty() ? work : QString(work + QStringLiteral(". ") + leaving);
     const Status status = work.isEmpty() ? length_ : Status{whole, work};
-    const bool fits =
-        lblSLIDECOUNT->fontMetrics().horizontalAdvance(status.whole) <= lblSLIDECOUNT->width();
+    const bool fits = lblSLIDECOUNT->fits(status.whole);
     lblSLIDECOUNT->setCaption(fits ? status.whole : status.brief);
     lblSLIDECOUNT->setAccessibleDescription(work.isEmpty() ? QString() : leaving);
 }

@@ -109,6 +109,23 @@ TEST_F(LengthInTheToolbar, FollowsTheIntervalOfTheSettings) {
     EXPECT_EQ(caption(), QStringLiteral("3 slides, 18 s"));
 }
 
+// Cut in its middle "21 min 52 s" would be "...1 min 52 s".
+TEST_F(LengthInTheToolbar, IsNeverCut) {
+    start(album(16));
+    DoEvents();
+    Label& label = *slideBar().lblSLIDECOUNT;
+    QStringList captions;
+    for (int width = 600; width < 1000; ++width) {
+        window->resize(width, 600);
+        DoEvents();
+        label.grab();
+        EXPECT_EQ(label.toolTip(), QString()) << width;
+        captions.append(label.Caption());
+    }
+    EXPECT_TRUE(captions.contains(QStringLiteral("16 slides")));
+    EXPECT_TRUE(captions.contains(QStringLiteral("16 slides, 1 min 04 s")));
+}
+
 TEST_F(LengthInTheToolbar, KeepsTheCountWhereThereIsNoRoomForTheTime) {
     start(album(16));
     window->resize(1000, 600);

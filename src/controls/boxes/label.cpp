@@ -30,6 +30,15 @@ void Label::setCaption(const QString& caption) {
     update();
 }
 
+QString Label::cut(const QString& line) const {
+    const QFontMetrics metrics(fontForHeight(font(), height()), this);
+    return metrics.elidedText(line, Qt::ElideMiddle, width());
+}
+
+bool Label::fits(const QString& caption) const {
+    return cut(caption) == caption;
+}
+
 void Label::setAlignment(Qt::Alignment alignment) {
     alignment_ = alignment | Qt::AlignVCenter;
     update();
@@ -46,7 +55,7 @@ void Label::paintEvent(QPaintEvent*) {
     QString line = caption_;
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     painter.setFont(fontForHeight(font(), height()));
-    const QString shown = painter.fontMetrics().elidedText(line, Qt::ElideMiddle, width());
+    const QString shown = cut(line);
     setToolTip(shown == line ? QString() : plainTooltip(caption_));
     painter.setPen(foreColor_.isValid() ? foreColor_ : palette().color(foregroundRole()));
     painter.drawText(rect(), static_cast<int>(alignment_ | Qt::TextSingleLine), shown);

@@ -13,6 +13,9 @@ public:
 
     QString Caption() const { return caption_; }
     void setCaption(const QString& caption);
+    /// Whether it would be shown whole. Letters may take a fraction of a pixel more than their
+    /// advances in whole pixels say.
+    bool fits(const QString& caption) const;
     void setAlignment(Qt::Alignment alignment);
     void setForeColor(const QColor& colour);
 
@@ -25,6 +28,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    QString cut(const QString& line) const;
+
     QString caption_;
     Qt::Alignment alignment_ = Qt::AlignLeft | Qt::AlignVCenter;
     QColor foreColor_;
