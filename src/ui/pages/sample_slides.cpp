@@ -3,6 +3,7 @@
 #include <cmath>
 
 namespace velorama {
+
 SampleSlides::SampleSlides(const ListView& list, WebAlbumPage& page, Load load)
     : list_(list), page_(page), load_(std::move(load)) {
     const QAbstractItemModel* model = list.model();
