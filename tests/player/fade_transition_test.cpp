@@ -51,6 +51,15 @@ TEST_F(Fade, LoadingStartsAtZeroAndStartsTheTimer) {
     EXPECT_EQ(level(), 255);
 }
 
+TEST_F(Fade, NoStepIsTakenBeforeItsPictureIsThere) {
+    // To fit a picture lets events run: a timer that runs by then would blend the one before.
+    bool begun = false;
+    const AtYield fitting([&] { begun = begun || timer.isActive(); });
+    fade.LoadFadeSource(grey("a.bmp", 10));
+    ASSERT_GT(fitting.yields(), 0);
+    EXPECT_FALSE(begun);
+}
+
 TEST_F(Fade, EveryStepBlendsOntoTheResultOfTheStepBefore) {
     QImage dotted(30, 20, QImage::Format_RGB32);
     for (int y = 0; y < 20; ++y) {
