@@ -45,5 +45,24 @@ TEST(ControlsDesign, OfThePreview) {
     EXPECT_EQ(controls.lblSIZE->alignment(), Qt::AlignCenter);
 }
 
+TEST(ControlsDesign, ALineAboveAndBelowThePreview) {
+    QWidget window;
+    const PreviewControls controls(window);
+    QPalette colours;
+    colours.setColor(QPalette::Base, Qt::yellow);
+    colours.setColor(QPalette::Mid, Qt::blue);
+    controls.shpBORDER->setPalette(colours);
+    const QImage seen = controls.shpBORDER->grab().toImage();
+    const int bottom = seen.height() - 1;
+    for (const int x : {0, seen.width() / 2, seen.width() - 1}) {
+        for (const int y : {0, bottom}) {
+            EXPECT_EQ(seen.pixelColor(x, y), QColor(Qt::blue)) << x << ' ' << y;
+        }
+        for (const int y : {1, bottom / 2, bottom - 1}) {
+            EXPECT_EQ(seen.pixelColor(x, y), QColor(Qt::yellow)) << x << ' ' << y;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace velorama

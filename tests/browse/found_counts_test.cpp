@@ -36,6 +36,15 @@ TEST(OtherPicturesTest, ThousandsOfEndingsAreNotAllAskedFor) {
     EXPECT_TRUE(OtherPictures()(QStringLiteral("b.webp")));
 }
 
+TEST(OtherPicturesTest, EndingsThatNoPictureHasAreNotAskedFor) {
+    OtherPictures isOther;
+    for (int i = 0; i < 1000; ++i) {
+        EXPECT_FALSE(isOther(QStringLiteral("a.%1").arg(i, 4, 10, QLatin1Char('0'))));
+        EXPECT_FALSE(isOther(QStringLiteral("Mr. and Mrs. Smith %1").arg(i)));
+    }
+    EXPECT_TRUE(isOther(QStringLiteral("b.webp")));
+}
+
 TEST(FoundCountsTest, WhereNothingIsFoundTheTextSaysWhy) {
     EXPECT_EQ(nothingFound(0), QStringLiteral("No pictures in this folder.\nChoose a folder of "
                                               "photographs on the left."));

@@ -332,6 +332,14 @@ TEST_F(PreviewTest, theLimitItselfStaysAtItsNaturalSize) {
                       static_cast<float>(size.height()) * dot());
 }
 
+TEST_F(PreviewTest, aMovieAtTheLimitItselfMoves) {
+    for (const QSize size : {QSize(halfAcross(), 10), QSize(10, halfDown())}) {
+        foundMovie(QStringLiteral("%1.gif").arg(size.width()), size, 60000);
+        show(lvwFOUND.Count());
+        expectMovieSize(size);
+    }
+}
+
 TEST_F(PreviewTest, aSquareGoesByTheHeight) {
     const int side = std::max(halfAcross(), halfDown()) + 100;
     found(QStringLiteral("a.bmp"), {side, side});

@@ -151,6 +151,25 @@ TEST_F(ThumbnailsTest, unreadableFileGivesABlankCellUnderItsKey) {
     EXPECT_EQ(slides_.Count(), 2);
 }
 
+TEST_F(ThumbnailsTest, makingASlideThumbnailTellsOfItsFile) {
+    const QString readable = savePicture(folder, QStringLiteral("a.bmp"));
+    const QString broken = folder + QStringLiteral("/broken.jpg");
+    const QString gone = folder + QStringLiteral("/gone.jpg");
+    test::saveBytes(broken, "none");
+    EXPECT_EQ(thumbnails.slideFile(readable), FileState::Unknown);
+    for (const QString& path : {readable, broken, gone}) {
+        thumbnails.SlideThumbnailAdd(path);
+    }
+    EXPECT_EQ(thumbnails.slideFile(readable), FileState::Readable);
+    EXPECT_EQ(thumbnails.slideFile(broken), FileState::Unreadable);
+    EXPECT_EQ(thumbnails.slideFile(gone), FileState::NotFound);
+    // Of an emptied list nothing is known any more.
+    slides_.Clear();
+    thumbnails.SlideThumbnailAdd(readable);
+    EXPECT_EQ(thumbnails.slideFile(broken), FileState::Unknown);
+    EXPECT_EQ(thumbnails.slideFile(readable), FileState::Readable);
+}
+
 TEST_F(ThumbnailsTest, secondAddLeavesTheImage) {
     const QString path = savePicture(folder, QStringLiteral("a.bmp"));
     found(path);
