@@ -67,6 +67,15 @@ TEST_F(LongList, GivesEachSlideTheFirstPictureWhoseKeyIsInItsPath) {
     EXPECT_EQ(lvwSLIDEBAR->item(QStringLiteral("/none/8.jpg"))->Icon(), 0);
 }
 
+TEST_F(LongList, TheFirstSlideTooHasThePictureOfARebuild) {
+    const QString folder = browse({QStringLiteral("b.gif")});
+    imlTHUMBNAILS.Add(QStringLiteral("b.gif"), QImage(4, 4, QImage::Format_RGB32));
+    lvwSLIDEBAR->setSelectedItem(1);
+    list->AddAll();
+    EXPECT_EQ(lvwSLIDEBAR->item(1)->Key(), folder + QStringLiteral("/b.gif"));
+    EXPECT_EQ(lvwSLIDEBAR->item(1)->Icon(), 1);
+}
+
 TEST_F(LongList, TheFirstFileOfABatchLeavesNothingSelectedButItself) {
     selectSlides({1, 5, 1000});
     lvwSLIDEBAR->setSelectedItem(1);
