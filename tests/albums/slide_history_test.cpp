@@ -1,6 +1,7 @@
 #include "albums/history_world.h"
 
 #include <QImage>
+#include <QScrollBar>
 
 #include <random>
 
@@ -64,6 +65,25 @@ TEST_F(SlideHistoryTest, RemoveAllGoesBack) {
     selectSlides({2, 3});
     expectUndone([&] { commands.removeAll.trigger(); });
     EXPECT_EQ(keys(), QStringList());
+}
+
+TEST_F(SlideHistoryTest, TheSlideThatComesBackIsInSight) {
+    lvwSLIDEBAR->setArrangement(ListView::Arrangement::Strip);
+    for (int i = lvwSLIDEBAR->Count() + 1; i <= 100; ++i) {
+        lvwSLIDEBAR->Add(i, QStringLiteral("/none/%1.jpg").arg(i), QString(), 0);
+    }
+    const auto isInSight = [this] {
+        QCoreApplication::processEvents();
+        return lvwSLIDEBAR->viewport()->rect().intersects(
+            lvwSLIDEBAR->visualRect(lvwSLIDEBAR->model()->index(79, 0)));
+    };
+    selectSlides({80});
+    commands.remove.trigger();
+    lvwSLIDEBAR->horizontalScrollBar()->setValue(0);
+    ASSERT_FALSE(isInSight());
+    undo();
+    EXPECT_EQ(current(), 80);
+    EXPECT_TRUE(isInSight());
 }
 
 TEST_F(SlideHistoryTest, BothMovesGoBack) {
