@@ -86,6 +86,15 @@ TEST_F(SlideHistoryTest, TheSlideThatComesBackIsInSight) {
     EXPECT_TRUE(isInSight());
 }
 
+TEST_F(SlideHistoryTest, AListThatSomebodyElseHasEmptiedPromisesNothing) {
+    const QString promise = QStringLiteral("brings back");
+    ASSERT_TRUE(lvwSLIDEBAR->emptyState().words().contains(promise));
+    lvwSLIDEBAR->Clear();
+    commands.undo.trigger();
+    EXPECT_EQ(keys(), QStringList());
+    EXPECT_FALSE(lvwSLIDEBAR->emptyState().words().contains(promise));
+}
+
 TEST_F(SlideHistoryTest, BothMovesGoBack) {
     selectSlides({2});
     list->SelectChk();
