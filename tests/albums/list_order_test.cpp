@@ -2,33 +2,10 @@
 
 #include "albums/album_world.h"
 #include "support/files.h"
-#include "support/noting_store.h"
-
-#include <QEvent>
+#include "support/sight_notes.h"
 
 namespace velorama {
 namespace {
-
-/// Notes a control that comes into sight or goes out of it by the program's own word.
-class SightNotes : public QObject {
-public:
-    SightNotes(QWidget& control, const char* name, const test::NotingStore& noting)
-        : name_(QLatin1String(name)), noting_(noting) {
-        control.installEventFilter(this);
-    }
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::HideToParent) {
-            noting_.note(QStringLiteral("hide ") + name_);
-        } else if (event->type() == QEvent::ShowToParent) {
-            noting_.note(QStringLiteral("show ") + name_);
-        }
-        return false;
-    }
-
-private:
-    QString name_;
-    const test::NotingStore& noting_;
-};
 
 class ListOrder : public test::WithAlbums {
 protected:
@@ -118,9 +95,9 @@ private:
     QStringList slides_;
     QStringList albums_;
     QString line_;
-    SightNotes slidesSight_{*lvwSLIDEBAR, "slides", noting};
-    SightNotes foundSight_{*lvwFOUND, "found", noting};
-    SightNotes barSight_{*prgBARSLIDES, "bar", noting};
+    test::SightNotes slidesSight_{*lvwSLIDEBAR, "slides", noting};
+    test::SightNotes foundSight_{*lvwFOUND, "found", noting};
+    test::SightNotes barSight_{*prgBARSLIDES, "bar", noting};
 };
 
 const QString a = QStringLiteral("/p/a.jpg");

@@ -1,6 +1,6 @@
 // What the window writes, reads and asks of the music device, in which order.
 
-#include "support/noting_store.h"
+#include "support/sight_notes.h"
 #include "ui/window_world.h"
 
 namespace velorama {
@@ -56,6 +56,81 @@ private:
     }
     qsizetype taken_ = 0;
 };
+
+/// What of the window has changed since the last call, told as notes.
+class Changes {
+public:
+    explicit Changes(std::function<QStringList()> state) : state_(std::move(state)) {}
+    QStringList told() {
+        const QStringList now = state_();
+        QStringList changes;
+        for (const QString& part : now) {
+            if (!before_.contains(part)) {
+                changes.append(part);
+            }
+        }
+        before_ = now;
+        return changes;
+    }
+
+private:
+    std::function<QStringList()> state_;
+    QStringList before_;
+};
+
+TEST_F(MainOrder, OfALoad) {
+    const QString path = album(1);
+    setStored("mfrmPRGMAIN\\View", "Slideshow", path);
+    setStored("mfrmPRGMAIN\\View", "TABIDX", QStringLiteral("2"));
+    MainServices withStart = services();
+    withStart.startUp = [this](QWidget&, const QString&) { note(QStringLiteral("start up")); };
+    window = std::make_unique<mfrmPRGMAIN>(withStart);
+    Changes changes([this] {
+        return QStringList{
+            QStringLiteral("page ") + QString::number(pages().tabPAGES->ActiveTab()),
+            QStringLiteral("title ") + QFileInfo(window->windowTitle()).fileName(),
+            QStringLiteral("%1 slides").arg(slides().size()),
+            QStringLiteral("%1 albums").arg(albums().size()),
+            QStringLiteral("pattern ") + foundControls().flbFOUND->Pattern(),
+            QStringLiteral("hint ") + commands().add.text().section(u'\t', 1),
+            QLatin1String(commands().remove.isEnabled() ? "remove on" : "remove off"),
+            QLatin1String(commands().save.isEnabled() ? "save on" : "save off"),
+            QStringLiteral("%1 selected").arg(slideControls().lvwSLIDEBAR->SelectedCount()),
+            QLatin1String(FormLoading ? "loading" : "loaded"),
+        };
+    });
+    changes.told();
+    noting.before = [this, &changes](const QString& text) {
+        if (!text.endsWith(QLatin1String("INTERVAL"))) {
+            noting.notes += changes.told();
+        }
+    };
+    test::SightNotes windowSight(*window, "window", noting);
+    test::SightNotes slidesSight(*slideControls().lvwSLIDEBAR, "slides", noting);
+    QTimer events;
+    QObject::connect(&events, &QTimer::timeout, [this, &changes] {
+        if (const QStringList told = changes.told(); !told.isEmpty()) {
+            noting.notes += told;
+            noting.notes.append(QStringLiteral("events"));
+        }
+    });
+    events.start(0);
+    forget();
+    window->Form_Load();
+    QStringList found = noting.notes + changes.told();
+    found.removeAll(QStringLiteral("read INTERVAL"));
+    noting.before = [](const QString&) {};
+    EXPECT_EQ(
+        found.join(u'|').toStdString(),
+        "loading|read BackColor|read TextColor|read Fonts|read FontsSize|read TitleBarColor|"
+        "read BarColor|read TitleBarTextColor|read FontsBar|read FontsSizeBar|"
+        "read PhotoSize|read ThumbnailSize|start up|hide slides|hint Ins|read Height|"
+        "read Width|read Left|read Top|read Window State|read Splitter Bar Left|read TABIDX|"
+        "page 2|remove off|save off|read Slideshow|show window|pattern *.bmp;*.jpg;*.gif|"
+        "events|read lvwALBUMSList Total|read lstMUSICList Total|read Slideshow|1 slides|events|"
+        "show slides|title one.vlr|read projectlist|1 albums|remove on|1 selected|"
+        "events|loaded|read Files Location|write Files Location");
+}
 
 TEST_F(MainOrder, OfAnEnd) {
     start(album(2));
