@@ -51,7 +51,7 @@ void AlbumWindow::own(const QString& album) {
 }
 
 QString writtenAlbum(const QStringList& files, const QTemporaryDir& folder) {
-    const QString path = folder.filePath(QStringLiteral("bench.vlr"));
+    QString path = folder.filePath(QStringLiteral("bench.vlr"));
     DocumentSaveText(QString::number(files.size()) + QLatin1String("\r\n") +
                          files.join(QLatin1String("\r\n")) + QLatin1String("\r\n"),
                      path);

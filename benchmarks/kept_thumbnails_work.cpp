@@ -50,7 +50,7 @@ private:
 
 using TimeOf = double Times::*;
 
-Measure measure(TimeOf what, const QString& folder, std::function<QString()> cacheFile) {
+Measure measure(TimeOf what, const QString& folder, const std::function<QString()>& cacheFile) {
     return [=]() -> std::optional<double> {
         const std::optional<Times> times = timesWith(folder, cacheFile());
         return times ? std::optional((*times).*what) : std::nullopt;

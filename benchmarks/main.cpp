@@ -82,6 +82,7 @@ void runWork(const Work& work, int first, const Wish& wish) {
     std::fprintf(stderr, "measuring %s ...\n", work.word);
     Contest contest = work.make();
     std::vector<Opponent> asked;
+    asked.reserve(numbers.size());
     for (const int number : numbers) {
         asked.push_back(contest.against.at(static_cast<size_t>(number - first)));
     }

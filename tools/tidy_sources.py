@@ -67,7 +67,9 @@ def look(build, settings, source, compiled):
 def main():
     build, jobs, sources = Path(sys.argv[1]), int(sys.argv[2]), sys.argv[3:]
     (build / 'clean').mkdir(exist_ok=True)
-    settings = (ROOT / '.clang-tidy').read_bytes() + output(['clang-tidy', '--version'])
+    settings = output(['clang-tidy', '--version'])
+    for rules in (ROOT / '.clang-tidy', ROOT / 'tests' / '.clang-tidy'):
+        settings += rules.read_bytes()
     known = commands(build)
     failed = False
     with ThreadPoolExecutor(jobs) as threads:

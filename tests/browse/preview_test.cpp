@@ -308,9 +308,10 @@ TEST_F(PreviewTest, aNameWithTheMarkOfUnsavedChangesIsShownWhole) {
 
 TEST_F(PreviewTest, widerThanHalfTheScreenTakesHalfItsWidth) {
     const int width = halfAcross() + 2;
-    found(QStringLiteral("a.bmp"), {width, width / 4});
+    const int height = width / 4;
+    found(QStringLiteral("a.bmp"), {width, height});
     show(1);
-    const float ratio = static_cast<float>(width / 4) / static_cast<float>(width);
+    const float ratio = static_cast<float>(height) / static_cast<float>(width);
     expectPictureSize(acrossTwips() * 0.5F, acrossTwips() * 0.5F * ratio);
     EXPECT_EQ(shown, 1);
     EXPECT_EQ(atShow, framBOX.geometry());
@@ -318,9 +319,10 @@ TEST_F(PreviewTest, widerThanHalfTheScreenTakesHalfItsWidth) {
 
 TEST_F(PreviewTest, higherThanHalfTheScreenTakesHalfItsHeight) {
     const int height = halfDown() + 2;
-    found(QStringLiteral("a.bmp"), {height / 4, height});
+    const int width = height / 4;
+    found(QStringLiteral("a.bmp"), {width, height});
     show(1);
-    const float ratio = static_cast<float>(height / 4) / static_cast<float>(height);
+    const float ratio = static_cast<float>(width) / static_cast<float>(height);
     expectPictureSize(downTwips() * 0.5F * ratio, downTwips() * 0.5F);
 }
 

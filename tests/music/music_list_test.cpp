@@ -1,5 +1,7 @@
 #include "music_world.h"
 
+#include <QDir>
+
 namespace velorama {
 namespace {
 

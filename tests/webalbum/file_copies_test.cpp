@@ -14,7 +14,7 @@ protected:
         copies.push_back({source, target + u'/' + QString::number(copies.size() + 1)});
     }
     QString file(const char* bytes) {
-        const QString path = folder + u'/' + QString::number(copies.size() + 1);
+        QString path = folder + u'/' + QString::number(copies.size() + 1);
         writeFile(path, bytes);
         return path;
     }

@@ -18,7 +18,7 @@ protected:
         box.setView(QRect(0, 0, 100, 80));
     }
     static QString saved(const QByteArray& bytes) {
-        const QString path = test::temporaryFolder() + QStringLiteral("/a.gif");
+        QString path = test::temporaryFolder() + QStringLiteral("/a.gif");
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);

@@ -192,6 +192,7 @@ TEST_F(ThumbnailCacheTest, IsFilledByManyThreadsAtOnce) {
     {
         ThumbnailCache cache(path, plenty);
         std::vector<std::jthread> threads;
+        threads.reserve(4);
         for (int thread = 0; thread < 4; ++thread) {
             threads.emplace_back([&cache, thread] {
                 for (int number = thread; number < 400; number += 4) {

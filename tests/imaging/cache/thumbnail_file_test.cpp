@@ -208,7 +208,7 @@ TEST_F(ThumbnailFileTest, SurvivesBytesOfEveryKindInItsMidst) {
         QFile raw(path);
         ASSERT_TRUE(raw.open(QIODevice::ReadWrite));
         for (int spot = 0; spot < 40; ++spot) {
-            raw.seek(random() % static_cast<unsigned>(raw.size()));
+            raw.seek(static_cast<qint64>(random()) % raw.size());
             raw.putChar(static_cast<char>(random()));
         }
         raw.close();

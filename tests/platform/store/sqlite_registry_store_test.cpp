@@ -678,7 +678,7 @@ TEST_F(SqliteStore, AFileThatMayNotGrowIsWrittenLater) {
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before = {};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit small = {128 * 1024, before.rlim_max};
+    const rlimit small = {128UL * 1024, before.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
     fillAndRecover(file, [&before] { ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0); });
     ::setrlimit(RLIMIT_FSIZE, &before);
