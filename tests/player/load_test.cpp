@@ -1,7 +1,12 @@
 #include "controls/geometry/twips.h"
 #include "core/globals.h"
 #include "core/show_colours.h"
+#include "imaging/ahead/picture_threads.h"
 #include "player/player_world.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QThreadPool>
 
 namespace velorama::test {
 namespace {
@@ -116,6 +121,24 @@ TEST_F(Load, WithEverySlideMissingComesBackAndNothingIsWritten) {
     EXPECT_FALSE(show.tmrFADETRANS.isActive());
     EXPECT_TRUE(show.tmrSLIDESHOW.isActive());
     EXPECT_EQ(host.visibilities, QList<bool>{false});
+}
+
+// A file that is another one under the same size and time tells what was read ahead.
+TEST_F(Load, TheNextPictureIsReadBeforeItIsShown) {
+    const auto next = [this](const QColor& colour) {
+        const QString path = picture(QStringLiteral("b.bmp"), colour);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+        EXPECT_TRUE(file.setFileTime(QDateTime::fromSecsSinceEpoch(1'000'000),
+                                     QFileDevice::FileModificationTime));
+        return path;
+    };
+    setSlides({picture(QStringLiteral("a.bmp"), Qt::red), next(Qt::green)});
+    frmSLIDESHOW& show = openFaded();
+    pictureThreads().waitForDone();
+    next(Qt::blue);
+    show.tmrSLIDESHOW_Timer();
+    EXPECT_EQ(QColor(middle(show.picSLIDERESIZE.Image())), QColor(Qt::green));
 }
 
 TEST_F(Load, PaintsTheGradientOfTheTwoStoredColoursAt45Degrees) {

@@ -4,8 +4,10 @@
 #include "controls/buttons/contrast.h"
 #include "controls/buttons/icon.h"
 #include "controls/geometry/tip_markup.h"
+#include "controls/lists/cut_text.h"
 #include "controls/lists/local_files.h"
 
+#include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -18,6 +20,12 @@ namespace {
 constexpr int SymbolMargin = 1;
 constexpr float HeldTint = 0.24F;
 
+/// The place of the text beside the symbol.
+QRect heldText(const QStyleOptionViewItem& option) {
+    return QStyle::visualRect(option.direction, option.rect,
+                              option.rect.adjusted(option.rect.height(), 0, -SymbolMargin, 0));
+}
+
 /// The line that waits: not pale as the others are, but without the fill of a selected one.
 void paintHeld(QPainter& painter, const QStyleOptionViewItem& option, const QString& symbol) {
     QColor ground = option.palette.color(QPalette::Active, QPalette::Highlight);
@@ -26,9 +34,8 @@ void paintHeld(QPainter& painter, const QStyleOptionViewItem& option, const QStr
     painter.fillRect(option.rect, ground);
     const int side = option.rect.height();
     QRect place(option.rect.topLeft(), QSize(side, side));
-    QRect text = option.rect.adjusted(side, 0, -SymbolMargin, 0);
     place = QStyle::visualRect(option.direction, option.rect, place);
-    text = QStyle::visualRect(option.direction, option.rect, text);
+    const QRect text = heldText(option);
     paintSymbol(painter, place.adjusted(SymbolMargin, SymbolMargin, -SymbolMargin, -SymbolMargin),
                 symbol, ink);
     painter.setPen(ink);
@@ -51,8 +58,7 @@ public:
                const QModelIndex& index) const override {
         QStyleOptionViewItem line = option;
         initStyleOption(&line, index);
-        if (!box_.disabledSymbol_.isEmpty() && !box_.isEnabled() &&
-            line.state.testFlag(QStyle::State_Selected)) {
+        if (box_.isHeld(line.state.testFlag(QStyle::State_Selected))) {
             paintHeld(*painter, line, box_.disabledSymbol_);
         } else {
             QStyledItemDelegate::paint(painter, option, index);
@@ -136,14 +142,25 @@ bool ListBox::RemoveItem(int index) {
     return true;
 }
 
+bool ListBox::isHeld(bool isSelected) const {
+    return isSelected && !isEnabled() && !disabledSymbol_.isEmpty();
+}
+
 void ListBox::setDisabledSymbol(const QString& name) {
     disabledSymbol_ = name;
     viewport()->update();
 }
 
 bool ListBox::isCut(const QListWidgetItem* line) const {
-    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    return fontMetrics().horizontalAdvance(line->text()) > viewport()->width() - 2 * margin;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualItemRect(line);
+    option.features = QStyleOptionViewItem::HasDisplay;
+    option.text = line->text();
+    if (isHeld(line->isSelected())) {
+        return QFontMetricsF(font()).horizontalAdvance(option.text) > heldText(option).width();
+    }
+    return isPaintedCut(option, *this);
 }
 
 bool ListBox::viewportEvent(QEvent* event) {

@@ -59,6 +59,8 @@ protected:
 private:
     class LineDelegate;
     bool isCut(const QListWidgetItem* line) const;
+    /// The selected line of a list that is switched off is seen with a symbol.
+    bool isHeld(bool isSelected) const;
 
     EmptyState empty_{*this, [this] { return count() == 0; }};
     QString disabledSymbol_;

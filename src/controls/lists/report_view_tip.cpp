@@ -1,8 +1,7 @@
 // What a tooltip of the list tells, and what its owner tells of its rows.
 
+#include "controls/lists/cut_text.h"
 #include "controls/lists/report_view.h"
-
-#include <QStyle>
 
 namespace velorama {
 
@@ -41,12 +40,7 @@ QString ReportView::cutText(const QPoint& point) const {
         option.features |= QStyleOptionViewItem::HasDecoration;
         option.decorationSize = iconSize();
     }
-    const QRect place = style()->subElementRect(QStyle::SE_ItemViewItemText, &option, this);
-    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    // To the fraction, as the style measures it.
-    const bool fits =
-        QFontMetricsF(font()).horizontalAdvance(option.text) <= place.width() - 2 * margin;
-    return fits ? QString() : option.text;
+    return isPaintedCut(option, *this) ? option.text : QString();
 }
 
 const ReportItem* ReportView::pointedAt(const QPoint& place) const {

@@ -1,9 +1,12 @@
 #include "controls/lists/list_box.h"
+#include "support/test_world.h"
+#include "support/waiting.h"
 
 #include <QDropEvent>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -24,6 +27,13 @@ protected:
     }
 
     QPoint middleOf(int row) { return box.visualItemRect(box.item(row)).center(); }
+    /// What a tooltip over the line tells.
+    QString tip(int row) {
+        test::expectMessage(QStringLiteral("raise()"));  // of the platform without a screen
+        QHelpEvent help(QEvent::ToolTip, middleOf(row), box.viewport()->mapToGlobal(middleOf(row)));
+        QCoreApplication::sendEvent(box.viewport(), &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    }
 
     ListBox box;
 };
@@ -229,6 +239,34 @@ TEST_F(ListBoxTest, ALongLineIsCutInItsMiddle) {
     };
     EXPECT_EQ(tail(QStringLiteral("end.mp3")), tail(QStringLiteral("end.mp3")));
     EXPECT_NE(tail(QStringLiteral("end.mp3")), tail(QStringLiteral("bye.wav")));
+}
+
+// The edge where a line is cut is where its middle becomes an ellipsis. Lines of many widths, as
+// their ends fall on other fractions of a pixel.
+TEST_F(ListBoxTest, ALineIsToldExactlyWhereItIsPaintedCut) {
+    box.setDisabledSymbol(QStringLiteral("pause"));
+    for (int round = 0; round < 16; ++round) {
+        const bool isHeld = round % 2 != 0;
+        box.clear();
+        box.addItem(QStringLiteral("/music/a song of wide letters.") + QString(round / 2, u'e'));
+        box.setListIndex(isHeld ? 0 : -1);
+        box.setEnabled(!isHeld);
+        const auto text = [this] {
+            const QRect line = box.visualItemRect(box.item(0));
+            return box.viewport()->grab(QRect(line.topLeft(), QSize(140, line.height()))).toImage();
+        };
+        box.resize(400, 200);
+        const QImage whole = text();
+        EXPECT_EQ(tip(0), QString());
+        int width = 300;
+        for (; tip(0).isEmpty() && width > 150; --width) {
+            box.resize(width, 200);
+            ASSERT_EQ(tip(0).isEmpty(), text() == whole) << width << ' ' << round;
+        }
+        EXPECT_GT(width, 150);
+        QToolTip::hideText();
+        ASSERT_TRUE(test::comesTrue([] { return !QToolTip::isVisible(); }));
+    }
 }
 
 }  // namespace
