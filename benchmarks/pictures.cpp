@@ -40,7 +40,7 @@ void forAll(int count, const std::function<void(int)>& job) {
 /// each is written under another name first.
 QString filled(const QString& name, const QString& ending, int count,
                const std::function<bool(int, const QString&)>& make) {
-    const QString folder = dataFolder(name);
+    QString folder = dataFolder(name);
     forAll(count, [&](int number) {
         const QString path =
             QStringLiteral("%1/%2.%3").arg(folder).arg(number, 5, 10, QLatin1Char('0')).arg(ending);
@@ -127,7 +127,7 @@ QStringList wallpapers() {
 }  // namespace
 
 QString dataFolder(const QString& name) {
-    const QString folder =
+    QString folder =
         QCoreApplication::applicationDirPath() + QStringLiteral("/bench-data/") + name;
     QDir().mkpath(folder);
     return folder;

@@ -30,7 +30,7 @@ void SoundServer::addTo(QProcessEnvironment& environment) const {
 }
 
 QString fourMinutes() {
-    const QString path = dataFolder(QStringLiteral("music")) + QStringLiteral("/four-minutes.mp3");
+    QString path = dataFolder(QStringLiteral("music")) + QStringLiteral("/four-minutes.mp3");
     const QString wave = scratchFolder() + QStringLiteral("/four-minutes.wav");
     const QString unfinished = path + QStringLiteral("~");
     if (QFile::exists(path)) {

@@ -9,7 +9,7 @@ class AlbumUnread : public test::WithAlbums {
 protected:
     /// One byte more than is taken into memory, none of them on the disk.
     QString tooLarge() {
-        const QString path = album("3|note\r\n");
+        QString path = album("3|note\r\n");
         EXPECT_TRUE(QFile::resize(path, largest + 1));
         return path;
     }

@@ -30,12 +30,12 @@ protected:
         return folder;
     }
     QString longPicture(const QString& folder, const QString& name) const {
-        const QString path = test::savePicture(folder, name);
+        QString path = test::savePicture(folder, name);
         EXPECT_EQ(path.size(), GetParam().characters);
         return path;
     }
     QString longFolder() const {
-        const QString folder = folderFor(5);
+        QString folder = folderFor(5);
         pair = {longPicture(folder, QStringLiteral("a.bmp")),
                 longPicture(folder, QStringLiteral("b.bmp"))};
         return folder;

@@ -32,7 +32,7 @@ protected:
     }
 
     QString folderWith(const std::vector<const char*>& names) {
-        const QString folder = test::temporaryFolder();
+        QString folder = test::temporaryFolder();
         for (const char* name : names) {
             test::savePicture(folder, QString::fromLatin1(name));
         }
@@ -40,7 +40,7 @@ protected:
     }
     /// Two paths too long for the settings among two that fit.
     QString longFolder() {
-        const QString folder = test::temporaryFolder();
+        QString folder = test::temporaryFolder();
         for (const QString& name :
              {QStringLiteral("f"), QString(240, u'g'), QStringLiteral("h"), QString(241, u'i')}) {
             test::savePicture(folder, QString(name + QStringLiteral(".bmp")));

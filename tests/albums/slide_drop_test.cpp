@@ -30,7 +30,7 @@ protected:
         return all.join(u' ');
     }
     static QString temporaryFolderWith(const QStringList& files) {
-        const QString folder = test::temporaryFolder();
+        QString folder = test::temporaryFolder();
         for (const QString& file : files) {
             test::savePicture(folder, file);
         }

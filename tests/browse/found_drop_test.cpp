@@ -31,7 +31,7 @@ protected:
         QCoreApplication::processEvents();
     }
     static QString folderWith(const QStringList& names) {
-        const QString made = test::temporaryFolder();
+        QString made = test::temporaryFolder();
         for (const QString& name : names) {
             savePicture(made, name);
         }

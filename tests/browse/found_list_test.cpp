@@ -43,7 +43,7 @@ protected:
             Qt::SingleShotConnection);
     }
     QString folderWith(const QStringList& names) {
-        const QString folder = test::temporaryFolder();
+        QString folder = test::temporaryFolder();
         for (const QString& name : names) {
             savePicture(folder, name);
         }

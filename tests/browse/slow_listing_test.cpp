@@ -20,7 +20,7 @@ protected:
     }
 
     static QString folderOf(int count) {
-        const QString folder = test::temporaryFolder();
+        QString folder = test::temporaryFolder();
         for (int i = 1; i <= count; ++i) {
             test::savePicture(folder, QString::number(i) + QStringLiteral(".bmp"));
         }

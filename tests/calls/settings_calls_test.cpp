@@ -29,7 +29,7 @@ QByteArray wide(const QByteArray& latin1) {
 class SettingsCalls : public testing::Test {
 protected:
     QString file(const char* name, const QByteArray& bytes) const {
-        const QString path = folder + u'/' + QString::fromUtf8(name);
+        QString path = folder + u'/' + QString::fromUtf8(name);
         QFile made(path);
         EXPECT_TRUE(made.open(QIODevice::WriteOnly));
         EXPECT_EQ(made.write(bytes), bytes.size());

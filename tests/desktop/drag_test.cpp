@@ -31,7 +31,7 @@ protected:
         put(QStringLiteral("/other/p"), Qt::lightGray);
     }
     QString put(const QString& name, const QColor& colour) const {
-        const QString path = session.home() + name + QStringLiteral(".bmp");
+        QString path = session.home() + name + QStringLiteral(".bmp");
         EXPECT_TRUE(QDir().mkpath(path.section(u'/', 0, -2)));
         QImage picture(90, 60, QImage::Format_RGB32);
         picture.fill(colour);

@@ -50,7 +50,7 @@ protected:
         ASSERT_TRUE(waitFor([&] { return filesLocation(store).has_value(); }));
     }
     QString folderAtHome(const char* name) const {
-        const QString folder = session.home() + u'/' + QLatin1String(name);
+        QString folder = session.home() + u'/' + QLatin1String(name);
         EXPECT_TRUE(QDir().mkpath(folder));
         return folder;
     }

@@ -121,7 +121,7 @@ KeyboardWalk::Told KeyboardWalk::step(const QString& key, const Told& last,
                                       const Reasons& unseen) const {
     const QImage lastLook = look(last.extent);
     session.key(key);
-    const Told next = focus(last.id);
+    Told next = focus(last.id);
     EXPECT_TRUE(look(last.extent) != lastLook || unseen.count(last.name.toStdString()) != 0)
         << "unseen: " << nameOf(last);
     return next;

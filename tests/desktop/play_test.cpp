@@ -36,7 +36,7 @@ protected:
     QString put(const QString& name, const QColor& colour) const {
         QImage picture(300, 200, QImage::Format_RGB32);
         picture.fill(colour);
-        const QString path = session->home() + u'/' + name;
+        QString path = session->home() + u'/' + name;
         EXPECT_TRUE(picture.save(path));
         return path;
     }

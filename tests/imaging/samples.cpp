@@ -180,7 +180,7 @@ QByteArray toolkitBytes(const QImage& image, const char* format) {
 }
 
 QString sampleFile(const QString& name, const QByteArray& content) {
-    const QString path = temporaryFolder() + QLatin1Char('/') + name;
+    QString path = temporaryFolder() + QLatin1Char('/') + name;
     QFile file(path);
     file.open(QIODevice::WriteOnly);
     file.write(content);

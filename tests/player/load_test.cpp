@@ -126,7 +126,7 @@ TEST_F(Load, WithEverySlideMissingComesBackAndNothingIsWritten) {
 // A file that is another one under the same size and time tells what was read ahead.
 TEST_F(Load, TheNextPictureIsReadBeforeItIsShown) {
     const auto next = [this](const QColor& colour) {
-        const QString path = picture(QStringLiteral("b.bmp"), colour);
+        QString path = picture(QStringLiteral("b.bmp"), colour);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::ReadWrite));
         EXPECT_TRUE(file.setFileTime(QDateTime::fromSecsSinceEpoch(1'000'000),

@@ -56,7 +56,7 @@ PlayerTest::~PlayerTest() {
 QString PlayerTest::picture(const QString& name, const QColor& colour, QSize size) {
     QImage image(size, QImage::Format_RGB32);
     image.fill(colour);
-    const QString path = missing(name);
+    QString path = missing(name);
     EXPECT_TRUE(image.save(path, "BMP"));
     return path;
 }

@@ -23,7 +23,7 @@ QStringList split(const QString& text, const QString& delimiter) {
 class QuickTest : public testing::Test {
 protected:
     QString make(const QString& name) const {
-        const QString path = folder + u'/' + name;
+        QString path = folder + u'/' + name;
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("1\r\n");

@@ -48,7 +48,7 @@ protected:
     }
 
     QString make(const QString& name) const {
-        const QString path = folder + u'/' + name;
+        QString path = folder + u'/' + name;
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         return path;

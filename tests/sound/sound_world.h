@@ -43,7 +43,7 @@ protected:
     Recording heardWhole(const QString& path) {
         EXPECT_TRUE(server.startRecording());
         EXPECT_TRUE(open(path) && play() && reaches(ask("length")));
-        const Recording heard = server.stopRecording();
+        Recording heard = server.stopRecording();
         close();
         return heard;
     }

@@ -89,7 +89,7 @@ QByteArray riffWrapped(const QByteArray& midi) {
 }
 
 QString saved(const QString& folder, const QString& name, const QByteArray& bytes) {
-    const QString path = QDir(folder).filePath(name);
+    QString path = QDir(folder).filePath(name);
     writeFile(path, bytes);
     return path;
 }
@@ -104,7 +104,7 @@ void run(const QString& program, const QStringList& arguments) {
 QString mp3File(const QString& folder, const QString& name, const QByteArray& wav,
                 const QStringList& switches) {
     const QString source = saved(folder, name + QStringLiteral(".source.wav"), wav);
-    const QString target = QDir(folder).filePath(name);
+    QString target = QDir(folder).filePath(name);
     run(QStringLiteral("lame"),
         QStringList{QStringLiteral("--quiet")} + switches + QStringList{source, target});
     QFile::remove(source);

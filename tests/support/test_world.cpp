@@ -46,7 +46,7 @@ void expectMessage(const QString& part) {
 
 QString temporaryFolder() {
     static int number = 0;
-    const QString path = QDir::homePath() + QStringLiteral("/t%1").arg(++number);
+    QString path = QDir::homePath() + QStringLiteral("/t%1").arg(++number);
     QDir().mkpath(path);
     return path;
 }

@@ -10,7 +10,7 @@ namespace {
 class ImageStyle : public AlbumWorld {
 protected:
     QString file(const QString& name, const QByteArray& bytes) {
-        const QString path = sources + u'/' + name;
+        QString path = sources + u'/' + name;
         writeFile(path, bytes);
         return path;
     }

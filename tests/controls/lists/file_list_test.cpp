@@ -17,7 +17,7 @@ namespace {
 const QString pictures = QStringLiteral("*.bmp;*.jpg;*.gif");
 
 QString folderWith(const QStringList& names) {
-    const QString folder = test::temporaryFolder();
+    QString folder = test::temporaryFolder();
     for (const QString& name : names) {
         QFile file(folder + QLatin1Char('/') + name);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();

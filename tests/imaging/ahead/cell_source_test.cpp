@@ -111,7 +111,7 @@ protected:
     }
     /// A picture that has been there for long, and is in the cache.
     QString keptPicture(const QByteArray& content) const {
-        const QString path = sampleFile(QStringLiteral("p.jpg"), content);
+        QString path = sampleFile(QStringLiteral("p.jpg"), content);
         letFilesSettle();
         loadInNewRun(path, foundCell);
         EXPECT_TRUE(isKept(path, foundCell));

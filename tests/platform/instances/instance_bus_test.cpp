@@ -71,7 +71,7 @@ protected:
     }
 
     const QString folder = [] {
-        const QString path = test::temporaryFolder();
+        QString path = test::temporaryFolder();
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return path;
     }();

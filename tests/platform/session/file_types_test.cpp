@@ -347,7 +347,7 @@ protected:
                               file + ".part' '" + file + "'\n");
     }
     QString makeAlbum() const {
-        const QString album = place + QStringLiteral("/albums ü/") + QString::fromUtf8(GetParam());
+        QString album = place + QStringLiteral("/albums ü/") + QString::fromUtf8(GetParam());
         writeFile(album, "0\r\n");
         return album;
     }
