@@ -12,8 +12,12 @@ QString commandLine(const QStringList& arguments) {
 }
 
 QString absoluteFile(const QString& file) {
+    // Nothing is looked at on the disk, which may hang, where nothing can come of it.
+    if (!QFileInfo(file).isRelative()) {
+        return file;
+    }
     const QFileInfo found(hostFile(file));
-    if (!QFileInfo(file).isRelative() || !found.isRelative() || !found.isFile()) {
+    if (!found.isRelative() || !found.isFile()) {
         return file;
     }
     // Behind a link, ".." leads elsewhere than the text says.

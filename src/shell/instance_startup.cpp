@@ -1,20 +1,48 @@
 #include "shell/instance_startup.h"
 
+#include "platform/process/await_work.h"
 #include "shell/assoc_com.h"
 #include "shell/assoc_reg.h"
 #include "shell/command_line.h"
 #include "shell/window_number.h"
+
+#include <QTimer>
+
+#include <chrono>
 
 namespace velorama {
 namespace {
 
 const QString handleName = QStringLiteral("hwnd");
 
-/// The first word if it is a file; otherwise the whole line, whose blanks may be a path's own.
+/// The file is handed over for nothing but the order of things: no window waits for longer than
+/// this until its disk has answered.
+constexpr std::chrono::seconds longestLook{2};
+
+/// The first word if it is a file, or the whole line, whose blanks may be a path's own; empty if
+/// neither is one.
 QString fileOf(const QString& commandLine) {
     QStringList words;
     StringSplit(commandLine, words, QStringLiteral(" "));
-    return FileExistsQuick(words.front()) ? words.front() : commandLine;
+    for (const QString& file : {words.front(), commandLine}) {
+        if (FileExistsQuick(file)) {
+            return file;
+        }
+    }
+    return {};
+}
+
+/// The same, and empty for one on a disk that hangs.
+QString fileInTime(const QString& commandLine) {
+    if (commandLine.isEmpty()) {
+        return {};
+    }
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.start(longestLook);
+    return awaitWork([commandLine] { return fileOf(commandLine); },
+                     [&limit] { return !limit.isActive(); }, Events::Painting)
+        .value_or(QString());
 }
 
 }  // namespace
@@ -30,8 +58,7 @@ void InstanceStart::InstanceStartup(QWidget& mainWindow, const QString& commandL
                          [this](const QString& message) { cComm_MessageReceived(message); });
         whenNumbered(mainWindow, [this, &mainWindow] { cComm_->CommBind(mainWindow); });
     }
-    const QString file = fileOf(commandLine);
-    if (FileExistsQuick(file)) {
+    if (const QString file = fileInTime(commandLine); !file.isEmpty()) {
         handOver(file);
     }
     whenNumbered(mainWindow, [this, &mainWindow] {
