@@ -1,8 +1,12 @@
 #include "platform/web/http_exchange.h"
 
+#include "platform/process/detached_thread.h"
+
 #include <QCoreApplication>
+#include <QFutureWatcher>
 #include <QHostAddress>
 #include <QNetworkProxyFactory>
+#include <QPromise>
 #include <QSslSocket>
 
 #include <utility>
@@ -22,12 +26,18 @@ bool isThisMachine(const QString& host) {
     return host == QLatin1String("localhost") || QHostAddress(host).isLoopback();
 }
 
-QNetworkProxy proxyFor(const QUrl& address) {
-    const QNetworkProxy none(QNetworkProxy::NoProxy);
-    if (isThisMachine(address.host())) {
-        return none;
-    }
-    return QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(address)).value(0, none);
+/// What the system tells on a thread that nobody waits for.
+QFuture<QNetworkProxy> proxyFor(const QUrl& address) {
+    QPromise<QNetworkProxy> promise;
+    QFuture<QNetworkProxy> proxy = promise.future();
+    promise.start();
+    startDetached([promise = std::move(promise), address]() mutable {
+        const QNetworkProxy none(QNetworkProxy::NoProxy);
+        promise.addResult(
+            QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(address)).value(0, none));
+        promise.finish();
+    });
+    return proxy;
 }
 
 bool speaksHttp(const QNetworkProxy& proxy) {
@@ -55,11 +65,30 @@ HttpExchange::HttpExchange(qint64 mostBytes, QObject* parent)
     : QObject(parent), reading_(mostBytes) {}
 
 void HttpExchange::start(const QUrl& address) {
+    if (isThisMachine(address.host())) {
+        connectBy(QNetworkProxy(QNetworkProxy::NoProxy), address);
+        return;
+    }
+    // The system may have to read a script first that tells the proxy, from a server that hangs.
+    auto* told = new QFutureWatcher<QNetworkProxy>(this);
+    connect(told, &QFutureWatcher<QNetworkProxy>::finished, this, [this, told, address] {
+        told->deleteLater();
+        if (told->future().resultCount() > 0) {
+            connectBy(told->result(), address);
+        } else {
+            // No thread was to be had.
+            finish(false);
+        }
+    });
+    told->setFuture(proxyFor(address));
+}
+
+void HttpExchange::connectBy(const QNetworkProxy& proxy, const QUrl& address) {
     socket_ = isSecure(address) ? new QSslSocket(this) : new QTcpSocket(this);
     socket_->setReadBufferSize(readAhead);
     connect(socket_, &QTcpSocket::readyRead, this, &HttpExchange::read);
     connect(socket_, &QTcpSocket::errorOccurred, this, &HttpExchange::closed);
-    connectTo(address);
+    connectTo(proxy, address);
 }
 
 HttpExchange::~HttpExchange() {
@@ -69,8 +98,7 @@ HttpExchange::~HttpExchange() {
     }
 }
 
-void HttpExchange::connectTo(const QUrl& address) {
-    QNetworkProxy proxy = proxyFor(address);
+void HttpExchange::connectTo(QNetworkProxy proxy, const QUrl& address) {
     if (auto* secure = qobject_cast<QSslSocket*>(socket_)) {
         if (speaksHttp(proxy)) {
             proxy.setType(QNetworkProxy::HttpProxy);
@@ -123,8 +151,10 @@ void HttpExchange::closed() {
 
 void HttpExchange::finish(bool whole) {
     if (!std::exchange(done_, true)) {
-        socket_->disconnect(this);
-        socket_->abort();
+        if (socket_) {
+            socket_->disconnect(this);
+            socket_->abort();
+        }
         emit finished(whole);
     }
 }

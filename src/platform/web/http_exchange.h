@@ -2,6 +2,7 @@
 
 #include "platform/web/http_reading.h"
 
+#include <QNetworkProxy>
 #include <QObject>
 #include <QTcpSocket>
 #include <QUrl>
@@ -29,7 +30,8 @@ signals:
     void finished(bool whole);
 
 private:
-    void connectTo(const QUrl& address);
+    void connectBy(const QNetworkProxy& proxy, const QUrl& address);
+    void connectTo(QNetworkProxy proxy, const QUrl& address);
     void ask(const QUrl& address, const QByteArray& target, const QByteArray& more);
     void read();
     void closed();

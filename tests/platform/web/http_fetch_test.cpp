@@ -2,17 +2,20 @@
 
 #include "platform/web/http_exchange.h"
 #include "support/http_server.h"
+#include "support/waiting.h"
 
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <semaphore>
 #include <thread>
 
 namespace velorama {
@@ -295,6 +298,63 @@ TEST_F(Fetch, OtherMachinesAreAskedThroughTheSystemsProxy) {
     test::HttpServer here;
     here.answer(QStringLiteral("/v.txt"), "1.6");
     EXPECT_EQ(fetch.OpenURL(here.address(QStringLiteral("/v.txt"))), QStringLiteral("1.6"));
+    before.isNull() ? qunsetenv("http_proxy") : qputenv("http_proxy", before);
+}
+
+/// A place on this machine that takes connections and never says a word. It goes after half a
+/// minute, so that who waits for it comes back then.
+class MutePlace {
+public:
+    MutePlace() {
+        listen_ = ::socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in at{};
+        at.sin_family = AF_INET;
+        at.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof at;
+        EXPECT_EQ(::bind(listen_, reinterpret_cast<sockaddr*>(&at), size), 0);
+        EXPECT_EQ(::listen(listen_, 5), 0);
+        EXPECT_EQ(::getsockname(listen_, reinterpret_cast<sockaddr*>(&at), &size), 0);
+        port_ = ntohs(at.sin_port);
+        goes_ = std::thread([this] {
+            hasGone_ = !left_.try_acquire_for(30s);
+            ::close(listen_);
+        });
+    }
+    MutePlace(const MutePlace&) = delete;
+    MutePlace& operator=(const MutePlace&) = delete;
+    ~MutePlace() {
+        left_.release();
+        goes_.join();
+    }
+    int port() const { return port_; }
+    bool hasGone() const { return hasGone_; }
+    /// Somebody has asked.
+    bool isAsked() const {
+        pollfd asked{listen_, POLLIN, 0};
+        return ::poll(&asked, 1, 0) == 1;
+    }
+
+private:
+    int listen_ = -1;
+    int port_ = 0;
+    std::binary_semaphore left_{0};
+    std::atomic<bool> hasGone_ = false;
+    std::thread goes_;
+};
+
+// The system reads a script that tells the proxy, from a server that may hang.
+TEST_F(Fetch, AProxyThatIsNotToldIsNotWaitedForLongerThanAllElse) {
+    const MutePlace script;
+    const QByteArray before = qgetenv("http_proxy");
+    qputenv("http_proxy",
+            QStringLiteral("pac+http://127.0.0.1:%1/wpad.dat").arg(script.port()).toLatin1());
+    HttpLimits limits;
+    limits.time = 100ms;
+    NetworkFetch brief(limits);
+    EXPECT_EQ(brief.OpenURL(QStringLiteral("http://velorama.invalid/v.txt")), QString());
+    EXPECT_FALSE(script.hasGone());
+    EXPECT_TRUE(test::comesTrue([&script] { return script.isAsked(); }))
+        << "no script is asked for here";
     before.isNull() ? qunsetenv("http_proxy") : qputenv("http_proxy", before);
 }
 
