@@ -106,7 +106,8 @@ void WebAlbum::copyProgramImages(const QString& album) const {
 }
 
 /// Another thread copies, since a picture may be large and its disk slow. The window shows itself
-/// meanwhile, and hands stay off as between the pictures. A copy that is left comes to its end.
+/// meanwhile, and hands stay off as between the pictures, until the disk seems to hang. A copy that
+/// is left comes to its end.
 void WebAlbum::copyFile(const QString& source, const QString& target) const {
     const auto copy = [source, target, exact = exact_] {
         std::optional<ExactNames> exactNames;
@@ -118,7 +119,7 @@ void WebAlbum::copyFile(const QString& source, const QString& target) const {
         return true;
     };
     awaitWork(
-        copy, [stop = stop_.get_token()] { return stop.stop_requested(); }, Events::Painting);
+        copy, [stop = stop_.get_token()] { return stop.stop_requested(); }, Events::PaintingFirst);
 }
 
 }  // namespace velorama

@@ -35,7 +35,7 @@ void loadText(const char* name, QString& text) {
 
 void loadSize(const char* name, QString& size) {
     const QString stored = loadSetting(settings, QLatin1String(name), size);
-    size = leadingNumber(stored) ? stored : size;
+    size = wholeNumber(stored) ? stored : size;
 }
 
 }  // namespace

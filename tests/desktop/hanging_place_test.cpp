@@ -88,6 +88,30 @@ TEST_F(HangingPlaces, TheProgramEndsWhileItsAlbumHangs) {
     EXPECT_EQ(storedAlbum(store), album);
 }
 
+TEST_F(HangingPlaces, TheProgramStartsAndEndsWhileTheAlbumOfTheCommandLineHangs) {
+    ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));
+    const HangingPlace place(album);
+    open(place, {album});
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_EQ(page->close(), 0);
+}
+
+TEST_F(HangingPlaces, TheProgramEndsWhileASlideOfAWebAlbumHangs) {
+    const HangingPlace place(slides.at(1), HangingPlace::First::Answers);
+    ASSERT_NO_FATAL_FAILURE(openAlbumOf(place));
+    place.hang();
+    EXPECT_TRUE(page->turnTo(WebAlbumPage));
+    session.key(QStringLiteral("alt+g"));
+    session.type(QStringLiteral("Trip"));
+    // The middle of the button that creates the album.
+    const QSize size = page->geometry().size();
+    session.click(page->window(), QPoint(size.width() - 232, size.height() - 245));
+    const QString copies = session.home() + QStringLiteral("/Documents/My WebAlbum");
+    EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(copies); }));
+    EXPECT_EQ(page->close(), 0);
+    EXPECT_TRUE(waitForSlides(store, slides));
+}
+
 TEST_F(HangingPlaces, AnAlbumListWithOneThatHangsIsKeptWhole) {
     const QString other = session.home() + QStringLiteral("/other.vlr");
     ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));

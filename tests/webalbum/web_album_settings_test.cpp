@@ -48,8 +48,11 @@ TEST(WebAlbumSettings, ThoseAbsentAreTheFallbacks) {
               "16708836|4194304|16761024|16744576|16777215|Arial, Helvetica, Sans-Serif|3 (12 pt)|"
               "Georgia, \"Times New Roman\", Times, Serif|6 (24 pt)|500|95");
     saveSetting(section, QStringLiteral("BarColor"), QStringLiteral("red"));
-    saveSetting(section, QStringLiteral("PhotoSize"), QStringLiteral("large"));
-    EXPECT_EQ(asText(loadWebAlbumValues(webAlbumDesign())), asText(webAlbumDesign()));
+    for (const char* size : {"large", "12abc", "300px", "5 000", "", "99999999999"}) {
+        saveSetting(section, QStringLiteral("PhotoSize"), QLatin1String(size));
+        saveSetting(section, QStringLiteral("ThumbnailSize"), QLatin1String(size));
+        EXPECT_EQ(asText(loadWebAlbumValues(webAlbumDesign())), asText(webAlbumDesign())) << size;
+    }
 }
 
 TEST(WebAlbumSettings, WhatIsSavedComesBack) {

@@ -2,9 +2,14 @@
 
 #include <QCoreApplication>
 #include <QThread>
+#include <QTimer>
+
+#include <chrono>
 
 namespace velorama {
 namespace {
+
+constexpr std::chrono::seconds longestPainting{2};
 
 bool isOnEventThread() {
     const QCoreApplication* app = QCoreApplication::instance();
@@ -31,11 +36,17 @@ void DoEventsUntil(const std::function<bool()>& isOver, Events events) {
     if (!isOnEventThread() || isOver()) {
         return;
     }
+    QTimer first;
+    first.setSingleShot(true);
+    if (events == Events::PaintingFirst) {
+        first.start(longestPainting);
+    }
     // What comes in between two turns is still to be handled, so that the next one does not sleep;
     // what a wait inside this one has handled was in a turn of this one too.
     while (!isOver()) {
+        const bool isPainting = events == Events::Painting || first.isActive();
         const QEventLoop::ProcessEventsFlags which =
-            events == Events::All ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents;
+            isPainting ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
         processEvents(which | QEventLoop::WaitForMoreEvents);
     }
 }

@@ -11,8 +11,9 @@ void DoEvents();
 /// The same, but sleeps until there is an event if there is none.
 void WaitEvents();
 
-/// Which events run: all, or those of `PaintEvents`.
-enum class Events { All, Painting };
+/// Which events run: all, those of `PaintEvents`, or these for two seconds and then all: what takes
+/// so long may never end, and a window can always be closed.
+enum class Events { All, Painting, PaintingFirst };
 
 /// Lets events run until `isOver`, which is asked before and after each turn of them; sleeps where
 /// there are none. So whatever makes it true has to be an event, or to post one afterwards. On
