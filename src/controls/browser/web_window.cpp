@@ -112,7 +112,9 @@ void webWINDOW::pageArrived(const HttpAnswer& answer, const QUrl& asked, Task ta
     if (!answer.ok && task == Task::Refresh && !shownFailed_) {
         return;
     }
-    if (answer.ok && task == Task::New && pageKind(answer.contentType) == PageKind::Foreign) {
+    const bool isForeign = answer.ok && pageKind(answer.contentType) == PageKind::Foreign;
+    // The first has to leave something on show.
+    if (isForeign && task == Task::New && place_ >= 0) {
         stop();
         emit OutsideLink(answer.address);
         return;

@@ -475,6 +475,19 @@ TEST_F(WebWindow, NoOtherServerIsAskedForAPicture) {
     EXPECT_EQ(shownPicture("/led.png").size(), QSize(1, 1));
 }
 
+// Nothing else would ever take the place of the words that ask for a moment.
+TEST_F(WebWindow, AFirstPageThatIsNoneSaysSoAndCanBeTriedAgain) {
+    server.answer(QStringLiteral("/"), "PK", "application/zip");
+    open("/");
+    EXPECT_TRUE(pageHolds("cannot be shown"));
+    EXPECT_EQ(completed.join(u' ').toStdString(), at("/").toStdString());
+    EXPECT_TRUE(outside.isEmpty());
+    page("/", "here again");
+    web.Refresh();
+    settle();
+    EXPECT_TRUE(pageHolds("here again"));
+}
+
 TEST_F(WebWindow, ARedirectToAnotherServerOrToAFileIsNoPage) {
     test::HttpServer other;
     other.answer(QStringLiteral("/b.html"), "foreign");
