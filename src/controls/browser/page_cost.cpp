@@ -1,29 +1,21 @@
 #include "controls/browser/page_cost.h"
 
 #include <QRegularExpression>
+#include <QTextFrame>
+#include <QTextTable>
 
+#include <algorithm>
 #include <optional>
 
 namespace velorama {
 namespace {
 
-// The time of laying out tables doubles with each one that stands in another.
+// The time of laying out tables doubles with each one that stands in another. What is counted are
+// the tables that have been read, since one is made for cells that stand in none too.
 constexpr int deepestTable = 6;
 // It grows with the square of open tags and with the cells of a table, the spanned ones included.
 constexpr int mostTags = 1500;
 constexpr qint64 mostCells = 50000;
-
-int tableDepth(const QString& html) {
-    static const QRegularExpression tag(QStringLiteral("<(/?)table\\b"),
-                                        QRegularExpression::CaseInsensitiveOption);
-    int depth = 0;
-    int deepest = 0;
-    for (auto match = tag.globalMatch(html); match.hasNext();) {
-        depth = match.next().captured(1).isEmpty() ? depth + 1 : qMax(0, depth - 1);
-        deepest = qMax(deepest, depth);
-    }
-    return deepest;
-}
 
 QRegularExpression anyCase(const QString& pattern) {
     return QRegularExpression(pattern, QRegularExpression::CaseInsensitiveOption);
@@ -51,13 +43,23 @@ std::optional<qint64> cellBound(const QString& html) {
     return (html.count(row) + spanned) * (html.count(cell) + spanned);
 }
 
+/// Tables in tables, and further down than `depth` of them.
+bool holdsDeeper(const QTextFrame& frame, int depth) {
+    const QList<QTextFrame*> inner = frame.childFrames();
+    return std::any_of(inner.begin(), inner.end(), [depth](const QTextFrame* child) {
+        const bool isTable = qobject_cast<const QTextTable*>(child) != nullptr;
+        return (isTable && depth == 0) || holdsDeeper(*child, isTable ? depth - 1 : depth);
+    });
+}
+
 }  // namespace
 
 bool isLight(const QString& html) {
-    if (html.count(u'<') > mostTags || tableDepth(html) > deepestTable) {
-        return false;
-    }
-    return cellBound(html).value_or(mostCells + 1) <= mostCells;
+    return html.count(u'<') <= mostTags && cellBound(html).value_or(mostCells + 1) <= mostCells;
+}
+
+bool isLight(const QTextDocument& page) {
+    return !holdsDeeper(*page.rootFrame(), deepestTable);
 }
 
 }  // namespace velorama

@@ -11,8 +11,11 @@ std::unique_ptr<PageDocument> makePage(const QString& text, PageKind kind, const
     page->setUndoRedoEnabled(false);
     page->setDefaultFont(font);
     page->setDocumentMargin(12);
-    if (kind == PageKind::Html && isLight(text)) {
+    const bool isRead = kind == PageKind::Html && isLight(text);
+    if (isRead) {
         page->read(text);
+    }
+    if (isRead && isLight(*page)) {
         makeAbsolute(*page, address);
     } else {
         page->setPlainText(text);

@@ -9,8 +9,8 @@
 
 namespace velorama {
 
-/// The page as a document, its links and pictures with full addresses. One of so many tags or table
-/// cells that it would take long to lay out is shown as it is written.
+/// The page as a document, its links and pictures with full addresses. One of so many tags, cells
+/// or tables in tables that it would take long to lay out is shown as it is written.
 std::unique_ptr<PageDocument> makePage(const QString& text, PageKind kind, const QUrl& address,
                                        const QFont& font);
 /// What is shown where a page cannot be had, with a link that tries again; `substitute`, HTML that

@@ -579,6 +579,8 @@ TEST_F(WebWindow, PagesMadeToBeSlowAreShownAsTheyAreWritten) {
     const QByteArray rows = QByteArray("<tr><td>y").repeated(600);
     for (const QByteArray& body :
          {QByteArray("<ul>").repeated(1501), QByteArray("<b>").repeated(20000),
+          QByteArray("<table><tr><td>").repeated(7),
+          QByteArray("<i><td>a</td><td>b</tr>").repeated(40),
           QByteArray("<table><tr><td colspan=20000>x" + rows),
           QByteArray("<table><tr><td colspan='&#50;0000'>x" + rows),
           QByteArray("<table><tr><td col&#x73;pan=20000>x" + rows),
@@ -588,6 +590,12 @@ TEST_F(WebWindow, PagesMadeToBeSlowAreShownAsTheyAreWritten) {
         EXPECT_TRUE(web.toPlainText().startsWith(QString::fromLatin1(body.left(20))))
             << body.left(40).toStdString();
     }
+}
+
+TEST_F(WebWindow, SixTablesInOneAnotherAreTables) {
+    page("/a.html", QByteArray("<table><tr><td>").repeated(6) + "x");
+    open("/a.html");
+    EXPECT_EQ(web.toPlainText().trimmed().toStdString(), "x");
 }
 
 TEST_F(WebWindow, TablesOfOrdinarySizeAreTables) {
