@@ -127,8 +127,7 @@ QStringList wallpapers() {
 }  // namespace
 
 QString dataFolder(const QString& name) {
-    QString folder =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/bench-data/") + name;
+    QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/bench-data/") + name;
     QDir().mkpath(folder);
     return folder;
 }

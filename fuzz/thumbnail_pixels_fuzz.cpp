@@ -23,7 +23,8 @@ QByteArray underGoodHead(const QByteArray& bytes) {
 
 QImage imageOf(const QByteArray& bytes) {
     const int width = 1 + static_cast<quint8>(bytes[0]) % 64;
-    const auto rows = static_cast<int>(qMin<qsizetype>(64, (bytes.size() - 1) / (4 * width)));
+    const auto rows =
+        static_cast<int>(qMin<qsizetype>(64, (bytes.size() - 1) / (qsizetype{4} * width)));
     QImage image(width, rows, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < rows; ++y) {
         std::copy_n(bytes.constData() + 1 + qsizetype{4} * width * y, qsizetype{4} * width,

@@ -16,7 +16,7 @@ protected:
     static qint64 residentMegabytes() {
         QFile file(QStringLiteral("/proc/self/statm"));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll().split(' ').value(1).toLongLong() * 4096 / (1024 * 1024);
+        return file.readAll().split(' ').value(1).toLongLong() * 4096 / (1024LL * 1024);
     }
 
     QStringList p = pictures({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
@@ -92,7 +92,7 @@ TEST_F(AlbumForeign, aPictureGivenAsAnAlbum) {
 }
 
 TEST_F(AlbumForeign, aLineOfTenMegabytes) {
-    const qsizetype size = 10 * 1024 * 1024;
+    const qsizetype size = 10LL * 1024 * 1024;
     const QByteArray line(size, 'x');
     read("1\r\n" + line + "\r\n\r\n");
     ASSERT_EQ(lvwSLIDEBAR->Count(), 1);

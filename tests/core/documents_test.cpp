@@ -160,7 +160,7 @@ TEST_F(DocumentSave, namesMayBeAsLongAsTheFileSystemLets) {
 }
 
 TEST_F(DocumentSave, tenMegabytesGoOutInOne) {
-    const QString content(10 * 1024 * 1024, u'x');
+    const QString content(10LL * 1024 * 1024, u'x');
     DocumentSaveText(content, path);
     EXPECT_EQ(contentOf(path), content.toUtf8() + "\r\n");
 }

@@ -140,7 +140,7 @@ TEST(FieldReader, goesOnBehindBytesThatAreNoText) {
 }
 
 TEST(FieldReader, readsALineOfTenMegabytes) {
-    const qsizetype size = 10 * 1024 * 1024;
+    const qsizetype size = 10LL * 1024 * 1024;
     const QStringList fields = fieldsOf(QByteArray(size, 'x') + "\r\nb");
     ASSERT_EQ(fields.size(), 2);
     EXPECT_EQ(fields[0].size(), size);

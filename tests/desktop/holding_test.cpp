@@ -27,7 +27,7 @@ const QString pressDelay = QStringLiteral("40");  // milliseconds
 // Kibibytes. A command inside itself takes some 4 KiB of stack each time, or a decoded picture of
 // 96 MiB; what is on the way at once is bounded by the workers of the look-ahead.
 constexpr qint64 mostStack = 512;
-constexpr qint64 mostMemory = 1024 * 1024;
+constexpr qint64 mostMemory = 1024LL * 1024;
 
 class Holding : public testing::Test {
 protected:

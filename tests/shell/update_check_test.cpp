@@ -199,7 +199,7 @@ TEST_F(Updates, ALongAnswerLeavesTheDialogItsWidth) {
     answer("0.5");
     check([&plain](const frmHELPCHECKUPDATE& form) { plain = form.width(); });
     looks = waits = 0;
-    server.pour(updatePath, 1024 * 1024 * 1024);
+    server.pour(updatePath, 1024LL * 1024 * 1024);
     check([plain](frmHELPCHECKUPDATE& form) {
         EXPECT_EQ(form.width(), plain);
         EXPECT_EQ(form.lblPROGNO->Caption().size(), 16 + 64 * 1024);

@@ -10,7 +10,7 @@
 namespace velorama::test {
 namespace {
 
-constexpr qint64 Portion = 64 * 1024;
+constexpr qint64 Portion = 64LL * 1024;
 
 QByteArray typeOf(const QString& path) {
     const QString suffix = QFileInfo(path).suffix();

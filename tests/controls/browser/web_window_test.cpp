@@ -443,7 +443,7 @@ TEST_F(WebWindow, AnEndlessPageAndAnEndlessPictureAreCutOff) {
     limits.page.bytes = 20000;
     limits.picture.bytes = 20000;
     web.setLimits(limits);
-    server.pour(QStringLiteral("/a.html"), 1024 * 1024 * 1024);
+    server.pour(QStringLiteral("/a.html"), 1024LL * 1024 * 1024);
     open("/a.html");
     EXPECT_EQ(web.toPlainText().size(), 20000);
     page("/b.html", "<img src='a.html'>");
