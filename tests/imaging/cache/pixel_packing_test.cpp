@@ -32,6 +32,14 @@ TEST(PixelPacking, GivesEveryPixelBack) {
     }
 }
 
+TEST(PixelPacking, HoldsNoMoreMemoryThanItsBytes) {
+    QImage plain(180, 180, QImage::Format_RGB32);
+    plain.fill(Qt::red);
+    const QByteArray packed = packPixels(plain);
+    EXPECT_LT(packed.size(), 2000);
+    EXPECT_LT(packed.capacity(), 2 * packed.size());
+}
+
 TEST(PixelPacking, TakesNoOtherFormat) {
     EXPECT_TRUE(packPixels(QImage()).isEmpty());
     EXPECT_TRUE(packPixels(QImage(4, 4, QImage::Format_Grayscale8)).isEmpty());
