@@ -79,7 +79,15 @@ Playback MediaKeys::playback() const {
 
 QString MediaKeys::fileOf(const QString& row) {
     if (std::exchange(row_, row) != row) {
-        file_ = hostFile(row);
+        file_.clear();
+        looks_.ask([this, row]() -> SlowLooks::Answer {
+            return [this, row, file = hostFile(row)] {
+                if (row == row_) {
+                    file_ = file;
+                    remote_->refresh();
+                }
+            };
+        });
     }
     return file_;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/process/slow_looks.h"
 #include "platform/session/media_remote.h"
 #include "ui/show_start.h"
 
@@ -40,9 +41,10 @@ private:
     ShowStart& show_;
     MediaCommands& device_;
     std::shared_ptr<MediaRemote> remote_;
-    // The row told last and its file, which is looked for on the disk once.
+    // The row told last and its file, which is looked for on the disk once; empty until it answers.
     QString row_;
     QString file_;
+    SlowLooks looks_;
 };
 
 }  // namespace velorama

@@ -120,9 +120,24 @@ TEST_F(MediaKeysOnWindow, TheTrackIsTheSelectedRowAndItsFile) {
     const MediaState state = panel->target->state();
     EXPECT_EQ(state.track, 0);
     EXPECT_EQ(state.title, QStringLiteral("song.wav"));
-    EXPECT_EQ(state.path, file.fileName());
+    EXPECT_EQ(state.path, QString()) << "no disk is waited for";
     EXPECT_TRUE(state.canPlay);
     EXPECT_TRUE(state.canStep);
+    panel->refreshes = 0;
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel->refreshes > 0; }, 20000));
+    EXPECT_EQ(panel->target->state().path, file.fileName());
+}
+
+TEST_F(MediaKeysOnWindow, ARowThatIsLeftTellsNoFile) {
+    open();
+    fill();
+    EXPECT_EQ(panel->target->state().path, QString());
+    music().lstMUSIC->setListIndex(1);
+    EXPECT_EQ(panel->target->state().path, QString());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel->target->state().path == second; }, 20000));
+    music().lstMUSIC->setListIndex(0);
+    EXPECT_EQ(panel->target->state().path, QString());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel->target->state().path == first; }, 20000));
 }
 
 TEST_F(MediaKeysOnWindow, WhateverChangesIsToldToLookAgain) {

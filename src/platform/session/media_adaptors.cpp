@@ -29,8 +29,10 @@ QVariantMap metadataOf(const MediaState& state) {
         return all;
     }
     all.insert(QStringLiteral("xesam:title"), state.title);
-    all.insert(QStringLiteral("xesam:url"),
-               QString::fromLatin1(QUrl::fromLocalFile(state.path).toEncoded()));
+    if (!state.path.isEmpty()) {
+        all.insert(QStringLiteral("xesam:url"),
+                   QString::fromLatin1(QUrl::fromLocalFile(state.path).toEncoded()));
+    }
     if (state.length > 0) {
         all.insert(QStringLiteral("mpris:length"), static_cast<qlonglong>(state.length));
     }

@@ -14,7 +14,7 @@ struct MediaState {
     /// The track's place in its list, from 0; -1 for none, and what is told of it is empty then.
     int track = -1;
     QString title;
-    /// Full path of its file.
+    /// Full path of its file; empty as long as the disk has not told it.
     QString path;
     /// Microseconds, 0 where it is not known.
     qint64 length = 0;
