@@ -1,6 +1,5 @@
 #include "entry.h"
-#include "platform/sound/audio_source.h"
-#include "platform/sound/midi_source.h"
+#include "platform/sound/music_file.h"
 
 #include <cstring>
 #include <vector>
@@ -34,15 +33,14 @@ bool isMidi(const QByteArray& bytes) {
 // WAV and MP3: what is opened keeps its promises, and gives the same in pieces as at once.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const fuzz::Folder folder;
-    static MidiSynth synth{QString()};
     const QByteArray bytes = fuzz::asBytes(data, size);
-    // Has an entry of its own, without the synthesizer.
+    // Has an entry of its own.
     if (isMidi(bytes)) {
         return 0;
     }
     const QString path = folder.write(QStringLiteral("music"), bytes);
-    const auto whole = openAudioSource(path, synth);
-    const auto pieces = openAudioSource(path, synth);
+    const auto whole = openMusicFile(path).sound;
+    const auto pieces = openMusicFile(path).sound;
     fuzz::require((whole != nullptr) == (pieces != nullptr));
     if (whole != nullptr) {
         const int channels = whole->channels();

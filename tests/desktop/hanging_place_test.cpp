@@ -1,40 +1,14 @@
 // Pictures and albums on a place of the disk that does not answer, as a server that is gone.
 
+#include "desktop/hanging_place.h"
 #include "desktop/album_world.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <gtest/gtest.h>
 
 namespace velorama::desktop {
 namespace {
-
-/// Opens or looks at anything below it wait as long as it hangs.
-class HangingPlace {
-public:
-    enum class First { Hangs, Answers };
-    explicit HangingPlace(const QString& path, First first = First::Hangs)
-        : path_(path), flag_(path + QStringLiteral(".hangs")) {
-        if (first == First::Hangs) {
-            hang();
-        }
-    }
-    ~HangingPlace() { QFile::remove(flag_); }
-    HangingPlace(const HangingPlace&) = delete;
-    HangingPlace& operator=(const HangingPlace&) = delete;
-
-    void hang() const { EXPECT_TRUE(putBytes(flag_, "yes")); }
-    void answer() const { EXPECT_TRUE(QFile::remove(flag_)); }
-    QStringList environment() const {
-        return {QStringLiteral("LD_PRELOAD=" VELORAMA_HANGING_LIBRARY),
-                QStringLiteral("VELORAMA_HANGING_PLACE=") + path_};
-    }
-
-private:
-    QString path_;
-    QString flag_;
-};
 
 class HangingPlaces : public Albums {
 protected:

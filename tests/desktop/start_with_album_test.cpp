@@ -1,47 +1,20 @@
 // What a start with an album waits for, and what it does not read.
 
 #include "desktop/album_world.h"
+#include "support/file_gate.h"
 
 #include <QDateTime>
 #include <QFile>
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
 #include <array>
-#include <csignal>
 
 namespace velorama::desktop {
 namespace {
-
-/// Stops who opens a file, in the midst of that, until it is let go: for 45 seconds at most.
-class Gate {
-public:
-    explicit Gate(const QString& path)
-        : file_(::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC)),
-          // The signal that tells of the waiting would end the test; this one does nothing.
-          closed_(::fcntl(file_, F_SETSIG, SIGURG) == 0 &&
-                  ::fcntl(file_, F_SETLEASE, F_WRLCK) == 0) {}
-    ~Gate() { open(); }
-    Gate(const Gate&) = delete;
-    Gate& operator=(const Gate&) = delete;
-
-    bool isClosed() const { return closed_; }
-    bool isSomebodyWaiting() const { return ::fcntl(file_, F_GETLEASE) != F_WRLCK; }
-    void open() {
-        if (file_ >= 0) {
-            ::close(file_);
-            file_ = -1;
-        }
-    }
-
-private:
-    int file_;
-    bool closed_;
-};
 
 /// Counts how often the files of a folder are opened.
 class Openings {
@@ -106,7 +79,7 @@ TEST_F(StartWithAlbum, PaintsTheWindowBeforeItReadsTheAlbum) {
     ASSERT_TRUE(putBytes(album, albumText(QStringLiteral("3|Our note"), slides)));
     ASSERT_TRUE(
         store.setSetting(QStringLiteral("mfrmPRGMAIN\\View"), QStringLiteral("Slideshow"), album));
-    Gate gate(album);
+    test::FileGate gate(album);
     ASSERT_TRUE(gate.isClosed());
     Program& program = session.start();
     ASSERT_TRUE(waitFor([&] { return gate.isSomebodyWaiting(); }));

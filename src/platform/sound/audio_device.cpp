@@ -6,7 +6,6 @@
 
 #include <SDL.h>
 
-#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -22,9 +21,6 @@ using namespace std::chrono_literals;
 constexpr auto Moment = 100ms;
 // The last sound takes a fifth of a second to be let out.
 constexpr auto LongestEnd = 2s;
-
-// How long a device that has just opened waits to be let run before it takes its first turn.
-constexpr auto FirstTurn = 50ms;
 
 // What one turn of the device takes. Shorter turns have been heard as gaps, and a turn wakes the
 // processor a few times whatever its length; a pause is heard up to a turn late.
@@ -77,62 +73,27 @@ bool begin() {
     return true;
 }
 
-/// Between a device and what it asks: lets it ask, or gives it silence. The device itself is never
-/// held.
-class Gate {
-public:
-    explicit Gate(const AudioDevice::Wanted& wanted) : wanted_(wanted) {}
-
-    /// Nothing is asked any more once false has been set.
-    void setRunning(bool running) {
-        const std::lock_guard guard(lock_);
-        running_ = running;
-        changed_.notify_all();
-    }
-
-    static void onTurn(void* self, Uint8* bytes, int count) {
-        static_cast<Gate*>(self)->turn(bytes, count);
-    }
-
-private:
-    void turn(Uint8* bytes, int count) {
-        std::unique_lock guard(lock_);
-        if (std::exchange(first_, false)) {
-            // A turn of silence would have to be heard to its end before the track begins.
-            changed_.wait_for(guard, FirstTurn, [this] { return running_; });
-        }
-        if (running_) {
-            wanted_.callback(wanted_.self, bytes, count);
-        } else {
-            std::fill(bytes, bytes + count, Uint8(0));
-        }
-    }
-
-    const AudioDevice::Wanted wanted_;
-    std::mutex lock_;
-    std::condition_variable changed_;
-    bool running_ = false;
-    bool first_ = true;
-};
+void onTurn(void* feed, Uint8* bytes, int count) {
+    static_cast<AudioFeed*>(feed)->fill(bytes, count);
+}
 
 struct Device {
     SDL_AudioDeviceID id = 0;  // 0: none
-    std::shared_ptr<Gate> gate;
+    std::shared_ptr<AudioFeed> feed;
 };
 
-Device openHeld(const AudioDevice::Wanted& wanted) {
-    auto gate = std::make_shared<Gate>(wanted);
+Device openFor(const AudioDevice::Wanted& wanted) {
     SDL_AudioSpec spec = {};
     spec.freq = wanted.rate;
     spec.format = AUDIO_F32SYS;
     spec.channels = static_cast<Uint8>(wanted.channels);
     spec.samples = turnFrames(wanted.rate);
-    spec.callback = &Gate::onTurn;
-    spec.userdata = gate.get();
+    spec.callback = &onTurn;
+    spec.userdata = wanted.feed.get();
     const SDL_AudioDeviceID id = SDL_OpenAudioDevice(nullptr, 0, &spec, nullptr, 0);
     // At once: its thread is about to take the first turn.
     SDL_PauseAudioDevice(id, 0);
-    return {id, std::move(gate)};
+    return {id, wanted.feed};
 }
 
 }  // namespace
@@ -143,7 +104,6 @@ struct AudioDevice::Shared {
     std::optional<Wanted> wanted;  // what no thread has taken up yet
     State state = State::Closed;
     Device device;
-    bool running = false;
     bool working = false;  // a thread is opening or giving back
     bool leaving = false;
     bool begun = false;  // touched by that thread only
@@ -153,7 +113,6 @@ struct AudioDevice::Shared {
 
     /// With the lock held.
     static void letGo(const std::shared_ptr<Shared>& self, const Device& old) {
-        old.gate->setRunning(false);
         ++self->closing;
         const auto close = [self, old] {
             SDL_CloseAudioDevice(old.id);
@@ -168,6 +127,11 @@ struct AudioDevice::Shared {
         }
     }
 
+    bool areClosedWithin(std::chrono::milliseconds limit) {
+        std::unique_lock guard(lock);
+        return changed.wait_for(guard, limit, [this] { return closing == 0; });
+    }
+
     void endSystem() {
         std::unique_lock guard(lock);
         changed.wait(guard, [this] { return closing == 0; });
@@ -180,20 +144,21 @@ struct AudioDevice::Shared {
 
     Device openDevice(const Wanted& what) {
         begun = begun || begin();
-        return begun ? openHeld(what) : Device();
+        return begun ? openFor(what) : Device();
     }
 
     Device openAnew(const Wanted& what) {
         const std::lock_guard guard(systemLock());
         const bool wasBegun = begun;
         Device opened = openDevice(what);
-        if (opened.id == 0) {
+        // A device that hangs in its feed is not closed for ever.
+        if (opened.id == 0 && areClosedWithin(LongestEnd)) {
             // The sound server met at the beginning may be gone, and another one be there by now.
             endSystem();
             opened = wasBegun ? openDevice(what) : Device();
-        }
-        if (opened.id == 0) {
-            endSystem();
+            if (opened.id == 0) {
+                endSystem();
+            }
         }
         return opened;
     }
@@ -203,9 +168,6 @@ struct AudioDevice::Shared {
         if (self->state == State::Opening && !self->wanted) {
             self->device = opened;
             self->state = opened.id != 0 ? State::Open : State::Failed;
-            if (opened.id != 0) {
-                opened.gate->setRunning(self->running);
-            }
         } else if (opened.id != 0) {
             letGo(self, opened);  // Nobody waits for it any more.
         }
@@ -254,7 +216,6 @@ void AudioDevice::open(const Wanted& wanted) {
     const bool late =
         shared_->working;  // An earlier one still waits, and this one would behind it.
     shared_->wanted = wanted;
-    shared_->running = false;
     shared_->state = State::Opening;
     if (!late && !startDetached([shared = shared_] { work(shared); })) {
         shared_->wanted.reset();
@@ -271,14 +232,6 @@ void AudioDevice::open(const Wanted& wanted) {
 AudioDevice::State AudioDevice::state() const {
     const std::lock_guard guard(shared_->lock);
     return shared_->state;
-}
-
-void AudioDevice::setRunning(bool running) {
-    const std::lock_guard guard(shared_->lock);
-    shared_->running = running;
-    if (shared_->device.id != 0) {
-        shared_->device.gate->setRunning(running);
-    }
 }
 
 void AudioDevice::close() {

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <QString>
-
-#include <memory>
+#include <QtGlobal>
 
 namespace velorama {
-
-class MidiSynth;
 
 /// One opened music file that gives its sound piece by piece.
 class AudioSource {
@@ -27,11 +23,5 @@ public:
     /// asked only at the end. Runs on the device's thread, never at the same time as itself.
     virtual int read(float* out, int frames) = 0;
 };
-
-/// Opens a file of this machine by its content: `MThd`, and `RIFF` with `RMID`, is MIDI, any other
-/// `RIFF`, `RIFX` or `RF64` a sound file, and the rest is taken for MP3. Null if it is empty, no
-/// plain file, or damaged. `synth` must outlive the source, and only one MIDI source may live at a
-/// time.
-std::unique_ptr<AudioSource> openAudioSource(const QString& file, MidiSynth& synth);
 
 }  // namespace velorama

@@ -11,7 +11,8 @@ namespace velorama {
 /// the alias it was opened under.
 ///
 /// - `open "PATH" type MPEGVideo alias NAME` succeeds if no track is open and the file plays, which
-///   then stands at 0.
+///   then stands at 0. A file that a disk keeps waiting for more than a second is taken for open:
+///   it stands at 0 until it is there, and is forgotten if it does not play after all.
 /// - `play NAME` starts, or goes on after a pause, from where the track stands.
 /// - `pause NAME` and `resume NAME` stop the position and let it run again; `resume` starts no
 ///   stopped track.

@@ -1,14 +1,29 @@
 #include "platform/sound/media_player.h"
 
-#include "platform/files/paths.h"
 #include "platform/numbers.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace velorama {
+namespace {
+
+using namespace std::chrono_literals;
+
+// How long the user interface waits for a file: more than any disk takes that is awake, few enough
+// for one that does not answer, which is waited for once a track.
+constexpr auto LongestOpening = 1s;
+// What a track is said to last as long as its file is waited for: with less it would be over.
+constexpr qint64 UnknownLength = 2000;  // milliseconds
+
+qint64 milliseconds(qint64 frames, int rate) {
+    return frames * 1000 / rate;
+}
+
+}  // namespace
 
 struct MediaPlayer::Verb {
     const char* word;
@@ -29,7 +44,7 @@ MediaPlayer::~MediaPlayer() {
 }
 
 bool MediaPlayer::send(const QString& command, QString* answer) {
-    forgetUnheard();
+    lookAgain();
     QString said;
     bool done = false;
     const QString text = command.trimmed();
@@ -52,16 +67,29 @@ void MediaPlayer::whenPulled(std::function<void()> told) {
     }
 }
 
-/// A track whose device did not come after all is one that could not be opened.
-void MediaPlayer::forgetUnheard() {
-    if (source_ && output_.failed()) {
+/// A track whose file or device did not come after all is one that could not be opened.
+void MediaPlayer::lookAgain() {
+    if (opening_ && opening_->isDoneWithin(0s)) {
+        takeUp();
+    }
+    if (output_.failed()) {
         output_.close();
-        source_.reset();
+    }
+}
+
+void MediaPlayer::takeUp() {
+    std::unique_ptr<AudioSource> source = sourceOf(opening_->take(), synth_);
+    opening_.reset();
+    if (source && output_.open(std::move(source))) {
+        output_.track()->setRunning(running_);
+        if (watch_) {
+            watch_->renew();
+        }
     }
 }
 
 bool MediaPlayer::isOpen(const QString& name) const {
-    return source_ && name.compare(alias_, Qt::CaseInsensitive) == 0;
+    return isAnyOpen() && name.compare(alias_, Qt::CaseInsensitive) == 0;
 }
 
 bool MediaPlayer::open(const QString& rest, QString&) {
@@ -70,20 +98,24 @@ bool MediaPlayer::open(const QString& rest, QString&) {
         QStringLiteral(R"re(^"(.*)"\s+type\s+MPEGVideo\s+alias\s+(\S+)$)re"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch match = form.match(rest);
-    if (!match.hasMatch() || source_) {
+    if (!match.hasMatch() || isAnyOpen()) {
         return false;
-    }
-    source_ = openAudioSource(hostFile(match.captured(1)), synth_);
-    if (!source_ || !output_.open(*source_)) {
-        source_.reset();
-        return false;
-    }
-    if (watch_) {
-        watch_->renew();
     }
     alias_ = match.captured(2);
     started_ = false;
-    return true;
+    running_ = false;
+    opening_.emplace(match.captured(1));
+    if (opening_->isDoneWithin(LongestOpening)) {
+        takeUp();
+    }
+    return isAnyOpen();
+}
+
+void MediaPlayer::setRunning(bool running) {
+    running_ = running;
+    if (AudioTrack* track = output_.track()) {
+        track->setRunning(running);
+    }
 }
 
 bool MediaPlayer::play(const QString& rest, QString&) {
@@ -91,7 +123,7 @@ bool MediaPlayer::play(const QString& rest, QString&) {
         return false;
     }
     started_ = true;
-    output_.setRunning(true);
+    setRunning(true);
     return true;
 }
 
@@ -99,7 +131,7 @@ bool MediaPlayer::pause(const QString& rest, QString&) {
     if (!isOpen(rest)) {
         return false;
     }
-    output_.setRunning(false);
+    setRunning(false);
     return true;
 }
 
@@ -107,7 +139,7 @@ bool MediaPlayer::resume(const QString& rest, QString&) {
     if (!isOpen(rest)) {
         return false;
     }
-    output_.setRunning(started_);
+    setRunning(started_);
     return true;
 }
 
@@ -115,8 +147,8 @@ bool MediaPlayer::close(const QString& rest, QString&) {
     if (!isOpen(rest)) {
         return false;
     }
+    opening_.reset();
     output_.close();
-    source_.reset();
     return true;
 }
 
@@ -133,21 +165,28 @@ bool MediaPlayer::status(const QString& rest, QString& answer) {
         return false;
     }
     if (what.compare(QLatin1String("length"), Qt::CaseInsensitive) == 0) {
-        answer = decimalText(milliseconds(source_->length()));
+        answer = decimalText(length());
     } else if (what.compare(QLatin1String("position"), Qt::CaseInsensitive) == 0) {
-        answer = decimalText(milliseconds(position()));
+        answer = decimalText(position());
     }
     return !answer.isEmpty();
 }
 
-qint64 MediaPlayer::milliseconds(qint64 frames) const {
-    return frames * 1000 / source_->rate();
+/// In milliseconds, as the position.
+qint64 MediaPlayer::length() const {
+    const AudioTrack* track = output_.track();
+    return track ? milliseconds(track->length(), track->rate()) : UnknownLength;
 }
 
-/// In frames. A file that gives less than it promised is at its end when it has nothing more.
-qint64 MediaPlayer::position() {
-    return output_.sourceEnded() ? source_->length()
-                                 : std::min(output_.framesHanded(), source_->length());
+/// A file that gives less than it promised is at its end when it has nothing more.
+qint64 MediaPlayer::position() const {
+    const AudioTrack* track = output_.track();
+    if (!track) {
+        return 0;
+    }
+    const qint64 frames =
+        track->ended() ? track->length() : std::min(track->framesHanded(), track->length());
+    return milliseconds(frames, track->rate());
 }
 
 std::unique_ptr<MediaCommands> makeMediaPlayer() {

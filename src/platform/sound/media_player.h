@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/sound/audio_output.h"
-#include "platform/sound/audio_source.h"
 #include "platform/sound/media_commands.h"
-#include "platform/sound/midi_source.h"
+#include "platform/sound/music_opening.h"
 #include "platform/sound/output_watch.h"
+
+#include <optional>
 
 namespace velorama {
 
@@ -30,17 +31,20 @@ private:
     bool set(const QString& rest, QString& answer);
     bool status(const QString& rest, QString& answer);
 
-    void forgetUnheard();
+    void lookAgain();
+    void takeUp();
+    void setRunning(bool running);
+    bool isAnyOpen() const { return opening_ || output_.track(); }
     bool isOpen(const QString& name) const;
-    qint64 milliseconds(qint64 frames) const;
-    qint64 position();
+    qint64 length() const;
+    qint64 position() const;
 
-    // The device lets go of the source before the source goes, and that before the synthesizer.
     MidiSynth synth_;
-    std::unique_ptr<AudioSource> source_;
+    std::optional<MusicOpening> opening_;  // of a track that is not there yet
     AudioOutput output_;
     QString alias_;
     bool started_ = false;
+    bool running_ = false;
     std::unique_ptr<OutputWatch> watch_;
 };
 

@@ -1,12 +1,13 @@
 #include "platform/sound/midi_source.h"
 
-#include "platform/sound/midi_length.h"
-
 #include <QFile>
 
 #include <fluidsynth.h>
 
 #include <algorithm>
+#include <chrono>
+#include <semaphore>
+#include <utility>
 
 namespace velorama {
 namespace {
@@ -15,6 +16,8 @@ namespace {
 constexpr qint64 MaxFileSize = 16LL * 1024 * 1024;
 // Makes MIDI about as loud as recorded music.
 constexpr double Gain = 1.0;
+// How long the next track waits for the one before to be let go of.
+constexpr std::chrono::milliseconds Moment(100);
 
 void beSilent() {
     for (int level = FLUID_PANIC; level < LAST_LOG_LEVEL; ++level) {
@@ -30,15 +33,79 @@ QByteArray defaultFont(fluid_settings_t* settings) {
     return font;
 }
 
+}  // namespace
+
+struct MidiSynth::Voices {
+    explicit Voices(const QByteArray& wantedFont);
+    Voices(const Voices&) = delete;
+    Voices& operator=(const Voices&) = delete;
+    ~Voices() {
+        delete_fluid_synth(synth);
+        delete_fluid_settings(settings);
+    }
+
+    fluid_settings_t* settings;
+    fluid_synth_t* synth = nullptr;
+    bool hasFont = false;
+    std::binary_semaphore free{1};
+};
+
+MidiSynth::Voices::Voices(const QByteArray& wantedFont) : settings(new_fluid_settings()) {
+    if (!settings) {
+        return;
+    }
+    fluid_settings_setnum(settings, "synth.sample-rate", rate);
+    fluid_settings_setnum(settings, "synth.gain", Gain);
+    // Time runs with the frames that are rendered, so a pause needs nothing more than not
+    // rendering.
+    fluid_settings_setstr(settings, "player.timing-source", "sample");
+    fluid_settings_setint(settings, "synth.lock-memory", 0);
+    synth = new_fluid_synth(settings);
+    const QByteArray font = wantedFont.isEmpty() ? defaultFont(settings) : wantedFont;
+    hasFont = synth && fluid_synth_sfload(synth, font.constData(), 1) != FLUID_FAILED;
+}
+
+MidiSynth::MidiSynth(const QString& soundFont) : font_(QFile::encodeName(soundFont)) {}
+
+MidiSynth::~MidiSynth() = default;
+
+std::shared_ptr<MidiSynth::Voices> MidiSynth::take() {
+    if (voices_ && voices_->free.try_acquire_for(Moment)) {
+        return voices_;
+    }
+    beSilent();
+    voices_ = std::make_shared<Voices>(font_);
+    if (!voices_->hasFont) {
+        voices_.reset();
+        return nullptr;
+    }
+    voices_->free.acquire();
+    return voices_;
+}
+
+namespace {
+
 class MidiSource : public AudioSource {
 public:
-    MidiSource(fluid_synth_t* synth, fluid_player_t* player, qint64 length)
-        : synth_(synth), player_(player), length_(length) {}
+    MidiSource(std::shared_ptr<MidiSynth::Voices> voices, qint64 length)
+        : voices_(std::move(voices)), player_(new_fluid_player(voices_->synth)), length_(length) {}
 
     ~MidiSource() override {
-        fluid_player_stop(player_);
-        delete_fluid_player(player_);
-        fluid_synth_system_reset(synth_);
+        if (player_) {
+            fluid_player_stop(player_);
+            delete_fluid_player(player_);
+        }
+        fluid_synth_system_reset(voices_->synth);
+        voices_->free.release();
+    }
+
+    bool start(const PlayableMidi& midi) {
+        return player_ &&
+               fluid_player_add_mem(player_, midi.bytes.constData(),
+                                    static_cast<size_t>(midi.bytes.size())) == FLUID_OK &&
+               (midi.tempo == 0 || fluid_player_set_tempo(player_, FLUID_PLAYER_TEMPO_EXTERNAL_MIDI,
+                                                          midi.tempo) == FLUID_OK) &&
+               fluid_player_play(player_) == FLUID_OK;
     }
 
     int rate() const override { return MidiSynth::rate; }
@@ -49,82 +116,40 @@ public:
     int read(float* out, int frames) override {
         const int count = static_cast<int>(std::min<qint64>(frames, length_ - done_));
         if (count > 0) {
-            fluid_synth_write_float(synth_, count, out, 0, 2, out, 1, 2);
+            fluid_synth_write_float(voices_->synth, count, out, 0, 2, out, 1, 2);
             done_ += count;
         }
         return count;
     }
 
 private:
-    fluid_synth_t* synth_;
+    std::shared_ptr<MidiSynth::Voices> voices_;
     fluid_player_t* player_;
     qint64 length_;
     qint64 done_ = 0;
 };
 
-std::unique_ptr<AudioSource> playing(fluid_synth_t* synth, const PlayableMidi& midi,
-                                     qint64 frames) {
-    fluid_player_t* player = new_fluid_player(synth);
-    if (!player) {
-        return nullptr;
-    }
-    auto source = std::make_unique<MidiSource>(synth, player, frames);
-    const bool ready =
-        fluid_player_add_mem(player, midi.bytes.constData(),
-                             static_cast<size_t>(midi.bytes.size())) == FLUID_OK &&
-        (midi.tempo == 0 || fluid_player_set_tempo(player, FLUID_PLAYER_TEMPO_EXTERNAL_MIDI,
-                                                   midi.tempo) == FLUID_OK) &&
-        fluid_player_play(player) == FLUID_OK;
-    return ready ? std::move(source) : nullptr;
-}
-
 }  // namespace
 
-MidiSynth::MidiSynth(const QString& soundFont) : font_(QFile::encodeName(soundFont)) {}
-
-MidiSynth::~MidiSynth() {
-    delete_fluid_synth(synth_);
-    delete_fluid_settings(settings_);
-}
-
-fluid_synth_t* MidiSynth::synth() {
-    if (!synth_ && !make()) {
-        delete_fluid_synth(synth_);
-        delete_fluid_settings(settings_);
-        synth_ = nullptr;
-        settings_ = nullptr;
-    }
-    return synth_;
-}
-
-bool MidiSynth::make() {
-    beSilent();
-    settings_ = new_fluid_settings();
-    if (!settings_) {
-        return false;
-    }
-    fluid_settings_setnum(settings_, "synth.sample-rate", rate);
-    fluid_settings_setnum(settings_, "synth.gain", Gain);
-    // Time runs with the frames that are rendered, so a pause needs nothing more than not
-    // rendering.
-    fluid_settings_setstr(settings_, "player.timing-source", "sample");
-    fluid_settings_setint(settings_, "synth.lock-memory", 0);
-    synth_ = new_fluid_synth(settings_);
-    const QByteArray font = font_.isEmpty() ? defaultFont(settings_) : font_;
-    return synth_ && fluid_synth_sfload(synth_, font.constData(), 1) != FLUID_FAILED;
-}
-
-std::unique_ptr<AudioSource> openMidi(const QString& file, MidiSynth& synth) {
+std::optional<MidiMusic> readMidi(const QString& file) {
     QFile handle(file);
     if (!handle.open(QIODevice::ReadOnly) || handle.size() > MaxFileSize) {
-        return nullptr;
+        return std::nullopt;
     }
     const QByteArray bytes = handle.readAll();
     const QByteArrayView midi = unwrappedMidi(bytes);
     const auto length = midiLength(midi);
-    fluid_synth_t* voices = length ? synth.synth() : nullptr;
     const qint64 frames = length ? length->count() * MidiSynth::rate / 1000000 : 0;
-    return voices && frames > 0 ? playing(voices, playableMidi(midi), frames) : nullptr;
+    return frames > 0 ? std::make_optional(MidiMusic{playableMidi(midi), frames}) : std::nullopt;
+}
+
+std::unique_ptr<AudioSource> playMidi(const MidiMusic& music, MidiSynth& synth) {
+    std::shared_ptr<MidiSynth::Voices> voices = synth.take();
+    if (!voices) {
+        return nullptr;
+    }
+    auto source = std::make_unique<MidiSource>(std::move(voices), music.frames);
+    return source->start(music.midi) ? std::move(source) : nullptr;
 }
 
 }  // namespace velorama

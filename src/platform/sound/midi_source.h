@@ -1,16 +1,19 @@
 #pragma once
 
 #include "platform/sound/audio_source.h"
+#include "platform/sound/midi_length.h"
 
 #include <QByteArray>
+#include <QString>
 
-struct _fluid_hashtable_t;  // NOLINT(bugprone-reserved-identifier): the library's own name
-struct _fluid_synth_t;      // NOLINT(bugprone-reserved-identifier)
+#include <memory>
+#include <optional>
 
 namespace velorama {
 
 /// The synthesizer that all MIDI files play on. It is made when the first one opens, since its font
-/// takes time and memory, and then kept.
+/// takes time and memory, and then kept. A track that is still being let go of keeps the one it
+/// has, and the next gets another.
 class MidiSynth {
 public:
     /// `soundFont`: file of this machine; empty for the system's own General MIDI font.
@@ -21,18 +24,25 @@ public:
 
     static constexpr int rate = 44100;
 
-    /// Null if the font does not load.
-    _fluid_synth_t* synth();
+    struct Voices;
+    /// For one track, which gives them back; null if the font does not load.
+    std::shared_ptr<Voices> take();
 
 private:
-    bool make();
-
     QByteArray font_;
-    _fluid_hashtable_t* settings_ = nullptr;
-    _fluid_synth_t* synth_ = nullptr;
+    std::shared_ptr<Voices> voices_;
 };
 
-/// A MIDI file, plain or wrapped in RIFF. Null if it is damaged or the synthesizer has no font.
-std::unique_ptr<AudioSource> openMidi(const QString& file, MidiSynth& synth);
+/// What a MIDI file plays.
+struct MidiMusic {
+    PlayableMidi midi;
+    qint64 frames = 0;
+};
+
+/// Reads a MIDI file, plain or wrapped in RIFF. Nothing if it is damaged.
+std::optional<MidiMusic> readMidi(const QString& file);
+
+/// Null if the synthesizer has no font.
+std::unique_ptr<AudioSource> playMidi(const MidiMusic& music, MidiSynth& synth);
 
 }  // namespace velorama

@@ -1,9 +1,11 @@
 // Loaded before the system's library into the program under test: a place of the disk that does not
 // answer, as a server that is gone. Below the folder, or the file, that VELORAMA_HANGING_PLACE
-// names nothing comes back from the system as long as the file "<place>.hangs" is there.
+// names nothing comes back from the system as long as the file "<place>.hangs" is there. What has
+// to wait leaves a file "<place>.waited".
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -31,10 +33,24 @@ void wait(const char* path) {
     }
     char flag[4096] = {};
     std::strncpy(flag, place, sizeof flag - 16);
+    char trace[4096] = {};
+    std::strcat(std::strcpy(trace, flag), ".waited");
     std::strcat(flag, ".hangs");
     const int before = errno;
     while (next<int (*)(const char*, int)>("access")(flag, F_OK) == 0) {
+        ::close(::creat(trace, 0600));
         ::usleep(10'000);
+    }
+    errno = before;
+}
+
+void waitForFile(int file) {
+    char link[64] = {};
+    std::snprintf(link, sizeof link, "/proc/self/fd/%d", file);
+    char path[4096] = {};
+    const int before = errno;
+    if (::readlink(link, path, sizeof path - 1) > 0) {
+        wait(path);
     }
     errno = before;
 }
@@ -93,4 +109,9 @@ extern "C" int access(const char* path, int mode) {
 extern "C" void* opendir(const char* path) {
     wait(path);
     return next<void* (*)(const char*)>("opendir")(path);
+}
+
+extern "C" ssize_t read(int file, void* bytes, size_t count) {
+    waitForFile(file);
+    return next<ssize_t (*)(int, void*, size_t)>("read")(file, bytes, count);
 }

@@ -1,11 +1,12 @@
-#include "platform/sound/audio_source.h"
+#include "platform/sound/music_file.h"
 
-#include "platform/sound/midi_source.h"
 #include "platform/sound/mp3_source.h"
 #include "platform/sound/sndfile_source.h"
 
 #include <QFile>
 #include <QFileInfo>
+
+#include <utility>
 
 namespace velorama {
 namespace {
@@ -22,18 +23,22 @@ QByteArray head(const QString& file) {
 
 }  // namespace
 
-std::unique_ptr<AudioSource> openAudioSource(const QString& file, MidiSynth& synth) {
+MusicFile openMusicFile(const QString& file) {
     const QByteArray start = head(file);
     if (start.isEmpty()) {
-        return nullptr;
+        return {};
     }
     const bool riff = start.startsWith("RIFF");
     if (start.startsWith("MThd") || (riff && start.mid(8) == "RMID")) {
-        return openMidi(file, synth);
+        return {nullptr, readMidi(file)};
     }
     // The other two are WAV as well: high byte first, and of more than four gigabytes.
-    return riff || start.startsWith("RIFX") || start.startsWith("RF64") ? openSoundFile(file)
-                                                                        : openMp3(file);
+    const bool isWave = riff || start.startsWith("RIFX") || start.startsWith("RF64");
+    return {isWave ? openSoundFile(file) : openMp3(file), std::nullopt};
+}
+
+std::unique_ptr<AudioSource> sourceOf(MusicFile file, MidiSynth& synth) {
+    return file.midi ? playMidi(*file.midi, synth) : std::move(file.sound);
 }
 
 }  // namespace velorama
