@@ -57,7 +57,15 @@ QString Program::output() {
 }
 
 QString Program::takeErrors() {
-    return QString::fromUtf8(m_process.readAllStandardError());
+    const QString errors = QString::fromUtf8(m_process.readAllStandardError());
+    // Who takes messages that the test is not about takes these with them.
+    for (const char* mark : {"Sanitizer", "runtime error: "}) {
+        if (const auto at = errors.indexOf(QLatin1String(mark)); at >= 0) {
+            const QString report = errors.mid(errors.lastIndexOf(u'\n', at) + 1);
+            ADD_FAILURE() << "a sanitizer has found:\n" << report.toStdString();
+        }
+    }
+    return errors;
 }
 
 }  // namespace velorama::desktop

@@ -31,7 +31,7 @@ public:
 
     QString output();
     /// What it has written to its error stream since the last call. A test that wants a message
-    /// takes it here; what nobody takes is a failure.
+    /// takes it here; what nobody takes is a failure, and so is a sanitizer's report, taken or not.
     QString takeErrors();
 
 private:

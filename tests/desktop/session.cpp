@@ -13,6 +13,13 @@ namespace {
 
 constexpr int kPollMilliseconds = 20;
 
+// What the sanitizers watch takes several times as long.
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kSlowness = 5;
+#else
+constexpr int kSlowness = 1;
+#endif
+
 // A bus that knows no services: nothing of the machine's own desktop wakes up in a test.
 constexpr char kBusConfiguration[] = R"(<!DOCTYPE busconfig PUBLIC
  "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -46,7 +53,8 @@ void stop(QProcess& process) {
 }  // namespace
 
 bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
-    const QDeadlineTimer deadline(limit);
+    // A shorter wait than the longest is one that may run out.
+    const QDeadlineTimer deadline(limit == kDeadline ? kSlowness * limit : limit);
     while (!condition()) {
         if (deadline.hasExpired()) {
             return false;
@@ -106,7 +114,7 @@ QProcessEnvironment DesktopSession::environment(const QStringList& extra) const 
     QProcessEnvironment result;
     const auto system = QProcessEnvironment::systemEnvironment();
     for (const char* kept :
-         {"PATH", "TMPDIR", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS"}) {
+         {"PATH", "TMPDIR", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"}) {
         const QString name = QString::fromLatin1(kept);
         if (system.contains(name)) {
             result.insert(name, system.value(name));

@@ -107,7 +107,7 @@ QProcessEnvironment WaylandSession::environment() const {
     QProcessEnvironment result;
     const auto system = QProcessEnvironment::systemEnvironment();
     for (const char* kept :
-         {"PATH", "TMPDIR", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS"}) {
+         {"PATH", "TMPDIR", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"}) {
         const QString name = QString::fromLatin1(kept);
         if (system.contains(name)) {
             result.insert(name, system.value(name));
