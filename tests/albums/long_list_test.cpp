@@ -135,18 +135,20 @@ private:
         last_ = number;
         turned_ = false;
         if (number == when) {
-            QTimer::singleShot(0, qApp, std::exchange(action, nullptr));
+            QTimer::singleShot(0, &here_, std::exchange(action, nullptr));
             when = 0;
         }
         if (std::exchange(isAsked_, true)) {
             return;
         }
-        QTimer::singleShot(0, qApp, [this] {
+        QTimer::singleShot(0, &here_, [this] {
             turned_ = true;
             isAsked_ = false;
         });
     }
 
+    // What it has asked for ends with it.
+    QObject here_;
     std::vector<int> pauses_;
     int last_ = 0;
     bool turned_ = false;
