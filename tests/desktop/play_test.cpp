@@ -178,9 +178,9 @@ TEST_F(Play, AFirstInstanceIsLeftAlone) {
     const auto handle = [&] { return store->value(key, QStringLiteral("hwnd")); };
     const MainWindow first(*session, session->start());
     ASSERT_TRUE(waitFor([&] { return handle() == QString::number(first.window()); }));
-    Program& program =
-        play({QStringLiteral("--once"), QStringLiteral("--interval"), QStringLiteral("1")});
+    Program& program = play();
     EXPECT_TRUE(waitForSlide(kFirst));
+    session->key(QStringLiteral("Escape"));
     EXPECT_EQ(program.waitForExit(), 0);
     EXPECT_EQ(first.title(), kTitle);
     EXPECT_EQ(handle(), QString::number(first.window()));
