@@ -23,6 +23,9 @@ void ShowStart::start() {
 }
 
 void ShowStart::setVisible(bool visible) {
+    if (visible) {
+        keys_.begin();
+    }
     window_.setVisible(visible);
     emit Changed();
 }

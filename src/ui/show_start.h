@@ -3,6 +3,7 @@
 #include "music/audio_engine.h"
 #include "player/frm_slideshow.h"
 #include "ui/dialogs/settings_form.h"
+#include "ui/held_keys.h"
 
 #include <QPointer>
 
@@ -38,6 +39,7 @@ private:
     Colour gradient() override { return settings_.loaded().gradient(); }
 
     QWidget& window_;
+    HeldKeys keys_{window_};
     ScreenSaver& screenSaver_;
     AudioEngine& audio_;
     const MusicControls& music_;

@@ -81,5 +81,45 @@ TEST_F(ShowOverWindow, LeftWhilePausedItLeavesThePauseToTheWindow) {
     EXPECT_TRUE(music().lstMUSIC->Enabled());
 }
 
+// Its first key ends a show, and what is still held then is not for the window behind it.
+TEST_F(ShowOverWindow, TheKeysThatEndItAreNotForTheWindow) {
+    slideControls().lvwSLIDEBAR->setSelectedItem(1);
+    commands().remove.trigger();
+    ASSERT_EQ(slides().size(), 1);
+    begin();
+    show->Form_KeyDown(KeyControl, 0);
+    QApplication::setActiveWindow(window.get());
+    const auto comes = [this](Qt::Key key, Qt::KeyboardModifiers held, bool isPress) {
+        QTest::simulateEvent(window.get(), isPress, key, held, {}, false);
+    };
+    comes(Qt::Key_Z, Qt::ControlModifier, true);
+    comes(Qt::Key_Z, Qt::ControlModifier, false);
+    EXPECT_EQ(slides().size(), 1);
+    comes(Qt::Key_Control, Qt::ControlModifier, false);
+    comes(Qt::Key_Control, Qt::NoModifier, true);
+    comes(Qt::Key_Z, Qt::ControlModifier, true);
+    EXPECT_EQ(slides().size(), 2);
+    comes(Qt::Key_Control, Qt::ControlModifier, false);
+}
+
+TEST_F(ShowOverWindow, AKeyThatEndsItAndRepeatsIsNotForTheWindow) {
+    begin();
+    show->Form_KeyDown(KeyDelete, 0);
+    QApplication::setActiveWindow(window.get());
+    ListView& slideBar = *slideControls().lvwSLIDEBAR;
+    slideBar.setFocus();
+    slideBar.setSelectedItem(1);
+    const auto comes = [&](bool isRepeat) {
+        QTest::simulateEvent(&slideBar, true, Qt::Key_Delete, Qt::ControlModifier, {}, isRepeat);
+    };
+    QTest::keyPress(&slideBar, Qt::Key_Control);
+    comes(true);
+    comes(true);
+    EXPECT_EQ(slides().size(), 2);
+    comes(false);
+    EXPECT_EQ(slides().size(), 1);
+    QTest::keyRelease(&slideBar, Qt::Key_Control);
+}
+
 }  // namespace
 }  // namespace velorama
