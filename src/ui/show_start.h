@@ -22,7 +22,8 @@ public:
     void start();
     /// Ends the show that runs.
     void unload();
-    QPointer<frmSLIDESHOW> form() const { return form_; }
+    /// Null where there is none.
+    frmSLIDESHOW* form() const { return form_; }
 
 signals:
     /// A show has begun or ended.

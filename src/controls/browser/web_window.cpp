@@ -221,8 +221,8 @@ void webWINDOW::tellCommands() {
 }
 
 void webWINDOW::render() {
-    const QPointer<QTextDocument> before = page_;
-    const bool isSame = before && rendered_ == text_;
+    QTextDocument* const before = page_;
+    const bool isSame = before != nullptr && rendered_ == text_;
     const Selected selected(textCursor());
     rendered_ = text_;
     page_ = makePage(text_, kind_, shown_, font()).release();

@@ -42,7 +42,7 @@ protected:
     std::shared_ptr<SourceDisk> disk = std::make_shared<SourceDisk>();
     std::shared_ptr<AudioTrack> track =
         std::make_shared<AudioTrack>(std::make_unique<HangingSource>(disk, 3 * turn));
-    std::vector<float> sound = std::vector<float>(2 * turn, 1.0F);
+    std::vector<float> sound = std::vector<float>(size_t{2} * turn, 1.0F);
     std::thread device;
 };
 

@@ -82,8 +82,8 @@ TEST_F(WithMediaPlayer, AMidiTrackHasVoicesOfItsOwnWhereTheOneBeforeStillHasThem
     const QString path = saved(folder, QStringLiteral("a.mid"), midiFile({{2, 69}, {2, 76}}));
     MidiSynth synth;
     const auto soundOf = [](AudioSource& source) {
-        std::vector<float> sound(2 * 44100);
-        sound.resize(static_cast<size_t>(2 * source.read(sound.data(), 44100)));
+        std::vector<float> sound(size_t{2} * 44100);
+        sound.resize(size_t{2} * static_cast<size_t>(source.read(sound.data(), 44100)));
         return sound;
     };
     const auto first = sourceOf(openMusicFile(path), synth);
