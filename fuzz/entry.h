@@ -5,8 +5,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 #include <cstdint>
 #include <cstdlib>
+#include <thread>
 
 namespace velorama::fuzz {
 
@@ -19,6 +22,21 @@ inline void require(bool holds) {
 
 inline QByteArray asBytes(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)};
+}
+
+/// The threads of this process.
+inline auto threads() {
+    struct stat tasks = {};
+    require(::stat("/proc/self/task", &tasks) == 0);
+    return tasks.st_nlink;
+}
+
+/// Waits for the threads that the reader left to themselves: what they still hold, or are about to
+/// free, would count as lost. `before` is how many there were.
+inline void awaitThreads(decltype(threads()) before) {
+    while (threads() > before) {
+        std::this_thread::yield();
+    }
 }
 
 /// A folder of the process's own, for readers that take a path.
