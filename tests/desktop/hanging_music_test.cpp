@@ -2,6 +2,7 @@
 // through the window's thread, and so does the answer.
 
 #include "desktop/hanging_place.h"
+#include "desktop/media_player.h"
 #include "support/sound_files.h"
 
 #include <gtest/gtest.h>
@@ -31,38 +32,15 @@ protected:
                                    QStringLiteral("SDL_DISKAUDIOFILE=/dev/null")};
         page.emplace(session, session.start({}, sound + place.environment()));
         ASSERT_NE(page->window(), 0U);
-        ASSERT_TRUE(comesToStatus("Stopped")) << "it is not on the bus";
+        ASSERT_TRUE(player.comesToStatus("Stopped")) << "it is not on the bus";
     }
     void openAndPlay(const HangingPlace& place) {
         ASSERT_NO_FATAL_FAILURE(open(place));
-        ASSERT_TRUE(order("next"));
-        ASSERT_TRUE(order("play"));
-        ASSERT_TRUE(comesToMoveOn());
+        ASSERT_TRUE(player.order("next"));
+        ASSERT_TRUE(player.order("play"));
+        ASSERT_TRUE(player.comesToMoveOn());
     }
 
-    QByteArray ask(const QStringList& words) const {
-        const QStringList all = QStringList{QStringLiteral("--player=velorama")} + words;
-        return session.run(QStringLiteral("playerctl"), all).value_or(QByteArray()).trimmed();
-    }
-    bool order(const char* word) const {
-        return session
-            .run(QStringLiteral("playerctl"),
-                 {QStringLiteral("--player=velorama"), QLatin1String(word)})
-            .has_value();
-    }
-    bool comesToStatus(const char* status) const {
-        return waitFor([&] { return ask({QStringLiteral("status")}) == status; });
-    }
-    bool comesToMetadata(const char* name, const QByteArray& value) const {
-        return waitFor([&] {
-            return ask({QStringLiteral("metadata"), QLatin1String(name)}) == value;
-        });
-    }
-    double position() const { return ask({QStringLiteral("position")}).toDouble(); }
-    bool comesToMoveOn() const {
-        const double before = position();
-        return waitFor([&] { return position() > before + 0.2; });
-    }
     // At a page that the settings do not have yet.
     void endsAndKeepsItsSettings() const {
         EXPECT_TRUE(page->turnTo(WebAlbumPage));
@@ -73,6 +51,7 @@ protected:
     }
 
     DesktopSession session;
+    MediaPlayer player{session};
     Store store{session};
     // None ends by itself.
     QStringList tracks = {
@@ -86,16 +65,16 @@ TEST_F(HangingMusic, ATrackThatHangsInItsMidstIsPausedStoppedAndLeft) {
     ASSERT_NO_FATAL_FAILURE(openAndPlay(place));
     place.hang();
     ASSERT_TRUE(place.isWaitedFor());
-    ASSERT_TRUE(order("pause"));
-    EXPECT_TRUE(comesToStatus("Paused"));
-    ASSERT_TRUE(order("play"));
-    EXPECT_TRUE(comesToStatus("Playing"));
-    ASSERT_TRUE(order("stop"));
-    EXPECT_TRUE(comesToStatus("Stopped"));
-    ASSERT_TRUE(order("next"));
-    ASSERT_TRUE(order("play"));
-    EXPECT_TRUE(comesToMetadata("xesam:title", "second.wav"));
-    EXPECT_TRUE(comesToMoveOn());
+    ASSERT_TRUE(player.order("pause"));
+    EXPECT_TRUE(player.comesToStatus("Paused"));
+    ASSERT_TRUE(player.order("play"));
+    EXPECT_TRUE(player.comesToStatus("Playing"));
+    ASSERT_TRUE(player.order("stop"));
+    EXPECT_TRUE(player.comesToStatus("Stopped"));
+    ASSERT_TRUE(player.order("next"));
+    ASSERT_TRUE(player.order("play"));
+    EXPECT_TRUE(player.comesToMetadata("xesam:title", "second.wav"));
+    EXPECT_TRUE(player.comesToMoveOn());
     endsAndKeepsItsSettings();
 }
 
@@ -113,18 +92,18 @@ TEST_F(HangingMusic, ATrackThatAnswersAgainGoesOn) {
     place.hang();
     ASSERT_TRUE(place.isWaitedFor());
     place.answer();
-    EXPECT_TRUE(comesToMoveOn());
+    EXPECT_TRUE(player.comesToMoveOn());
     EXPECT_EQ(page->close(), 0);
 }
 
 TEST_F(HangingMusic, ARowOfWhichNothingAnswersIsSelectedAndLeft) {
     const HangingPlace place(tracks.at(1));
     ASSERT_NO_FATAL_FAILURE(open(place));
-    ASSERT_TRUE(order("next"));
-    ASSERT_TRUE(order("next"));
-    EXPECT_TRUE(comesToMetadata("xesam:title", "second.wav"));
+    ASSERT_TRUE(player.order("next"));
+    ASSERT_TRUE(player.order("next"));
+    EXPECT_TRUE(player.comesToMetadata("xesam:title", "second.wav"));
     place.answer();
-    EXPECT_TRUE(comesToMetadata("xesam:url", ("file://" + tracks.at(1)).toUtf8()));
+    EXPECT_TRUE(player.comesToMetadata("xesam:url", ("file://" + tracks.at(1)).toUtf8()));
     place.hang();
     endsAndKeepsItsSettings();
 }
@@ -132,21 +111,21 @@ TEST_F(HangingMusic, ARowOfWhichNothingAnswersIsSelectedAndLeft) {
 TEST_F(HangingMusic, ATrackThatHangsAtItsStartIsPlayedWhenItAnswers) {
     const HangingPlace place(tracks.at(1));
     ASSERT_NO_FATAL_FAILURE(openAndPlay(place));
-    ASSERT_TRUE(order("next"));
-    EXPECT_TRUE(comesToMetadata("xesam:title", "second.wav"));
+    ASSERT_TRUE(player.order("next"));
+    EXPECT_TRUE(player.comesToMetadata("xesam:title", "second.wav"));
     EXPECT_TRUE(page->turnTo(MusicPage));
-    EXPECT_EQ(ask({QStringLiteral("status")}), "Playing");
+    EXPECT_EQ(player.status(), "Playing");
     place.answer();
-    EXPECT_TRUE(comesToMoveOn());
-    EXPECT_TRUE(comesToMetadata("mpris:length", "60500000"));
+    EXPECT_TRUE(player.comesToMoveOn());
+    EXPECT_TRUE(player.comesToMetadata("mpris:length", "60500000"));
     EXPECT_EQ(page->close(), 0);
 }
 
 TEST_F(HangingMusic, TheProgramEndsWhileATrackHangsAtItsStart) {
     const HangingPlace place(tracks.at(1));
     ASSERT_NO_FATAL_FAILURE(openAndPlay(place));
-    ASSERT_TRUE(order("next"));
-    EXPECT_TRUE(comesToMetadata("xesam:title", "second.wav"));
+    ASSERT_TRUE(player.order("next"));
+    EXPECT_TRUE(player.comesToMetadata("xesam:title", "second.wav"));
     endsAndKeepsItsSettings();
 }
 

@@ -1,3 +1,4 @@
+#include "desktop/media_player.h"
 #include "desktop/photographs.h"
 #include "desktop/show_screen.h"
 #include "sound/sound_server.h"
@@ -47,8 +48,7 @@ protected:
                                                  QStringLiteral("PULSE_SERVER=") +
                                                      qEnvironmentVariable("PULSE_SERVER")}));
         ASSERT_NE(page->window(), 0U);
-        ASSERT_TRUE(waitFor([this] { return ask({QStringLiteral("status")}) == "Stopped"; }))
-            << "it is not on the bus";
+        ASSERT_TRUE(player.comesToStatus("Stopped")) << "it is not on the bus";
         if (!files.isEmpty()) {
             ASSERT_TRUE(page->waitForThumbnails(static_cast<int>(files.size())));
             page->press(AddAll);
@@ -56,46 +56,13 @@ protected:
         }
     }
 
-    // What playerctl prints; nothing where it fails.
-    QByteArray ask(const QStringList& words) const {
-        const QStringList all =
-            QStringList{QStringLiteral("--no-messages"), QStringLiteral("--player=velorama")} +
-            words;
-        return session.run(QStringLiteral("playerctl"), all).value_or(QByteArray()).trimmed();
-    }
-    bool order(const char* word) const {
-        return session
-            .run(QStringLiteral("playerctl"),
-                 {QStringLiteral("--player=velorama"), QLatin1String(word)})
-            .has_value();
-    }
-    // What playerctl has no word for.
-    bool call(const char* method) const {
-        return session
-            .run(QStringLiteral("dbus-send"),
-                 {QStringLiteral("--session"), QStringLiteral("--print-reply"),
-                  QStringLiteral("--dest=org.mpris.MediaPlayer2.velorama"),
-                  QStringLiteral("/org/mpris/MediaPlayer2"),
-                  QStringLiteral("org.mpris.MediaPlayer2.") + QLatin1String(method)})
-            .has_value();
-    }
-    bool comesToPlay(const char* title) const {
-        return waitFor([&] {
-            return ask({QStringLiteral("status")}) == "Playing" &&
-                   ask({QStringLiteral("metadata"), QStringLiteral("xesam:title")}) == title;
-        });
-    }
-    bool comesToStatus(const char* status) const {
-        return waitFor([&] { return ask({QStringLiteral("status")}) == status; });
-    }
-    double position() const { return ask({QStringLiteral("position")}).toDouble(); }
-
     bool waitForSlide(std::size_t number) const {
         return waitFor(
             [&] { return psnr(session.glance(look.picture), references.at(number)) >= 34; });
     }
 
     DesktopSession session;
+    MediaPlayer player{session};
     test::SoundServer server;
     Store store{session};
     ShowScreen look{QSize(1280, 960)};
@@ -107,31 +74,30 @@ protected:
 TEST_F(MediaKeysOnDesktop, LeadTheMusicOfTheWindow) {
     putMusic();
     ASSERT_NO_FATAL_FAILURE(open());
-    ASSERT_TRUE(order("next"));
+    ASSERT_TRUE(player.order("next"));
     ASSERT_TRUE(server.startRecording());
-    ASSERT_TRUE(order("play"));
-    EXPECT_TRUE(comesToPlay("first song.wav"));
+    ASSERT_TRUE(player.order("play"));
+    EXPECT_TRUE(player.comesToPlay("first song.wav"));
     EXPECT_TRUE(server.hears(0.5));
-    EXPECT_EQ(ask({QStringLiteral("metadata"), QStringLiteral("mpris:length")}), "60500000");
-    const double earlier = position();
-    EXPECT_TRUE(waitFor([&] { return position() > earlier + 0.5; }));
+    EXPECT_EQ(player.metadata("mpris:length"), "60500000");
+    EXPECT_TRUE(player.comesToMoveOn());
 
-    ASSERT_TRUE(order("pause"));
-    EXPECT_TRUE(comesToStatus("Paused"));
-    const double held = position();
+    ASSERT_TRUE(player.order("pause"));
+    EXPECT_TRUE(player.comesToStatus("Paused"));
+    const double held = player.position();
     EXPECT_GT(held, 0);
-    ASSERT_TRUE(order("play-pause"));
-    EXPECT_TRUE(comesToStatus("Playing"));
-    EXPECT_GE(position(), held) << "it goes on where it was";
+    ASSERT_TRUE(player.order("play-pause"));
+    EXPECT_TRUE(player.comesToStatus("Playing"));
+    EXPECT_GE(player.position(), held) << "it goes on where it was";
 
-    ASSERT_TRUE(order("next"));
-    EXPECT_TRUE(comesToPlay("second song.wav"));
-    ASSERT_TRUE(order("next"));
-    EXPECT_TRUE(comesToPlay("first song.wav"));
-    ASSERT_TRUE(order("previous"));
-    EXPECT_TRUE(comesToPlay("second song.wav"));
-    ASSERT_TRUE(order("stop"));
-    EXPECT_TRUE(comesToStatus("Stopped"));
+    ASSERT_TRUE(player.order("next"));
+    EXPECT_TRUE(player.comesToPlay("second song.wav"));
+    ASSERT_TRUE(player.order("next"));
+    EXPECT_TRUE(player.comesToPlay("first song.wav"));
+    ASSERT_TRUE(player.order("previous"));
+    EXPECT_TRUE(player.comesToPlay("second song.wav"));
+    ASSERT_TRUE(player.order("stop"));
+    EXPECT_TRUE(player.comesToStatus("Stopped"));
     EXPECT_EQ(page->close(), 0);
 }
 
@@ -151,12 +117,12 @@ TEST_F(MediaKeysOnDesktop, AHeadsetThatIsPulledPauses) {
     pactl({QStringLiteral("set-default-sink"), QStringLiteral("headset")});
     putMusic();
     ASSERT_NO_FATAL_FAILURE(open());
-    ASSERT_TRUE(order("next"));
-    ASSERT_TRUE(order("play"));
-    ASSERT_TRUE(waitFor([&] { return position() > 1; }));
-    ASSERT_EQ(ask({QStringLiteral("status")}), "Playing");
+    ASSERT_TRUE(player.order("next"));
+    ASSERT_TRUE(player.order("play"));
+    ASSERT_TRUE(waitFor([&] { return player.position() > 1; }));
+    ASSERT_EQ(player.status(), "Playing");
     pactl({QStringLiteral("unload-module"), QString::fromLatin1(headset)});
-    EXPECT_TRUE(comesToStatus("Paused"));
+    EXPECT_TRUE(player.comesToStatus("Paused"));
     EXPECT_EQ(page->close(), 0);
 }
 
@@ -164,23 +130,23 @@ TEST_F(MediaKeysOnDesktop, StepAndPauseTheShow) {
     putMusic();
     ASSERT_NO_FATAL_FAILURE(putPhotographs({kOrdinary, kOther}));
     ASSERT_NO_FATAL_FAILURE(open());
-    ASSERT_TRUE(order("next"));
+    ASSERT_TRUE(player.order("next"));
     const WindowId show = page->startShow();
     ASSERT_NE(show, 0U);
-    EXPECT_TRUE(comesToPlay("first song.wav"));
+    EXPECT_TRUE(player.comesToPlay("first song.wav"));
     EXPECT_TRUE(waitForSlide(0));
-    ASSERT_TRUE(order("next"));
+    ASSERT_TRUE(player.order("next"));
     EXPECT_TRUE(waitForSlide(1));
-    ASSERT_TRUE(order("previous"));
+    ASSERT_TRUE(player.order("previous"));
     EXPECT_TRUE(waitForSlide(0));
-    EXPECT_TRUE(comesToPlay("first song.wav")) << "the music's row is left alone";
-    ASSERT_TRUE(order("pause"));
-    EXPECT_TRUE(comesToStatus("Paused"));
-    ASSERT_TRUE(order("play"));
-    EXPECT_TRUE(comesToStatus("Playing"));
-    ASSERT_TRUE(order("stop"));
+    EXPECT_TRUE(player.comesToPlay("first song.wav")) << "the music's row is left alone";
+    ASSERT_TRUE(player.order("pause"));
+    EXPECT_TRUE(player.comesToStatus("Paused"));
+    ASSERT_TRUE(player.order("play"));
+    EXPECT_TRUE(player.comesToStatus("Playing"));
+    ASSERT_TRUE(player.order("stop"));
     EXPECT_TRUE(page->waitForEndOfShow());
-    EXPECT_TRUE(comesToStatus("Stopped"));
+    EXPECT_TRUE(player.comesToStatus("Stopped"));
     ASSERT_TRUE(session.activate(page->window()));
     EXPECT_EQ(page->close(), 0);
 }
@@ -193,14 +159,14 @@ TEST_F(MediaKeysOnDesktop, RaiseAndQuitAreTheWindows) {
                          {QStringLiteral("windowminimize"), QString::number(page->window())})
                     .has_value());
     ASSERT_TRUE(waitFor([&] { return session.activeWindow() != page->window(); }));
-    ASSERT_TRUE(call("Raise"));
+    ASSERT_TRUE(player.call("Raise"));
     EXPECT_TRUE(waitFor([&] { return session.activeWindow() == page->window(); }));
     // An unsaved list: it asks, and Cancel keeps the window.
-    ASSERT_TRUE(call("Quit"));
+    ASSERT_TRUE(player.call("Quit"));
     ASSERT_TRUE(page->answer(QStringLiteral("Escape")));
     EXPECT_TRUE(page->waitForNoDialog());
     EXPECT_TRUE(page->program().runs());
-    ASSERT_TRUE(call("Quit"));
+    ASSERT_TRUE(player.call("Quit"));
     ASSERT_TRUE(page->answer(QStringLiteral("shift+n")));
     EXPECT_EQ(page->program().waitForExit(), 0);
 }

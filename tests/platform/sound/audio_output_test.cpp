@@ -23,7 +23,7 @@ protected:
     void playWhatHangs() {
         ASSERT_TRUE(output.open(std::make_unique<HangingSource>(hanging)));
         output.track()->setRunning(true);
-        ASSERT_TRUE(hanging->comesTo([this] { return hanging->reading == 1; }));
+        ASSERT_TRUE(hanging->hangs());
     }
 
     QString folder = temporaryFolder();
@@ -41,10 +41,10 @@ TEST_F(AudioOutputTest, PlaysTheNextTrackWhileTheOneBeforeHangs) {
     output.track()->setRunning(true);
     EXPECT_TRUE(comesTrue([this] { return output.track()->framesHanded() > 0; }));
     EXPECT_FALSE(hanging->wasWaitedFor());
-    EXPECT_TRUE(hanging->comesTo([this] { return hanging->reading == 1; }));
+    EXPECT_TRUE(hanging->hangs());
     hanging->goOn();
     EXPECT_TRUE(hanging->isFreed());
-    EXPECT_EQ(hanging->reads, 1);
+    EXPECT_EQ(hanging->reads(), 1);
 }
 
 TEST_F(AudioOutputTest, KnowsThatThereIsNoDeviceWhileATrackHangs) {
@@ -62,10 +62,10 @@ TEST_F(AudioOutputTest, EndsWhileATrackHangs) {
         AudioOutput ending;
         ASSERT_TRUE(ending.open(std::make_unique<HangingSource>(hanging)));
         ending.track()->setRunning(true);
-        ASSERT_TRUE(hanging->comesTo([this] { return hanging->reading == 1; }));
+        ASSERT_TRUE(hanging->hangs());
     }
     EXPECT_FALSE(hanging->wasWaitedFor());
-    EXPECT_TRUE(hanging->comesTo([this] { return hanging->reading == 1; }));
+    EXPECT_TRUE(hanging->hangs());
     hanging->goOn();
     EXPECT_TRUE(hanging->isFreed());
 }

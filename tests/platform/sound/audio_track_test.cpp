@@ -21,7 +21,7 @@ protected:
     /// On a device's thread.
     void beginTurn() {
         device = std::thread([this] { fill(); });
-        ASSERT_TRUE(disk->comesTo([this] { return disk->reading == 1; }));
+        ASSERT_TRUE(disk->hangs());
     }
     void join() {
         if (device.joinable()) {
@@ -62,7 +62,7 @@ TEST_F(AudioTrackTest, GivesItsSourceToTheEndAndThenSilence) {
     EXPECT_TRUE(track->ended());
     fill();
     EXPECT_TRUE(isSilent());
-    EXPECT_EQ(disk->reads, 2);
+    EXPECT_EQ(disk->reads(), 2);
 }
 
 TEST_F(AudioTrackTest, IsHeldAndLetRunWhileItsDiskHangs) {
@@ -92,9 +92,9 @@ TEST_F(AudioTrackTest, KeepsForLaterWhatTheDiskBringsWhileItIsHeld) {
     fill();
     EXPECT_TRUE(isSounding());
     EXPECT_EQ(track->framesHanded(), turn);
-    EXPECT_EQ(disk->reads, 1);
+    EXPECT_EQ(disk->reads(), 1);
     fill();
-    EXPECT_EQ(disk->reads, 2);
+    EXPECT_EQ(disk->reads(), 2);
 }
 
 TEST_F(AudioTrackTest, IsLeftInTheMidstOfAReadWhoseThreadFreesIt) {
@@ -103,25 +103,25 @@ TEST_F(AudioTrackTest, IsLeftInTheMidstOfAReadWhoseThreadFreesIt) {
     const std::thread::id reader = device.get_id();
     track->leave();
     EXPECT_EQ(track->length(), 0);
-    EXPECT_TRUE(disk->comesTo([this] { return disk->freedBy == std::thread::id(); }));
+    EXPECT_TRUE(comesTrue([this] { return disk->freedBy.load() == std::thread::id(); }));
     disk->goOn();
     join();
-    EXPECT_EQ(disk->freedBy, reader);
+    EXPECT_EQ(disk->freedBy.load(), reader);
     EXPECT_TRUE(isSilent());
     EXPECT_EQ(track->framesHanded(), 0);
     EXPECT_FALSE(disk->wasWaitedFor());
     fill();
     EXPECT_TRUE(isSilent());
-    EXPECT_EQ(disk->reads, 1);
+    EXPECT_EQ(disk->reads(), 1);
 }
 
 TEST_F(AudioTrackTest, IsFreedOnAnotherThreadWhereNothingReads) {
     track->leave();
     EXPECT_TRUE(disk->isFreed());
-    EXPECT_NE(disk->freedBy, std::this_thread::get_id());
+    EXPECT_NE(disk->freedBy.load(), std::this_thread::get_id());
     fill();
     EXPECT_TRUE(isSilent());
-    EXPECT_EQ(disk->reads, 0);
+    EXPECT_EQ(disk->reads(), 0);
 }
 
 }  // namespace

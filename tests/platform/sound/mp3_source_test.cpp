@@ -1,69 +1,35 @@
 #include "platform/sound/mp3_source.h"
 
+#include "support/hanging_disk.h"
 #include "support/sound_files.h"
 #include "support/test_world.h"
 
 #include <QBuffer>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
-#include <mutex>
+#include <atomic>
+#include <memory>
 
 namespace velorama {
 namespace {
 
 using namespace test;
 
-/// A disk that stops answering behind a place in the file. It goes on by itself in the end, so that
-/// what waits for it fails and does not hang.
-struct Disk {
-    std::mutex lock;
-    std::condition_variable changed;
-    bool stuck = true;
-    bool waitedFor = false;
-    int opened = 0;
-    int reading = 0;
-    int reads = 0;
-
-    void answer() {
-        std::unique_lock guard(lock);
-        ++reads;
-        ++reading;
-        waitedFor = !changed.wait_for(guard, std::chrono::seconds(20), [this] { return !stuck; }) ||
-                    waitedFor;
-        --reading;
-    }
-    void goOn() {
-        const std::lock_guard guard(lock);
-        stuck = false;
-        changed.notify_all();
-    }
-    template <typename Test>
-    bool comesTo(Test test) {
-        return QTest::qWaitFor(
-            [&] {
-                const std::lock_guard guard(lock);
-                return test();
-            },
-            20000);
-    }
+struct SlowDisk : HangingDisk {
+    std::atomic<int> opened = 0;
 };
 
+/// A file that the disk gives up to a place in it.
 class SlowFile : public QBuffer {
 public:
-    SlowFile(const std::shared_ptr<Disk>& disk, const QByteArray& bytes, qint64 stuckFrom)
+    SlowFile(const std::shared_ptr<SlowDisk>& disk, const QByteArray& bytes, qint64 stuckFrom)
         : disk_(disk), stuckFrom_(stuckFrom) {
         setData(bytes);
         QBuffer::open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-        const std::lock_guard guard(disk_->lock);
         ++disk_->opened;
     }
-    ~SlowFile() override {
-        const std::lock_guard guard(disk_->lock);
-        --disk_->opened;
-    }
+    ~SlowFile() override { --disk_->opened; }
 
 protected:
     qint64 readData(char* bytes, qint64 count) override {
@@ -74,7 +40,7 @@ protected:
     }
 
 private:
-    std::shared_ptr<Disk> disk_;
+    std::shared_ptr<SlowDisk> disk_;
     qint64 stuckFrom_;
 };
 
@@ -101,14 +67,14 @@ protected:
     }
 
     QByteArray bytes;
-    std::shared_ptr<Disk> disk = std::make_shared<Disk>();
+    std::shared_ptr<SlowDisk> disk = std::make_shared<SlowDisk>();
     std::vector<float> sound = std::vector<float>(2 * 44100);
 };
 
 TEST_F(Mp3OnASlowDisk, PlaysToItsEndBeforeItsLengthIsKnown) {
     const auto source = open();
     ASSERT_NE(source, nullptr);
-    ASSERT_TRUE(disk->comesTo([&] { return disk->reading == 1; }));
+    ASSERT_TRUE(disk->hangs());
     qint64 given = 0;
     for (int got = 1; got > 0; given += got) {
         // A second more than what was given, or the track would be over in the midst of it.
@@ -116,24 +82,24 @@ TEST_F(Mp3OnASlowDisk, PlaysToItsEndBeforeItsLengthIsKnown) {
         got = source->read(sound.data(), 44100);
     }
     EXPECT_GT(given, 29 * 44100);
-    EXPECT_EQ(disk->reading, 1);
+    EXPECT_EQ(disk->reading(), 1);
     disk->goOn();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return source->length() == given; }, 20000));
-    EXPECT_FALSE(disk->waitedFor);
+    EXPECT_TRUE(comesTrue([&] { return source->length() == given; }));
+    EXPECT_FALSE(disk->wasWaitedFor());
 }
 
 TEST_F(Mp3OnASlowDisk, IsLeftAtOnceAndNotReadOn) {
     auto source = open();
     ASSERT_NE(source, nullptr);
-    ASSERT_TRUE(disk->comesTo([&] { return disk->reading == 1; }));
+    ASSERT_TRUE(disk->hangs());
     source.reset();
-    EXPECT_EQ(disk->reading, 1);
+    EXPECT_EQ(disk->reading(), 1);
     EXPECT_EQ(disk->opened, 1);
-    const int reads = disk->reads;
+    const int reads = disk->reads();
     disk->goOn();
-    EXPECT_TRUE(disk->comesTo([&] { return disk->opened == 0; }));
-    EXPECT_EQ(disk->reads, reads);
-    EXPECT_FALSE(disk->waitedFor);
+    EXPECT_TRUE(comesTrue([&] { return disk->opened == 0; }));
+    EXPECT_EQ(disk->reads(), reads);
+    EXPECT_FALSE(disk->wasWaitedFor());
 }
 
 TEST_F(Mp3OnASlowDisk, IsRefusedIfItDoesNotOpen) {
