@@ -211,7 +211,10 @@ ThumbnailFile::State ThumbnailFile::failure() const {
 
 /// Another process may be doing the same.
 ThumbnailFile::State ThumbnailFile::create() {
-    execute(form);
+    // After a full disk the library may take the same file, which is empty yet, for a damaged one.
+    if (!execute(form) && failure() != State::Busy) {
+        return failure();
+    }
     const QByteArray make = QByteArrayLiteral("BEGIN IMMEDIATE;") + table +
                             ";PRAGMA application_id = " + QByteArray::number(applicationId) +
                             ";PRAGMA user_version = " + QByteArray::number(version) + ";COMMIT";
