@@ -24,12 +24,31 @@ constexpr qint64 pixelLimit = 512LL * 1024 * 1024;
 
 void beSilent(j_common_ptr) {}
 
+/// The library walks along all segments that it has kept to add one, so that very many would take
+/// it hours. This is more than any file needs, though each of them is at its largest.
+constexpr int segmentLimit = 4096;
+
+/// The two that are looked at: EXIF and the pieces of a colour profile.
+void keepSegments(j_decompress_ptr info, bool keep) {
+    jpeg_save_markers(info, JPEG_APP0 + 1, keep ? 0xFFFF : 0);
+    jpeg_save_markers(info, JPEG_APP0 + 2, keep ? 0xFFFF : 0);
+}
+
+/// The library tells of each segment when it has read it. What comes behind too many is skipped.
+void limitSegments(j_common_ptr info) {
+    auto* errors = reinterpret_cast<JpegErrors*>(info->err);
+    if (info->err->msg_code == JTRC_MISC_MARKER && ++errors->segments == segmentLimit) {
+        keepSegments(reinterpret_cast<j_decompress_ptr>(info), false);
+    }
+}
+
 /// Reading beyond the end is harmless while what was read before suffices: only the closing marker
 /// may be missing. The library makes it up, and says so when a scan then lacks data; it would go on
 /// in grey. Arithmetic coding takes such data for zeros without a word.
 void watchForEnd(j_common_ptr info, int level) {
     auto* errors = reinterpret_cast<JpegErrors*>(info->err);
     if (level >= 0) {
+        limitSegments(info);
         return;  // no warning
     }
     ++info->err->num_warnings;
@@ -88,18 +107,19 @@ bool JpegFile::readHeader() {
                    [this] {
                        info_.progress = &progress_;
                        info_.src = source_.manager();
-                       jpeg_save_markers(&info_, JPEG_APP0 + 1, 0xFFFF);
-                       jpeg_save_markers(&info_, JPEG_APP0 + 2, 0xFFFF);
+                       keepSegments(&info_, true);
                        jpeg_read_header(&info_, TRUE);
                    }) &&
            isPlausible();
 }
 
 /// Each block of 64 pixels takes a bit at least. A file with less than a sixteenth of that has lost
-/// nearly all of its picture, or never had one and only claims its size.
+/// nearly all of its picture, or never had one and only claims its size. Arithmetic coding has no
+/// least size: a whole picture of one colour may take no byte.
 bool JpegFile::isPlausible() const {
     const qint64 pixels = qint64(info_.image_width) * info_.image_height;
-    return pixels <= pixelLimit && pixels / 64 <= fileBytes_ * 8 * 16;
+    const bool holds = info_.arith_code || pixels / 64 <= fileBytes_ * 8 * 16;
+    return pixels <= pixelLimit && holds;
 }
 
 QSize JpegFile::size() const {

@@ -19,6 +19,8 @@ struct JpegErrors {
     std::jmp_buf back;
     /// The library has read beyond the end of the file.
     bool pastEnd;
+    /// Segments that the library has read and has no use for itself.
+    int segments;
 };
 
 /// One JPEG, from its head to its pixels. The size is told by what decodes it and by nothing else,

@@ -84,6 +84,14 @@ TEST(JpegKinds, OfTwelveBitsOrWithoutLossAreEmpty) {
     }
 }
 
+TEST(JpegKinds, OfOneColourMayTakeNextToNoByte) {
+    QImage image(2000, 1500, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const QByteArray bytes = jpegBytes(image, {.colours = Colours::Grey, .arithmetic = true});
+    ASSERT_LT(bytes.size(), 300);
+    EXPECT_EQ(likeness(bytes, image), 99);
+}
+
 TEST(JpegKinds, WithRestartMarkersGoOnBehindDamage) {
     const QImage image = landscape(400, 304);
     QByteArray bytes = jpegBytes(image, {.restart = 25});
@@ -133,6 +141,22 @@ TEST(ExifPlace, OfTheFirstThatSaysSomethingCounts) {
     bytes.insert(2, exif(0) + exif(6) + exif(1));
     EXPECT_EQ(sizeOf(bytes), QSize(61, 83));
     EXPECT_EQ(decodePicture(bytes).size, QSize(61, 83));
+}
+
+TEST(ExifPlace, MayBeBehindManyOthers) {
+    QByteArray bytes = jpegBytes(landscape(83, 61));
+    bytes.insert(2, segment('\xE1', {}).repeated(4000) + exif(6));
+    EXPECT_EQ(sizeOf(bytes), QSize(61, 83));
+    EXPECT_EQ(decodePicture(bytes).size, QSize(61, 83));
+}
+
+/// Adding each of them to all before would take hours.
+TEST(ExifPlace, BehindAMillionOthersIsPassedOver) {
+    QByteArray bytes = jpegBytes(landscape(83, 61));
+    const QByteArray two = segment('\xE1', {}) + segment('\xE2', {});
+    bytes.insert(2, two.repeated(500'000) + exif(6));
+    EXPECT_EQ(sizeOf(bytes), QSize(83, 61));
+    EXPECT_EQ(decodePicture(bytes).size, QSize(83, 61));
 }
 
 /// An EXIF segment's content with other bytes at a place behind "Exif".
