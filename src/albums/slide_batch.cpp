@@ -7,15 +7,15 @@ namespace velorama {
 
 /// Pressed inside itself the command follows later. The files are those of its press: the lists may
 /// show another folder before all are added. A press that repeats the one that waits is the same
-/// press.
+/// press. Where all slides are taken away meanwhile it ends with the one that runs.
 void SlideList::press(Batch& batch, const QList<FoundFile>& files,
                       const std::function<void()>& add) {
     if (!batch.turn.isRunning()) {
         batch.turn.run(add);
     } else if (!batch.turn.isAwaited() || batch.files != files) {
         batch.files = files;
-        batch.turn.run([this, add] {
-            if (!stopped_) {
+        batch.turn.run([add, isLeft = batchLeft()] {
+            if (!isLeft()) {
                 add();
             }
         });

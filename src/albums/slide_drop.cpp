@@ -40,14 +40,13 @@ void SlideList::AddAt(int gap) {
 
 void SlideList::AddFiles(const QStringList& paths, int gap) {
     history_.forgetWaiting();
-    const QPointer<SlideList> self = this;
+    const IsLeft isLeft = batchLeft();
     const QString before = slideBehind(gap);
-    const auto left = [self] { return !self || self->stopped_; };
     const auto look = [paths, look = look_, pattern = found_.flbFOUND->Pattern()] {
         return look(paths, pattern);
     };
-    const auto files = awaitWork(look, left);
-    if (!left() && files && !files->isEmpty()) {
+    const auto files = awaitWork(look, isLeft);
+    if (!isLeft() && files && !files->isEmpty()) {
         addDropped(*files, before);
     }
 }

@@ -490,6 +490,22 @@ TEST_F(SlideBatchTest, addAllPressedAgainAfterARemovalInsideBringsEverythingBack
     EXPECT_EQ(storedSlides(3), keys());
 }
 
+TEST_F(SlideBatchTest, whatWaitsIsNotAddedWhereAllIsTakenAway) {
+    browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
+    selectFound({1});
+    for (const auto add : {&SlideList::AddAll, &SlideList::Add}) {
+        bool removed = false;
+        test::atNextYield([&] {
+            (list.get()->*add)();
+            list->ClearAll();
+            removed = true;
+        });
+        (list.get()->*add)();
+        EXPECT_TRUE(removed);
+        EXPECT_EQ(lvwSLIDEBAR->Count(), 0);
+    }
+}
+
 TEST_F(SlideBatchTest, whatWaitsIsNotAddedByAClosedWindow) {
     browse({QStringLiteral("a.bmp"), QStringLiteral("b.bmp")});
     selectFound({1});

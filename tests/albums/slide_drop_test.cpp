@@ -318,6 +318,22 @@ TEST_F(SlideDropTest, FilesOfADiskThatHangsHoldNoOthersUp) {
     EXPECT_EQ(list->history().steps(), 2);
 }
 
+TEST_F(SlideDropTest, FilesDoNotComeWhereAllIsTakenAwaySince) {
+    const QString slow = temporaryFolderWith({QStringLiteral("s.bmp")});
+    fill(named(QStringLiteral("ab")));
+    const auto gate = std::make_shared<QSemaphore>();
+    list->setLook([gate](const QStringList& paths, const QString& pattern) {
+        gate->acquire();
+        return picturesOf(paths, pattern);
+    });
+    test::atNextYield([&] {
+        list->ClearAll();
+        gate->release();
+    });
+    list->AddFiles({slow}, 1);
+    EXPECT_EQ(names(), QString());
+}
+
 TEST_F(SlideDropTest, AClosedWindowTakesNothingMore) {
     const QString folder = browse({QStringLiteral("x.bmp")});
     list->stop();
