@@ -10,6 +10,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace velorama {
 
@@ -63,9 +64,21 @@ void FoundList::fulfil(const QString& folder, const QStringList& names) {
     if (names.isEmpty() || !shows(folder) || !lists(names)) {
         c_.ftvFOLDER->setPath(folder);
     }
+    if (self) {
+        late_ = {folder, names};
+        selectLate();
+    }
+}
+
+/// A listing that all this came inside of selects its first picture when it ends.
+void FoundList::selectLate() {
+    if (depth_ > 0) {
+        return;
+    }
+    const FoundWish wish = std::exchange(late_, {});
     // While the listing let events run, another folder may have been chosen.
-    if (self && !stopped_ && !names.isEmpty() && shows(folder)) {
-        select(names);
+    if (!stopped_ && !wish.names.isEmpty() && shows(wish.folder)) {
+        select(wish.names);
     }
 }
 

@@ -88,6 +88,7 @@ void FoundList::ftvFOLDER_NodeChange(QString path) {  // NOLINT(performance-unne
     }
     chosen_ = path;
     ++wishes_;
+    late_ = {};
     if (depth_ >= deepest) {
         postponed_ = path;
         return;
@@ -100,6 +101,7 @@ void FoundList::ftvFOLDER_NodeChange(QString path) {  // NOLINT(performance-unne
     }
     if (self) {
         --depth_;
+        selectLate();
     }
 }
 

@@ -79,6 +79,7 @@ private:
     static FoundWish lookAt(const QStringList& paths, const QString& pattern);
     bool isCurrent(int wish) const;
     void fulfil(const QString& folder, const QStringList& names);
+    void selectLate();
     /// That folder is on show, and its listing is over.
     bool shows(const QString& folder) const;
     bool lists(const QStringList& names) const;
@@ -96,6 +97,8 @@ private:
     std::optional<QString> postponed_;
     /// How often something was dropped or a folder chosen: the last alone counts.
     int wishes_ = 0;
+    /// Dropped pictures of a folder on show that wait for the end of all listings.
+    FoundWish late_;
     Look look_ = lookAt;
     /// Of files dropped while others are looked for, the last alone count.
     CommandTurn drop_;

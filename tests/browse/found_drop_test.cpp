@@ -191,6 +191,17 @@ TEST_F(FoundDropTest, AFolderChosenSinceStays) {
     EXPECT_EQ(found.flbFOUND->Path(), QStringLiteral("/"));
 }
 
+TEST_F(FoundDropTest, WhatIsDroppedInTheMidstOfAListingStaysSelected) {
+    const QString other = folderWith({QStringLiteral("x.bmp"), QStringLiteral("y.bmp")});
+    test::atNextYield([&] { list->showDropped({in("b.bmp"), in("c.bmp")}); });
+    list->ftvFOLDER_NodeChange(other);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(found.flbFOUND->Path(), folder);
+    EXPECT_EQ(selected(), QStringLiteral("b.bmp c.bmp"));
+    EXPECT_EQ(current(), QStringLiteral("b.bmp"));
+    EXPECT_EQ(ActiveList, QStringLiteral("FOUND")) << "what preview and wallpaper work on";
+}
+
 TEST_F(FoundDropTest, ThousandsAreSelectedInOneGo) {
     list->ftvFOLDER_NodeChange(folder);
     QCoreApplication::processEvents();
