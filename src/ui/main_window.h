@@ -62,6 +62,7 @@ private:
     void awaitFirstPaint();
     void fillUnseen();
     void Form_QueryUnload(bool& Cancel);
+    void saveAtEnd();
     void Form_Unload();
 
     MainServices services_;

@@ -146,19 +146,28 @@ void mfrmPRGMAIN::closeEvent(QCloseEvent* event) {
 }
 
 void mfrmPRGMAIN::Form_QueryUnload(bool& Cancel) {
-    Cancel = !works_.album.mayLeaveAlbum();
+    // Before the commands have been switched off Save is on, with nothing there to save.
+    Cancel = loaded_ && !works_.album.mayLeaveAlbum();
     works_.saveLists();
+}
+
+// A window that is ended before it has read its values would put those of its design in their
+// place.
+void mfrmPRGMAIN::saveAtEnd() {
+    pages_->save();
+    works_.slides.saveAtEnd();
+    gRegistry->FormDimensionsSave(*this, true);
+    pages_->pictures->saveSplitter();
+    pages_->webAlbum->save();
 }
 
 void mfrmPRGMAIN::Form_Unload() {
     unloaded_ = true;
     mediaKeys_.stop();
     works_.stop();
-    pages_->save();
-    works_.slides.saveAtEnd();
-    gRegistry->FormDimensionsSave(*this, true);
-    pages_->pictures->saveSplitter();
-    pages_->webAlbum->save();
+    if (loaded_) {
+        saveAtEnd();
+    }
     mnutxt1_.stop();
     closeModalForms();
     help_.unload();

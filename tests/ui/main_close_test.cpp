@@ -268,6 +268,22 @@ TEST_F(CloseTest, ListsThatAreNotReadYetAreNotStored) {
     EXPECT_EQ(stored("mfrmPRGMAIN\\Items Total", "lvwALBUMSList Total"), QStringLiteral("7"));
 }
 
+TEST_F(CloseTest, BeforeItsValuesAreReadTheWindowStoresNone) {
+    setStored("mfrmPRGMAIN\\Window", "Width", QStringLiteral("9000"));
+    setStored("mfrmPRGMAIN\\View", "TABIDX", QStringLiteral("3"));
+    setStored("frmSLIDESHOW\\Items", "Items", QStringLiteral("7"));
+    setToolSetting("Splitter Bar Left", QStringLiteral("4000"));
+    MainServices early = services();
+    early.startUp = [](QWidget& form, const QString&) { form.close(); };
+    window = std::make_unique<mfrmPRGMAIN>(early);
+    window->Form_Load();
+    EXPECT_TRUE(window->isUnloaded());
+    EXPECT_EQ(stored("mfrmPRGMAIN\\Window", "Width"), QStringLiteral("9000"));
+    EXPECT_EQ(stored("mfrmPRGMAIN\\View", "TABIDX"), QStringLiteral("3"));
+    EXPECT_EQ(stored("frmSLIDESHOW\\Items", "Items"), QStringLiteral("7"));
+    EXPECT_EQ(toolSetting("Splitter Bar Left"), QStringLiteral("4000"));
+}
+
 TEST_F(CloseTest, ASecondCloseAfterTheEndDoesNothing) {
     start();
     window->close();
