@@ -39,9 +39,16 @@ public:
     }
 
 private:
+    /// A folder changed a moment ago may change again without a new time stamp; a server's clock
+    /// may go before ours. One farther ahead is wrong, or ours was set back: to read such a folder
+    /// for each name anew would go on until we have caught up with it.
+    static bool isSettled(qint64 age) {
+        constexpr qint64 moment = 2'000;  // milliseconds
+        constexpr qint64 farAhead = 600'000;
+        return age > moment || age < -farAhead;
+    }
     void read(const QString& folder, const QDateTime& changed) {
-        // A folder changed a moment ago may change again without a new time stamp.
-        settled_ = changed.msecsTo(QDateTime::currentDateTime()) > 2000;
+        settled_ = isSettled(changed.msecsTo(QDateTime::currentDateTime()));
         folder_ = folder;
         changed_ = changed;
         names_.clear();

@@ -3,6 +3,13 @@
 #include "support/files.h"
 #include "support/test_world.h"
 
+#include <QFile>
+
+#include <ctime>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
 namespace velorama {
 namespace {
 
@@ -105,6 +112,26 @@ TEST_F(HostFile, SeesAFileThatCameBetweenTwoQuestions) {
     EXPECT_EQ(hostFile(asked), asked);
     writeFile(root + QStringLiteral("/Pictures/new.jpg"));
     EXPECT_EQ(hostFile(asked), root + QStringLiteral("/Pictures/new.jpg"));
+}
+
+/// When the names in a folder changed last; true if it could be set.
+bool setChanged(const QString& folder, std::time_t when) {
+    const timespec times[2] = {{0, UTIME_OMIT}, {when, 0}};
+    return ::utimensat(AT_FDCWD, QFile::encodeName(folder).constData(), times, 0) == 0;
+}
+
+// A clock that was wrong, or a disk from a system whose clock goes by another zone.
+TEST_F(HostFile, ReadsAFolderOnceThatChangedInTimesToCome) {
+    const QString folder = root + QStringLiteral("/Pictures");
+    const std::time_t tomorrow = std::time(nullptr) + 24 * 3600;
+    ASSERT_TRUE(setChanged(folder, tomorrow));
+    const QString missing = folder + QStringLiteral("/NEW.jpg");
+    EXPECT_EQ(hostFile(missing), missing);
+    writeFile(folder + QStringLiteral("/new.jpg"));
+    ASSERT_TRUE(setChanged(folder, tomorrow));
+    EXPECT_EQ(hostFile(missing), missing) << "nothing tells that there is another file";
+    ASSERT_TRUE(setChanged(folder, tomorrow + 1));
+    EXPECT_EQ(hostFile(missing), folder + QStringLiteral("/new.jpg"));
 }
 
 TEST_F(HostFile, IsNoFolderBehindAFile) {
