@@ -1,12 +1,16 @@
 #include "albums/slide_store.h"
 
 #include "albums/slide_settings.h"
+#include "albums/slide_texts.h"
 #include "core/globals.h"
 #include "core/long_text.h"
 #include "platform/numbers.h"
 #include "platform/utf8.h"
 
+#include <QSet>
+
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace velorama {
@@ -23,6 +27,29 @@ QString loadSlide(int number) {
 int loadCount() {
     const QString stored = loadSetting(slideItemsKey, slideItemsName, QStringLiteral("0"));
     return wholeNumber(stored).value_or(0);
+}
+
+/// Up to a path that comes again, and that one too: the list refuses it, and all further positions
+/// lie past its end.
+QStringList loadSlides(int count, const QHash<int, QString>& kept) {
+    QStringList paths;
+    QSet<QString> known;
+    for (int i = 1; i <= count && known.size() == paths.size(); ++i) {
+        paths.append(kept.contains(i) ? kept.value(i) : loadSlide(i));
+        known.insert(paths.last());
+    }
+    return paths;
+}
+
+/// One for all lists of the program: none waits for a disk that another one has waited for in vain.
+QStringList slideTexts(const QStringList& paths) {
+    // Longer than a disk takes that is awake, also beside much other work.
+    constexpr std::chrono::seconds longest{2};
+    static SlideTexts texts(longest, [](const QString& path) {
+        // The program's own may be gone where a thread is late.
+        return clsFILEFOLDR().FileNameFromPath(path, false);
+    });
+    return texts.of(paths);
 }
 
 }  // namespace
@@ -43,7 +70,7 @@ bool saveSlidePath(int number, const QString& path) {
 }
 
 QString slideText(const QString& path) {
-    return gFileFoldr->FileNameFromPath(path, false);
+    return slideTexts({path}).first();
 }
 
 SlideStore::SlideStore(ListView& lvwSLIDEBAR, const Thumbnails& thumbnails)
@@ -89,13 +116,13 @@ void SlideStore::read() {
     const QHash<int, QString> kept = pathsOnlyInList(
         slideSelectionKey, 1, list_.Count(), [](int i) { return QString::number(i); },
         [this](int i) { return list_.item(i)->Key(); });
+    const QStringList paths = loadSlides(count, kept);
+    const QStringList texts = slideTexts(paths);
     list_.Clear();
-    for (int i = 1; i <= count; ++i) {
-        const QString path = kept.contains(i) ? kept.value(i) : loadSlide(i);
-        if (!list_.Add(i, path, slideText(path), thumbnails_.SlideIconIndex(path))) {
-            // A key that is there already. All further positions lie past the end of the list.
-            break;
-        }
+    int place = 0;
+    for (const QString& path : paths) {
+        list_.Add(place + 1, path, texts[place], thumbnails_.SlideIconIndex(path));
+        ++place;
     }
     selectCurrent();
 }

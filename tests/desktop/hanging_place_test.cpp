@@ -130,6 +130,18 @@ TEST_F(HangingPlaces, TheSettingsComeUpWhileTheAlbumHangs) {
     EXPECT_EQ(page->close(), 0);
 }
 
+TEST_F(HangingPlaces, TheWindowAnswersWhenASlideThatHangsIsMoved) {
+    const HangingPlace place(slides.at(0), HangingPlace::First::Answers);
+    ASSERT_NO_FATAL_FAILURE(openAlbumOf(place));
+    place.hang();
+    page->moveFirstSlide();
+    EXPECT_TRUE(waitFor([&] { return page->isModified(); }));
+    EXPECT_TRUE(place.isWaitedFor());
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_EQ(page->close(QStringLiteral("shift+n")), 0);
+    EXPECT_TRUE(waitForSlides(store, {slides.at(1), slides.at(0), slides.at(2)}));
+}
+
 TEST_F(HangingPlaces, ASlideThatHangsHasItsTooltip) {
     const HangingPlace place(slides.at(0), HangingPlace::First::Answers);
     ASSERT_NO_FATAL_FAILURE(openAlbumOf(place));
