@@ -2,7 +2,7 @@
 
 #include "imaging/decode/bmp.h"
 #include "imaging/decode/byte_numbers.h"
-#include "imaging/decode/completeness.h"
+#include "imaging/decode/gif.h"
 #include "imaging/decode/reader_limit.h"
 
 #include <QBuffer>
@@ -15,42 +15,15 @@ namespace {
 
 constexpr qint64 mebibyte = 1024LL * 1024;
 
-/// Kinds that the toolkit's readers decode: how a file begins, the reader's name, and the bytes of
-/// memory that one pixel of it may take on the way.
-struct Kind {
-    QByteArrayView signature;
-    const char* format;
-    QSize (*size)(QByteArrayView);
-    int (*bytesPerPixel)(QByteArrayView);
-    bool (*isWhole)(QByteArrayView);
-};
-
-QSize gifSize(QByteArrayView bytes) {
-    return {numberAt<quint16>(bytes, 6), numberAt<quint16>(bytes, 8)};
-}
-
 QSize pngSize(QByteArrayView bytes) {
     return {numberAt<qint32>(bytes, 16, true), numberAt<qint32>(bytes, 20, true)};
 }
 
-int gifPixel(QByteArrayView) {
-    return 8;
-}
-
-/// Sixteen bits a channel are read as such before they become eight.
+/// Bytes of memory that a pixel takes: sixteen bits a channel are read as such before they become
+/// eight.
 int pngPixel(QByteArrayView bytes) {
     return numberAt<quint8>(bytes, 24) == 16 ? 12 : 8;
 }
-
-/// The reader of PNG tells itself.
-bool isWholePng(QByteArrayView) {
-    return true;
-}
-
-constexpr Kind kinds[] = {
-    {QByteArrayView("GIF8", 4), "gif", gifSize, gifPixel, isWholeGif},
-    {QByteArrayView("\x89PNG\r\n\x1a\n", 8), "png", pngSize, pngPixel, isWholePng},
-};
 
 bool isOpaque(const QImage& bitmap) {
     for (int y = 0; y < bitmap.height(); ++y) {
@@ -66,24 +39,11 @@ bool isOpaque(const QImage& bitmap) {
     return true;
 }
 
-/// One of the two formats that pictures are kept in; conversions happen in place where they can.
-QImage asPixels(QImage image) {
-    if (!image.hasAlphaChannel()) {
-        image.convertTo(QImage::Format_RGB32);
-        return image;
-    }
-    image.convertTo(QImage::Format_ARGB32_Premultiplied);
-    if (isOpaque(image)) {
-        image.reinterpretAsFormat(QImage::Format_RGB32);
-    }
-    return image;
-}
-
-Picture readWithToolkit(QByteArrayView bytes, const char* format) {
+Picture readWithToolkit(QByteArrayView bytes) {
     QByteArray raw = QByteArray::fromRawData(bytes.data(), bytes.size());
     QBuffer buffer(&raw);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, format);
+    QImageReader reader(&buffer, "png");
     reader.setAutoDetectImageFormat(false);
     QImage image;
     // A reader that gives up may leave the half it had.
@@ -96,25 +56,16 @@ Picture readWithToolkit(QByteArrayView bytes, const char* format) {
     return {image.size(), image};
 }
 
-Picture read(QByteArrayView bytes, const Kind& kind) {
-    const QSize size = kind.size(bytes);
-    if (size.isEmpty() || !kind.isWhole(bytes)) {
-        return {};
-    }
+/// By the toolkit's reader, which tells where a file ends too early.
+Picture readPng(QByteArrayView bytes) {
+    const QSize size = pngSize(bytes);
     const qint64 pixels = qint64(size.width()) * size.height();
-    const int each = kind.bytesPerPixel(bytes);
-    if (pixels > decodingMemory().largest() / each) {
+    const int each = pngPixel(bytes);
+    if (size.isEmpty() || pixels > decodingMemory().largest() / each) {
         return {};
     }
     const MemoryShare share(decodingMemory(), pixels * each);
-    return share ? readWithToolkit(bytes, kind.format) : Picture();
-}
-
-const Kind* kindOf(QByteArrayView bytes) {
-    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& one) {
-        return bytes.startsWith(one.signature);
-    });
-    return kind == std::end(kinds) ? nullptr : kind;
+    return share ? readWithToolkit(bytes) : Picture();
 }
 
 bool isJpeg(QByteArrayView bytes) {
@@ -125,11 +76,17 @@ bool isBmp(QByteArrayView bytes) {
     return bytes.startsWith("BM");
 }
 
+bool isGif(QByteArrayView bytes) {
+    return bytes.startsWith("GIF8");
+}
+
+bool isPng(QByteArrayView bytes) {
+    return bytes.startsWith("\x89PNG\r\n\x1a\n");
+}
+
 /// Whether a BMP is the mere cover of another file, which its rows are, and of which kind.
 bool isCover(const BmpHead& head, QByteArrayView content) {
-    const Kind* kind = kindOf(content);
-    return head.coding == BmpHead::Coding::Jpeg ? isJpeg(content)
-                                                : kind != nullptr && kind->size == pngSize;
+    return head.coding == BmpHead::Coding::Jpeg ? isJpeg(content) : isPng(content);
 }
 
 bool isOwn(const BmpHead& head) {
@@ -170,6 +127,18 @@ void limitPictureReaders() {
     QImageReader::setAllocationLimit(static_cast<int>(decodingMemory().largest() / mebibyte));
 }
 
+QImage asPixels(QImage image) {
+    if (!image.hasAlphaChannel()) {
+        image.convertTo(QImage::Format_RGB32);
+        return image;
+    }
+    image.convertTo(QImage::Format_ARGB32_Premultiplied);
+    if (isOpaque(image)) {
+        image.reinterpretAsFormat(QImage::Format_RGB32);
+    }
+    return image;
+}
+
 void convertToSrgb(QImage& bitmap, const QColorSpace& space) {
     static const QColorSpace srgb(QColorSpace::SRgb);
     if (space.isValid() && space != srgb) {
@@ -193,8 +162,10 @@ QSize pictureSize(ByteSource& source) {
         size = source.size() <= fileMemory().largest() ? jpegSize(source) : QSize();
     } else if (isBmp(head)) {
         size = bmpSize(source, bmpHead(head));
-    } else if (const Kind* kind = kindOf(head)) {
-        size = kind->size(head);
+    } else if (isGif(head)) {
+        size = gifSize(source);
+    } else if (isPng(head)) {
+        size = pngSize(head);
     }
     return size.isEmpty() ? QSize() : size;
 }
@@ -206,8 +177,10 @@ Picture decodePicture(QByteArrayView bytes, const Fit& fit) {
     if (isBmp(bytes)) {
         return readAnyBmp(bytes, fit);
     }
-    const Kind* kind = kindOf(bytes);
-    return kind != nullptr ? read(bytes, *kind) : Picture();
+    if (isGif(bytes)) {
+        return readGif(bytes);
+    }
+    return isPng(bytes) ? readPng(bytes) : Picture();
 }
 
 }  // namespace velorama

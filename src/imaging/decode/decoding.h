@@ -40,6 +40,9 @@ QImage oriented(QImage bitmap, int orientation);
 /// not valid for others, which say nothing about these pixels, and for what is no profile.
 QColorSpace profiledSpace(const QByteArray& profile, bool grey = false);
 
+/// One of the two formats that pictures are kept in; conversions happen in place where they can.
+QImage asPixels(QImage image);
+
 /// Colours of `space` brought to sRGB in place. Does nothing if `space` is sRGB or not valid.
 void convertToSrgb(QImage& bitmap, const QColorSpace& space);
 

@@ -139,7 +139,7 @@ TEST(PictureFileSize, OfASideOfNothingIsEmpty) {
     QByteArray jpeg = test::jpegBytes(test::landscape(90, 61));
     jpeg.replace(jpeg.indexOf("\xFF\xC0") + 5, 2, QByteArray(2, '\0'));
     EXPECT_EQ(sizeOf(jpeg), QSize());
-    EXPECT_EQ(sizeOf(test::gifBytes({0, 61}, {{{2, 1}, QByteArray(2, '\1')}})), QSize());
+    EXPECT_EQ(sizeOf(test::gifBytes({0, 61}, {{{0, 1}, QByteArray(2, '\1')}})), QSize());
     QByteArray bmp = test::toolkitBytes(test::landscape(9, 6), "bmp");
     bmp[21] = '\x80';  // a negative width
     EXPECT_EQ(sizeOf(bmp), QSize());
