@@ -148,11 +148,18 @@ void convertToSrgb(QImage& bitmap, const QColorSpace& space) {
     bitmap.setColorSpace({});
 }
 
-QColorSpace profiledSpace(const QByteArray& profile, bool grey) {
+QColorSpace profiledSpace(QByteArray profile, bool grey) {
+    constexpr qsizetype devicePlace = 12;
     constexpr qsizetype kindPlace = 16;
+    const QByteArray device = profile.mid(devicePlace, 4);
     const QByteArray kind = profile.mid(kindPlace, 4);
-    return kind == "RGB " || (grey && kind == "GRAY") ? QColorSpace::fromIccProfile(profile)
-                                                      : QColorSpace();
+    const bool isDevice =
+        device == "mntr" || device == "scnr" || device == "prtr" || device == "spac";
+    if (!isDevice || (kind != "RGB " && !(grey && kind == "GRAY"))) {
+        return {};
+    }
+    // The toolkit wants a screen's, but of the others it reads the same parts.
+    return QColorSpace::fromIccProfile(profile.replace(devicePlace, 4, "mntr"));
 }
 
 QSize pictureSize(ByteSource& source) {

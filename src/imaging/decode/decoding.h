@@ -38,7 +38,7 @@ QImage oriented(QImage bitmap, int orientation);
 
 /// The colours that an ICC profile describes, if it is one of RGB, or of grey where the pixels are;
 /// not valid for others, which say nothing about these pixels, and for what is no profile.
-QColorSpace profiledSpace(const QByteArray& profile, bool grey = false);
+QColorSpace profiledSpace(QByteArray profile, bool grey = false);
 
 /// One of the two formats that pictures are kept in; conversions happen in place where they can.
 QImage asPixels(QImage image);

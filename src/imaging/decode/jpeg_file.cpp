@@ -145,9 +145,9 @@ QColorSpace JpegFile::colourSpace() {
         data == nullptr) {
         return {};
     }
-    const QByteArray profile(reinterpret_cast<const char*>(data), length);
+    QByteArray profile(reinterpret_cast<const char*>(data), length);
     std::free(data);
-    return profiledSpace(profile, info_.jpeg_color_space == JCS_GRAYSCALE);
+    return profiledSpace(std::move(profile), info_.jpeg_color_space == JCS_GRAYSCALE);
 }
 
 bool JpegFile::setScale(int eighths) {

@@ -240,6 +240,23 @@ TEST(JpegProfile, OfOtherColoursThanThePicturesIsPassedOver) {
     }
 }
 
+TEST(JpegProfile, MayBeOfAnyDeviceButNoLink) {
+    const QImage image = landscape(64, 48);
+    QByteArray profile = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
+    ASSERT_EQ(profile.mid(12, 4), "mntr");
+    const QImage wanted = decodePicture(jpegBytes(image, {.profile = profile})).bitmap;
+    const QImage unprofiled = decodePicture(jpegBytes(image)).bitmap;
+    ASSERT_NE(wanted, unprofiled);
+    for (const char* kind : {"scnr", "prtr", "spac"}) {
+        profile.replace(12, 4, kind);
+        EXPECT_EQ(decodePicture(jpegBytes(image, {.profile = profile})).bitmap, wanted) << kind;
+    }
+    for (const char* kind : {"link", "abst", "nmcl"}) {
+        profile.replace(12, 4, kind);
+        EXPECT_EQ(decodePicture(jpegBytes(image, {.profile = profile})).bitmap, unprofiled) << kind;
+    }
+}
+
 TEST(JpegProfile, InPiecesIsAppliedWhole) {
     const QImage image = landscape(64, 48);
     const QByteArray profile = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
