@@ -22,7 +22,6 @@ namespace {
 
 using desktop::DesktopSession;
 using desktop::Program;
-using desktop::waitFor;
 using desktop::WindowId;
 
 const QString base = QStringLiteral(VELORAMA_PACKAGE_FOLDER "/bare-debian-12.tar");

@@ -223,7 +223,7 @@ TEST_F(AutoHide, SwitchedOffDuringTheShowLeavesTheBarAsItIs) {
 TEST_F(AutoHide, MovesOfThePointerOverTheFormCountInTwips) {
     makeSlides(1);
     frmSLIDESHOW& show = open();
-    const auto move = [&show](QWidget& target, int y) {
+    const auto move = [](QWidget& target, int y) {
         const QPointF at(3, y);
         QMouseEvent event(QEvent::MouseMove, at, target.mapToGlobal(at), Qt::NoButton, Qt::NoButton,
                           Qt::NoModifier);

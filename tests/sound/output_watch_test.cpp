@@ -25,7 +25,7 @@ protected:
         pactl({QStringLiteral("set-default-sink"), QStringLiteral("headset")});
         player->whenPulled([this] { ++pulled; });
         ASSERT_TRUE(playAnew());
-        ASSERT_TRUE(comesTrue([this] { return playsOn("headset"); }));
+        ASSERT_TRUE(comesTrue([] { return playsOn("headset"); }));
     }
 
     bool playAnew() {
