@@ -25,7 +25,7 @@ enum DumpField { HeaderSize = 0, DumpWidth = 4, DumpHeight = 5, BytesPerLine = 1
 
 QImage imageOfDump(const uchar* dump, qint64 size) {
     const auto field = [dump](DumpField which) {
-        return qFromBigEndian<quint32>(dump + 4 * which);
+        return qFromBigEndian<quint32>(dump + 4 * qsizetype(which));
     };
     const qint64 pixels = qint64(field(HeaderSize)) + 12 * qint64(field(Colours));
     const qint64 rows = qint64(field(BytesPerLine)) * field(DumpHeight);

@@ -63,7 +63,8 @@ std::array<QPoint, 4> ShowScreen::corners() const {
 double ShowScreen::gradientShare(const QPoint& at) const {
     const double half = (std::sqrt(2.0) * std::max(m_size.width(), m_size.height()) + 2) / 2;
     const double reach = half / std::sqrt(2.0);
-    const double line = at.x() - at.y() + m_size.height() / 2 + reach;
+    const int middle = m_size.height() / 2;
+    const double line = at.x() - at.y() + middle + reach;
     const double lines = m_size.width() + 2 * reach;
     return line / lines;
 }

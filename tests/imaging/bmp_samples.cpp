@@ -33,7 +33,7 @@ QByteArray header(const BmpSample& sample) {
 QByteArray little(std::initializer_list<quint32> numbers) {
     QByteArray bytes;
     for (const quint32 number : numbers) {
-        bytes += two(number & 0xFFFF) + two(number >> 16);
+        bytes += two(static_cast<int>(number & 0xFFFF)) + two(static_cast<int>(number >> 16));
     }
     return bytes;
 }

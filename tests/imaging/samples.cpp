@@ -152,7 +152,7 @@ QByteArray gifBytes(QSize screen, const QList<GifFrame>& frames, int background)
     QByteArray bytes = "GIF89a" + number(static_cast<quint16>(screen.width())) +
                        number(static_cast<quint16>(screen.height())) + '\xF6' +
                        static_cast<char>(background) + '\0';
-    QByteArray palette(128 * 3, '\0');
+    QByteArray palette = QByteArray(3, '\0').repeated(128);
     palette[3] = palette[7] = palette[11] = '\xFF';
     bytes += palette;
     for (const GifFrame& frame : frames) {

@@ -48,7 +48,7 @@ QByteArray wavHead(quint32 dataSize, quint16 channels, quint32 rate, quint16 bit
 QByteArray wavFile(int milliseconds, double hertz) {
     const int frames = static_cast<int>(qint64(milliseconds) * 44100 / 1000);
     QByteArray samples;
-    samples.reserve(frames * 4);
+    samples.reserve(qsizetype(frames) * 4);
     for (int i = 0; i < frames; ++i) {
         const double phase = 2 * std::numbers::pi * hertz * i / 44100;
         const QByteArray sample = little(static_cast<qint16>(std::lround(16000 * std::sin(phase))));

@@ -100,7 +100,7 @@ TEST(BmpRows, OfTheFirstHeaderHavePalettesOfThreeBytes) {
     EXPECT_EQ(pixelsOf(BmpSample{.depth = 8,
                                  .content = bytesOf("03000000 01020000"),
                                  .header = 12,
-                                 .palette = palette3 + QByteArray(252 * 3, '\0'),
+                                 .palette = palette3 + QByteArray(3, '\0').repeated(252),
                                  .offset = 0}),
               allFour);
 }
@@ -127,7 +127,7 @@ TEST(BmpPalette, MayBeLargerThanStatedOrThanTheDepthAllows) {
         sample.colours = stated;
         EXPECT_EQ(pixelsOf(sample), allFour) << stated;
     }
-    sample.palette = palette4 + QByteArray(296 * 4, '\x55');
+    sample.palette = palette4 + QByteArray(4, '\x55').repeated(296);
     sample.colours = 300;
     EXPECT_EQ(pixelsOf(sample), allFour);
     sample.offset = 0;

@@ -65,7 +65,7 @@ TEST(JpegKinds, MarkedByAdobeAreRgbWhateverTheirColoursAreCalled) {
     QByteArray bytes = jpegBytes(image, {.colours = Colours::RgbPlain});
     const qsizetype frame = bytes.indexOf("\xFF\xC0");
     const qsizetype scan = bytes.indexOf("\xFF\xDA");
-    for (int i = 0; i < 3; ++i) {
+    for (qsizetype i = 0; i < 3; ++i) {
         ASSERT_EQ(bytes[frame + 10 + 3 * i], "RGB"[i]);
         bytes[frame + 10 + 3 * i] = static_cast<char>(i + 1);
         bytes[scan + 5 + 2 * i] = static_cast<char>(i + 1);

@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <array>
 #include <atomic>
 #include <thread>
 
@@ -271,9 +272,9 @@ TEST(HugePicture, waits_for_another_threads) {
     const QByteArray bytes = wideGif();
     std::atomic<int> shown = 0;
     {
-        std::vector<std::jthread> threads;
-        for (int i = 0; i < 8; ++i) {
-            threads.emplace_back(
+        std::array<std::jthread, 8> threads;
+        for (std::jthread& thread : threads) {
+            thread = std::jthread(
                 [&] { shown += decodePicture(bytes).size == QSize(8500, 8500) ? 1 : 0; });
         }
     }
@@ -287,7 +288,7 @@ TEST(HugePicture, leaves_room_for_an_ordinary_one) {
     const MemoryShare huge(decodingMemory(), decodingMemory().largest());
     ASSERT_TRUE(huge);
     // A slide of 24 megapixels at half its size, turned: two bitmaps of 3000 x 2000.
-    const MemoryShare slide(decodingMemory(), 2 * 3000 * 2000 * 4);
+    const MemoryShare slide(decodingMemory(), qint64(2) * 3000 * 2000 * 4);
     EXPECT_TRUE(slide);
     EXPECT_EQ(decodePicture(test::jpegBytes(landscape(400, 300))).size, QSize(400, 300));
 }

@@ -68,7 +68,7 @@ protected:
 
     QByteArray bytes;
     std::shared_ptr<SlowDisk> disk = std::make_shared<SlowDisk>();
-    std::vector<float> sound = std::vector<float>(2 * 44100);
+    std::vector<float> sound = std::vector<float>(2 * std::size_t(44100));
 };
 
 TEST_F(Mp3OnASlowDisk, PlaysToItsEndBeforeItsLengthIsKnown) {
