@@ -11,7 +11,7 @@ namespace {
 class ComingSlidesTest : public test::WithServices {
 protected:
     QString file(const char* name) const {
-        const QString path = folder + QLatin1Char('/') + QLatin1String(name);
+        QString path = folder + QLatin1Char('/') + QLatin1String(name);
         test::saveBytes(path, "x");
         return path;
     }

@@ -57,7 +57,7 @@ QString Program::output() {
 }
 
 QString Program::takeErrors() {
-    const QString errors = QString::fromUtf8(m_process.readAllStandardError());
+    QString errors = QString::fromUtf8(m_process.readAllStandardError());
     // Who takes messages that the test is not about takes these with them.
     for (const char* mark : {"Sanitizer", "runtime error: "}) {
         if (const auto at = errors.indexOf(QLatin1String(mark)); at >= 0) {

@@ -110,6 +110,7 @@ protected:
                 words.push_back(word.toLocal8Bit());
             }
             std::vector<char*> pointers;
+            pointers.reserve(words.size() + 1);
             for (QByteArray& word : words) {
                 pointers.push_back(word.data());
             }

@@ -613,8 +613,7 @@ TEST(ButtonPictureTest, IsNullWithoutADrawing) {
     EXPECT_TRUE(ButtonPicture().isNull());
     EXPECT_TRUE(ButtonPicture(QStringLiteral("/no/such.svg")).isNull());
     const ButtonPicture one = picture("red");
-    const ButtonPicture copy = one;
-    EXPECT_EQ(one, copy);
+    EXPECT_EQ(one, ButtonPicture(one));
     EXPECT_NE(one, picture("red"));
 }
 

@@ -227,7 +227,7 @@ extern "C" ssize_t copy_file_range(int from, off64_t* fromAt, int to, off64_t* t
 
 #define VELORAMA_ALLOCATE(name, Offset, refusal)                                                 \
     extern "C" int name(int file, Offset at, Offset count) {                                     \
-        return isFull(#name, file) ? refusal                                                     \
+        return isFull(#name, file) ? (refusal)                                                   \
                                    : next<int (*)(int, Offset, Offset)>(#name)(file, at, count); \
     }
 VELORAMA_ALLOCATE(posix_fallocate, off_t, ENOSPC)

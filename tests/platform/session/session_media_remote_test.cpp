@@ -58,7 +58,7 @@ public:
     std::vector<QVariantMap> changes;
     std::vector<qlonglong> seeks;
 
-public slots:
+public slots:  // NOLINT(readability-redundant-access-specifiers): makes them slots
     void changed(const QString& interface, const QVariantMap& values, const QStringList& others) {
         EXPECT_EQ(interface, player);
         EXPECT_TRUE(others.isEmpty());
