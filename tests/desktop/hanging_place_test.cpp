@@ -119,6 +119,26 @@ TEST_F(HangingPlaces, AFolderThatHangsStandsInTheTreeBesideTheOthers) {
     EXPECT_EQ(page->close(), 0);
 }
 
+TEST_F(HangingPlaces, AFolderThatHangsOpensInTheTreeWhenItAnswers) {
+    const QString inside = folderAtHome("gone/inside");
+    setFilesLocation(store, folderAtHome("shown"));
+    const HangingPlace place(session.home() + QStringLiteral("/gone"));
+    open(place);
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_TRUE(page->turnTo(FoldersPage));
+    session.type(QStringLiteral("gone"));
+    session.key(QStringLiteral("Right"));
+    EXPECT_TRUE(place.isWaitedFor());
+    EXPECT_TRUE(page->turnTo(MusicPage));
+    EXPECT_TRUE(page->turnTo(FoldersPage));
+    place.answer();
+    EXPECT_TRUE(
+        waitFor([&] { return filesLocation(store) == session.home() + QStringLiteral("/gone"); }));
+    session.key(QStringLiteral("Right"));
+    EXPECT_TRUE(waitFor([&] { return filesLocation(store) == inside; }));
+    EXPECT_EQ(page->close(), 0);
+}
+
 TEST_F(HangingPlaces, TheSettingsComeUpWhileTheAlbumHangs) {
     const HangingPlace place(album, HangingPlace::First::Answers);
     ASSERT_NO_FATAL_FAILURE(openAlbumOf(place));

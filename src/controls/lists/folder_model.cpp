@@ -2,16 +2,17 @@
 
 #include "controls/buttons/icon.h"
 #include "controls/geometry/tip_markup.h"
+#include "controls/lists/folder_reading.h"
 #include "platform/files/name_order.h"
 #include "platform/files/paths.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QStandardPaths>
 #include <QToolTip>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -37,6 +38,9 @@ void addMedia(std::vector<FolderRoot>& roots, const QString& base) {
 
 // Entries of a folder that are looked at for a folder among them: a few milliseconds' worth.
 constexpr int mostLookedAt = 10'000;
+
+// Longer than a disk takes that is awake, also beside much other work.
+constexpr std::chrono::seconds longestReading{2};
 
 /// Whether a folder has folders that are not hidden. One of very many files is taken to have some
 /// until it is opened: the others are to be looked at soon.
@@ -92,6 +96,8 @@ public:
     bool read = false;
     // Read because it is being opened: no need to read it again when it is open.
     bool fresh = false;
+    // A disk has not answered yet.
+    bool isReading = false;
     // Somebody looks whether there is anything below, or has looked.
     bool isLooked = false;
     // What was found; until then a folder is taken to have some.
@@ -120,24 +126,56 @@ void FolderModel::setRoots(const std::vector<FolderRoot>& roots) {
     merge(*invisibleRootItem(), std::move(fresh));
 }
 
+// A disk that does not answer holds the window up for a moment, and the folder opens when it does.
 void FolderModel::refresh(const QModelIndex& index) {
-    if (!index.isValid()) {
+    if (!index.isValid() || folderOf(index).isReading) {
         return;
     }
     Folder& folder = folderOf(index);
-    Folders fresh;
-    QDirIterator entries(folder.path, QDir::Dirs | QDir::NoDotAndDotDot);
-    while (entries.hasNext()) {
-        entries.next();
-        const QString name = entries.fileName();
-        fresh.push_back(std::make_unique<Folder>(name, below(folder.path, name)));
+    const auto reading = std::make_shared<FolderReading>(folder.path, hiddenBelow(folder));
+    const qint64 number = ++asked_;
+    sought_.insert(number, QPersistentModelIndex(index));
+    // Threads of its own: those of the looks may all be waiting for other places.
+    auto* thread = new SlowLooks(this);
+    thread->ask([this, reading, number, thread]() -> SlowLooks::Answer {
+        reading->run();
+        return [this, reading, number, thread] {
+            thread->deleteLater();
+            takeLate(number, reading->names());
+        };
+    });
+    const auto names = reading->await(longestReading);
+    folder.isReading = !names;
+    if (names) {
+        sought_.remove(number);
+        take(folder, *names);
     }
-    // Hidden folders came in as steps to a path: they stay for as long as they exist.
+}
+
+void FolderModel::takeLate(qint64 reading, const QStringList& names) {
+    const QModelIndex row = sought_.take(reading);
+    if (row.isValid()) {
+        folderOf(row).isReading = false;
+        take(folderOf(row), names);
+    }
+}
+
+// Hidden folders came in as steps to a path: they stay for as long as they exist.
+QStringList FolderModel::hiddenBelow(const Folder& folder) {
+    QStringList names;
     for (int row = 0; row < folder.rowCount(); ++row) {
-        const Folder& known = childOf(folder, row);
-        if (known.text().startsWith(QLatin1Char('.')) && QDir(known.path).exists()) {
-            fresh.push_back(std::make_unique<Folder>(known.text(), known.path));
+        const QString name = childOf(folder, row).text();
+        if (name.startsWith(QLatin1Char('.'))) {
+            names.append(name);
         }
+    }
+    return names;
+}
+
+void FolderModel::take(Folder& folder, const QStringList& names) {
+    Folders fresh;
+    for (const QString& name : names) {
+        fresh.push_back(std::make_unique<Folder>(name, below(folder.path, name)));
     }
     std::sort(fresh.begin(), fresh.end(), [order = NameOrder()](const auto& a, const auto& b) {
         return order(a->text(), b->text());
@@ -268,7 +306,7 @@ void FolderModel::forget(qint64 look) {
 }
 
 bool FolderModel::canFetchMore(const QModelIndex& parent) const {
-    return parent.isValid() && !folderOf(parent).read;
+    return parent.isValid() && !folderOf(parent).read && !folderOf(parent).isReading;
 }
 
 void FolderModel::fetchMore(const QModelIndex& parent) {

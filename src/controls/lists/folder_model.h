@@ -29,7 +29,8 @@ public:
 
     /// Folders that stay keep their place in the tree, and what is known below them.
     void setRoots(const std::vector<FolderRoot>& roots);
-    /// Reads the children of a folder anew.
+    /// Reads the children of a folder anew. Where its disk does not answer in time they come when
+    /// it does.
     void refresh(const QModelIndex& folder);
     /// The view has opened a folder: its children may have changed since they were read.
     void opened(const QModelIndex& folder);
@@ -57,12 +58,15 @@ private:
     static Folder& childOf(const QStandardItem& parent, int row);
     Folder* deepestRoot(const QString& path) const;
     Folder* child(Folder& parent, const QString& name);
+    static QStringList hiddenBelow(const Folder& folder);
+    void takeLate(qint64 reading, const QStringList& names);
+    static void take(Folder& folder, const QStringList& names);
     static void merge(QStandardItem& parent, Folders fresh);
     void look(Folder& folder) const;
     void learn(qint64 look, bool mayHaveAny);
     void forget(qint64 look);
 
-    /// The rows of the looks that run or wait, by the number of the look.
+    /// The rows of the looks and readings that run or wait, by their number.
     mutable QHash<qint64, QPersistentModelIndex> sought_;
     mutable qint64 asked_ = 0;
     const std::unique_ptr<SlowLooks> looks_ = std::make_unique<SlowLooks>();
