@@ -24,7 +24,7 @@ constexpr std::chrono::seconds retryDelay{1};
 /// Says that a file is ours ("Velo"), and what it holds. To be raised with every change of the
 /// table, of the packing, of decoding or of scaling that moves a pixel.
 constexpr qint64 applicationId = 0x56656c6f;
-constexpr qint64 version = 2;
+constexpr qint64 version = 3;
 
 /// Thumbnails of a folder are written one after the other and are read so.
 constexpr const char* table =
