@@ -43,7 +43,7 @@ struct Walk {
 /// Stray bytes between the blocks are passed over.
 Walk walkToFrame(QByteArrayView bytes) {
     constexpr char graphicControl = '\xF9';
-    Walk walk{screenBytes + 3 * paletteColours(numberAt<quint8>(bytes, 10))};
+    Walk walk{screenBytes + qint64{3} * paletteColours(numberAt<quint8>(bytes, 10))};
     while (walk.frame < bytes.size() && bytes[walk.frame] != Image) {
         if (bytes[walk.frame] == Trailer) {
             walk.frame = bytes.size();

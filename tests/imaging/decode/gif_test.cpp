@@ -225,7 +225,8 @@ TEST(GifCodes, GrowAndBeginAnew) {
                 const unsigned index = i > 0 && random() % 3 != 0 ? unsigned(indices.back()) & 0xFFU
                                                                   : random() % (1U << bits);
                 indices += static_cast<char>(index);
-                const auto* colour = reinterpret_cast<const uchar*>(palette.data()) + 3 * index;
+                const auto* colour =
+                    reinterpret_cast<const uchar*>(palette.data()) + size_t{3} * index;
                 wanted.push_back(qRgb(colour[0], colour[1], colour[2]));
             }
             const QByteArray bytes = gif({.screen = {width, height},
