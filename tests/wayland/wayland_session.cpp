@@ -44,8 +44,8 @@ QJsonObject focusedIn(const QJsonObject& node) {
         return node;
     }
     for (const char* name : {"nodes", "floating_nodes"}) {
-        for (const QJsonValue& inner : node.value(QLatin1String(name)).toArray()) {
-            const QJsonObject found = focusedIn(inner.toObject());
+        for (const QJsonValue inner : node.value(QLatin1String(name)).toArray()) {
+            QJsonObject found = focusedIn(inner.toObject());
             if (!found.isEmpty()) {
                 return found;
             }

@@ -10,7 +10,6 @@
 namespace velorama::test {
 namespace {
 
-using desktop::kDeadline;
 using desktop::waitFor;
 
 // Middles of the buttons, in twips from the window's right and bottom edge.

@@ -83,6 +83,7 @@ TEST_F(PlanInBrowser, IndexPagesStandAsPlanned) {
         ASSERT_NO_FATAL_FAILURE(open(QLatin1String(file)));
         ASSERT_EQ(images.size(), count + 2);
         std::vector<QSizeF> sizes;
+        sizes.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i) {
             sizes.push_back(image(i + 2).size());
         }
