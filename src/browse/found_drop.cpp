@@ -41,11 +41,11 @@ bool FoundList::isCurrent(int wish) const {
 
 void FoundList::showDropped(const QStringList& paths) {
     drop_.runLast([this, paths, number = ++wishes_] {
-        const QPointer<FoundList> self = this;
-        const auto left = [self, number] { return !self || !self->isCurrent(number); };
         const auto look = [paths, look = look_, pattern = c_.flbFOUND->Pattern()] {
             return look(paths, pattern);
         };
+        const QPointer<FoundList> self = this;
+        const auto left = [self, number] { return !self || !self->isCurrent(number); };
         const auto wish = awaitWork(look, left);
         if (!left() && wish && !wish->folder.isEmpty() && !FormLoading) {
             // Another drop need not wait for the end of the listing.

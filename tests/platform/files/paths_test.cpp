@@ -123,7 +123,7 @@ bool setChanged(const QString& folder, std::time_t when) {
 // A clock that was wrong, or a disk from a system whose clock goes by another zone.
 TEST_F(HostFile, ReadsAFolderOnceThatChangedInTimesToCome) {
     const QString folder = root + QStringLiteral("/Pictures");
-    const std::time_t tomorrow = std::time(nullptr) + 24 * 3600;
+    const std::time_t tomorrow = std::time(nullptr) + std::time_t(24) * 3600;
     ASSERT_TRUE(setChanged(folder, tomorrow));
     const QString missing = folder + QStringLiteral("/NEW.jpg");
     EXPECT_EQ(hostFile(missing), missing);
