@@ -95,13 +95,14 @@ void showLarge(const PreviewControls& w, const QString& path) {
     frame(w);
 }
 
-/// Gives the size of what is shown. A name may lie about its content: what is no GIF stands still.
+/// Gives the size of what is shown. A name may lie about its content: what is no film stands still,
+/// and looks as it does in the lists.
 QSize showIn(MovieBox& viewer, const QString& path) {
     if (gPagProps->kind() == clsPAGPROPS::Gif) {
         viewer.Navigate(hostFile(path));
-        return viewer.hasPicture()
-                   ? QSize(gPagProps->PictureAttribWidth(), gPagProps->PictureAttribHeight())
-                   : QSize();
+        if (viewer.moves()) {
+            return {gPagProps->PictureAttribWidth(), gPagProps->PictureAttribHeight()};
+        }
     }
     const Picture picture = LoadPicture(hostFile(path));
     viewer.setStill(picture.bitmap);

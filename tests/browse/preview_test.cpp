@@ -620,6 +620,20 @@ TEST_F(PreviewTest, anotherContentUnderTheNameOfAGifIsReadLikeAnyPicture) {
     EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(0, 255, 0));
 }
 
+// The toolkit's own reader, which films go through, shows nothing behind a stray byte.
+TEST_F(PreviewTest, aGifOfOneFrameIsReadLikeAnyPicture) {
+    QByteArray bytes = test::movieBytes({80, 60}, {Qt::green});
+    bytes.insert(bytes.indexOf("\x21\xFF"), '\0');
+    test::saveBytes(folder + QStringLiteral("/a.gif"), bytes);
+    addFound(QStringLiteral("a.gif"));
+    show(1);
+    form.show();
+    expectMovieSize({80, 60});
+    EXPECT_EQ(lblSIZE.text(), QStringLiteral("80 × 60 pixels"));
+    const QImage seen = lookAtFrame();
+    EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(0, 255, 0));
+}
+
 // Half a PNG, which has a head to go by and nothing to show.
 TEST_F(PreviewTest, aGifWithoutAPictureAfterOneShowsNothing) {
     foundMovie(QStringLiteral("a.gif"), {100, 100}, 60000);

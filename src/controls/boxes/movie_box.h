@@ -21,8 +21,8 @@ public:
     void setStill(const QImage& picture);
     /// The part of the box that is seen, in logical pixels.
     void setView(const QRect& view);
-    /// True if the film is one that can be shown.
-    bool hasPicture() const { return movie_ && movie_->isValid(); }
+    /// True if there is a film, of more than one picture.
+    bool moves() const { return movie_ && movie_->frameCount() > 1; }
     const QMovie* movie() const { return movie_.get(); }
 
 protected:

@@ -40,7 +40,7 @@ protected:
 
 TEST_F(MovieBoxTest, EmptyItShowsNothing) {
     box.show();
-    EXPECT_FALSE(box.hasPicture());
+    EXPECT_FALSE(box.moves());
     EXPECT_EQ(at(50, 40), ground);
 }
 
@@ -104,11 +104,18 @@ TEST_F(MovieBoxTest, AFileThatCannotBeReadShowsNothing) {
                                 saved("no picture"), saved({})}) {
         box.Navigate(movie);
         EXPECT_TRUE(comes(Qt::red));
-        EXPECT_TRUE(box.hasPicture());
+        EXPECT_TRUE(box.moves());
         box.Navigate(file);
-        EXPECT_FALSE(box.hasPicture());
+        EXPECT_FALSE(box.moves());
         EXPECT_EQ(at(50, 40), ground) << file.toStdString();
     }
+}
+
+TEST_F(MovieBoxTest, AFilmOfOnePictureDoesNotMove) {
+    box.Navigate(saved(test::movieBytes({20, 10}, {Qt::red})));
+    ASSERT_NE(box.movie(), nullptr);
+    EXPECT_TRUE(box.movie()->isValid());
+    EXPECT_FALSE(box.moves());
 }
 
 TEST_F(MovieBoxTest, ADrawingUnderTheNameOfAGifIsNotLetIn) {
@@ -116,7 +123,7 @@ TEST_F(MovieBoxTest, ADrawingUnderTheNameOfAGifIsNotLetIn) {
     box.Navigate(
         saved("<svg xmlns='http://www.w3.org/2000/svg' width='90' height='70'>"
               "<rect width='90' height='70' fill='red'/></svg>"));
-    EXPECT_FALSE(box.hasPicture());
+    EXPECT_FALSE(box.moves());
     EXPECT_EQ(at(50, 40), ground);
 }
 
