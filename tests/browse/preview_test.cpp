@@ -66,6 +66,17 @@ protected:
         test::saveBytes(folder + u'/' + name, test::movieBytes(size, {Qt::red, Qt::blue}, delay));
         addFound(name);
     }
+    /// Of 80 x 60 pixels, which stands still.
+    void expectGreenGif(const QByteArray& bytes) {
+        test::saveBytes(folder + QStringLiteral("/a.gif"), bytes);
+        addFound(QStringLiteral("a.gif"));
+        show(1);
+        form.show();
+        expectMovieSize({80, 60});
+        EXPECT_EQ(lblSIZE.text(), QStringLiteral("80 × 60 pixels"));
+        const QImage seen = lookAtFrame();
+        EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(0, 255, 0));
+    }
     void show(int number) {
         lvwFOUND.setSelectedItem(number);
         preview.PicturePreview();
@@ -610,28 +621,14 @@ TEST_F(PreviewTest, anotherContentUnderTheNameOfAGifIsReadLikeAnyPicture) {
     bytes.insert(shortHead, masks, '\0');
     bytes[10] = shortHead + masks;
     bytes[14] = 52;
-    test::saveBytes(folder + QStringLiteral("/a.gif"), bytes);
-    addFound(QStringLiteral("a.gif"));
-    show(1);
-    form.show();
-    expectMovieSize({80, 60});
-    EXPECT_EQ(lblSIZE.text(), QStringLiteral("80 × 60 pixels"));
-    const QImage seen = lookAtFrame();
-    EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(0, 255, 0));
+    expectGreenGif(bytes);
 }
 
 // The toolkit's own reader, which films go through, shows nothing behind a stray byte.
 TEST_F(PreviewTest, aGifOfOneFrameIsReadLikeAnyPicture) {
     QByteArray bytes = test::movieBytes({80, 60}, {Qt::green});
     bytes.insert(bytes.indexOf("\x21\xFF"), '\0');
-    test::saveBytes(folder + QStringLiteral("/a.gif"), bytes);
-    addFound(QStringLiteral("a.gif"));
-    show(1);
-    form.show();
-    expectMovieSize({80, 60});
-    EXPECT_EQ(lblSIZE.text(), QStringLiteral("80 × 60 pixels"));
-    const QImage seen = lookAtFrame();
-    EXPECT_EQ(seen.pixelColor(seen.width() / 2, seen.height() / 2), QColor(0, 255, 0));
+    expectGreenGif(bytes);
 }
 
 // Half a PNG, which has a head to go by and nothing to show.
