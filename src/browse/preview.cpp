@@ -100,7 +100,7 @@ void showLarge(const PreviewControls& w, const QString& path) {
 QSize showIn(MovieBox& viewer, const QString& path) {
     if (gPagProps->kind() == clsPAGPROPS::Gif) {
         viewer.Navigate(hostFile(path));
-        if (viewer.moves()) {
+        if (viewer.movie() != nullptr) {
             return {gPagProps->PictureAttribWidth(), gPagProps->PictureAttribHeight()};
         }
     }

@@ -10,10 +10,6 @@ class MediaPlayer {
 public:
     explicit MediaPlayer(const DesktopSession& session) : session_(session) {}
 
-    /// What playerctl prints; nothing where it fails.
-    QByteArray ask(const QStringList& words) const {
-        return playerctl(words).value_or(QByteArray());
-    }
     bool order(const char* word) const { return playerctl({QLatin1String(word)}).has_value(); }
     /// What playerctl has no word for.
     bool call(const char* method) const {
@@ -47,6 +43,10 @@ public:
     }
 
 private:
+    /// What playerctl prints; nothing where it fails.
+    QByteArray ask(const QStringList& words) const {
+        return playerctl(words).value_or(QByteArray());
+    }
     std::optional<QByteArray> playerctl(const QStringList& words) const {
         const QStringList all =
             QStringList{QStringLiteral("--no-messages"), QStringLiteral("--player=velorama")} +

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace velorama {
 
 void MovieBox::Navigate(const QString& file) {
@@ -11,7 +13,11 @@ void MovieBox::Navigate(const QString& file) {
     if (file.isEmpty()) {
         return;
     }
-    movie_ = std::make_unique<QMovie>(file, "gif");
+    auto movie = std::make_unique<QMovie>(file, "gif");
+    if (movie->frameCount() <= 1) {
+        return;
+    }
+    movie_ = std::move(movie);
     connect(movie_.get(), &QMovie::frameChanged, this, [this] { update(); });
     if (isVisible()) {
         movie_->start();

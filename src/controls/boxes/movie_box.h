@@ -14,15 +14,14 @@ class MovieBox : public QWidget {
 public:
     explicit MovieBox(QWidget* parent = nullptr) : QWidget(parent) {}
 
-    /// A GIF file of this machine; one that is none or cannot be read shows nothing. It moves while
-    /// the box is visible.
+    /// A GIF file of this machine, which moves while the box is visible. One that does not move, is
+    /// none or cannot be read shows nothing.
     void Navigate(const QString& file);
     /// A picture in the place of the film; a null one shows nothing.
     void setStill(const QImage& picture);
     /// The part of the box that is seen, in logical pixels.
     void setView(const QRect& view);
-    /// True if there is a film, of more than one picture.
-    bool moves() const { return movie_ && movie_->frameCount() > 1; }
+    /// Nothing where there is no film.
     const QMovie* movie() const { return movie_.get(); }
 
 protected:
