@@ -39,7 +39,7 @@ void FadeTransition::step() {
     QImage& target = picPREVIEW_.Image();
     if (!picSLIDERESIZE_.Picture().isNull() && picSLIDERESIZE_.Picture().size() != target.size()) {
         // The form was resized in the middle of the fade.
-        picSLIDERESIZE_.setPicture(resampled(picSLIDERESIZE_.Picture(), target.size()));
+        picSLIDERESIZE_.setPicture(fittedBitmap(picSLIDERESIZE_.Picture(), target.size(), white));
     }
     const int alpha = (BlendValue >> 16) & 0xFF;
     picPREVIEW_.Refresh(blend_.AlphaBlend(target, picSLIDERESIZE_.Image(), alpha));

@@ -220,6 +220,10 @@ void frmSLIDESHOW::btnEXIT_Click() {
 
 void frmSLIDESHOW::Form_Resize() {
     const Running running(*this);
+    if (!picPREVIEW.Picture().isNull()) {
+        // That is what the fade began with; the slide is only drawn over it.
+        picPREVIEW.keepImage();
+    }
     fitting_.setArea();
     fitting_.CenterPreview();
     ResizePic();

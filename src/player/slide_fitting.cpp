@@ -35,8 +35,12 @@ void SlideFitting::ResizePic() {
     setHeight(imgPREVIEW98_, Height(picPREVIEW_));
     if (isModernSystem()) {
         imgPREVIEW98_.hide();
-        const QImage shown = picPREVIEW_.Picture();
-        picPREVIEW_.setPicture(PictureResize(shown, picPREVIEW_.scaleSize(), black));
+        const QSize area = picPREVIEW_.scaleSize();
+        const QImage fitted = PictureResize(picPREVIEW_.Picture(), area, black);
+        // Events have run inside: a form with another size by now has fitted it to that.
+        if (picPREVIEW_.scaleSize() == area) {
+            picPREVIEW_.setPicture(fitted);
+        }
     } else {
         picPREVIEW_.hide();
     }
