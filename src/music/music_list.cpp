@@ -67,13 +67,18 @@ void MusicList::MusicBrowse() {
 }
 
 void MusicList::MusicDrop(const QStringList& paths) {
+    QStringList music;
     for (const QString& path : paths) {
         const QString lower = path.toLower();
         if (isMusic(lower)) {
-            c_.lstMUSIC->addItem(lower);
-            enableRestart(true);
-            c_.lstMUSIC->setListIndex(c_.lstMUSIC->ListCount() - 1);
+            music.append(lower);
         }
+    }
+    if (!music.isEmpty()) {
+        c_.lstMUSIC->addItems(music);
+        enableRestart(true);
+        // Once: a list in sight is laid out anew for it, all its rows.
+        c_.lstMUSIC->setListIndex(c_.lstMUSIC->ListCount() - 1);
     }
 }
 

@@ -155,6 +155,21 @@ TEST_F(MusicListTest, DroppedMusicIsAddedInLowerCase) {
     EXPECT_EQ(device.taken(), QStringList());
 }
 
+// A list in sight is laid out anew whenever a row is chosen: ten thousand would take their time.
+TEST_F(MusicListTest, OfManyDroppedFilesOnlyTheLastIsChosen) {
+    int choices = 0;
+    QObject::connect(&lstMUSIC, &ListBox::itemSelectionChanged, &lstMUSIC,
+                     [&choices] { ++choices; });
+    QStringList dropped;
+    for (int i = 0; i < 100; ++i) {
+        dropped.append(QStringLiteral("/music/%1.mp3").arg(i));
+    }
+    engine->list.MusicDrop(dropped);
+    EXPECT_EQ(lstMUSIC.ListCount(), 100);
+    EXPECT_EQ(lstMUSIC.ListIndex(), 99);
+    EXPECT_EQ(choices, 1);
+}
+
 TEST_F(MusicListTest, OtherDroppedFilesArePassedOver) {
     cbtnAUDIO[2]->setEnabled(false);
     engine->list.MusicDrop({QStringLiteral("/a/b.midi"), QStringLiteral("/a/b.ogg"),
