@@ -40,6 +40,10 @@ void PictureBox::setPicture(const QImage& picture) {
 }
 
 QImage& PictureBox::Image() {
+    if (!image_.isNull() && image_.devicePixelRatio() != devicePixelRatioF()) {
+        // On a screen of another scale: what was drawn lasts, in as many pixels as there are here.
+        image_ = image_.scaled(scaleSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
     if (image_.size() != scaleSize()) {
         // A picture of the box's own size needs no copy until somebody draws on the image.
         const bool whole = picture_.size() == scaleSize() && !picture_.hasAlphaChannel();
