@@ -35,10 +35,13 @@ public:
         if (folder != folder_ || changed != changed_ || !settled_) {
             read(folder, changed);
         }
-        return names_.value(name.toCaseFolded());
+        return names_.value(folded(name));
     }
 
 private:
+    /// The fold alone keeps the dotted capital I, which in small letters is an i and its dot.
+    static QString folded(const QString& name) { return name.toLower().toCaseFolded(); }
+
     /// A folder changed a moment ago may change again without a new time stamp; a server's clock
     /// may go before ours. One farther ahead is wrong, or ours was set back: to read such a folder
     /// for each name anew would go on until we have caught up with it.
@@ -55,9 +58,9 @@ private:
         const QStringList names = QDir(folder).entryList(
             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
         for (const QString& name : names) {
-            const QString folded = name.toCaseFolded();
-            if (!names_.contains(folded)) {
-                names_.insert(folded, name);
+            const QString key = folded(name);
+            if (!names_.contains(key)) {
+                names_.insert(key, name);
             }
         }
     }

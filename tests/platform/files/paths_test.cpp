@@ -81,6 +81,18 @@ TEST_F(HostFile, IgnoresCaseInEverySegment) {
               root + QStringLiteral("/Pictures/Summer 24/Beach.JPG"));
 }
 
+// As a dropped music file is kept: the small letter may be two characters, or another one.
+TEST_F(HostFile, IsFoundByItsNameInLowerCase) {
+    for (const char* name : {"\u0130stanbul/\u0130zmir.MP3", "STRA\u1E9EE.mp3",
+                             "\u039F\u0394\u039F\u03A3.mp3", "\u01C5.mp3"}) {
+        const QString wanted = root + u'/' + QString::fromUtf8(name);
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(wanted).path()));
+        writeFile(wanted);
+        const QString lower = root + u'/' + QString::fromUtf8(name).toLower();
+        EXPECT_EQ(hostFile(lower).toStdString(), wanted.toStdString());
+    }
+}
+
 TEST_F(HostFile, IgnoresTheKindOfSlash) {
     const QString wanted = root + QStringLiteral("/Pictures/Summer 24/Beach.JPG");
     EXPECT_EQ(hostFile(root + QStringLiteral("\\Pictures\\summer 24/Beach.JPG")), wanted);
