@@ -58,6 +58,8 @@ public:
     /// Ends the show: the main window is visible again.
     void Unload();
     bool isUnloaded() const { return unloaded_; }
+    /// Whether it is paused once what waits for the end of the load has been done.
+    bool isToBePaused() const { return Paused != steps_.turnsPause(); }
 
     void ResizePic();
 

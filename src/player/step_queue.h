@@ -24,6 +24,8 @@ public:
     void dropTicks() { steps_.removeAll(ShowStep::Tick); }
 
     bool isEmpty() const { return steps_.isEmpty(); }
+    /// A show that is paused will not be, or the other way round, once all that waits is taken.
+    bool turnsPause() const { return steps_.count(ShowStep::Pause) % 2 != 0; }
     bool isTickNext() const { return !isEmpty() && steps_.first() == ShowStep::Tick; }
 
     /// Takes the steps to carry out next: one tick, one pause, or all the arrows in front. Of

@@ -153,7 +153,7 @@ void MediaKeys::obeyInShow(frmSLIDESHOW& show, MediaRequest request) {
         show.btnEXIT_Click();
         press(stopButton);
     } else if (request == MediaRequest::PlayPause ||
-               show.Paused == (request == MediaRequest::Play)) {
+               show.isToBePaused() == (request == MediaRequest::Play)) {
         show.Form_MouseUp();
     }
 }

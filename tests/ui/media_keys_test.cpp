@@ -236,6 +236,25 @@ TEST_F(MediaKeysOnWindow, AHeadsetThatIsPulledPauses) {
     EXPECT_FALSE(device.pulled) << "nobody is told any more";
 }
 
+TEST_F(MediaKeysOnWindow, APauseIsEndedByNoOtherWhileTheShowLoadsEither) {
+    open(album(2));
+    fill();
+    QTimer inside;
+    QObject::connect(&inside, &QTimer::timeout, &inside, [&] {
+        if (window->slideShow() != nullptr) {
+            inside.stop();
+            EXPECT_EQ(ask(MediaRequest::Pause), QStringList()) << "it waits for the load";
+            device.pulled();
+        }
+    });
+    inside.start(0);
+    frmSLIDESHOW& show = beginShow();
+    ASSERT_FALSE(inside.isActive());
+    EXPECT_TRUE(show.Paused);
+    EXPECT_EQ(ask(MediaRequest::Play), QStringList({opened(first), played}));
+    show.Unload();
+}
+
 TEST_F(MediaKeysOnWindow, QuitClosesTheWindowAlsoInAShow) {
     open(album(2));
     beginShow();
