@@ -33,13 +33,14 @@ int BackgroundSession::patience() const {
 }
 
 std::optional<QByteArray> BackgroundSession::run(const QString& program,
-                                                 const QStringList& arguments) const {
+                                                 const QStringList& arguments,
+                                                 std::chrono::milliseconds atLeast) const {
     QProcess process;
     process.setProcessEnvironment(environment_);
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, arguments);
-    if (!process.waitForFinished(patience())) {
+    if (!process.waitForFinished(std::max(patience(), static_cast<int>(atLeast.count())))) {
         process.kill();
         process.waitForFinished();
         return std::nullopt;

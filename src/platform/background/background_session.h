@@ -6,6 +6,7 @@
 #include <QProcessEnvironment>
 #include <QStringList>
 
+#include <chrono>
 #include <optional>
 
 namespace velorama {
@@ -24,8 +25,9 @@ public:
     QString configFolder() const;
 
     /// Runs a program to its end, without a shell: its output, or nothing if it cannot be started,
-    /// fails or takes too long.
-    std::optional<QByteArray> run(const QString& program, const QStringList& arguments) const;
+    /// fails or takes too long. It has `atLeast`, however little time is left.
+    std::optional<QByteArray> run(const QString& program, const QStringList& arguments,
+                                  std::chrono::milliseconds atLeast = {}) const;
 
     /// Somebody on the bus has this name. Wakes nobody up.
     bool hasService(const QString& name) const;

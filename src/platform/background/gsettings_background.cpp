@@ -4,6 +4,7 @@ namespace velorama {
 namespace {
 
 const QString program = QStringLiteral("gsettings");
+constexpr std::chrono::seconds longestReturn{5};
 
 /// Nothing if the desktop's settings have no such key.
 std::optional<QString> read(const BackgroundSession& session, const QString& schema,
@@ -14,8 +15,8 @@ std::optional<QString> read(const BackgroundSession& session, const QString& sch
 }
 
 void write(const BackgroundSession& session, const QString& schema, const QString& key,
-           const QString& value) {
-    session.run(program, {QStringLiteral("set"), schema, key, settingText(value)});
+           const QString& value, std::chrono::milliseconds atLeast = {}) {
+    session.run(program, {QStringLiteral("set"), schema, key, settingText(value)}, atLeast);
 }
 
 bool change(const BackgroundSession& session, const QString& schema, const QString& key,
@@ -27,8 +28,11 @@ bool change(const BackgroundSession& session, const QString& schema, const QStri
     if (*before == value) {
         // To write what is there already would tell the desktop nothing.
         write(session, schema, key, QString());
+        // Also where the time is up by now: what has been taken away must not stay away.
+        write(session, schema, key, value, longestReturn);
+    } else {
+        write(session, schema, key, value);
     }
-    write(session, schema, key, value);
     // Without a bus the command reports success and changes nothing.
     return read(session, schema, key) == value;
 }

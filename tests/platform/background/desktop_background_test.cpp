@@ -111,5 +111,52 @@ TEST(DesktopBackground, withoutDesktopBusOrDisplayItIsSilent) {
     EXPECT_FALSE(setBackground(sessionWith({QStringLiteral("DISPLAY=:59999")}), path));
 }
 
+/// A command `gsettings` of the test's own, which keeps each key in a file; taking a value away it
+/// hangs when that is done.
+class SlowSettings : public testing::Test {
+protected:
+    SlowSettings() {
+        QFile command(folder + QStringLiteral("/gsettings"));
+        EXPECT_TRUE(command.open(QIODevice::WriteOnly));
+        command.write(
+            "#!/bin/sh\n"
+            "file=\"$0-$3\"\n"
+            "if [ \"$1\" = get ]; then exec cat \"$file\"; fi\n"
+            "printf %s \"$4\" > \"$file\"\n"
+            "if [ \"$4\" = \"''\" ]; then exec sleep 1000000; fi\n");
+        command.close();
+        EXPECT_TRUE(command.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        qputenv("PATH", (folder + u':' + path).toUtf8());
+    }
+    ~SlowSettings() override { qputenv("PATH", path.toUtf8()); }
+
+    QString fileOf(const QString& key) const {
+        return folder + QStringLiteral("/gsettings-") + key;
+    }
+    void put(const QString& key, const QString& text) const {
+        QFile file(fileOf(key));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text.toUtf8());
+    }
+    QByteArray stored(const QString& key) const {
+        QFile file(fileOf(key));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    const QString path = qEnvironmentVariable("PATH");
+    const QString folder = test::temporaryFolder();
+};
+
+TEST_F(SlowSettings, HaveThePictureAgainThatWasTakenAway) {
+    const QString key = QStringLiteral("picture-filename");
+    const QString picture = QStringLiteral("/home/ann/Velorama Wallpaper.bmp");
+    put(key, settingText(picture));
+    const QDeadlineTimer soon(500);
+    EXPECT_FALSE(setMateBackground(sessionWith({QStringLiteral("PATH=") + path}, soon), picture));
+    ASSERT_TRUE(soon.hasExpired());
+    EXPECT_EQ(stored(key), settingText(picture).toUtf8());
+}
+
 }  // namespace
 }  // namespace velorama
