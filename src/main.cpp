@@ -33,6 +33,8 @@ constexpr std::chrono::seconds longestEnd{5};
 
 /// All but the application object: what is worth keeping is on disk when it returns.
 int run() {
+    // Others find the window until the store has written the last of its settings.
+    const auto bus = makeInstanceBus();
     SqliteRegistryStore store(SqliteRegistryStore::standardFile());
     const auto shell = makeDesktopShell();
     const auto screenSaver = makeSessionScreenSaver();
@@ -42,7 +44,6 @@ int run() {
     int result = 0;
     {
         NetworkFetch netCHECKUPDATE;
-        const auto bus = makeInstanceBus();
         InstanceStart instance(store, bus.get());
         const auto fileTypes = makeDesktopFileTypes();
         FileAssociation association(store, *fileTypes);

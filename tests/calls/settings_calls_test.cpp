@@ -8,6 +8,7 @@
 #include <QProcess>
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <sys/stat.h>
 
@@ -133,15 +134,26 @@ TEST_F(SettingsCalls, TellWhatIsInTheWay) {
     EXPECT_EQ(bytesOf(store()), QByteArray(5000, 'x'));
 }
 
-TEST_F(SettingsCalls, NothingIsImportedUnderAnOpenWindow) {
-    ASSERT_EQ(::chmod(folder.toUtf8().constData(), 0700), 0);
-    QProcessEnvironment window = home;
-    window.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+/// With a main window of the program open beside the calls.
+class SettingsUnderAWindow : public SettingsCalls {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(::chmod(folder.toUtf8().constData(), 0700), 0);
+        QProcessEnvironment window = home;
+        window.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        program.setProcessEnvironment(window);
+        program.start(QStringLiteral(VELORAMA_PROGRAM), QStringList());
+        ASSERT_TRUE(comesTrue([this] { return isWindowKnown(); }));
+    }
+    bool isWindowKnown() const {
+        const QDir sockets(folder + QStringLiteral("/velorama"));
+        return !sockets.entryList(QDir::System).isEmpty();
+    }
+
     QProcess program;
-    program.setProcessEnvironment(window);
-    program.start(QStringLiteral(VELORAMA_PROGRAM), QStringList());
-    const QDir sockets(folder + QStringLiteral("/velorama"));
-    ASSERT_TRUE(comesTrue([&] { return !sockets.entryList(QDir::System).isEmpty(); }));
+};
+
+TEST_F(SettingsUnderAWindow, NothingIsImported) {
     expectOneLine(take(file("a.reg", lists)), 1,
                   QStringLiteral("a window of Velorama is open; close it first"));
     program.terminate();
@@ -149,6 +161,23 @@ TEST_F(SettingsCalls, NothingIsImportedUnderAnOpenWindow) {
     EXPECT_FALSE(exported().contains("Elsewhere"));
     EXPECT_EQ(take(file("a.reg", lists)).code, 0);
     EXPECT_TRUE(exported().contains("Elsewhere"));
+}
+
+// What is held up here for as long as the program waits for its file. An import would come in
+// between.
+TEST_F(SettingsUnderAWindow, NothingIsWrittenOnceTheWindowIsNoLongerKnown) {
+    ASSERT_TRUE(comesTrue([this] { return QFile::exists(store()); }));
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(store().toUtf8().constData(), &other), SQLITE_OK);
+    sqlite3_busy_timeout(other, 60'000);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    program.terminate();
+    ASSERT_TRUE(comesTrue([this] { return !isWindowKnown(); }));
+    const QByteArray before = exported();
+    EXPECT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(other);
+    EXPECT_TRUE(comesTrue([this] { return program.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(exported().toStdString(), before.toStdString());
 }
 
 }  // namespace
