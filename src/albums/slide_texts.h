@@ -4,7 +4,7 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
+#include <future>
 
 namespace velorama {
 
@@ -22,11 +22,11 @@ public:
     QStringList of(const QStringList& paths);
 
 private:
-    class Looks;
+    class Known;
 
     std::chrono::milliseconds longest_;
     TextOf textOf_;
-    std::shared_ptr<Looks> looks_;
+    std::future<void> looks_;
 };
 
 }  // namespace velorama

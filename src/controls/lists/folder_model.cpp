@@ -5,6 +5,7 @@
 #include "controls/lists/folder_reading.h"
 #include "platform/files/name_order.h"
 #include "platform/files/paths.h"
+#include "platform/process/detached_work.h"
 
 #include <QDir>
 #include <QFile>
@@ -132,24 +133,30 @@ void FolderModel::refresh(const QModelIndex& index) {
         return;
     }
     Folder& folder = folderOf(index);
-    const auto reading = std::make_shared<FolderReading>(folder.path, hiddenBelow(folder));
+    const auto read = [path = folder.path, hidden = hiddenBelow(folder)] {
+        return foldersIn(path, hidden);
+    };
+    const std::shared_future<QStringList> names = detachedWork(read).share();
+    folder.isReading = !isDoneWithin(names, longestReading);
+    if (folder.isReading) {
+        takeWhenRead(folder, names);
+    } else {
+        take(folder, names.get());
+    }
+}
+
+void FolderModel::takeWhenRead(const Folder& folder, const std::shared_future<QStringList>& names) {
     const qint64 number = ++asked_;
-    sought_.insert(number, QPersistentModelIndex(index));
-    // Threads of its own: those of the looks may all be waiting for other places.
+    sought_.insert(number, QPersistentModelIndex(folder.index()));
+    // A thread of its own: those of the looks may all be waiting for other places.
     auto* thread = new SlowLooks(this);
-    thread->ask([this, reading, number, thread]() -> SlowLooks::Answer {
-        reading->run();
-        return [this, reading, number, thread] {
+    thread->ask([this, names, number, thread]() -> SlowLooks::Answer {
+        names.wait();
+        return [this, names, number, thread] {
             thread->deleteLater();
-            takeLate(number, reading->names());
+            takeLate(number, names.get());
         };
     });
-    const auto names = reading->await(longestReading);
-    folder.isReading = !names;
-    if (names) {
-        sought_.remove(number);
-        take(folder, *names);
-    }
 }
 
 void FolderModel::takeLate(qint64 reading, const QStringList& names) {

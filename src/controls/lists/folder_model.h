@@ -6,6 +6,7 @@
 #include <QPersistentModelIndex>
 #include <QStandardItemModel>
 
+#include <future>
 #include <memory>
 #include <vector>
 
@@ -59,6 +60,7 @@ private:
     Folder* deepestRoot(const QString& path) const;
     Folder* child(Folder& parent, const QString& name);
     static QStringList hiddenBelow(const Folder& folder);
+    void takeWhenRead(const Folder& folder, const std::shared_future<QStringList>& names);
     void takeLate(qint64 reading, const QStringList& names);
     static void take(Folder& folder, const QStringList& names);
     static void merge(QStandardItem& parent, Folders fresh);

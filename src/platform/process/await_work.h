@@ -1,12 +1,11 @@
 #pragma once
 
-#include "platform/process/detached_thread.h"
+#include "platform/process/detached_work.h"
 #include "platform/process/events.h"
 
 #include <QFutureWatcher>
 #include <QPromise>
 
-#include <exception>
 #include <functional>
 #include <optional>
 #include <type_traits>
@@ -37,22 +36,15 @@ std::optional<std::invoke_result_t<Work>> awaitWork(const Work& work,
     QPromise<Result> promise;
     const QFuture<Result> future = promise.future();
     promise.start();
-    const auto done = [work]() -> Result {
-        try {
-            return work();
-        } catch (const std::exception&) {
-            return {};
-        }
-    };
-    const bool started = startDetached([promise = std::move(promise), done]() mutable {
-        promise.addResult(done());
+    const bool started = startDetached([promise = std::move(promise), work]() mutable {
+        promise.addResult(resultOf(work));
         promise.finish();
     });
     events == Events::All ? DoEvents() : PaintEvents();
     if (!awaitFuture(future, isLeft, events)) {
         return std::nullopt;
     }
-    return started ? future.result() : done();
+    return started ? future.result() : resultOf(work);
 }
 
 }  // namespace velorama

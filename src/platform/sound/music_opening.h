@@ -3,6 +3,7 @@
 #include "platform/sound/music_file.h"
 
 #include <chrono>
+#include <future>
 
 namespace velorama {
 
@@ -21,8 +22,7 @@ public:
     MusicFile take();
 
 private:
-    struct Shared;
-    std::shared_ptr<Shared> shared_;
+    std::future<MusicFile> file_;
 };
 
 }  // namespace velorama

@@ -6,41 +6,18 @@
 
 #include <gtest/gtest.h>
 
-#include <thread>
-
 namespace velorama {
 namespace {
 
-using namespace std::chrono_literals;
-
-QString sorted(std::optional<QStringList> names) {
-    if (!names) {
-        return QStringLiteral("none yet");
-    }
-    names->sort();
-    return names->join(u' ');
-}
-
-class FolderReadingTest : public testing::Test {
-protected:
-    FolderReadingTest() {
-        for (const char* name : {"b", "a", ".c", ".d"}) {
-            EXPECT_TRUE(QDir(base).mkpath(QLatin1String(name)));
-        }
-    }
+TEST(FoldersIn, AreThoseThatAreNotHiddenAndTheHiddenOnesThatAreWanted) {
     const QString base = test::temporaryFolder();
-    FolderReading reading{base, {QStringLiteral(".d"), QStringLiteral(".gone")}};
-};
-
-TEST_F(FolderReadingTest, TellsTheFoldersAndTheHiddenOnesThatAreWanted) {
-    std::thread thread([this] { reading.run(); });
-    EXPECT_EQ(sorted(reading.await(24h)), QStringLiteral(".d a b"));
-    thread.join();
-    EXPECT_EQ(sorted(reading.names()), QStringLiteral(".d a b"));
-}
-
-TEST_F(FolderReadingTest, WhatNoThreadHasBegunIsReadHere) {
-    EXPECT_EQ(sorted(reading.await(0ms)), QStringLiteral(".d a b"));
+    for (const char* name : {"b", "a", ".c", ".d"}) {
+        ASSERT_TRUE(QDir(base).mkpath(QLatin1String(name)));
+    }
+    QStringList names = foldersIn(base, {QStringLiteral(".d"), QStringLiteral(".gone")});
+    names.sort();
+    EXPECT_EQ(names.join(u' '), QStringLiteral(".d a b"));
+    EXPECT_EQ(foldersIn(base + QStringLiteral("/gone"), {}).size(), 0);
 }
 
 }  // namespace
