@@ -36,7 +36,7 @@ std::optional<std::invoke_result_t<Work>> awaitWork(const Work& work,
     QPromise<Result> promise;
     const QFuture<Result> future = promise.future();
     promise.start();
-    const bool started = startDetached([promise = std::move(promise), work]() mutable {
+    const bool started = startDetached([promise = std::move(promise), work = work]() mutable {
         promise.addResult(resultOf(work));
         promise.finish();
     });

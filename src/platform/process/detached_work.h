@@ -13,7 +13,7 @@ namespace velorama {
 
 /// What `work` gives, or an empty result where it fails with an exception.
 template <typename Work>
-std::invoke_result_t<Work> resultOf(const Work& work) {
+std::invoke_result_t<Work&> resultOf(Work& work) {
     try {
         return work();
     } catch (const std::exception&) {
@@ -28,7 +28,7 @@ template <typename Work>
 std::future<std::invoke_result_t<Work>> detachedWork(Work work) {
     using Result = std::invoke_result_t<Work>;
     const auto task = std::make_shared<std::packaged_task<Result()>>(
-        [work = std::move(work)] { return resultOf(work); });
+        [work = std::move(work)]() mutable { return resultOf(work); });
     std::future<Result> result = task->get_future();
     if (!startDetached([task] { (*task)(); })) {
         (*task)();
