@@ -13,6 +13,8 @@
 #include <QKeyEvent>
 #include <QWindow>
 
+#include <utility>
+
 namespace velorama {
 namespace {
 
@@ -163,7 +165,7 @@ HelpCenter::~HelpCenter() {
 void HelpCenter::open(const QString& address) {
     // One that has been closed is on its way out.
     if (form_ && !form_->isVisible()) {
-        delete form_;
+        delete std::exchange(form_, nullptr);
     }
     if (form_) {
         form_->webWINDOW->Navigate(address);

@@ -6,6 +6,8 @@
 #include "shell/update_check.h"
 #include "ui/dialogs/frm_resourcewait.h"
 
+#include <QPushButton>
+
 namespace velorama {
 
 HelpCommands::HelpCommands(QWidget& window, const Commands& commands, HttpFetch& netCHECKUPDATE,

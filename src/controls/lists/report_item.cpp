@@ -29,8 +29,10 @@ QVariant ReportItem::data(int column, int role) const {
     // Still to be read, on dark ground and on light.
     constexpr float strength = 0.55F;
     const auto* list = qobject_cast<const ReportView*>(treeWidget());
-    const bool asked = role == Qt::ForegroundRole || role == Qt::AccessibleDescriptionRole;
-    const QString lack = asked && list != nullptr ? list->lackOf(key_) : QString();
+    if (list == nullptr || (role != Qt::ForegroundRole && role != Qt::AccessibleDescriptionRole)) {
+        return QTreeWidgetItem::data(column, role);
+    }
+    const QString lack = list->lackOf(key_);
     if (lack.isEmpty()) {
         return QTreeWidgetItem::data(column, role);
     }

@@ -11,7 +11,7 @@ namespace velorama {
 class MediaPlayerAdaptor;
 
 /// Stands on a bus as a player by the MPRIS interface, version 2.
-class SessionMediaRemote : public QObject, public MediaRemote {
+class SessionMediaRemote final : public QObject, public MediaRemote {
     Q_OBJECT
 public:
     explicit SessionMediaRemote(const QDBusConnection& bus);

@@ -11,7 +11,7 @@ namespace velorama {
 
 /// Keeps the screen awake over a bus. Each inhibit is one request of its own, and each release ends
 /// one, also if the answer to the request is still on its way.
-class SessionScreenSaver : public ScreenSaver {
+class SessionScreenSaver final : public ScreenSaver {
 public:
     explicit SessionScreenSaver(const QDBusConnection& bus);
     ~SessionScreenSaver() override;

@@ -2,6 +2,10 @@
 
 #include "platform/sound/media_commands.h"
 
+#include <QString>
+
+#include <memory>
+
 namespace velorama {
 
 /// The name of the function in the library that `makeLatePlayer` loads.

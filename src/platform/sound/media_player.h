@@ -5,6 +5,7 @@
 #include "platform/sound/music_opening.h"
 #include "platform/sound/output_watch.h"
 
+#include <memory>
 #include <optional>
 
 namespace velorama {

@@ -5,6 +5,7 @@
 #include <QIODevice>
 
 #include <functional>
+#include <memory>
 
 namespace velorama {
 

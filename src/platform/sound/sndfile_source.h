@@ -2,6 +2,10 @@
 
 #include "platform/sound/audio_source.h"
 
+#include <QString>
+
+#include <memory>
+
 namespace velorama {
 
 /// A file that libsndfile knows, WAV of any sample format above all. Of a number of channels that

@@ -1,5 +1,7 @@
 #include "ui/dialogs/settings_form.h"
 
+#include <utility>
+
 namespace velorama {
 
 frmTOOLSSETTINGS& SettingsForm::loaded() {
@@ -13,7 +15,7 @@ frmTOOLSSETTINGS& SettingsForm::loaded() {
 void SettingsForm::mnuTOOLSOPTIONS_Click() {
     // One that only a show has loaded knows nothing of what has changed since.
     if (form_ && !form_->isVisible()) {
-        delete form_;
+        delete std::exchange(form_, nullptr);
     }
     loaded().exec();
 }

@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <memory>
+
 namespace velorama {
 
 /// The page WebAlbum of the main window: what an album of web pages is to look like. Its controls
