@@ -200,6 +200,14 @@ TEST(GifFrame, IsTheScreenWhereThatHasNoSize) {
     EXPECT_TRUE(decodePicture(far).isNull());
 }
 
+// The frame and its palette are to stand in the first 64 KiB, which are what the size is told from.
+TEST(GifFrame, IsTheScreenUpTo63KibibytesBehindTheStart) {
+    const qsizetype first = gif({.screen = {0, 0}}).indexOf(',');
+    const QByteArray stray(63 * 1024 - first, '\0');
+    EXPECT_EQ(pixelsOf(gif({.screen = {0, 0}, .before = stray})), (Pixels{green, blue}));
+    EXPECT_TRUE(decodePicture(gif({.screen = {0, 0}, .before = stray + '\0'})).isNull());
+}
+
 TEST(GifFrame, MayComeBehindStrayBytes) {
     const QByteArray comment = bytesOf("21 FE 01 2C 00");
     const QByteArray before = bytesOf("00 00") + comment + bytesOf("00 FF") + comment;
