@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <gtest/gtest.h>
+
 namespace velorama {
 namespace {
 
