@@ -9,6 +9,8 @@
 
 #include <unistd.h>
 
+#include <QApplication>
+
 #include <optional>
 
 namespace velorama::endurance {

@@ -1,6 +1,7 @@
 #include "music_world.h"
 
 #include <QCoreApplication>
+#include <QPushButton>
 #include <QTimerEvent>
 
 namespace velorama {

@@ -93,7 +93,8 @@ bool isFull(const char* call, const char* path) {
     if (tally() == nullptr || !isBelowPlace(path)) {
         return false;
     }
-    static const long at = std::atol(std::getenv("VELORAMA_FULL_AT"));
+    static const char* const asked = std::getenv("VELORAMA_FULL_AT");
+    static const long at = asked != nullptr ? std::atol(asked) : 0;
     const long number = std::atomic_ref<long>(tally()->calls).fetch_add(1) + 1;
     if (at <= 0 || number < at || (number > at && !stays())) {
         return false;

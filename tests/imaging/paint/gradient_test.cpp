@@ -130,7 +130,8 @@ clsPICGRDNT gradientAt(float angle) {
 TEST(Gradient, equals_the_drawing_line_by_line_and_leaves_no_pixel) {
     for (const QSize size : {QSize(2, 2), QSize(3, 2), QSize(2, 9), QSize(17, 16), QSize(64, 31),
                              QSize(31, 64), QSize(101, 101), QSize(240, 135)}) {
-        for (float angle = 0; angle < 360; angle += 7.5F) {
+        for (int turn = 0; turn < 48; ++turn) {
+            const float angle = 7.5F * static_cast<float>(turn);
             const clsPICGRDNT gradient = gradientAt(angle);
             QImage image = surface(size.width(), size.height());
             ASSERT_TRUE(gradient.Draw(image));
