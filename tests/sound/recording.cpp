@@ -83,9 +83,9 @@ double Recording::pitch(double from) const {
         return 0;
     }
     const std::vector<double> part = faded(&samples_[start], count);
-    double best = 0;
+    int best = 0;
     double most = 0;
-    for (double hertz = 100; hertz <= 2000; hertz += 1) {
+    for (int hertz = 100; hertz <= 2000; ++hertz) {
         const double now = strength(part, hertz);
         if (now > most) {
             most = now;

@@ -10,6 +10,7 @@
 #include "ui/dialogs/frm_toolssettings.h"
 #include "ui/window_world.h"
 
+#include <QPainter>
 #include <QScrollBar>
 
 #include <map>
