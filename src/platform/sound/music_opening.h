@@ -18,7 +18,7 @@ public:
     ~MusicOpening();
 
     bool isDoneWithin(std::chrono::milliseconds limit) const;
-    /// Once it is done.
+    /// Once it is done, and but once: nothing is asked of this object afterwards.
     MusicFile take();
 
 private:
